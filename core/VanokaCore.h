@@ -1,0 +1,12 @@
+#pragma once
+
+/// All of the core library: Sinhala from Latin keys, and the keys' settings.
+#include "product/VanokaCompany.h"
+#include "product/VanokaWebsite.h"
+#include "settings/SinglishCustomization.h"
+#include "settings/SinglishSettings.h"
+#include "settings/UserDefaults.h"
+#include "singlish/SinglishComposer.h"
+#include "singlish/SinglishScheme.h"
+#include "singlish/SinglishStream.h"
+#include "singlish/SinglishTransliterator.h"

@@ -1,0 +1,50 @@
+#include "singlish/KeyTrie.h"
+
+#include "text/Equivalence.h"
+
+namespace vanoka {
+
+KeyTrie::KeyTrie() : nodes_(1) {
+    fromRoot_.fill(none);
+}
+
+void KeyTrie::insert(std::string_view key, const SinglishToken& token) {
+    Node node = root;
+    for (const char byte : text::nfc(key))
+        node = stepOrGrow(node, byte);
+    nodes_[node].token = static_cast<std::uint32_t>(tokens_.size());
+    tokens_.push_back(token);
+}
+
+KeyTrie::Node KeyTrie::step(Node node, std::string_view character) const {
+    if (character.size() == 1)
+        return stepByte(node, character.front());
+    for (const char byte : text::nfc(character)) {
+        node = stepByte(node, byte);
+        if (node == none)
+            break;
+    }
+    return node;
+}
+
+KeyTrie::Node KeyTrie::stepByte(Node node, char byte) const noexcept {
+    if (node == root)
+        return fromRoot_[static_cast<unsigned char>(byte)];
+    Node child = nodes_[node].firstChild;
+    while (child != none && nodes_[child].byte != byte)
+        child = nodes_[child].nextSibling;
+    return child;
+}
+
+KeyTrie::Node KeyTrie::stepOrGrow(Node node, char byte) {
+    if (const Node known = stepByte(node, byte); known != none)
+        return known;
+    const auto grown = static_cast<Node>(nodes_.size());
+    nodes_.push_back({.nextSibling = nodes_[node].firstChild, .byte = byte});
+    nodes_[node].firstChild = grown;
+    if (node == root)
+        fromRoot_[static_cast<unsigned char>(byte)] = grown;
+    return grown;
+}
+
+} // namespace vanoka

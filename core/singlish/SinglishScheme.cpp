@@ -1,0 +1,355 @@
+#include "singlish/SinglishScheme.h"
+
+#include "support/Hasher.h"
+#include "text/Equivalence.h"
+
+#include <algorithm>
+
+namespace vanoka::SinglishScheme {
+
+namespace {
+
+// clang-format off
+
+//   keys                   letter, sign
+constexpr std::array vowelTable = std::to_array<Vowel>({
+    {{"a"},                 "අ", ""},
+    {{"aa"},                "ආ", "ා"},
+    {{"A", "ae"},           "ඇ", "ැ"},
+    {{"AA", "Aa", "aee"},   "ඈ", "ෑ"},
+    {{"i"},                 "ඉ", "ි"},
+    {{"ii"},                "ඊ", "ී"},
+    {{"u"},                 "උ", "ු"},
+    {{"uu"},                "ඌ", "ූ"},
+    {{"R"},                 "ඍ", "ෘ"},
+    {{"RR"},                "ඎ", "ෲ"},
+    {{"e"},                 "එ", "ෙ"},
+    {{"ee"},                "ඒ", "ේ"},
+    {{"ai"},                "ඓ", "ෛ"},
+    {{"o"},                 "ඔ", "ො"},
+    {{"oo"},                "ඕ", "ෝ"},
+    {{"au"},                "ඖ", "ෞ"},
+});
+
+//   keys                    letter
+constexpr std::array consonantTable = std::to_array<Consonant>({
+    {{"k"},                  "ක"},
+    {{"kh", "K"},            "ඛ"},
+    {{"g"},                  "ග"},
+    {{"gh", "G"},            "ඝ"},
+    {{"X"},                  "ඞ"},
+    {{"zg", "nng"},          "ඟ"},
+    {{"ch", "c"},            "ච"},
+    {{"chh", "Ch", "C"},     "ඡ"},
+    {{"j"},                  "ජ"},
+    {{"jh", "J"},            "ඣ"},
+    {{"kn"},                 "ඤ"},
+    {{"gn"},                 "ඥ"},
+    {{"zj"},                 "ඦ"},
+    {{"t"},                  "ට"},
+    {{"T"},                  "ඨ"},
+    {{"d"},                  "ඩ"},
+    {{"D"},                  "ඪ"},
+    {{"N"},                  "ණ"},
+    {{"zd", "nnd"},          "ඬ"},
+    {{"th"},                 "ත"},
+    {{"Th"},                 "ථ"},
+    {{"dh"},                 "ද"},
+    {{"Dh"},                 "ධ"},
+    {{"n"},                  "න"},
+    {{"zq", "zdh", "nndh"},  "ඳ"},
+    {{"p"},                  "ප"},
+    {{"ph", "P"},            "ඵ"},
+    {{"b"},                  "බ"},
+    {{"bh", "B"},            "භ"},
+    {{"m"},                  "ම"},
+    {{"zb", "mmb"},          "ඹ"},
+    {{"y"},                  "ය"},
+    {{"r"},                  "ර"},
+    {{"l"},                  "ල"},
+    {{"w", "v"},             "ව"},
+    {{"sh"},                 "ශ"},
+    {{"Sh", "S"},            "ෂ"},
+    {{"s"},                  "ස"},
+    {{"h"},                  "හ"},
+    {{"L"},                  "ළ"},
+    {{"f"},                  "ෆ"},
+});
+
+constexpr std::array markTable = std::to_array<Mark>({
+    {{"x"}, "\u0D82", "binduwa"},
+    {{"H"}, "\u0D83", "visargaya"},
+});
+
+constexpr std::array soundsLikeTable = std::to_array<SoundsLike>({
+    {'a', {"අ", "ආ", "ඇ", "ඈ", "ඓ", "ඖ"}},
+    {'b', {"බ", "භ", "ඹ"}},
+    {'c', {"ච", "ඡ"}},
+    {'d', {"ඩ", "ඪ", "ද", "ධ", "ඬ", "ඳ"}},
+    {'e', {"එ", "ඒ"}},
+    {'f', {"ෆ"}},
+    {'g', {"ග", "ඝ", "ඟ", "ඥ"}},
+    {'h', {"හ", "ඃ"}},
+    {'i', {"ඉ", "ඊ"}},
+    {'j', {"ජ", "ඣ", "ඦ"}},
+    {'k', {"ක", "ඛ"}},
+    {'l', {"ල", "ළ"}},
+    {'m', {"ම", "ඹ", "ං"}},
+    {'n', {"න", "ණ", "ඤ", "ඥ", "ඞ", "ඟ", "ඬ", "ඳ", "ං"}},
+    {'o', {"ඔ", "ඕ"}},
+    {'p', {"ප", "ඵ"}},
+    {'r', {"ර", "ඍ", "ඎ"}},
+    {'s', {"ස", "ශ", "ෂ"}},
+    {'t', {"ට", "ඨ", "ත", "ථ"}},
+    {'u', {"උ", "ඌ"}},
+    {'v', {"ව"}},
+    {'w', {"ව"}},
+    {'x', {"ං", "ඞ"}},
+    {'y', {"ය"}},
+    {'z', {"ඟ", "ඦ", "ඬ", "ඳ", "ඹ"}},
+});
+
+struct GroupNames {
+    Group group;
+    std::string_view rawValue, title;
+};
+
+constexpr std::array groupTable = std::to_array<GroupNames>({
+    {Group::vowel,     "vowel",     "Vowels"},
+    {Group::consonant, "consonant", "Consonants"},
+    {Group::sign,      "sign",      "Signs"},
+});
+
+// clang-format on
+
+constexpr std::string_view carrier = "ක"; // the consonant that examples put a vowel or a mark on
+constexpr std::string_view dottedCircle = "\u25CC";
+constexpr std::string_view arrow = " \u2192 ";
+
+constexpr std::array letterTable = [] {
+    std::array<Letter, vowelTable.size() + consonantTable.size() + markTable.size()> letters{};
+    auto* next = letters.begin();
+    for (const Vowel& vowel : vowelTable)
+        *next++ = {vowel.letter, Group::vowel, vowel.keys, vowel.sign};
+    for (const Consonant& consonant : consonantTable)
+        *next++ = {consonant.letter, Group::consonant, consonant.keys, std::nullopt};
+    for (const Mark& mark : markTable)
+        *next++ = {mark.sign, Group::sign, mark.keys, std::nullopt};
+    return letters;
+}();
+
+// What must hold for the tables, as rules over any letters, so that each rule is seen to refuse a bad table.
+
+constexpr bool isOneSinhalaScalar(std::string_view text) {
+    const auto byte = [text](std::size_t index) { return static_cast<unsigned char>(text[index]); };
+    return text.size() == 3 && byte(0) == 0xE0 && (byte(1) == 0xB6 || byte(1) == 0xB7);
+}
+
+constexpr bool isKey(std::string_view key) {
+    return !key.empty() && key.size() <= 4 && std::ranges::all_of(key, [](char letter) {
+        return (letter >= 'A' && letter <= 'Z') || (letter >= 'a' && letter <= 'z');
+    });
+}
+
+constexpr bool everyIdIsOneScalar(std::span<const Letter> letters) {
+    return std::ranges::all_of(letters, [](const Letter& letter) { return isOneSinhalaScalar(letter.id); });
+}
+
+constexpr bool everySignIsOneScalarOrNone(std::span<const Letter> letters) {
+    return std::ranges::all_of(letters, [](const Letter& letter) {
+        return !letter.sign || letter.sign->empty() || isOneSinhalaScalar(*letter.sign);
+    });
+}
+
+constexpr bool noIdTwice(std::span<const Letter> letters) {
+    for (auto letter = letters.begin(); letter != letters.end(); ++letter)
+        if (std::ranges::find(letters.begin(), letter, letter->id, &Letter::id) != letter)
+            return false;
+    return true;
+}
+
+constexpr bool everyLetterHasKeys(std::span<const Letter> letters) {
+    return std::ranges::all_of(letters, [](const Letter& letter) {
+        return !letter.keys.empty() && std::ranges::all_of(letter.keys, isKey);
+    });
+}
+
+constexpr std::size_t timesUsed(std::string_view key, std::span<const Letter> letters) {
+    std::size_t times = 0;
+    for (const Letter& letter : letters)
+        times += static_cast<std::size_t>(std::ranges::count(letter.keys, key));
+    return times;
+}
+
+constexpr bool noKeyTwice(std::span<const Letter> letters) {
+    return std::ranges::all_of(letters, [letters](const Letter& letter) {
+        return std::ranges::all_of(letter.keys,
+                                   [letters](std::string_view key) { return timesUsed(key, letters) == 1; });
+    });
+}
+
+constexpr bool soundsAreLetters(std::span<const SoundsLike> rows, std::span<const Letter> letters) {
+    return std::ranges::all_of(rows, [letters](const SoundsLike& row) {
+        return std::ranges::all_of(row.letters, [letters](std::string_view id) {
+            return std::ranges::find(letters, id, &Letter::id) != letters.end();
+        });
+    });
+}
+
+constexpr bool latinAscends(std::span<const SoundsLike> rows) {
+    return std::ranges::adjacent_find(rows, std::ranges::greater_equal{}, &SoundsLike::latin) == rows.end();
+}
+
+static_assert(vowelTable.size() == 16 && consonantTable.size() == 41 && markTable.size() == 2);
+static_assert(letterTable.size() == 59 && soundsLikeTable.size() == 25);
+static_assert(everyIdIsOneScalar(letterTable) && everySignIsOneScalarOrNone(letterTable));
+static_assert(noIdTwice(letterTable) && everyLetterHasKeys(letterTable) && noKeyTwice(letterTable));
+static_assert(soundsAreLetters(soundsLikeTable, letterTable) && latinAscends(soundsLikeTable));
+
+constexpr std::array badLetters = std::to_array<Letter>({
+    {"කක", Group::vowel, {"a", "A1"}, "කක"},
+    {"ක", Group::consonant, {"k", "kh"}, std::nullopt},
+    {"ක", Group::consonant, {"kh"}, std::nullopt},
+});
+constexpr std::array badSounds = std::to_array<SoundsLike>({{'b', {"ග"}}, {'b', {"ක"}}});
+static_assert(!everyIdIsOneScalar(badLetters) && !everySignIsOneScalarOrNone(badLetters));
+static_assert(!noIdTwice(badLetters) && !everyLetterHasKeys(badLetters) && !noKeyTwice(badLetters));
+static_assert(!soundsAreLetters(badSounds, badLetters) && !latinAscends(badSounds));
+
+const GroupNames& names(Group group) noexcept {
+    return groupTable[static_cast<std::size_t>(group)];
+}
+
+std::string joined(std::initializer_list<std::string_view> pieces) {
+    std::string result;
+    for (const std::string_view piece : pieces)
+        result += piece;
+    return result;
+}
+
+bool equalKeys(const Keys& left, const Keys& right) {
+    return std::ranges::equal(left, right, text::equal);
+}
+
+} // namespace
+
+std::span<const Vowel> vowels() noexcept {
+    return vowelTable;
+}
+std::span<const Consonant> consonants() noexcept {
+    return consonantTable;
+}
+std::span<const Mark> marks() noexcept {
+    return markTable;
+}
+std::span<const Letter> letters() noexcept {
+    return letterTable;
+}
+std::span<const SoundsLike> soundsLike() noexcept {
+    return soundsLikeTable;
+}
+
+std::string_view rawValue(Group group) noexcept {
+    return names(group).rawValue;
+}
+std::string_view title(Group group) noexcept {
+    return names(group).title;
+}
+
+std::optional<Group> group(std::string_view rawValue) noexcept {
+    const auto* row = std::ranges::find(groupTable, rawValue, &GroupNames::rawValue);
+    return row == groupTable.end() ? std::nullopt : std::optional(row->group);
+}
+
+std::string Letter::display() const {
+    return group == Group::sign ? joined({dottedCircle, id}) : std::string(id);
+}
+
+std::string Letter::example(std::string_view key) const {
+    switch (group) {
+    case Group::vowel:
+        return joined({"k", key, arrow, carrier, sign.value_or("")});
+    case Group::consonant:
+        return joined({key, "a", arrow, id});
+    case Group::sign:
+        break;
+    }
+    return joined({"ka", key, arrow, carrier, id});
+}
+
+const Letter* letter(std::string_view id) {
+    const auto* found =
+        std::ranges::find_if(letterTable, [id](const Letter& letter) { return text::equal(letter.id, id); });
+    return found == letterTable.end() ? nullptr : found;
+}
+
+std::string display(std::string_view id) {
+    const Letter* found = letter(id);
+    return found ? found->display() : std::string(id);
+}
+
+std::span<const std::string_view> soundsLike(std::string_view character) {
+    const auto* row = std::ranges::find_if(soundsLikeTable, [character](const SoundsLike& candidate) {
+        return text::equal(std::string_view(&candidate.latin, 1), character);
+    });
+    return row == soundsLikeTable.end() ? std::span<const std::string_view>()
+                                        : std::span(row->letters.begin(), row->letters.end());
+}
+
+bool operator==(const Vowel& left, const Vowel& right) {
+    return equalKeys(left.keys, right.keys) && text::equal(left.letter, right.letter) &&
+           text::equal(left.sign, right.sign);
+}
+
+bool operator==(const Consonant& left, const Consonant& right) {
+    return equalKeys(left.keys, right.keys) && text::equal(left.letter, right.letter);
+}
+
+bool operator==(const Mark& left, const Mark& right) {
+    return equalKeys(left.keys, right.keys) && text::equal(left.sign, right.sign) &&
+           text::equal(left.name, right.name);
+}
+
+bool operator==(const Letter& left, const Letter& right) {
+    return text::equal(left.id, right.id) && left.group == right.group && equalKeys(left.keys, right.keys) &&
+           left.sign.has_value() == right.sign.has_value() &&
+           text::equal(left.sign.value_or(""), right.sign.value_or(""));
+}
+
+} // namespace vanoka::SinglishScheme
+
+using namespace vanoka::SinglishScheme;
+
+std::size_t std::hash<Vowel>::operator()(const Vowel& vowel) const {
+    vanoka::Hasher hasher;
+    hasher.feedEach(vowel.keys);
+    hasher.feed(vowel.letter);
+    hasher.feed(vowel.sign);
+    return hasher.value();
+}
+
+std::size_t std::hash<Consonant>::operator()(const Consonant& consonant) const {
+    vanoka::Hasher hasher;
+    hasher.feedEach(consonant.keys);
+    hasher.feed(consonant.letter);
+    return hasher.value();
+}
+
+std::size_t std::hash<Mark>::operator()(const Mark& mark) const {
+    vanoka::Hasher hasher;
+    hasher.feedEach(mark.keys);
+    hasher.feed(mark.sign);
+    hasher.feed(mark.name);
+    return hasher.value();
+}
+
+std::size_t std::hash<Letter>::operator()(const Letter& letter) const {
+    vanoka::Hasher hasher;
+    hasher.feed(letter.id);
+    hasher.feed(rawValue(letter.group));
+    hasher.feedEach(letter.keys);
+    hasher.feed(std::size_t(letter.sign ? 1 : 0));
+    if (letter.sign)
+        hasher.feed(*letter.sign);
+    return hasher.value();
+}

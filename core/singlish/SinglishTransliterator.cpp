@@ -1,0 +1,142 @@
+#include "singlish/SinglishTransliterator.h"
+
+#include "singlish/SinglishReader.h"
+#include "singlish/SinglishScheme.h"
+#include "singlish/SinglishStream.h"
+#include "singlish/SinglishTransducer.h"
+#include "text/Characters.h"
+
+#include <algorithm>
+#include <mutex>
+
+namespace vanoka {
+
+namespace {
+
+using Token = SinglishTransliterator::Token;
+using Tokens = SinglishTransliterator::Tokens;
+
+/// From this size on, making the transducer costs less than it saves.
+constexpr std::size_t bulkSize = 64 * 1024; // in bytes
+
+Tokens tokensOfScheme() {
+    Tokens tokens;
+    for (const auto& vowel : SinglishScheme::vowels())
+        for (const std::string_view key : vowel.keys)
+            tokens.insert_or_assign(std::string(key), Token::vowel(vowel.letter, vowel.sign));
+    for (const auto& consonant : SinglishScheme::consonants())
+        for (const std::string_view key : consonant.keys)
+            tokens.insert_or_assign(std::string(key), Token::consonant(consonant.letter));
+    for (const auto& mark : SinglishScheme::marks())
+        for (const std::string_view key : mark.keys)
+            tokens.insert_or_assign(std::string(key), Token::mark(mark.sign));
+    return tokens;
+}
+
+Tokens tokensOf(const SinglishCustomization& customization) {
+    Tokens tokens = SinglishTransliterator::builtInTokens();
+    for (const std::string& key : customization.disabledKeys)
+        if (const auto found = tokens.find(key); found != tokens.end())
+            tokens.erase(found);
+    const auto& byLetter = SinglishTransliterator::tokensByLetter();
+    for (const auto& added : customization.addedKeys)
+        if (const auto letter = byLetter.find(added.letter); letter != byLetter.end())
+            tokens.insert_or_assign(added.key, letter->second);
+    return tokens;
+}
+
+KeyTrie trieOf(const Tokens& tokens) {
+    KeyTrie trie;
+    for (const auto& [key, token] : tokens)
+        trie.insert(key, token);
+    return trie;
+}
+
+std::int64_t longestOf(const Tokens& tokens) {
+    if (tokens.empty())
+        return 1;
+    std::size_t longest = 0;
+    for (const auto& [key, token] : tokens)
+        longest = std::max(longest, text::characterCount(key));
+    return static_cast<std::int64_t>(longest);
+}
+
+} // namespace
+
+struct SinglishTransliterator::Keys {
+    explicit Keys(Tokens keys)
+        : tokens(std::move(keys)), longest(longestOf(tokens)), reader(trieOf(tokens)) {}
+
+    Tokens tokens;
+    std::int64_t longest;
+    SinglishReader reader;
+
+    // Made when the first long text comes: the keys of a composition never need it.
+    mutable std::once_flag transducerMade;
+    mutable SinglishTransducer transducer;
+};
+
+const Tokens& SinglishTransliterator::builtInTokens() {
+    static const Tokens tokens = tokensOfScheme();
+    return tokens;
+}
+
+const SinglishTransliterator::TokensByLetter& SinglishTransliterator::tokensByLetter() {
+    static const TokensByLetter byLetter = [] {
+        TokensByLetter letters;
+        for (const auto& [key, token] : builtInTokens())
+            letters.emplace(token.letter, token);
+        return letters;
+    }();
+    return byLetter;
+}
+
+const SinglishTransliterator& SinglishTransliterator::standard() {
+    static const SinglishTransliterator transliterator{SinglishCustomization()};
+    return transliterator;
+}
+
+SinglishTransliterator::SinglishTransliterator(const SinglishCustomization& customization)
+    : keys_(std::make_shared<const Keys>(tokensOf(customization))) {}
+
+const Tokens& SinglishTransliterator::tokens() const noexcept {
+    return keys_->tokens;
+}
+std::int64_t SinglishTransliterator::longestKey() const noexcept {
+    return keys_->longest;
+}
+const SinglishReader& SinglishTransliterator::reader() const noexcept {
+    return keys_->reader;
+}
+
+const SinglishTransducer& SinglishTransliterator::transducer() const {
+    std::call_once(keys_->transducerMade,
+                   [this] { keys_->transducer = SinglishTransducer(keys_->tokens, keys_->reader); });
+    return keys_->transducer;
+}
+
+std::optional<std::string_view> SinglishTransliterator::letterTypedBy(std::string_view key) const {
+    const auto found = keys_->tokens.find(key);
+    return found == keys_->tokens.end() ? std::nullopt : std::optional(found->second.letter);
+}
+
+std::string SinglishTransliterator::transliterate(std::string_view text) const {
+    std::string result;
+    if (text.size() >= bulkSize) {
+        SinglishStream stream(*this);
+        stream.write(text, result);
+        stream.finish(result);
+        return result;
+    }
+    result.reserve(3 * text.size()); // most keys become one letter or sign of three bytes
+    Syllables syllables(result);
+    reader().read(text, syllables);
+    syllables.close();
+    return result;
+}
+
+std::string transliterate(std::string_view text) {
+    return SinglishTransliterator::standard().transliterate(text);
+}
+
+} // namespace vanoka

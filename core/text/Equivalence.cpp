@@ -1,0 +1,102 @@
+#include "text/Equivalence.h"
+
+#include "support/Fatal.h"
+#include "text/Utf8.h"
+
+#include <functional>
+#include <utf8proc.h>
+#include <vector>
+
+namespace vanoka::text {
+
+namespace {
+
+constexpr char32_t signE = 0x0DD9, signO = 0x0DDC;
+constexpr char32_t virama = 0x0DCA, signAA = 0x0DCF, signGayanukitta = 0x0DDF;
+
+/// The Sinhala signs that become one with another sign before them.
+bool composes(char32_t before, char32_t scalar) noexcept {
+    if (before == signE)
+        return scalar == virama || scalar == signAA || scalar == signGayanukitta;
+    return before == signO && scalar == virama;
+}
+
+bool isSinhala(char32_t scalar) noexcept {
+    return scalar >= 0x0D80 && scalar <= 0x0DFF;
+}
+bool isJoiner(char32_t scalar) noexcept {
+    return scalar == 0x200C || scalar == 0x200D;
+}
+
+/// True only for texts that are their own canonical composition, and for nearly all of those that this
+/// library meets: what stands below U+0300 never composes with anything before it, and in Sinhala only the
+/// split vowel signs do.
+bool isComposedForSure(std::string_view text) noexcept {
+    char32_t before = 0;
+    while (!text.empty()) {
+        const Scalar scalar = firstScalar(text);
+        const bool isKnown = scalar.value < 0x300 || isSinhala(scalar.value) || isJoiner(scalar.value);
+        if (!isKnown || composes(before, scalar.value))
+            return false;
+        before = scalar.value;
+        text.remove_prefix(scalar.length);
+    }
+    return true;
+}
+
+void appendComposed(std::string& result, std::string_view wellFormed) {
+    const auto options = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE);
+    const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(wellFormed.data());
+    const auto size = static_cast<utf8proc_ssize_t>(wellFormed.size());
+    const utf8proc_ssize_t needed = utf8proc_decompose(bytes, size, nullptr, 0, options);
+    if (needed < 0)
+        fatal("A text could not be normalised");
+    std::vector<utf8proc_int32_t> scalars(static_cast<std::size_t>(needed) + 1);
+    utf8proc_decompose(bytes, size, scalars.data(), needed, options);
+    const utf8proc_ssize_t count = utf8proc_normalize_utf32(scalars.data(), needed, options);
+    for (utf8proc_ssize_t i = 0; i < count; ++i)
+        result += utf8(static_cast<char32_t>(scalars[static_cast<std::size_t>(i)]));
+}
+
+} // namespace
+
+std::string nfc(std::string_view text) {
+    if (isComposedForSure(text))
+        return std::string(text);
+    std::string result;
+    result.reserve(text.size());
+    while (!text.empty()) {
+        std::size_t run = 0;
+        Scalar next = firstScalar(text);
+        while (next.wellFormed) {
+            run += next.length;
+            next = firstScalar(text.substr(run));
+        }
+        appendComposed(result, text.substr(0, run));
+        result += text.substr(run, next.length);
+        text.remove_prefix(run + next.length);
+    }
+    return result;
+}
+
+bool equal(std::string_view left, std::string_view right) {
+    if (left == right)
+        return true;
+    if (isComposedForSure(left) && isComposedForSure(right))
+        return false;
+    return nfc(left) == nfc(right);
+}
+
+bool CanonicalLess::operator()(std::string_view left, std::string_view right) const {
+    if (isComposedForSure(left) && isComposedForSure(right))
+        return left < right;
+    return nfc(left) < nfc(right);
+}
+
+std::size_t hash(std::string_view text) {
+    if (isComposedForSure(text))
+        return std::hash<std::string_view>{}(text);
+    return std::hash<std::string>{}(nfc(text));
+}
+
+} // namespace vanoka::text

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// UTF-8 text in two of its four units: bytes and scalars (code points). Characters are in
+/// "text/Characters.h"; UTF-16 units are only ever counted.
+///
+/// No function here fails. A byte that is not part of well-formed UTF-8 counts as one ill-formed scalar of
+/// one byte, wherever it stands, and no byte beyond the end of a text is read.
+namespace vanoka::text {
+
+/// One scalar as it stands in a text.
+struct Scalar {
+    char32_t value = 0;     ///< U+FFFD where the byte is ill-formed
+    std::size_t length = 0; ///< in bytes; 0 only for the first scalar of an empty text
+    bool wellFormed = false;
+};
+
+/// The first scalar of `text`.
+Scalar firstScalar(std::string_view text) noexcept;
+
+/// The last scalar of `text`.
+Scalar lastScalar(std::string_view text) noexcept;
+
+/// The UTF-8 form of `scalar`, which must be a Unicode scalar value (no surrogate, at most U+10FFFF).
+std::string utf8(char32_t scalar);
+
+/// True when every byte of `text` is below 0x80.
+bool isAscii(std::string_view text) noexcept;
+
+/// True for the 52 letters A–Z and a–z.
+constexpr bool isAsciiLetter(char byte) noexcept {
+    return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
+}
+
+/// True when `text` is well-formed UTF-8 from its first byte to its last.
+bool isWellFormed(std::string_view text) noexcept;
+
+/// How many bytes at the end of `text` may become a scalar with the bytes that follow: 0 to 3.
+std::size_t unfinishedLength(std::string_view text) noexcept;
+
+/// The length of `text` in UTF-16 code units; an ill-formed byte counts as one unit (its replacement
+/// character).
+std::size_t utf16Length(std::string_view text) noexcept;
+
+/// The scalars of a text in order: `for (const Scalar scalar : Scalars(text))`. Views the text, which must
+/// outlive the walk.
+class Scalars {
+public:
+    class Iterator {
+    public:
+        explicit Iterator(std::string_view rest) noexcept : rest_(rest), scalar_(firstScalar(rest)) {}
+        const Scalar& operator*() const noexcept { return scalar_; }
+        Iterator& operator++() noexcept {
+            rest_.remove_prefix(scalar_.length);
+            scalar_ = firstScalar(rest_);
+            return *this;
+        }
+        bool operator==(const Iterator& other) const noexcept { return rest_.size() == other.rest_.size(); }
+
+    private:
+        std::string_view rest_;
+        Scalar scalar_;
+    };
+
+    explicit Scalars(std::string_view text) noexcept : text_(text) {}
+    Iterator begin() const noexcept { return Iterator(text_); }
+    Iterator end() const noexcept { return Iterator(text_.substr(text_.size())); }
+
+private:
+    std::string_view text_;
+};
+
+} // namespace vanoka::text

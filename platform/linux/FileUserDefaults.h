@@ -1,0 +1,54 @@
+#pragma once
+
+#include "settings/UserDefaults.h"
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace vanoka {
+
+/// User defaults as files: one file for each name, readable by its owner only, in a folder that is made when
+/// it is needed. A value is written beside the file, forced to the disk and then put in its place, so that a
+/// reader, or a crash at any instant, finds either the old value or the new one.
+///
+/// A value that cannot be stored (a full disk, a read-only home) stays in force in this process until it can
+/// be or until somebody else changes the file; what the file held before stays in it.
+class FileUserDefaults final : public UserDefaults {
+public:
+    /// Values in `folder`; an empty path stores nothing on disk.
+    explicit FileUserDefaults(std::filesystem::path folder);
+
+    /// The defaults of the user who runs this process, in "vanoka" in the user's configuration folder.
+    static FileUserDefaults& standard();
+
+    /// "vanoka" in `$XDG_CONFIG_HOME`, or in ".config" in the home folder; empty when there is neither.
+    static std::filesystem::path standardFolder();
+
+    std::optional<std::string> data(std::string_view name) override;
+    void setData(std::string_view name, const std::optional<std::string>& value) override;
+
+    /// Where the value of `name` is kept.
+    std::filesystem::path pathOf(std::string_view name) const;
+
+    /// Why the value of `name` could not be stored for good; empty when it was.
+    std::string failure(std::string_view name) const;
+
+private:
+    struct Unsaved {
+        std::optional<std::string> value;
+        std::optional<std::string> stored; ///< what the file held when it could not be written
+        std::string failure;
+    };
+
+    std::optional<std::string> read(std::string_view name) const;
+    std::error_code write(std::string_view name, const std::optional<std::string>& value) const;
+
+    std::filesystem::path folder_;
+    std::map<std::string, Unsaved, std::less<>> unsaved_;
+};
+
+} // namespace vanoka

@@ -1,0 +1,187 @@
+#include "KeyParser.h"
+
+#include "FunctionKey.h"
+#include "text/Utf8.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace vanoka {
+
+namespace {
+
+constexpr char escape = '\x1B';
+constexpr std::string_view pasteEnd = "\x1B[201~";
+constexpr int pasteStartCode = 200;
+constexpr std::size_t longestSequence = 64; // in bytes; anything longer is noise
+
+struct SequenceKey {
+    char final; // the byte that ends the sequence
+    int code;   // the number before a final "~"; 0 for the others
+    char32_t scalar;
+};
+
+// What terminals send after ESC [ or ESC O.
+constexpr std::array sequenceKeys = std::to_array<SequenceKey>({
+    {'A', 0, FunctionKey::upArrow},
+    {'B', 0, FunctionKey::downArrow},
+    {'C', 0, FunctionKey::rightArrow},
+    {'D', 0, FunctionKey::leftArrow},
+    {'H', 0, FunctionKey::home},
+    {'F', 0, FunctionKey::end},
+    {'P', 0, FunctionKey::f1},
+    {'Q', 0, FunctionKey::f1 + 1},
+    {'S', 0, FunctionKey::f1 + 3},
+    {'~', 1, FunctionKey::home},
+    {'~', 2, FunctionKey::insert},
+    {'~', 3, FunctionKey::deleteForward},
+    {'~', 4, FunctionKey::end},
+    {'~', 5, FunctionKey::pageUp},
+    {'~', 6, FunctionKey::pageDown},
+    {'~', 7, FunctionKey::home},
+    {'~', 8, FunctionKey::end},
+});
+
+struct Sequence {
+    char final = 0;
+    int code = 0;
+    std::uint64_t modifierFlags = 0;
+};
+
+bool isFinal(char byte) noexcept {
+    return byte >= '@' && byte <= '~';
+}
+
+int numberAt(std::string_view& parameters) {
+    int number = 0;
+    const auto* end = parameters.data() + parameters.size();
+    const auto result = std::from_chars(parameters.data(), end, number);
+    parameters.remove_prefix(static_cast<std::size_t>(result.ptr - parameters.data()));
+    if (parameters.starts_with(';'))
+        parameters.remove_prefix(1);
+    return number;
+}
+
+/// Terminals add one to the bits Shift 1, Alt 2, Control 4, Meta 8.
+std::uint64_t flagsOf(int parameter) {
+    const int bits = parameter > 0 ? parameter - 1 : 0;
+    return (bits & 2 ? KeyEvent::option : 0) | (bits & 4 ? KeyEvent::control : 0) |
+           (bits & 8 ? KeyEvent::command : 0);
+}
+
+Sequence parsed(std::string_view parameters, char final) {
+    Sequence sequence{.final = final};
+    const int first = numberAt(parameters);
+    sequence.code = final == '~' ? first : 0;
+    sequence.modifierFlags = flagsOf(numberAt(parameters));
+    return sequence;
+}
+
+char32_t scalarOf(const Sequence& sequence) {
+    const auto* key = std::ranges::find_if(sequenceKeys, [&](const SequenceKey& candidate) {
+        return candidate.final == sequence.final && candidate.code == sequence.code;
+    });
+    return key == sequenceKeys.end() ? FunctionKey::other : key->scalar;
+}
+
+std::uint16_t keyCodeOf(std::string_view characters) {
+    if (characters == " ")
+        return KeyEvent::space;
+    if (characters == "\x1B")
+        return KeyEvent::escape;
+    return characters == "\x7F" ? KeyEvent::deleteBackward : KeyEvent::otherKey;
+}
+
+/// Control codes come from Control with a letter, but for those that have a key of their own.
+bool isFromControl(char byte) noexcept {
+    return static_cast<unsigned char>(byte) < 0x20 && byte != '\t' && byte != '\r' && byte != '\n' &&
+           byte != escape;
+}
+
+KeyEvent keyEvent(std::string characters, std::uint64_t modifierFlags) {
+    if (characters.size() == 1 && isFromControl(characters.front()))
+        modifierFlags |= KeyEvent::control;
+    const std::uint16_t keyCode = keyCodeOf(characters);
+    return {.modifierFlags = modifierFlags, .keyCode = keyCode, .characters = std::move(characters)};
+}
+
+} // namespace
+
+std::optional<KeyParser::Input> KeyParser::next() {
+    if (pasted_)
+        return nextPasted();
+    if (bytes_.empty())
+        return std::nullopt;
+    return bytes_.front() == escape ? nextAfterEscape() : nextScalar(0);
+}
+
+std::optional<KeyParser::Input> KeyParser::flush() {
+    if (bytes_.empty() || pasted_)
+        return std::nullopt;
+    return keyEvent(take(1), 0);
+}
+
+std::optional<KeyParser::Input> KeyParser::nextPasted() {
+    const std::size_t end = bytes_.find(pasteEnd);
+    if (end == std::string::npos) {
+        // All but what may be the beginning of the end.
+        const std::size_t kept = std::min(bytes_.size(), pasteEnd.size() - 1);
+        *pasted_ += take(bytes_.size() - kept);
+        return std::nullopt;
+    }
+    *pasted_ += take(end);
+    take(pasteEnd.size());
+    Paste paste{std::move(*pasted_)};
+    pasted_.reset();
+    return paste;
+}
+
+std::optional<KeyParser::Input> KeyParser::nextAfterEscape() {
+    if (bytes_.size() == 1)
+        return std::nullopt;
+    if (bytes_[1] == '[' || bytes_[1] == 'O')
+        return nextSequence();
+    take(1);
+    if (bytes_.front() == escape) // pressed, and another key after it
+        return keyEvent(std::string(1, escape), 0);
+    return nextScalar(KeyEvent::option);
+}
+
+std::optional<KeyParser::Input> KeyParser::nextSequence() {
+    const auto begin = bytes_.begin() + 2;
+    const auto end = std::find_if(begin, bytes_.end(), isFinal);
+    if (end == bytes_.end()) {
+        if (bytes_.size() < longestSequence)
+            return std::nullopt;
+        return keyEvent(take(1), 0);
+    }
+    const Sequence sequence = parsed({begin, end}, *end);
+    take(static_cast<std::size_t>(end + 1 - bytes_.begin()));
+    if (sequence.final == '~' && sequence.code == pasteStartCode) {
+        pasted_.emplace();
+        return next();
+    }
+    return keyEvent(text::utf8(scalarOf(sequence)), sequence.modifierFlags);
+}
+
+std::optional<KeyParser::Input> KeyParser::nextScalar(std::uint64_t modifierFlags) {
+    const text::Scalar scalar = text::firstScalar(bytes_);
+    if (scalar.wellFormed)
+        return keyEvent(take(scalar.length), modifierFlags);
+    if (text::unfinishedLength(bytes_) == bytes_.size()) {
+        if (modifierFlags & KeyEvent::option)
+            bytes_.insert(bytes_.begin(), escape);
+        return std::nullopt;
+    }
+    take(1);
+    return keyEvent(text::utf8(scalar.value), modifierFlags);
+}
+
+std::string KeyParser::take(std::size_t length) {
+    std::string taken = bytes_.substr(0, length);
+    bytes_.erase(0, length);
+    return taken;
+}
+
+} // namespace vanoka

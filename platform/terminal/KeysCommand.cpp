@@ -1,0 +1,205 @@
+#include "KeysCommand.h"
+
+#include "Chart.h"
+#include "ExitStatus.h"
+
+#include <algorithm>
+#include <fstream>
+#include <istream>
+#include <iterator>
+#include <ostream>
+
+namespace vanoka {
+
+namespace {
+
+using Arguments = std::span<const std::string_view>;
+
+bool isBuiltIn(std::string_view key) {
+    return SinglishTransliterator::builtInTokens().contains(key);
+}
+
+std::optional<std::string> contentsOf(std::istream& stream) {
+    std::string contents{std::istreambuf_iterator<char>(stream), {}};
+    return stream.bad() ? std::nullopt : std::optional(std::move(contents));
+}
+
+/// Does to `settings`, which are empty, what makes them `wanted`; returns what was refused, line by line.
+std::string replay(const SinglishCustomization& wanted, SinglishSettings& settings) {
+    std::string problems;
+    for (const std::string& key : wanted.disabledKeys) {
+        if (isBuiltIn(key))
+            settings.setBuiltIn(key, false);
+        else
+            problems += key + ": Not a built-in key\n";
+    }
+    for (const auto& added : wanted.addedKeys) {
+        if (!SinglishScheme::letter(added.letter))
+            problems += added.key + ": No such letter: " + added.letter + "\n";
+        else if (const auto problem = settings.add(added.key, added.letter))
+            problems += added.key + ": " + message(*problem) + "\n";
+    }
+    return problems;
+}
+
+} // namespace
+
+KeysCommand::KeysCommand(SinglishSettings& settings, UserDefaults& defaults,
+                         std::function<std::string()> storeFailure, std::istream& input, std::ostream& output,
+                         std::ostream& errors)
+    : settings_(settings),
+      defaults_(defaults),
+      storeFailure_(std::move(storeFailure)),
+      input_(input),
+      output_(output),
+      errors_(errors) {}
+
+int KeysCommand::run(Arguments arguments) {
+    const std::string_view verb = arguments.empty() ? "list" : arguments.front();
+    const Arguments operands = arguments.empty() ? arguments : arguments.subspan(1);
+    const auto takes = [&](std::string_view name, std::size_t count) {
+        return verb == name && operands.size() == count;
+    };
+    if (takes("list", 0))
+        return list();
+    if (takes("check", 2))
+        return check(operands[0], operands[1]);
+    if (takes("add", 2))
+        return add(operands[0], operands[1]);
+    if (takes("remove", 1))
+        return remove(operands[0]);
+    if (takes("off", 1))
+        return setBuiltIn(operands[0], false);
+    if (takes("on", 1))
+        return setBuiltIn(operands[0], true);
+    if (takes("reset", 0))
+        return reset();
+    if (takes("export", 0))
+        return exportDocument();
+    if (takes("import", 1))
+        return importDocument(std::string(operands[0]));
+    errors_
+        << "singlish: keys takes list, check KEY LETTER, add KEY LETTER, remove KEY, off KEY, on KEY, reset, "
+           "export or import FILE\n";
+    return ExitStatus::usage;
+}
+
+int KeysCommand::list() {
+    std::vector<std::vector<std::string>> rows;
+    for (const auto& letter : SinglishScheme::letters()) {
+        for (const SinglishKeyState& state : settings_.keysFor(letter)) {
+            if (state.kind == SinglishKeyState::Kind::added)
+                rows.push_back({letter.display(), state.key, "your key"});
+            else if (!state.isOn)
+                rows.push_back({letter.display(), state.key, "switched off"});
+            else if (state.takenBy)
+                rows.push_back(
+                    {letter.display(), state.key, "now types " + SinglishScheme::display(*state.takenBy)});
+        }
+    }
+    if (rows.empty())
+        output_ << "You have changed no keys.\n";
+    writeColumns(output_, rows);
+    return ExitStatus::done;
+}
+
+int KeysCommand::check(std::string_view key, std::string_view letterText) {
+    const auto* letter = letterOf(letterText);
+    if (!letter)
+        return ExitStatus::refused;
+    const auto result = settings_.check(key, letter->id);
+    if (result.problem)
+        return refuse(message(*result.problem));
+    output_ << letter->example(key);
+    if (result.replaces)
+        output_ << "  ·  " << key << " currently types " << SinglishScheme::display(*result.replaces)
+                << "; it will type " << letter->display() << " instead.";
+    output_ << '\n';
+    return ExitStatus::done;
+}
+
+int KeysCommand::add(std::string_view key, std::string_view letterText) {
+    const auto* letter = letterOf(letterText);
+    if (!letter)
+        return ExitStatus::refused;
+    if (const auto problem = settings_.add(key, letter->id))
+        return refuse(message(*problem));
+    output_ << letter->example(key) << '\n';
+    return stored();
+}
+
+int KeysCommand::remove(std::string_view key) {
+    const auto& added = settings_.customization().addedKeys;
+    if (std::ranges::none_of(added, [key](const auto& entry) { return text::equal(entry.key, key); }))
+        return refuse("You have added no key " + std::string(key));
+    settings_.remove(key);
+    return stored();
+}
+
+int KeysCommand::setBuiltIn(std::string_view key, bool on) {
+    if (!isBuiltIn(key))
+        return refuse(std::string(key) + " is not a built-in key");
+    settings_.setBuiltIn(key, on);
+    return stored();
+}
+
+int KeysCommand::reset() {
+    settings_.reset();
+    return stored();
+}
+
+int KeysCommand::exportDocument() {
+    const auto document = settings_.customization().encode();
+    if (!document)
+        return refuse("The keys hold text that is not UTF-8");
+    output_ << *document << '\n';
+    return ExitStatus::done;
+}
+
+/// All or nothing: the document is tried on empty settings first, and stored only if nothing was refused.
+int KeysCommand::importDocument(const std::string& path) {
+    std::ifstream file;
+    if (path != "-")
+        file.open(path, std::ios::binary);
+    const auto document = path == "-" ? contentsOf(input_) : file ? contentsOf(file) : std::nullopt;
+    if (!document) {
+        errors_ << "singlish: Cannot read " << path << '\n';
+        return ExitStatus::failed;
+    }
+    const auto wanted = SinglishCustomization::decode(*document);
+    if (!wanted)
+        return refuse(path + " is not a document of keys, as export writes it; your keys stay as they are");
+    MemoryUserDefaults scratch;
+    SinglishSettings tried(scratch);
+    if (const std::string problems = replay(*wanted, tried); !problems.empty())
+        return refuse("Your keys stay as they are, because of\n" + problems);
+    defaults_.setData(SinglishSettings::storedName, scratch.data(SinglishSettings::storedName));
+    settings_.reloadIfChanged();
+    return stored();
+}
+
+/// A letter is named by itself, by the way it is shown, or by a key that types it.
+const SinglishScheme::Letter* KeysCommand::letterOf(std::string_view text) {
+    for (const auto& letter : SinglishScheme::letters())
+        if (text::equal(letter.id, text) || text::equal(letter.display(), text))
+            return &letter;
+    if (const auto typed = settings_.transliterator().letterTypedBy(text))
+        return SinglishScheme::letter(*typed);
+    errors_ << "singlish: No such letter: " << text << '\n';
+    return nullptr;
+}
+
+int KeysCommand::stored() {
+    const std::string failure = storeFailure_();
+    if (failure.empty())
+        return ExitStatus::done;
+    errors_ << "singlish: Your keys could not be stored: " << failure << '\n';
+    return ExitStatus::failed;
+}
+
+int KeysCommand::refuse(std::string_view message) {
+    errors_ << "singlish: " << message << '\n';
+    return ExitStatus::refused;
+}
+
+} // namespace vanoka

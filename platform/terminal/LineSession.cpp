@@ -1,0 +1,174 @@
+#include "LineSession.h"
+
+#include "FunctionKey.h"
+#include "text/Utf8.h"
+
+#include <chrono>
+#include <csignal>
+
+namespace vanoka {
+
+namespace {
+
+/// The bytes of one special key come together; what comes later is another key.
+constexpr std::chrono::milliseconds sequenceTime(50);
+
+constexpr std::string_view controlC = "\x03", controlD = "\x04", controlL = "\x0C", controlZ = "\x1A",
+                           controlBackslash = "\x1C";
+constexpr std::string_view clearScreen = "\x1B[H\x1B[2J";
+
+bool isReturn(std::string_view characters) {
+    return characters == "\r" || characters == "\n";
+}
+
+/// Pasted text as it may stand in a line: no control characters but tabs, nothing ill-formed.
+std::string cleaned(std::string_view text) {
+    std::string result;
+    for (const text::Scalar& scalar : text::Scalars(text))
+        if ((scalar.value >= 0x20 && scalar.value != 0x7F) || scalar.value == '\t')
+            result += text::utf8(scalar.value);
+    return result;
+}
+
+} // namespace
+
+LineSession::LineSession(Terminal& terminal, SinglishSettings& settings,
+                         std::function<void(const std::string&)> finished)
+    : terminal_(terminal),
+      finished_(std::move(finished)),
+      controller_("vanoka", settings),
+      view_(terminal.size()) {}
+
+void LineSession::run() {
+    Outcome outcome = Outcome::goesOn;
+    draw();
+    while (outcome == Outcome::goesOn) {
+        using Time = std::optional<std::chrono::milliseconds>;
+        const Terminal::Event event = terminal_.wait(parser_.isWaiting() ? Time(sequenceTime) : Time());
+        controller_.activateServer(); // keys that were edited meanwhile are in force for the next one
+        parser_.feed(event.bytes);
+        outcome = handleInputs();
+        if (event.isTimeout && outcome == Outcome::goesOn)
+            if (const auto input = parser_.flush())
+                outcome = std::visit([this](const auto& value) { return handle(value); }, *input);
+        if (event.signal != 0)
+            handleSignal(event.signal);
+        if (event.hasEnded)
+            outcome = Outcome::ends;
+        if (outcome == Outcome::goesOn)
+            draw();
+    }
+    finishPending();
+}
+
+LineSession::Outcome LineSession::handleInputs() {
+    Outcome outcome = Outcome::goesOn;
+    while (outcome == Outcome::goesOn) {
+        const auto input = parser_.next();
+        if (!input)
+            break;
+        outcome = std::visit([this](const auto& value) { return handle(value); }, *input);
+    }
+    return outcome;
+}
+
+LineSession::Outcome LineSession::handle(const KeyEvent& event) {
+    return controller_.handle(&event, &line_) ? Outcome::goesOn : handleUnconsumed(event);
+}
+
+/// Pasting is a shortcut: it ends a composition, and what is pasted stays as it is. Lines in it are lines.
+LineSession::Outcome LineSession::handle(const Paste& paste) {
+    controller_.commitComposition(&line_);
+    std::string_view rest = paste.text;
+    for (std::size_t end = rest.find_first_of("\r\n"); end != std::string_view::npos;
+         end = rest.find_first_of("\r\n")) {
+        line_.insertText(cleaned(rest.substr(0, end)), {});
+        finishLine();
+        const bool isPair = rest.substr(end).starts_with("\r\n");
+        rest.remove_prefix(end + (isPair ? 2 : 1));
+    }
+    line_.insertText(cleaned(rest), {});
+    return Outcome::goesOn;
+}
+
+LineSession::Outcome LineSession::handleUnconsumed(const KeyEvent& event) {
+    const std::string characters = event.characters.value_or("");
+    if (isReturn(characters))
+        finishLine();
+    else if (characters == controlC)
+        handleSignal(SIGINT);
+    else if (characters == controlBackslash)
+        handleSignal(SIGQUIT);
+    else if (characters == controlZ)
+        suspend();
+    else if (characters == controlD && line_.isEmpty())
+        return Outcome::ends;
+    else if (characters == controlL) {
+        terminal_.write(clearScreen);
+        view_.forget();
+    } else if (characters == text::utf8(FunctionKey::upArrow))
+        recall(-1);
+    else if (characters == text::utf8(FunctionKey::downArrow))
+        recall(1);
+    else
+        line_.apply(event);
+    return Outcome::goesOn;
+}
+
+void LineSession::handleSignal(int signal) {
+    switch (signal) {
+    case SIGWINCH:
+        view_.resize(terminal_.size());
+        return;
+    case SIGTSTP:
+        suspend();
+        return;
+    case SIGCONT:
+        terminal_.resume();
+        return;
+    default:
+        finishPending();
+        terminal_.endBy(signal);
+    }
+}
+
+void LineSession::suspend() {
+    terminal_.write(view_.finish(line_.text() + line_.marked()));
+    terminal_.suspend();
+}
+
+/// Shows an earlier line again. What was being typed stands behind the last one and can be come back to.
+void LineSession::recall(std::ptrdiff_t step) {
+    if (recalled_ == history_.size())
+        history_.push_back(line_.text());
+    const auto target = static_cast<std::ptrdiff_t>(recalled_) + step;
+    if (target < 0 || target >= static_cast<std::ptrdiff_t>(history_.size()))
+        return;
+    history_[recalled_] = line_.text();
+    recalled_ = static_cast<std::size_t>(target);
+    line_.setText(history_[recalled_]);
+}
+
+void LineSession::finishLine() {
+    terminal_.write(view_.finish(line_.text()));
+    finished_(line_.text());
+    if (recalled_ < history_.size() && history_.back().empty())
+        history_.pop_back(); // nothing was being typed when this line was recalled
+    if (!line_.isEmpty())
+        history_.push_back(line_.text());
+    recalled_ = history_.size();
+    line_.setText({});
+}
+
+/// What has been typed is never lost: it becomes a last line.
+void LineSession::finishPending() {
+    controller_.deactivateServer(&line_);
+    if (!line_.isEmpty())
+        finishLine();
+}
+
+void LineSession::draw() {
+    terminal_.write(view_.draw(line_));
+}
+
+} // namespace vanoka

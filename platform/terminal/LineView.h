@@ -1,0 +1,53 @@
+#pragma once
+
+#include "TypedLine.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace vanoka {
+
+struct TerminalSize {
+    std::size_t columns = 80;
+    std::size_t rows = 24;
+};
+
+/// Draws a typed line on a terminal, over as many rows as it needs, with its marked text underlined.
+///
+/// Terminals disagree about the width of Sinhala clusters, so nothing here depends on it: rows are broken by
+/// the widest answer, with the terminal's own wrapping off, and the caret is put in its place by writing the
+/// part of its row before it once more.
+class LineView {
+public:
+    explicit LineView(TerminalSize size) noexcept : size_(size) {}
+
+    /// The bytes that draw `line` in place of what was drawn before.
+    std::string draw(const TypedLine& line);
+
+    /// The bytes that leave `text` on the terminal for good, in place of what was drawn, and begin a new row.
+    std::string finish(std::string_view text);
+
+    /// The terminal has another size now. It has wrapped what was drawn anew.
+    void resize(TerminalSize size);
+
+    /// Forgets what was drawn: the terminal shows something else now.
+    void forget() noexcept { drawn_.clear(); }
+
+private:
+    struct Row {
+        std::string text;        ///< with its underlining
+        std::size_t width = 0;   ///< in cells, at most
+        std::string beforeCaret; ///< the part before the caret, if that stands in this row
+        bool hasCaret = false;
+    };
+    class Rows;
+
+    std::vector<Row> rowsOf(const TypedLine& line) const;
+    std::string toStart() const;
+
+    TerminalSize size_;
+    std::vector<Row> drawn_;
+};
+
+} // namespace vanoka

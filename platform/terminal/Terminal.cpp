@@ -1,0 +1,178 @@
+#include "Terminal.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+#include <utility>
+
+namespace vanoka {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::string_view enterBytes = "\x1B[?2004h";                          // tell pasted text from typed
+constexpr std::string_view leaveBytes = "\x1B[?2004l\x1B[?7h\x1B[24m\x1B[?25h"; // and undo what drawing set
+constexpr auto answerTime = 500ms; // what a terminal far away may need to answer
+
+/// Told to the loop through a pipe, so that the line is finished first.
+constexpr std::array toldSignals = {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGTSTP, SIGCONT, SIGWINCH};
+/// After these nothing of this program can be relied on.
+constexpr std::array crashSignals = {SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT};
+
+// What a signal handler may touch.
+int inputOfHandler = -1;
+int outputOfHandler = -1;
+termios modeBefore = {};
+std::array<int, 2> signalPipe = {-1, -1};
+
+void restore() {
+    // The results do not matter: there is nobody left to tell.
+    [[maybe_unused]] const auto written = ::write(outputOfHandler, leaveBytes.data(), leaveBytes.size());
+    ::tcsetattr(inputOfHandler, TCSANOW, &modeBefore);
+}
+
+void raiseByDefault(int signal) {
+    ::signal(signal, SIG_DFL);
+    ::raise(signal);
+}
+
+extern "C" void tellSignal(int signal) {
+    const int savedErrno = errno;
+    const char byte = static_cast<char>(signal);
+    [[maybe_unused]] const auto written = ::write(signalPipe[1], &byte, 1);
+    errno = savedErrno;
+}
+
+extern "C" void restoreAndCrash(int signal) {
+    restore();
+    raiseByDefault(signal);
+}
+
+template <std::size_t count>
+void handleAll(const std::array<int, count>& signals, void (*handler)(int)) {
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    for (const int signal : signals)
+        ::sigaction(signal, &action, nullptr);
+}
+
+} // namespace
+
+Terminal::Terminal(int input, int output) : input_(input), output_(output) {
+    if (::pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        signalPipe = {-1, -1};
+    inputOfHandler = input_;
+    outputOfHandler = output_;
+    ::tcgetattr(input_, &modeBefore);
+    handleAll(toldSignals, tellSignal);
+    handleAll(crashSignals, restoreAndCrash);
+    enter();
+}
+
+Terminal::~Terminal() {
+    leave();
+    handleAll(toldSignals, SIG_DFL);
+    handleAll(crashSignals, SIG_DFL);
+    for (const int end : signalPipe)
+        ::close(end);
+}
+
+void Terminal::enter() {
+    termios mode = modeBefore;
+    mode.c_iflag &= ~static_cast<tcflag_t>(IXON | ICRNL | INLCR | IGNCR | ISTRIP);
+    mode.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO | ISIG | IEXTEN);
+    mode.c_cc[VMIN] = 1;
+    mode.c_cc[VTIME] = 0;
+    ::tcsetattr(input_, TCSADRAIN, &mode); // keys typed ahead stay
+    write(enterBytes);
+}
+
+void Terminal::leave() {
+    write(leaveBytes);
+    ::tcsetattr(input_, TCSADRAIN, &modeBefore);
+}
+
+Terminal::Event Terminal::wait(std::optional<std::chrono::milliseconds> time) {
+    if (const Event held = std::exchange(held_, {}); held.signal != 0 || !held.bytes.empty())
+        return held;
+    std::array<pollfd, 2> sources = {pollfd{input_, POLLIN, 0}, pollfd{signalPipe[0], POLLIN, 0}};
+    const int ready = ::poll(sources.data(), sources.size(), time ? static_cast<int>(time->count()) : -1);
+    if (ready == 0)
+        return {.isTimeout = true};
+    char signal = 0;
+    if (::read(signalPipe[0], &signal, 1) == 1)
+        return {.signal = signal};
+    if (ready < 0 || sources[0].revents == 0)
+        return {};
+    std::array<char, 4096> bytes;
+    const ssize_t count = ::read(input_, bytes.data(), bytes.size());
+    if (count > 0)
+        return {.bytes = std::string(bytes.data(), static_cast<std::size_t>(count))};
+    return {.hasEnded = count == 0 || (errno != EINTR && errno != EAGAIN)};
+}
+
+void Terminal::write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(output_, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR && errno != EAGAIN)
+            return; // the terminal is gone; reading from it says so
+        if (written > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+TerminalSize Terminal::size() const {
+    winsize size = {};
+    if (::ioctl(output_, TIOCGWINSZ, &size) != 0 || size.ws_col == 0 || size.ws_row == 0)
+        return {};
+    return {size.ws_col, size.ws_row};
+}
+
+bool Terminal::showsUtf8() {
+    write("\r\u00E9\x1B[6n");
+    std::string typed;
+    std::size_t start = std::string::npos, end = std::string::npos;
+    int signal = 0;
+    while (end == std::string::npos && signal == 0) {
+        const Event event = wait(answerTime);
+        if (event.isTimeout || event.hasEnded)
+            break;
+        typed += event.bytes;
+        signal = event.signal;
+        start = typed.find("\x1B["); // the answer: ESC [ row ; column R
+        end = start == std::string::npos ? start : typed.find('R', start);
+    }
+    write("\r\x1B[K");
+    const bool isAnswered = end != std::string::npos;
+    const bool isSecondColumn = isAnswered && typed.substr(start, end - start).ends_with(";2");
+    if (isAnswered)
+        typed.erase(start, end + 1 - start);
+    held_ = {.bytes = std::move(typed), .signal = signal};
+    return isSecondColumn;
+}
+
+void Terminal::suspend() {
+    leave();
+    handleAll(std::array{SIGTSTP}, SIG_DFL);
+    ::raise(SIGTSTP); // goes on here when the process is continued
+    handleAll(std::array{SIGTSTP}, tellSignal);
+    resume();
+}
+
+void Terminal::resume() {
+    enter();
+}
+
+void Terminal::endBy(int signal) {
+    leave();
+    raiseByDefault(signal);
+    std::_Exit(128 + signal);
+}
+
+} // namespace vanoka

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "LineView.h"
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <termios.h>
+
+namespace vanoka {
+
+/// The terminal while it is read key by key. It is put back as it was when this object goes, when the process
+/// is stopped or ended by a signal, and when it crashes; only SIGKILL leaves it as it is. One object at a
+/// time.
+class Terminal {
+public:
+    /// What ended a wait.
+    struct Event {
+        std::string bytes;      ///< typed since the last wait
+        int signal = 0;         ///< a signal that has come; 0 for none
+        bool hasEnded = false;  ///< nothing will be typed any more
+        bool isTimeout = false; ///< the time is over
+    };
+
+    /// Takes over the terminal that `input` and `output`, two descriptors, are.
+    Terminal(int input, int output);
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+    ~Terminal();
+
+    /// Waits for keys or a signal; for ever when no time is given.
+    Event wait(std::optional<std::chrono::milliseconds> time);
+
+    void write(std::string_view bytes);
+    TerminalSize size() const;
+
+    /// True when the terminal shows a character of two bytes as one: asks it to, and where the cursor is
+    /// then.
+    bool showsUtf8();
+
+    /// Stops this process until it is continued, with the terminal as it was before.
+    void suspend();
+    /// Takes the terminal over again: whoever continued this process may have changed it.
+    void resume();
+    /// Puts the terminal back and ends this process as the signal would have.
+    [[noreturn]] void endBy(int signal);
+
+private:
+    void enter();
+    void leave();
+
+    int input_;
+    int output_;
+    Event held_; ///< what came while an answer was awaited
+};
+
+} // namespace vanoka

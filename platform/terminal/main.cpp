@@ -1,0 +1,152 @@
+#include "Chart.h"
+#include "ExitStatus.h"
+#include "FileUserDefaults.h"
+#include "Filter.h"
+#include "KeysCommand.h"
+#include "LineSession.h"
+#include "Terminal.h"
+#include "Version.h"
+
+#include <cerrno>
+#include <clocale>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <iostream>
+#include <langinfo.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+using namespace vanoka;
+using Arguments = std::span<const std::string_view>;
+
+constexpr std::string_view help = R"(Write Sinhala with English letters.
+
+Usage:
+  singlish                     type on the terminal, a line at a time
+  singlish < FILE              turn Latin text into Sinhala text
+  singlish chart               every letter, the keys that type it, an example
+  singlish keys [list]         the keys that you have changed
+  singlish keys check KEY LETTER
+                               what giving the key to the letter would mean
+  singlish keys add KEY LETTER give a key to a letter
+  singlish keys remove KEY     remove a key of your own
+  singlish keys off KEY        switch a built-in key off
+  singlish keys on KEY         switch it on again
+  singlish keys reset          remove all your keys, switch every built-in key on
+  singlish keys export         write your keys as JSON
+  singlish keys import FILE    replace your keys with exported ones; - reads standard input
+  singlish --help, --version
+
+A LETTER is a Sinhala letter, or a key that types it at present.
+While you type, Space and punctuation put the Sinhala text in, Escape keeps the Latin letters, Backspace
+takes one visible part back, Return finishes the line and Ctrl-D ends. Pasted text stays as it is.
+
+Exit status: 0 done, 1 refused, 2 not understood, 3 something could not be read, written or stored.
+)";
+
+constexpr std::string_view hint = "\x1B[2mType with English letters: amma gedhara. Return: next line. "
+                                  "Escape: keep Latin. Ctrl-D: end.\x1B[22m\r\n";
+
+int fail(std::string_view what, std::string_view why) {
+    std::cerr << "singlish: " << what << ": " << why << '\n';
+    return ExitStatus::failed;
+}
+
+int runFilter() {
+    switch (filter(STDIN_FILENO, STDOUT_FILENO, SinglishSettings::shared().transliterator())) {
+    case FilterOutcome::done:
+        break;
+    case FilterOutcome::cannotRead:
+        return fail("Cannot read", std::strerror(errno));
+    case FilterOutcome::cannotWrite:
+        return fail("Cannot write", std::strerror(errno));
+    }
+    return ExitStatus::done;
+}
+
+/// A terminal to draw on: where the output goes, or, when that is a file or a pipe, the one that is typed on.
+int terminalOutput() {
+    if (::isatty(STDOUT_FILENO))
+        return STDOUT_FILENO;
+    return ::open("/dev/tty", O_RDWR | O_CLOEXEC);
+}
+
+bool isDumb() {
+    const char* name = std::getenv("TERM");
+    return !name || std::string_view(name) == "dumb" || *name == '\0';
+}
+
+bool localeIsUtf8() {
+    std::setlocale(LC_CTYPE, "");
+    return std::string_view(::nl_langinfo(CODESET)) == "UTF-8";
+}
+
+int runLine() {
+    if (isDumb())
+        return fail("This terminal cannot move its cursor",
+                    "set TERM to what it is, or pipe text through singlish");
+    const int output = terminalOutput();
+    if (output < 0)
+        return fail("No terminal to type on", std::strerror(errno));
+    const bool isShownThere = output == STDOUT_FILENO;
+    Terminal terminal(STDIN_FILENO, output);
+    if (!localeIsUtf8() && !terminal.showsUtf8()) {
+        terminal.write(
+            "singlish: This terminal does not show UTF-8, which Sinhala needs. Switch it to UTF-8, or "
+            "start with LC_ALL=C.UTF-8 if it shows UTF-8 after all.\r\n");
+        return ExitStatus::failed;
+    }
+    terminal.write(hint);
+    bool isWritten = true;
+    LineSession session(terminal, SinglishSettings::shared(), [&](const std::string& line) {
+        if (!isShownThere)
+            isWritten = static_cast<bool>(std::cout << line << std::endl) && isWritten;
+    });
+    session.run();
+    return isWritten ? ExitStatus::done : fail("Cannot write", std::strerror(errno));
+}
+
+int runChart() {
+    writeChart(std::cout, SinglishSettings::shared());
+    return ExitStatus::done;
+}
+
+int runKeys(Arguments arguments) {
+    FileUserDefaults& defaults = FileUserDefaults::standard();
+    const auto failure = [&defaults] { return defaults.failure(SinglishSettings::storedName); };
+    KeysCommand command(SinglishSettings::shared(), defaults, failure, std::cin, std::cout, std::cerr);
+    return command.run(arguments);
+}
+
+int run(Arguments arguments) {
+    if (arguments.empty())
+        return ::isatty(STDIN_FILENO) ? runLine() : runFilter();
+    const std::string_view command = arguments.front();
+    if (command == "keys")
+        return runKeys(arguments.subspan(1));
+    if (arguments.size() == 1 && command == "chart")
+        return runChart();
+    if (arguments.size() == 1 && (command == "--help" || command == "-h")) {
+        std::cout << help;
+        return ExitStatus::done;
+    }
+    if (arguments.size() == 1 && command == "--version") {
+        std::cout << "singlish " << version << '\n';
+        return ExitStatus::done;
+    }
+    std::cerr << "singlish: Not understood: " << command << "\nsinglish --help tells what is.\n";
+    return ExitStatus::usage;
+}
+
+} // namespace
+
+int main(int count, char** values) {
+    const std::vector<std::string_view> arguments(values + 1, values + count);
+    const int status = run(arguments);
+    if (std::cout.flush())
+        return status;
+    return fail("Cannot write", std::strerror(errno));
+}

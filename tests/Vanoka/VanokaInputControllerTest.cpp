@@ -1,0 +1,342 @@
+#include "VanokaInputController.h"
+
+#include "Keys.h"
+#include "Randoms.h"
+#include "Scenario.h"
+#include "TextField.h"
+#include "text/Utf8.h"
+
+#include <gtest/gtest.h>
+
+namespace vanoka {
+
+namespace {
+
+constexpr const char* ownIdentifier = "org.example.vanoka";
+
+class VanokaInputControllerTest : public testing::Test {
+protected:
+    bool press(const KeyEvent& event) { return controller.handle(&event, &field); }
+
+    /// Presses keys as a person does: the field gets what is not consumed.
+    void type(const std::vector<KeyEvent>& events) {
+        for (const KeyEvent& event : events)
+            if (!press(event))
+                field.apply(event);
+    }
+    void type(std::string_view text) { type(test::keys(text)); }
+
+    MemoryUserDefaults defaults;
+    SinglishSettings settings{defaults};
+    VanokaInputController controller{ownIdentifier, settings};
+    test::TextField field;
+};
+
+TEST_F(VanokaInputControllerTest, ConsumesExactlyWhatTheTableSays) {
+    struct Row {
+        const char* key;
+        bool idle, composing; // consumed
+    };
+    const std::vector<Row> rows = {
+        {"a", true, true},
+        {"Z", true, true},
+        {"<space>", false, true},
+        {"<escape>", false, true},
+        {"<delete>", false, true},
+        {"1", false, true},
+        {".", false, true},
+        {"\u00E9", false, true},
+        {"\u0D9A", false, true},
+        {"<return>", false, false},
+        {"<enter>", false, false},
+        {"<tab>", false, false},
+        {"<left>", false, false},
+        {"<end>", false, false},
+        {"<pagedown>", false, false},
+        {"<forwarddelete>", false, false},
+        {"<f1>", false, false},
+        {"<dead>", false, false},
+        {"<C-c>", false, false},
+        {"<A-a>", false, false},
+        {"<D-v>", false, false},
+        {"<C-space>", false, false},
+        {"<D-delete>", false, false},
+        {"<A-escape>", false, false},
+    };
+    for (const Row& row : rows) {
+        const KeyEvent event = *test::keyNamed(row.key);
+        controller.commitComposition(&field);
+        EXPECT_EQ(press(event), row.idle) << row.key << " while idle";
+        controller.commitComposition(&field);
+        press({.characters = "k"});
+        EXPECT_EQ(press(event), row.composing) << row.key << " while composing";
+    }
+}
+
+TEST_F(VanokaInputControllerTest, TheKeyCodeDecidesBeforeTheCharacters) {
+    press({.characters = "k"});
+    EXPECT_TRUE(press({.keyCode = KeyEvent::space, .characters = "a"}));
+    EXPECT_EQ(field.screen(), "\u0D9A\u0DCA ");
+    press({.characters = "k"});
+    EXPECT_TRUE(press({.keyCode = KeyEvent::escape, .characters = std::nullopt}));
+    EXPECT_EQ(field.screen(), "\u0D9A\u0DCA k");
+    press({.characters = "k"});
+    EXPECT_TRUE(press({.keyCode = KeyEvent::deleteBackward, .characters = "x"}));
+    EXPECT_EQ(field.screen(), "\u0D9A\u0DCA k[\u0D9A]");
+    EXPECT_TRUE(press({.keyCode = 0, .characters = " "})) << "a space that is not the Space key is printable";
+    EXPECT_EQ(field.screen(), "\u0D9A\u0DCA k\u0D9A ");
+}
+
+TEST_F(VanokaInputControllerTest, DeclinesWhatIsNoKeyOfATextClient) {
+    const KeyEvent letter{.characters = "a"};
+    EXPECT_FALSE(controller.handle(nullptr, &field));
+    EXPECT_FALSE(controller.handle(&letter, nullptr));
+    EXPECT_FALSE(controller.handle(nullptr, nullptr));
+    for (const std::uint64_t type : {0U, 1U, 9U, 11U, 12U})
+        EXPECT_FALSE(press({.type = type, .characters = "a"}));
+    EXPECT_FALSE(controller.composer().isComposing());
+    press(letter);
+    controller.handle(nullptr, &field);
+    controller.commitComposition(nullptr);
+    controller.deactivateServer(nullptr);
+    EXPECT_TRUE(controller.composer().isComposing()) << "and leaves the composition alone";
+}
+
+TEST_F(VanokaInputControllerTest, TypesPlainLatinIntoItsOwnWindows) {
+    press({.characters = "a"});
+    test::TextField own(ownIdentifier), nameless(std::nullopt);
+    const KeyEvent letter{.characters = "k"};
+    const KeyEvent shortcut{.modifierFlags = KeyEvent::command, .characters = "c"};
+    EXPECT_FALSE(controller.handle(&letter, &own));
+    EXPECT_FALSE(controller.handle(&shortcut, &own));
+    EXPECT_EQ(controller.composer().raw(), "a");
+    EXPECT_TRUE(controller.handle(&letter, &nameless));
+
+    VanokaInputController namelessController(std::nullopt, settings);
+    EXPECT_FALSE(namelessController.handle(&letter, &nameless)) << "both without a name are the same";
+    EXPECT_TRUE(namelessController.handle(&letter, &own));
+}
+
+TEST_F(VanokaInputControllerTest, ShiftAndCapsLockOnlyChangeTheCharacters) {
+    constexpr std::uint64_t capsLock = 1U << 16, shift = 1U << 17, numericPad = 1U << 21, function = 1U << 23;
+    EXPECT_TRUE(press({.modifierFlags = shift, .characters = "A"}));
+    EXPECT_TRUE(press({.modifierFlags = capsLock | numericPad | function, .characters = "A"}));
+    EXPECT_EQ(field.screen(), "[\u0D88]");
+}
+
+TEST_F(VanokaInputControllerTest, SeveralCharactersAtOnceAreNoLetter) {
+    EXPECT_FALSE(press({.characters = "ab"})) << "idle: the client's";
+    press({.characters = "k"});
+    EXPECT_TRUE(press({.characters = "ab"}));
+    EXPECT_EQ(field.screen(), "\u0D9A\u0DCAab");
+    press({.characters = "k"});
+    EXPECT_TRUE(press({.characters = "a\u0301"}));
+    EXPECT_EQ(field.screen(), "\u0D9A\u0DCAab\u0D9A\u0DCAa\u0301");
+    press({.characters = "k"});
+    EXPECT_TRUE(press({.characters = "\u212A"})) << "canonically K, but no ASCII letter";
+    EXPECT_EQ(field.screen(), "\u0D9A\u0DCAab\u0D9A\u0DCAa\u0301\u0D9A\u0DCA\u212A");
+}
+
+TEST_F(VanokaInputControllerTest, UnprintableCharactersEndTheWordAndPass) {
+    using namespace std::string_literals;
+    const std::string unprintable[] = {
+        "\r",   "\n",     "\t",     "\r\n",   "\x03",   "\x1B",   "\x7F",   "\0"s,
+        "a\r",  "\u200D", "\uFEFF", "\u00AD", "\u0085", "\uF700", "\uF8FF", "\U0001F469\u200D\U0001F467",
+        "\xFF", "1\xE0"};
+    for (const std::string& characters : unprintable) {
+        press({.characters = "k"});
+        EXPECT_FALSE(press({.characters = characters})) << testing::PrintToString(characters);
+        EXPECT_FALSE(controller.composer().isComposing()) << testing::PrintToString(characters);
+        EXPECT_TRUE(field.text().ends_with("\u0D9A\u0DCA"));
+    }
+    for (const char* characters : {"\uF6FF", "\uF900", "\u00A0", "\U0001F600", "\u0301", "\u2028"}) {
+        press({.characters = "k"});
+        EXPECT_TRUE(press({.characters = characters})) << testing::PrintToString(characters);
+    }
+}
+
+TEST_F(VanokaInputControllerTest, EachEndOfAWordIsOneInsertion) {
+    for (const char* end : {"<space>", "<escape>", ".", "<return>", "<C-c>", "<dead>"}) {
+        const std::size_t before = field.insertions();
+        type("amma");
+        EXPECT_EQ(field.insertions(), before);
+        type(end);
+        EXPECT_EQ(field.insertions(), before + 1) << end;
+    }
+    const std::size_t before = field.insertions();
+    type("<space>.<escape><return><C-c><dead><delete>");
+    controller.commitComposition(&field);
+    controller.deactivateServer(&field);
+    EXPECT_EQ(field.insertions(), before) << "nothing is composed, so nothing goes in";
+}
+
+TEST_F(VanokaInputControllerTest, TheCaretIsCountedInUtf16Units) {
+    struct Caret final : TextInputClient {
+        std::optional<std::string> bundleIdentifier() const override { return "client"; }
+        void insertText(std::string_view, TextRange) override {}
+        void setMarkedText(const MarkedText& text, TextRange selection, TextRange replacement) override {
+            marked = text;
+            caret = selection;
+            range = replacement;
+        }
+        MarkedText marked;
+        TextRange caret, range;
+    } client;
+    for (const KeyEvent& event : test::keys("shrii"))
+        controller.handle(&event, &client);
+    EXPECT_EQ(client.marked, (MarkedText{"\u0DC1\u0DCA\u200D\u0DBB\u0DD3", MarkedText::Underline::single}));
+    EXPECT_EQ(client.caret, (TextRange{5, 0}));
+    EXPECT_EQ(client.range, (TextRange{INT64_MAX, INT64_MAX}));
+}
+
+TEST_F(VanokaInputControllerTest, AnEmptiedCompositionClearsTheMarkedText) {
+    type("a<delete>");
+    EXPECT_EQ(field.marked(), "");
+    EXPECT_FALSE(controller.composer().isComposing());
+    EXPECT_FALSE(press(*test::keyNamed("<delete>")));
+}
+
+TEST_F(VanokaInputControllerTest, AClientThatCallsBackCannotCommitTwice) {
+    struct CallingBack final : TextInputClient {
+        std::optional<std::string> bundleIdentifier() const override { return "client"; }
+        void insertText(std::string_view text, TextRange) override {
+            inserted += text;
+            controller->commitComposition(this);
+            controller->deactivateServer(this);
+        }
+        void setMarkedText(const MarkedText&, TextRange, TextRange) override {}
+        VanokaInputController* controller = nullptr;
+        std::string inserted;
+    } client;
+    client.controller = &controller;
+    for (const KeyEvent& event : test::keys("ka<space>ka.ka<escape>ka<return>"))
+        controller.handle(&event, &client);
+    EXPECT_EQ(client.inserted, "\u0D9A \u0D9A.ka\u0D9A");
+}
+
+TEST_F(VanokaInputControllerTest, ActivationAdoptsStoredKeysForTheNextKey) {
+    type("q");
+    defaults.setData(SinglishSettings::storedName,
+                     "{\"addedKeys\":[{\"key\":\"q\",\"letter\":\"\u0D9A\"}],\"disabledKeys\":[]}");
+    controller.activateServer();
+    EXPECT_EQ(field.screen(), "[q]") << "the composition is not touched";
+    controller.commitComposition(&field);
+    EXPECT_EQ(field.screen(), "q") << "and is read as the last key was";
+    type("qa");
+    EXPECT_EQ(field.screen(), "q[\u0D9A]");
+}
+
+TEST_F(VanokaInputControllerTest, TwoClientsNeverShareAComposition) {
+    VanokaInputController other(ownIdentifier, settings);
+    test::TextField otherField;
+    const KeyEvent k{.characters = "k"}, a{.characters = "a"};
+    controller.handle(&k, &field);
+    other.handle(&a, &otherField);
+    controller.handle(&a, &field);
+    other.deactivateServer(&otherField);
+    EXPECT_EQ(field.screen(), "[\u0D9A]");
+    EXPECT_EQ(otherField.screen(), "\u0D85");
+}
+
+TEST_F(VanokaInputControllerTest, AsksForKeyDownEventsOnly) {
+    EXPECT_EQ(VanokaInputController::recognizedEvents, 1024U);
+    EXPECT_EQ(VanokaInputController::noReplacement, (TextRange{INT64_MAX, INT64_MAX}));
+}
+
+TEST_F(VanokaInputControllerTest, HasAMenuOfTwoItems) {
+    using Action = VanokaInputController::MenuAction;
+    const auto menu = VanokaInputController::menu();
+    ASSERT_EQ(menu.size(), 2U);
+    EXPECT_EQ(menu[0], (VanokaInputController::MenuItem{"Vanoka Settings\u2026", Action::showSettings, ""}));
+    EXPECT_EQ(menu[1], (VanokaInputController::MenuItem{"About Vanoka", Action::showAbout, ""}));
+}
+
+TEST_F(VanokaInputControllerTest, AgreesWithTheComposer) {
+    test::Randoms randoms(8);
+    for (int round = 0; round < 200; ++round) {
+        SinglishComposer composer(settings.transliterator());
+        for (const KeyEvent& event : test::keys(randoms.keys(8))) {
+            press(event);
+            composer.insert(*event.characters);
+            if (randoms.oneIn(6)) {
+                press(*test::keyNamed("<delete>"));
+                composer.deleteBackward();
+            }
+            ASSERT_EQ(field.marked(), composer.preview());
+        }
+        const std::string before = field.text();
+        controller.commitComposition(&field);
+        ASSERT_EQ(field.text(), before + composer.commit());
+    }
+}
+
+TEST_F(VanokaInputControllerTest, NoKeyIsLostWhateverTheOrder) {
+    test::Randoms randoms(9);
+    const std::vector<std::string> others = {"<space>", ".", "1", "<return>", "<escape>", "<C-c>", "<left>"};
+    for (int round = 0; round < 300; ++round) {
+        test::TextField each;
+        std::string latin; // what is left when every Sinhala word is undone by Escape
+        for (int i = 0; i < 10; ++i) {
+            const std::string word = randoms.keys(4);
+            for (const KeyEvent& event : test::keys(word))
+                ASSERT_TRUE(controller.handle(&event, &each));
+            const KeyEvent escape = *test::keyNamed("<escape>");
+            if (controller.handle(&escape, &each))
+                latin += word;
+            const KeyEvent other = *test::keyNamed(randoms.of(others));
+            ASSERT_FALSE(controller.handle(&other, &each)) << "idle";
+            ASSERT_EQ(each.text(), latin);
+        }
+    }
+}
+
+TEST(Scenarios, ShowOnTheScreenWhatTheySay) {
+    for (const test::Scenario& scenario : test::allScenarios()) {
+        MemoryUserDefaults defaults;
+        SinglishSettings settings(defaults);
+        VanokaInputController controller(ownIdentifier, settings);
+        test::TextField field;
+        const auto operate = [&](const std::vector<std::string>& words) {
+            if (words[0] == "commit")
+                controller.commitComposition(&field);
+            else if (words[0] == "leave")
+                controller.deactivateServer(&field);
+            else if (words[0] == "add")
+                EXPECT_EQ(settings.add(words.at(1), words.at(2)), std::nullopt);
+            else if (words[0] == "remove")
+                settings.remove(words.at(1));
+            else if (words[0] == "on" || words[0] == "off")
+                settings.setBuiltIn(words.at(1), words[0] == "on");
+            else if (words[0] == "reset")
+                settings.reset();
+            else
+                ADD_FAILURE() << "no such operation: " << words[0];
+        };
+        for (const test::ScenarioStep& step : scenario.steps) {
+            if (!step.operation.empty())
+                operate(step.operation);
+            for (const KeyEvent& event : step.events)
+                if (!controller.handle(&event, &field))
+                    field.apply(event);
+            EXPECT_EQ(field.screen(), step.screen) << scenario.name << ".scenario, line " << step.lineNumber;
+        }
+    }
+}
+
+TEST(Keys, AreReadAsTheyAreWritten) {
+    std::vector<std::string> names = test::keyNames();
+    for (const char* name :
+         {"a", "Z", "\u0D9A", "\u00E9", " ", "<C-c>", "<A-x>", "<D-q>", "<C-A-D-space>", "<C-left>"})
+        names.emplace_back(name);
+    for (const std::string& name : names) {
+        const auto event = test::keyNamed(name);
+        ASSERT_TRUE(event.has_value()) << name;
+        EXPECT_EQ(test::nameOf(*event), name == "<less>" ? "<less>" : name);
+    }
+    for (const char* wrong : {"", "<", "<nothing>", "<C->", "<xy>"})
+        EXPECT_EQ(test::keyNamed(wrong), std::nullopt) << wrong;
+}
+
+} // namespace
+
+} // namespace vanoka

@@ -1,0 +1,240 @@
+#include "FileUserDefaults.h"
+
+#include "TemporaryFolder.h"
+#include "settings/SinglishSettings.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace vanoka {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* name = "vanoka.customization.v1";
+
+std::string contentsOf(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+mode_t modeOf(const fs::path& path) {
+    struct stat status = {};
+    EXPECT_EQ(::stat(path.c_str(), &status), 0) << path;
+    return status.st_mode & 07777U;
+}
+
+std::size_t filesIn(const fs::path& folder) {
+    return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
+}
+
+class FileUserDefaultsTest : public testing::Test {
+protected:
+    test::TemporaryFolder temporary;
+    fs::path folder = temporary.path() / "above" / "vanoka";
+    fs::path file = folder / name;
+    FileUserDefaults defaults{folder};
+};
+
+TEST_F(FileUserDefaultsTest, KeepsValuesAsFiles) {
+    EXPECT_EQ(defaults.data(name), std::nullopt);
+    EXPECT_FALSE(fs::exists(folder)) << "reading makes nothing";
+    defaults.setData(name, "one");
+    EXPECT_EQ(defaults.data(name), "one");
+    EXPECT_EQ(contentsOf(file), "one");
+    EXPECT_EQ(FileUserDefaults(folder).data(name), "one");
+    defaults.setData(name, std::string("\0\xFF", 2));
+    EXPECT_EQ(defaults.data(name), std::string("\0\xFF", 2));
+    defaults.setData(name, "");
+    EXPECT_EQ(defaults.data(name), "");
+    defaults.setData(name, std::nullopt);
+    EXPECT_EQ(defaults.data(name), std::nullopt);
+    EXPECT_FALSE(fs::exists(file));
+    defaults.setData(name, std::nullopt);
+    EXPECT_EQ(defaults.failure(name), "");
+}
+
+TEST_F(FileUserDefaultsTest, OnlyTheOwnerCanReadThem) {
+    const mode_t before = ::umask(0);
+    defaults.setData(name, "one");
+    ::umask(before);
+    EXPECT_EQ(modeOf(file), 0600U);
+    EXPECT_EQ(modeOf(folder), 0700U);
+    EXPECT_EQ(modeOf(folder.parent_path()), 0700U);
+    EXPECT_EQ(filesIn(folder), 1U) << "nothing temporary is left";
+}
+
+TEST_F(FileUserDefaultsTest, NamesCannotLeaveTheFolder) {
+    for (const char* strange : {"../../outside", "a/b", ".", "..", ".hidden", "%2F"}) {
+        defaults.setData(strange, strange);
+        EXPECT_EQ(defaults.data(strange), strange);
+        EXPECT_EQ(defaults.pathOf(strange).parent_path(), folder);
+    }
+    EXPECT_EQ(filesIn(folder), 6U);
+    EXPECT_EQ(filesIn(temporary.path()), 1U);
+}
+
+TEST_F(FileUserDefaultsTest, AValueThatCannotBeStoredStaysInForce) {
+    std::ofstream(temporary.path() / "above") << "a file where a folder is needed";
+    defaults.setData(name, "one");
+    EXPECT_NE(defaults.failure(name), "");
+    EXPECT_EQ(defaults.data(name), "one");
+    EXPECT_EQ(FileUserDefaults(folder).data(name), std::nullopt);
+    fs::remove(temporary.path() / "above");
+    EXPECT_EQ(defaults.data(name), "one");
+    EXPECT_EQ(defaults.failure(name), "") << "stored as soon as it can be";
+    EXPECT_EQ(contentsOf(file), "one");
+}
+
+TEST_F(FileUserDefaultsTest, TheFileStaysWhenWritingFails) {
+    defaults.setData(name, "the last good value");
+    // A full disk, as one process sees it: no file may grow beyond a few bytes.
+    rlimit unlimited = {};
+    ::getrlimit(RLIMIT_FSIZE, &unlimited);
+    const rlimit few = {4, unlimited.rlim_max};
+    ::signal(SIGXFSZ, SIG_IGN);
+    ::setrlimit(RLIMIT_FSIZE, &few);
+    defaults.setData(name, "a value that does not fit");
+    ::setrlimit(RLIMIT_FSIZE, &unlimited);
+    ::signal(SIGXFSZ, SIG_DFL);
+    EXPECT_EQ(contentsOf(file), "the last good value");
+    EXPECT_EQ(filesIn(folder), 1U);
+    EXPECT_NE(defaults.failure(name), "");
+    EXPECT_EQ(defaults.data(name), "a value that does not fit");
+    EXPECT_EQ(contentsOf(file), "a value that does not fit") << "stored when there was room again";
+}
+
+TEST_F(FileUserDefaultsTest, AnothersLaterValueWins) {
+    std::ofstream(temporary.path() / "above") << "in the way";
+    defaults.setData(name, "unsaved");
+    fs::remove(temporary.path() / "above");
+    FileUserDefaults other(folder);
+    other.setData(name, "other");
+    EXPECT_EQ(defaults.data(name), "other");
+    EXPECT_EQ(contentsOf(file), "other");
+}
+
+TEST_F(FileUserDefaultsTest, WhatIsNoFileIsNoValue) {
+    fs::create_directories(file);
+    EXPECT_EQ(defaults.data(name), std::nullopt);
+    fs::remove(file);
+    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+    EXPECT_EQ(defaults.data(name), std::nullopt) << "and nobody waits for a pipe";
+    fs::remove(file);
+    fs::create_symlink(file, file);
+    EXPECT_EQ(defaults.data(name), std::nullopt);
+    fs::remove(file);
+    std::ofstream(file) << "";
+    fs::resize_file(file, 17 * 1024 * 1024);
+    EXPECT_EQ(defaults.data(name), std::nullopt) << "no customization is as large as this";
+}
+
+TEST_F(FileUserDefaultsTest, ALinkedFileStaysLinked) {
+    const fs::path kept = temporary.path() / "kept.json";
+    std::ofstream(kept) << "before";
+    fs::create_directories(folder);
+    fs::create_symlink(kept, file);
+    defaults.setData(name, "after");
+    EXPECT_TRUE(fs::is_symlink(file));
+    EXPECT_EQ(contentsOf(kept), "after");
+}
+
+TEST_F(FileUserDefaultsTest, WithoutAFolderValuesLastAsLongAsTheProcess) {
+    FileUserDefaults nowhere{fs::path()};
+    nowhere.setData(name, "one");
+    EXPECT_EQ(nowhere.data(name), "one");
+    EXPECT_NE(nowhere.failure(name), "");
+    EXPECT_FALSE(fs::exists(name));
+}
+
+TEST_F(FileUserDefaultsTest, AReaderNeverSeesHalfAValue) {
+    const std::string values[] = {std::string(100'000, 'a'), std::string(50'000, 'b')};
+    defaults.setData(name, values[0]);
+    const auto write = [this, &values](std::size_t first) {
+        FileUserDefaults writer(folder);
+        for (std::size_t i = 0; i < 100; ++i)
+            writer.setData(name, values[(first + i) % 2]);
+    };
+    std::thread one(write, 0), other(write, 1);
+    for (int i = 0; i < 500; ++i) {
+        const auto seen = FileUserDefaults(folder).data(name);
+        ASSERT_TRUE(seen == values[0] || seen == values[1]);
+    }
+    one.join();
+    other.join();
+    EXPECT_EQ(filesIn(folder), 1U);
+}
+
+TEST_F(FileUserDefaultsTest, AKillAtAnyInstantLeavesAWholeValue) {
+    const std::string values[] = {std::string(200'000, 'a'), std::string(100'000, 'b')};
+    defaults.setData(name, values[0]);
+    for (int round = 0; round < 30; ++round) {
+        const pid_t writer = ::fork();
+        if (writer == 0) {
+            FileUserDefaults own(folder);
+            for (std::size_t i = 0;; ++i)
+                own.setData(name, values[i % 2]);
+        }
+        std::this_thread::sleep_for(std::chrono::microseconds(500 * round));
+        ::kill(writer, SIGKILL);
+        ::waitpid(writer, nullptr, 0);
+        const auto seen = defaults.data(name);
+        ASSERT_TRUE(seen == values[0] || seen == values[1]);
+    }
+}
+
+class Environment {
+public:
+    Environment(const char* variable, const char* value) : variable_(variable) {
+        if (const char* before = std::getenv(variable))
+            before_ = before;
+        set(value);
+    }
+    Environment(const Environment&) = delete;
+    Environment& operator=(const Environment&) = delete;
+    ~Environment() { set(before_ ? before_->c_str() : nullptr); }
+
+private:
+    void set(const char* value) { value ? ::setenv(variable_, value, 1) : ::unsetenv(variable_); }
+
+    const char* variable_;
+    std::optional<std::string> before_;
+};
+
+TEST(FileUserDefaults, StandInTheUsersConfigurationFolder) {
+    const Environment home("HOME", "/home/somebody");
+    {
+        const Environment config("XDG_CONFIG_HOME", "/elsewhere");
+        EXPECT_EQ(FileUserDefaults::standardFolder(), "/elsewhere/vanoka");
+    }
+    for (const char* unusable : {static_cast<const char*>(nullptr), "", "relative/path"}) {
+        const Environment config("XDG_CONFIG_HOME", unusable);
+        EXPECT_EQ(FileUserDefaults::standardFolder(), "/home/somebody/.config/vanoka");
+    }
+    const Environment config("XDG_CONFIG_HOME", nullptr);
+    const Environment noHome("HOME", nullptr);
+    EXPECT_TRUE(FileUserDefaults::standardFolder().is_absolute()) << "the home that the system knows";
+}
+
+TEST(SharedSettings, StandOverTheUsersDefaults) {
+    const test::TemporaryFolder folder;
+    const Environment config("XDG_CONFIG_HOME", folder.path().c_str());
+    FileUserDefaults(folder.path() / "vanoka")
+        .setData(name, "{\"addedKeys\":[{\"key\":\"q\",\"letter\":\"\u0D9A\"}],\"disabledKeys\":[]}");
+    EXPECT_EQ(SinglishSettings::shared().transliterator().transliterate("qa"), "\u0D9A");
+    EXPECT_EQ(&SinglishSettings::shared(), &SinglishSettings::shared());
+    SinglishSettings::shared().reset();
+    EXPECT_EQ(FileUserDefaults(folder.path() / "vanoka").data(name), std::nullopt);
+}
+
+} // namespace
+
+} // namespace vanoka

@@ -1,0 +1,238 @@
+#include "Chart.h"
+#include "ExitStatus.h"
+#include "Filter.h"
+#include "KeysCommand.h"
+#include "Randoms.h"
+#include "TemporaryFolder.h"
+
+#include <fcntl.h>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <thread>
+#include <unistd.h>
+
+namespace vanoka {
+
+namespace {
+
+class KeysCommandTest : public testing::Test {
+protected:
+    int run(std::vector<std::string_view> arguments, const std::string& typed = "") {
+        std::istringstream input(typed);
+        std::ostringstream outputStream, errorStream;
+        KeysCommand command(
+            settings, defaults, [this] { return failure; }, input, outputStream, errorStream);
+        const int status = command.run(arguments);
+        output = outputStream.str();
+        errors = errorStream.str();
+        return status;
+    }
+
+    MemoryUserDefaults defaults;
+    SinglishSettings settings{defaults};
+    std::string failure, output, errors;
+};
+
+TEST_F(KeysCommandTest, ListsWhatWasChanged) {
+    EXPECT_EQ(run({}), ExitStatus::done);
+    EXPECT_EQ(output, "You have changed no keys.\n");
+    EXPECT_EQ(run({"add", "q", "\u0D9A"}), ExitStatus::done);
+    EXPECT_EQ(output, "qa \u2192 \u0D9A\n");
+    EXPECT_EQ(run({"add", "aa", "\u25CC\u0D82"}), ExitStatus::done);
+    EXPECT_EQ(run({"off", "kh"}), ExitStatus::done);
+    EXPECT_EQ(run({"list"}), ExitStatus::done);
+    EXPECT_EQ(output, "  \u0D86    aa   now types \u25CC\u0D82\n"
+                      "  \u0D9A    q    your key\n"
+                      "  \u0D9B    kh   switched off\n"
+                      "  \u25CC\u0D82   aa   your key\n");
+    EXPECT_EQ(run({"on", "kh"}), ExitStatus::done);
+    EXPECT_EQ(run({"remove", "aa"}), ExitStatus::done);
+    EXPECT_EQ(run({}), ExitStatus::done);
+    EXPECT_EQ(output, "  \u0D9A   q   your key\n");
+    EXPECT_EQ(run({"reset"}), ExitStatus::done);
+    EXPECT_TRUE(settings.customization().isEmpty());
+}
+
+TEST_F(KeysCommandTest, SaysWhatAKeyWouldMean) {
+    EXPECT_EQ(run({"check", "q", "\u0D9A"}), ExitStatus::done);
+    EXPECT_EQ(output, "qa \u2192 \u0D9A\n");
+    EXPECT_EQ(run({"check", "q", "k"}), ExitStatus::done) << "a letter is named by its key, too";
+    EXPECT_EQ(output, "qa \u2192 \u0D9A\n");
+    EXPECT_EQ(run({"check", "aa", "\u0D9A"}), ExitStatus::done);
+    EXPECT_EQ(output, "aaa \u2192 \u0D9A  \u00B7  aa currently types \u0D86; it will type \u0D9A instead.\n");
+    EXPECT_TRUE(settings.customization().isEmpty());
+}
+
+TEST_F(KeysCommandTest, RefusesWithTheSettingsOwnWords) {
+    struct Row {
+        std::vector<std::string_view> arguments;
+        std::string errors;
+    };
+    const std::vector<Row> rows = {
+        {{"add", "k1", "\u0D9A"}, "Use English letters only"},
+        {{"add", "", "\u0D9A"}, "Type a key"},
+        {{"check", "abcdefg", "\u0D9A"}, "Use at most 6 letters"},
+        {{"add", "k", "\u0D9A"}, "This letter already has that key"},
+        {{"add", "q", "Q"}, "No such letter: Q"},
+        {{"check", "q", "\u0D81"}, "No such letter: \u0D81"},
+        {{"remove", "k"}, "You have added no key k"},
+        {{"off", "zz"}, "zz is not a built-in key"},
+        {{"on", "zz"}, "zz is not a built-in key"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(run(row.arguments), ExitStatus::refused) << row.errors;
+        EXPECT_EQ(errors, "singlish: " + row.errors + "\n");
+        EXPECT_EQ(output, "");
+    }
+    EXPECT_TRUE(settings.customization().isEmpty());
+}
+
+TEST_F(KeysCommandTest, TellsWhatItDoesNotUnderstand) {
+    for (const std::vector<std::string_view>& arguments :
+         std::vector<std::vector<std::string_view>>{{"add"},
+                                                    {"add", "q"},
+                                                    {"add", "q", "k", "k"},
+                                                    {"remove"},
+                                                    {"list", "q"},
+                                                    {"what"},
+                                                    {"import"},
+                                                    {"reset", "now"}}) {
+        EXPECT_EQ(run(arguments), ExitStatus::usage) << arguments[0];
+        EXPECT_NE(errors, "");
+    }
+}
+
+TEST_F(KeysCommandTest, ExportsWhatItImports) {
+    run({"add", "q", "\u0D9A"});
+    run({"add", "kh", "\u0D9C"});
+    run({"off", "aa"});
+    const SinglishCustomization before = settings.customization();
+    EXPECT_EQ(run({"export"}), ExitStatus::done);
+    const std::string document = output;
+    run({"reset"});
+    EXPECT_EQ(run({"import", "-"}, document), ExitStatus::done);
+    EXPECT_EQ(settings.customization(), before);
+    EXPECT_EQ(settings.transliterator().transliterate("qa kha"), "\u0D9A \u0D9C");
+
+    const test::TemporaryFolder folder;
+    const std::string path = (folder.path() / "keys.json").string();
+    std::ofstream(path) << R"({"addedKeys":[],"disabledKeys":[]})";
+    EXPECT_EQ(run({"import", path}), ExitStatus::done);
+    EXPECT_TRUE(settings.customization().isEmpty());
+    EXPECT_EQ(defaults.data(SinglishSettings::storedName), std::nullopt);
+}
+
+TEST_F(KeysCommandTest, ImportsAllOrNothing) {
+    run({"add", "q", "\u0D9A"});
+    const SinglishCustomization before = settings.customization();
+    EXPECT_EQ(run({"import", "-"}, "{"), ExitStatus::refused);
+    EXPECT_EQ(run({"import", "/no/such/file"}), ExitStatus::failed);
+    EXPECT_EQ(errors, "singlish: Cannot read /no/such/file\n");
+    EXPECT_EQ(
+        run({"import", "-"},
+            "{\"addedKeys\":[{\"key\":\"w\",\"letter\":\"\u0D9A\"},{\"key\":\"k1\",\"letter\":\"\u0D9A\"},"
+            "{\"key\":\"z\",\"letter\":\"none\"}],\"disabledKeys\":[\"zz\"]}"),
+        ExitStatus::refused);
+    EXPECT_EQ(errors, "singlish: Your keys stay as they are, because of\nzz: Not a built-in key\n"
+                      "k1: Use English letters only\nz: No such letter: none\n\n");
+    EXPECT_EQ(settings.customization(), before);
+}
+
+TEST_F(KeysCommandTest, TellsWhenKeysCouldNotBeStored) {
+    failure = "No space left on device";
+    EXPECT_EQ(run({"add", "q", "\u0D9A"}), ExitStatus::failed);
+    EXPECT_EQ(errors, "singlish: Your keys could not be stored: No space left on device\n");
+}
+
+TEST(Chart, ShowsEveryLetterInAlignedColumns) {
+    MemoryUserDefaults defaults;
+    SinglishSettings settings(defaults);
+    settings.setBuiltIn("k", false);
+    settings.add("q", "\u0DA4");
+    std::ostringstream output;
+    writeChart(output, settings);
+    const std::string chart = output.str();
+    EXPECT_TRUE(chart.starts_with("Vowels\n  \u0D85   a             ka \u2192 \u0D9A\n  \u0D86   aa          "
+                                  "  kaa \u2192 \u0D9A\u0DCF\n"));
+    EXPECT_NE(chart.find("\n\nConsonants\n  \u0D9A   no key\n  \u0D9B   kh  K"), std::string::npos);
+    EXPECT_NE(chart.find("\n  \u0DA4   kn  q           kna \u2192 \u0DA4\n"), std::string::npos);
+    EXPECT_TRUE(chart.ends_with("\nSigns\n  \u25CC\u0D82   x   kax \u2192 \u0D9A\u0D82\n  \u25CC\u0D83   H   "
+                                "kaH \u2192 \u0D9A\u0D83\n"));
+    EXPECT_EQ(std::count(chart.begin(), chart.end(), '\n'), 59 + 3 + 2);
+}
+
+std::string filtered(const std::vector<std::string>& pieces, const SinglishTransliterator& keys) {
+    int in[2], out[2];
+    EXPECT_EQ(::pipe(in) | ::pipe(out), 0);
+    std::thread writer([&] {
+        for (const std::string& piece : pieces) {
+            EXPECT_EQ(::write(in[1], piece.data(), piece.size()), static_cast<ssize_t>(piece.size()));
+            std::this_thread::sleep_for(std::chrono::milliseconds(1)); // so that pieces are read one by one
+        }
+        ::close(in[1]);
+    });
+    std::string text;
+    std::thread reader([&] {
+        char bytes[4096];
+        for (ssize_t count; (count = ::read(out[0], bytes, sizeof bytes)) > 0;)
+            text.append(bytes, static_cast<std::size_t>(count));
+    });
+    EXPECT_EQ(filter(in[0], out[1], keys), FilterOutcome::done);
+    ::close(out[1]);
+    writer.join();
+    reader.join();
+    ::close(in[0]);
+    ::close(out[0]);
+    return text;
+}
+
+TEST(Filter, TurnsLatinIntoSinhala) {
+    const auto& standard = SinglishTransliterator::standard();
+    EXPECT_EQ(filtered({"mama gedhara yanavaa\n"}, standard),
+              "\u0DB8\u0DB8 \u0D9C\u0DD9\u0DAF\u0DBB \u0DBA\u0DB1\u0DC0\u0DCF\n");
+    EXPECT_EQ(filtered({}, standard), "");
+    EXPECT_EQ(filtered({"k"}, standard), "\u0D9A\u0DCA");
+}
+
+TEST(Filter, DoesNotCareHowTheBytesCome) {
+    test::Randoms randoms(10);
+    for (int round = 0; round < 40; ++round) {
+        const SinglishTransliterator keys(round % 2 == 0 ? SinglishCustomization()
+                                                         : randoms.strangeCustomization());
+        const std::string text = randoms.text(20);
+        std::vector<std::string> bytes;
+        for (const char byte : text)
+            bytes.emplace_back(1, byte);
+        ASSERT_EQ(filtered(bytes, keys), keys.transliterate(text)) << testing::PrintToString(text);
+    }
+}
+
+TEST(Filter, LongTextsAreReadInPieces) {
+    test::Randoms randoms(11);
+    std::string text;
+    while (text.size() < 300'000)
+        text += randoms.text(20);
+    const auto& standard = SinglishTransliterator::standard();
+    const test::TemporaryFolder folder;
+    const std::string inPath = (folder.path() / "in").string(), outPath = (folder.path() / "out").string();
+    std::ofstream(inPath, std::ios::binary) << text;
+    const int in = ::open(inPath.c_str(), O_RDONLY), out = ::open(outPath.c_str(), O_CREAT | O_WRONLY, 0600);
+    EXPECT_EQ(filter(in, out, standard), FilterOutcome::done);
+    ::close(in);
+    ::close(out);
+    std::ifstream file(outPath, std::ios::binary);
+    EXPECT_TRUE((std::string{std::istreambuf_iterator<char>(file), {}} == standard.transliterate(text)));
+}
+
+TEST(Filter, TellsWhatItCannotDo) {
+    EXPECT_EQ(filter(-1, -1, SinglishTransliterator::standard()), FilterOutcome::cannotRead);
+    const int full = ::open("/dev/full", O_WRONLY), zero = ::open("/dev/zero", O_RDONLY);
+    EXPECT_EQ(filter(zero, full, SinglishTransliterator::standard()), FilterOutcome::cannotWrite);
+    ::close(full);
+    ::close(zero);
+}
+
+} // namespace
+
+} // namespace vanoka

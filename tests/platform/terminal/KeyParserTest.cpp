@@ -1,0 +1,125 @@
+#include "KeyParser.h"
+
+#include "Keys.h"
+
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace vanoka {
+
+namespace {
+
+std::string describe(const KeyParser::Input& input) {
+    if (const auto* paste = std::get_if<Paste>(&input))
+        return "{" + paste->text + "}";
+    return test::nameOf(std::get<KeyEvent>(input));
+}
+
+std::string inputsOf(KeyParser& parser) {
+    std::string text;
+    while (const auto input = parser.next())
+        text += describe(*input);
+    return text;
+}
+
+std::string parsed(std::string_view bytes) {
+    KeyParser parser;
+    parser.feed(bytes);
+    return inputsOf(parser);
+}
+
+struct Row {
+    std::string bytes;
+    std::string keys;
+};
+
+const std::vector<Row> rows = {
+    {"amma", "amma"},
+    {" \x7F\r\t", "<space><delete><return><tab>"},
+    {"\x01\x0B\x17", "<C-\x01><C-\x0B><C-\x17>"},
+    {"\u0D9A\u00E9\U0001F600", "\u0D9A\u00E9\U0001F600"},
+    {"\x1B[A\x1B[B\x1B[C\x1B[D", "<up><down><right><left>"},
+    {"\x1BOA\x1BOH\x1BOF\x1BOP", "<up><home><end><f1>"},
+    {"\x1B[H\x1B[F\x1B[1~\x1B[4~\x1B[7~\x1B[8~", "<home><end><home><end><home><end>"},
+    {"\x1B[2~\x1B[3~\x1B[5~\x1B[6~", "<insert><forwarddelete><pageup><pagedown>"},
+    {"\x1B[1;5C\x1B[1;3D\x1B[3;5~\x1B[1;2A", "<C-right><A-left><C-forwarddelete><up>"},
+    {"\x1Bx\x1B\u0D9A", "<A-x><A-\u0D9A>"},
+    {"\x1B\x1B[A", "<escape><up>"},
+    {"\x1B[200~amma\r\n\x1B[A\x1B[201~k", "{amma\r\n\x1B[A}k"},
+    {"\x1B[200~\x1B[201~", "{}"},
+    {"\x1B[I\x1B[99~\x1B[?1;2c", "\uF8FF\uF8FF\uF8FF"},
+    {"\xFF\x80z", "\uFFFD\uFFFDz"},
+    {"\xE0k", "\uFFFDk"},
+};
+
+TEST(KeyParser, ReadsKeysAndPastes) {
+    for (const Row& row : rows)
+        EXPECT_EQ(parsed(row.bytes), row.keys) << testing::PrintToString(row.bytes);
+}
+
+TEST(KeyParser, DoesNotCareHowTheBytesCome) {
+    for (const Row& row : rows) {
+        KeyParser parser;
+        std::string text;
+        for (const char byte : row.bytes) {
+            parser.feed({&byte, 1});
+            text += inputsOf(parser);
+        }
+        EXPECT_EQ(text, row.keys) << testing::PrintToString(row.bytes);
+        EXPECT_FALSE(parser.isWaiting());
+    }
+}
+
+TEST(KeyParser, TellsEscapeFromWhatItBegins) {
+    KeyParser parser;
+    parser.feed("k\x1B");
+    EXPECT_EQ(inputsOf(parser), "k");
+    EXPECT_TRUE(parser.isWaiting());
+    EXPECT_EQ(describe(*parser.flush()), "<escape>");
+    EXPECT_FALSE(parser.isWaiting());
+    EXPECT_EQ(parser.flush(), std::nullopt);
+    parser.feed("[A");
+    EXPECT_EQ(inputsOf(parser), "[A") << "too late to be an arrow";
+}
+
+TEST(KeyParser, AnUnfinishedSequenceBecomesKeys) {
+    KeyParser parser;
+    parser.feed("\x1B[1;");
+    EXPECT_EQ(inputsOf(parser), "");
+    EXPECT_EQ(describe(*parser.flush()), "<escape>");
+    EXPECT_EQ(inputsOf(parser), "[1;");
+    parser.feed("\x1B[" + std::string(100, '1'));
+    EXPECT_EQ(inputsOf(parser), "<escape>[" + std::string(100, '1')) << "noise is not waited for";
+}
+
+TEST(KeyParser, AnUnfinishedScalarWaits) {
+    KeyParser parser;
+    parser.feed("\xE0\xB6");
+    EXPECT_EQ(inputsOf(parser), "");
+    EXPECT_TRUE(parser.isWaiting());
+    parser.feed("\x9A");
+    EXPECT_EQ(inputsOf(parser), "\u0D9A");
+    parser.feed("\xE0");
+    EXPECT_EQ(inputsOf(parser), "");
+    parser.feed("k");
+    EXPECT_EQ(inputsOf(parser), "\uFFFDk");
+}
+
+TEST(KeyParser, APasteMayBeLong) {
+    KeyParser parser;
+    std::string pasted;
+    parser.feed("\x1B[200~");
+    for (int i = 0; i < 1000; ++i) {
+        const std::string piece = "amma \x1B[ gedhara " + std::to_string(i) + "\n";
+        parser.feed(piece);
+        pasted += piece;
+        ASSERT_EQ(parser.next(), std::nullopt);
+        ASSERT_FALSE(parser.isWaiting()) << "the end of a paste is not hurried";
+    }
+    parser.feed("\x1B[201~");
+    EXPECT_EQ(std::get<Paste>(*parser.next()).text, pasted);
+}
+
+} // namespace
+
+} // namespace vanoka
