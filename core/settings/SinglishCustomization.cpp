@@ -18,42 +18,136 @@ constexpr const char* disabledKeysName = "disabledKeys";
 constexpr const char* keyName = "key";
 constexpr const char* letterName = "letter";
 
-/// How deep the fields stand: the document, a list in it, a record in the list, a text in the record. What
-/// is nested deeper belongs to no field and is checked but not kept.
-constexpr int deepestField = 3;
+/// Takes the fields out of a document as the parser comes past them. What belongs to no field is only
+/// counted, so neither depth nor size of it matters.
+class FieldReader {
+public:
+    /// What was read; nothing when a field was missing or of the wrong type.
+    std::optional<SinglishCustomization> result() && {
+        if (!added_ || !disabled_)
+            return std::nullopt;
+        return SinglishCustomization{std::move(*added_), std::move(*disabled_)};
+    }
+
+    // What the parser calls; true lets it go on.
+    bool null() { return misplaced(); }
+    bool boolean(bool) { return misplaced(); }
+    bool number_integer(Json::number_integer_t) { return misplaced(); }
+    bool number_unsigned(Json::number_unsigned_t) { return misplaced(); }
+    bool number_float(Json::number_float_t, const std::string&) { return misplaced(); }
+    bool binary(Json::binary_t&) { return misplaced(); }
+    bool parse_error(std::size_t, const std::string&, const Json::exception&) { return false; }
+
+    bool key(std::string& name) {
+        if (foreignDepth_ == 0)
+            name_ = std::move(name);
+        return true;
+    }
+
+    bool string(std::string& text) {
+        if (foreignDepth_ > 0)
+            return true;
+        if (place_ == Place::addedKey && name_ == keyName)
+            entry_.key = std::move(text);
+        else if (place_ == Place::addedKey && name_ == letterName)
+            entry_.letter = std::move(text);
+        else if (place_ == Place::disabledKeys && disabled_)
+            disabled_->insert(std::move(text));
+        else
+            return misplaced();
+        return true;
+    }
+
+    bool start_object(std::size_t) {
+        if (foreignDepth_ == 0 && place_ == Place::outside) {
+            place_ = Place::document;
+            return true;
+        }
+        if (foreignDepth_ == 0 && place_ == Place::addedKeys) {
+            place_ = Place::addedKey;
+            entry_ = {};
+            return true;
+        }
+        return enterForeign();
+    }
+
+    bool start_array(std::size_t) {
+        if (foreignDepth_ == 0 && place_ == Place::document && name_ == addedKeysName) {
+            place_ = Place::addedKeys;
+            added_.emplace();
+            return true;
+        }
+        if (foreignDepth_ == 0 && place_ == Place::document && name_ == disabledKeysName) {
+            place_ = Place::disabledKeys;
+            disabled_.emplace();
+            return true;
+        }
+        return enterForeign();
+    }
+
+    bool end_object() { return leave(); }
+    bool end_array() { return leave(); }
+
+private:
+    enum class Place : std::uint8_t { outside, document, addedKeys, addedKey, disabledKeys };
+
+    /// A record while it is read; a field that is missing or of the wrong type is absent.
+    struct Entry {
+        std::optional<std::string> key, letter;
+    };
+
+    bool enterForeign() {
+        misplaced();
+        ++foreignDepth_;
+        return true;
+    }
+
+    /// The value that stands here is not one that belongs here. A list with such a value in it is as good as
+    /// missing, unless its field comes once more.
+    bool misplaced() {
+        if (foreignDepth_ > 0)
+            return true;
+        if (place_ == Place::addedKey && name_ == keyName)
+            entry_.key.reset();
+        else if (place_ == Place::addedKey && name_ == letterName)
+            entry_.letter.reset();
+        else if (place_ == Place::addedKeys || (place_ == Place::document && name_ == addedKeysName))
+            added_.reset();
+        else if (place_ == Place::disabledKeys || (place_ == Place::document && name_ == disabledKeysName))
+            disabled_.reset();
+        return true;
+    }
+
+    bool leave() {
+        if (foreignDepth_ > 0) {
+            --foreignDepth_;
+        } else if (place_ == Place::addedKey) {
+            place_ = Place::addedKeys;
+            addEntry();
+        } else {
+            place_ = place_ == Place::document ? Place::outside : Place::document;
+        }
+        return true;
+    }
+
+    void addEntry() {
+        if (!entry_.key || !entry_.letter)
+            added_.reset();
+        if (added_)
+            added_->push_back({std::move(*entry_.key), std::move(*entry_.letter)});
+    }
+
+    Place place_ = Place::outside;
+    std::size_t foreignDepth_ = 0; // of containers that belong to no field
+    std::string name_;             // of the field whose value comes next
+    Entry entry_;
+    std::optional<decltype(SinglishCustomization::addedKeys)> added_;
+    std::optional<decltype(SinglishCustomization::disabledKeys)> disabled_;
+};
 
 /// The parser takes a byte order mark and a NUL in its stride; JSON text holds neither.
 bool hasBytesThatJsonLacks(std::string_view document) {
     return document.starts_with("\uFEFF") || document.find('\0') != std::string_view::npos;
-}
-
-Json parse(std::string_view document) {
-    if (hasBytesThatJsonLacks(document))
-        return Json::value_t::discarded;
-    const auto keep = [](int depth, Json::parse_event_t, const Json&) { return depth <= deepestField; };
-    return Json::parse(document.begin(), document.end(), keep, false);
-}
-
-std::optional<std::string> textField(const Json& record, const char* name) {
-    const auto field = record.find(name);
-    if (field == record.end() || !field->is_string())
-        return std::nullopt;
-    return field->get_ref<const std::string&>();
-}
-
-const Json* listField(const Json& document, const char* name) {
-    const auto field = document.find(name);
-    return field != document.end() && field->is_array() ? &*field : nullptr;
-}
-
-std::optional<SinglishCustomization::AddedKey> addedKey(const Json& record) {
-    if (!record.is_object())
-        return std::nullopt;
-    auto key = textField(record, keyName);
-    auto letter = textField(record, letterName);
-    if (!key || !letter)
-        return std::nullopt;
-    return SinglishCustomization::AddedKey{std::move(*key), std::move(*letter)};
 }
 
 bool everyTextIsWellFormed(const SinglishCustomization& customization) {
@@ -85,26 +179,10 @@ std::optional<std::string> SinglishCustomization::encode() const {
 }
 
 std::optional<SinglishCustomization> SinglishCustomization::decode(std::string_view document) {
-    const Json parsed = parse(document);
-    if (!parsed.is_object())
+    FieldReader reader;
+    if (hasBytesThatJsonLacks(document) || !Json::sax_parse(document.begin(), document.end(), &reader))
         return std::nullopt;
-    const Json* added = listField(parsed, addedKeysName);
-    const Json* disabled = listField(parsed, disabledKeysName);
-    if (!added || !disabled)
-        return std::nullopt;
-    SinglishCustomization customization;
-    for (const Json& record : *added) {
-        auto entry = addedKey(record);
-        if (!entry)
-            return std::nullopt;
-        customization.addedKeys.push_back(std::move(*entry));
-    }
-    for (const Json& key : *disabled) {
-        if (!key.is_string())
-            return std::nullopt;
-        customization.disabledKeys.insert(key.get_ref<const std::string&>());
-    }
-    return customization;
+    return std::move(reader).result();
 }
 
 } // namespace vanoka

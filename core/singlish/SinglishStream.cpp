@@ -26,10 +26,8 @@ SinglishStream::SinglishStream(SinglishTransliterator transliterator)
 
 void SinglishStream::write(std::string_view characters, std::string& text) {
     while (!characters.empty()) {
-        std::size_t length = transducer_.isUsable() ? leadingAscii(characters) : 0;
-        if (length > 0) {
-            transducer_.write(characters.substr(0, length), held_, open_, text);
-        } else {
+        std::size_t length = leadingAscii(characters);
+        if (length == 0 || !transducer_.write(characters.substr(0, length), held_, open_, text)) {
             const std::string_view character = text::firstCharacter(characters);
             length = character.size();
             writeCharacter(character, text);

@@ -36,61 +36,132 @@ bool isOfLetters(std::string_view key) {
 
 } // namespace
 
+/// Works the states out, each with its row.
+class SinglishTransducer::Builder {
+public:
+    Builder(const SinglishReader& reader, SinglishTransducer& result) : reader_(reader), result_(result) {}
+
+    /// False when there are too many states.
+    bool build() {
+        indexOf({}, OpenConsonant::none);
+        for (std::size_t index = 0; index < result_.states_.size(); ++index) {
+            if (result_.states_.size() > mostStates)
+                return false;
+            fillRow(static_cast<StateIndex>(index));
+        }
+        return true;
+    }
+
+private:
+    StateIndex indexOf(std::string held, OpenConsonant open) {
+        State state(std::move(held), open);
+        const auto index = static_cast<StateIndex>(result_.states_.size());
+        const auto [known, isNew] = result_.indexes_.emplace(state, index);
+        if (isNew) {
+            result_.states_.push_back(std::move(state));
+            result_.rows_.emplace_back();
+            isFilled_.push_back(false);
+        }
+        return known->second;
+    }
+
+    void fillRow(StateIndex index) {
+        if (isFilled_[index])
+            return;
+        isFilled_[index] = true;
+        const State state = result_.states_[index];
+        fillOthers(index, state);
+        if (state.first.empty())
+            fillFirstKeys(index, state);
+        else
+            fillKeys(index, state);
+    }
+
+    /// A byte that is no letter: the keys held back are what they are, and the byte passes.
+    void fillOthers(StateIndex index, const State& state) {
+        std::string closed;
+        Syllables syllables(closed, state.second);
+        reader_.read(state.first, syllables);
+        syllables.close();
+        for (std::size_t byte = 0; byte < Row().size(); ++byte)
+            if (!text::isAsciiLetter(static_cast<char>(byte)))
+                set(index, byte, step(firstState, closed + static_cast<char>(byte)));
+    }
+
+    void fillFirstKeys(StateIndex index, const State& state) {
+        for (std::size_t byte = 0; byte < Row().size(); ++byte)
+            if (text::isAsciiLetter(static_cast<char>(byte)))
+                set(index, byte, stepOfReader(state, static_cast<char>(byte)));
+    }
+
+    /// A letter that the keys held back do not go on with decides the first of them, whatever letter it is;
+    /// the rest is a shorter state, in which the letter then does what it does.
+    void fillKeys(StateIndex index, const State& state) {
+        const std::string& held = state.first;
+        std::string decided;
+        Syllables syllables(decided, state.second);
+        std::string rest = held.substr(reader_.readFirst(held + noKey, syllables));
+        rest.erase(0, reader_.readDecided(rest, syllables));
+        const StateIndex shorter = indexOf(std::move(rest), syllables.open());
+        fillRow(shorter);
+        for (std::size_t byte = 0; byte < Row().size(); ++byte) {
+            const char letter = static_cast<char>(byte);
+            if (!text::isAsciiLetter(letter))
+                continue;
+            set(index, byte,
+                reader_.areBeginning(held + letter) ? stepOfReader(state, letter)
+                                                    : stepAfter(decided, result_.rows_[shorter][byte]));
+        }
+    }
+
+    /// Working a step out may add rows and so move them all: only then is its place looked up.
+    void set(StateIndex index, std::size_t byte, Step step) { result_.rows_[index][byte] = step; }
+
+    Step stepOfReader(const State& state, char letter) {
+        std::string written;
+        Syllables syllables(written, state.second);
+        std::string keys = state.first + letter;
+        keys.erase(0, reader_.readDecided(keys, syllables));
+        return step(indexOf(std::move(keys), syllables.open()), written);
+    }
+
+    Step stepAfter(const std::string& decided, const Step& then) {
+        return step(then.next, decided + result_.texts_.substr(then.text, then.length));
+    }
+
+    Step step(StateIndex next, const std::string& written) {
+        const auto place = static_cast<std::uint32_t>(result_.texts_.size());
+        const auto [known, isNew] = places_.emplace(written, place);
+        if (isNew)
+            result_.texts_ += written;
+        return {next, static_cast<std::uint16_t>(written.size()), known->second};
+    }
+
+    static constexpr char noKey = ' ';
+
+    const SinglishReader& reader_;
+    SinglishTransducer& result_;
+    std::vector<bool> isFilled_;
+    std::unordered_map<std::string, std::uint32_t> places_; // of the texts that steps write
+};
+
 SinglishTransducer::SinglishTransducer(const SinglishTransliterator::Tokens& tokens,
                                        const SinglishReader& reader) {
     for (const auto& [key, token] : tokens)
         if (key.size() > longestKey || !isOfLetters(key))
             return;
-    Places places;
-    stepOf({}, {}, places); // the state that every text begins in
-    while (rows_.size() < states_.size() && states_.size() <= mostStates) {
-        const State state = states_[rows_.size()];
-        rows_.push_back(rowOf(state, reader, places));
-    }
-    if (rows_.size() < states_.size())
-        rows_.clear();
+    if (!Builder(reader, *this).build())
+        indexes_.clear();
     texts_.append(usualStep, '\0'); // so that the usual step can be copied from everywhere
 }
 
-SinglishTransducer::Row SinglishTransducer::rowOf(const State& state, const SinglishReader& reader,
-                                                  Places& places) {
-    const auto& [held, open] = state;
-    std::string closed;
-    Syllables syllables(closed, open);
-    reader.read(held, syllables);
-    syllables.close();
-
-    Row row;
-    for (std::size_t value = 0; value < row.size(); ++value) {
-        const char byte = static_cast<char>(value);
-        if (text::isAsciiLetter(byte)) {
-            std::string written;
-            Syllables letters(written, open);
-            const std::string keys = held + byte;
-            const std::size_t decided = reader.readDecided(keys, letters);
-            row[value] = stepOf({keys.substr(decided), letters.open()}, written, places);
-        } else {
-            row[value] = stepOf({}, closed + byte, places);
-        }
-    }
-    return row;
-}
-
-SinglishTransducer::Step SinglishTransducer::stepOf(const State& next, const std::string& written,
-                                                    Places& places) {
-    const auto [index, isNew] = indexes_.emplace(next, static_cast<StateIndex>(states_.size()));
-    if (isNew)
-        states_.push_back(next);
-    const auto [place, isNewText] = places.emplace(written, static_cast<std::uint32_t>(texts_.size()));
-    if (isNewText)
-        texts_ += written;
-    return {index->second, static_cast<std::uint16_t>(written.size()), place->second};
-}
-
-void SinglishTransducer::write(std::string_view ascii, std::string& held, OpenConsonant& open,
+bool SinglishTransducer::write(std::string_view ascii, std::string& held, OpenConsonant& open,
                                std::string& text) const {
+    const auto start = indexes_.find({held, open});
+    if (start == indexes_.end())
+        return false;
     std::array<Lane, laneCount> lanes;
-    StateIndex state = indexes_.find({held, open})->second;
+    StateIndex state = start->second;
     const auto shortest = [&lanes] {
         const auto length = [](const Lane& lane) { return lane.rest.size(); };
         return length(*std::ranges::min_element(lanes, {}, length));
@@ -106,6 +177,7 @@ void SinglishTransducer::write(std::string_view ascii, std::string& held, OpenCo
         }
     }
     std::tie(held, open) = states_[state];
+    return true;
 }
 
 /// Cuts stretches for the lanes from the start of `ascii`, and returns how many lanes have one. Only the

@@ -7,7 +7,6 @@
 #include "text/Characters.h"
 
 #include <algorithm>
-#include <mutex>
 
 namespace vanoka {
 
@@ -15,9 +14,6 @@ namespace {
 
 using Token = SinglishTransliterator::Token;
 using Tokens = SinglishTransliterator::Tokens;
-
-/// From this size on, making the transducer costs less than it saves.
-constexpr std::size_t bulkSize = 64 * 1024; // in bytes
 
 Tokens tokensOfScheme() {
     Tokens tokens;
@@ -65,15 +61,15 @@ std::int64_t longestOf(const Tokens& tokens) {
 
 struct SinglishTransliterator::Keys {
     explicit Keys(Tokens keys)
-        : tokens(std::move(keys)), longest(longestOf(tokens)), reader(trieOf(tokens)) {}
+        : tokens(std::move(keys)),
+          longest(longestOf(tokens)),
+          reader(trieOf(tokens)),
+          transducer(tokens, reader) {}
 
     Tokens tokens;
     std::int64_t longest;
     SinglishReader reader;
-
-    // Made when the first long text comes: the keys of a composition never need it.
-    mutable std::once_flag transducerMade;
-    mutable SinglishTransducer transducer;
+    SinglishTransducer transducer;
 };
 
 const Tokens& SinglishTransliterator::builtInTokens() {
@@ -109,9 +105,7 @@ const SinglishReader& SinglishTransliterator::reader() const noexcept {
     return keys_->reader;
 }
 
-const SinglishTransducer& SinglishTransliterator::transducer() const {
-    std::call_once(keys_->transducerMade,
-                   [this] { keys_->transducer = SinglishTransducer(keys_->tokens, keys_->reader); });
+const SinglishTransducer& SinglishTransliterator::transducer() const noexcept {
     return keys_->transducer;
 }
 
@@ -122,16 +116,10 @@ std::optional<std::string_view> SinglishTransliterator::letterTypedBy(std::strin
 
 std::string SinglishTransliterator::transliterate(std::string_view text) const {
     std::string result;
-    if (text.size() >= bulkSize) {
-        SinglishStream stream(*this);
-        stream.write(text, result);
-        stream.finish(result);
-        return result;
-    }
     result.reserve(3 * text.size()); // most keys become one letter or sign of three bytes
-    Syllables syllables(result);
-    reader().read(text, syllables);
-    syllables.close();
+    SinglishStream stream(*this);
+    stream.write(text, result);
+    stream.finish(result);
     return result;
 }
 

@@ -58,7 +58,7 @@ private:
     struct Keys;
 
     const SinglishReader& reader() const noexcept;
-    const SinglishTransducer& transducer() const;
+    const SinglishTransducer& transducer() const noexcept;
 
     std::shared_ptr<const Keys> keys_;
 };

@@ -262,13 +262,15 @@ TEST(SinglishStream, GivesForPiecesWhatTheWholeGives) {
 TEST(SinglishStream, HoldsBackOnlyWhatALongerKeyMayClaim) {
     SinglishStream stream(SinglishTransliterator::standard());
     std::string text;
-    const std::vector<std::pair<std::string, std::string>> rows = {{"n", ""},
-                                                                   {"n", ""},
-                                                                   {"d", ""},
-                                                                   {"h", "\u0DB3"},
-                                                                   {"m", "\u0DB3\u0DCA"},
-                                                                   {"i", "\u0DB3\u0DCA\u0DB8"},
-                                                                   {" ", "\u0DB3\u0DCA\u0DB8\u0DD2 "}};
+    const std::vector<std::pair<std::string, std::string>> rows = {
+        {"n", ""},
+        {"n", ""},
+        {"d", ""},
+        {"h", "\u0DB3"},
+        {"m", "\u0DB3"},
+        {"i", "\u0DB3\u0DCA\u0DB8"},
+        {" ", "\u0DB3\u0DCA\u0DB8\u0DD2 "},
+    };
     for (const auto& [piece, expected] : rows) {
         stream.write(piece, text);
         EXPECT_EQ(text, expected) << piece;

@@ -1,0 +1,75 @@
+#include "Allocations.h"
+#include "M17n.h"
+#include "SampleText.h"
+#include "VanokaInputController.h"
+
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <vector>
+
+namespace vanoka::bench {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+class DoNothingClient final : public TextInputClient {
+public:
+    std::optional<std::string> bundleIdentifier() const override { return "client"; }
+    void insertText(std::string_view text, TextRange) override { benchmark::DoNotOptimize(text.data()); }
+    void setMarkedText(const MarkedText& text, TextRange, TextRange) override {
+        benchmark::DoNotOptimize(text.text.data());
+    }
+};
+
+KeyEvent eventOf(char key) {
+    return {.characters = std::string(1, key)};
+}
+
+/// The last key of a composition of so many keys, through the controller to a client that does nothing.
+void keyVanoka(benchmark::State& state) {
+    constexpr std::size_t batch = 256;
+    const std::string word = sampleWord(static_cast<std::size_t>(state.range(0)));
+    MemoryUserDefaults defaults;
+    SinglishSettings settings(defaults);
+    DoNothingClient client;
+    VanokaInputController composed("own", settings);
+    for (const char key : word.substr(0, word.size() - 1)) {
+        const KeyEvent event = eventOf(key);
+        composed.handle(&event, &client);
+    }
+    const KeyEvent last = eventOf(word.back());
+    std::size_t allocated = 0;
+    for (auto _ : state) {
+        std::vector<VanokaInputController> controllers(batch, composed);
+        const std::size_t before = allocations();
+        const auto start = Clock::now();
+        for (VanokaInputController& controller : controllers)
+            controller.handle(&last, &client);
+        state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count() / batch);
+        allocated = allocations() - before;
+    }
+    state.counters["allocations"] = static_cast<double>(allocated) / batch;
+}
+BENCHMARK(keyVanoka)->Name("key/vanoka")->Arg(1)->Arg(10)->Arg(20)->Arg(1000)->UseManualTime();
+
+/// The mean key of a word of so many keys.
+void keyM17n(benchmark::State& state) {
+    M17n peer;
+    if (!peer.isThere())
+        return state.SkipWithError("no hi-itrans here");
+    const std::string word = sampleWord(static_cast<std::size_t>(state.range(0)));
+    for (auto _ : state) {
+        const auto start = Clock::now();
+        for (const char key : word)
+            benchmark::DoNotOptimize(peer.press(key));
+        state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count() /
+                               static_cast<double>(word.size()));
+        peer.reset();
+    }
+}
+BENCHMARK(keyM17n)->Name("key/m17n")->Arg(20)->UseManualTime();
+
+} // namespace
+
+} // namespace vanoka::bench

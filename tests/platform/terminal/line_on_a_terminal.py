@@ -1,0 +1,291 @@
+"""Types on real pseudo-terminals and reads their screens: line_on_a_terminal.py PATH-TO-SINGLISH."""
+
+import os
+import pty
+import re
+import select
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+SINGLISH = os.path.abspath(sys.argv.pop(1))
+PATIENCE = 10  # seconds; everything here takes milliseconds
+
+
+def until(condition, describe):
+    """Waits until the condition holds; fails with what `describe` says when it does not."""
+    end = time.monotonic() + PATIENCE
+    while not condition():
+        if time.monotonic() > end:
+            raise AssertionError(describe())
+        time.sleep(0.01)
+
+
+class Tmux:
+    """A terminal of its own, with a shell command running on it."""
+
+    def __init__(self, command, columns=60, rows=12):
+        self.folder = tempfile.TemporaryDirectory(prefix="vanoka-tmux-")
+        self.socket = os.path.join(self.folder.name, "socket")
+        self.environment = {**os.environ, "XDG_CONFIG_HOME": self.folder.name, "LC_ALL": "C.UTF-8"}
+        self.environment.pop("TMUX", None)
+        self.tmux("-f", "/dev/null", "new-session", "-d", "-x", str(columns), "-y", str(rows), command)
+
+    def tmux(self, *arguments):
+        done = subprocess.run(["tmux", "-u", "-S", self.socket, *arguments], env=self.environment,
+                              capture_output=True, text=True, timeout=PATIENCE, check=True)
+        return done.stdout
+
+    def send(self, *keys):
+        self.tmux("send-keys", *keys)
+
+    def type(self, text):
+        self.tmux("send-keys", "-l", text)
+
+    def lines(self):
+        return [line.rstrip() for line in self.tmux("capture-pane", "-p").splitlines() if line.strip()]
+
+    def shows(self, *lines):
+        """Waits until these are the last lines on the screen."""
+        until(lambda: self.lines()[-len(lines):] == list(lines),
+              lambda: f"expected {lines} at the end of {self.lines()}")
+
+    def shows_underlined(self, text):
+        """Waits until the underlined part of the last row is this."""
+        pattern = re.compile("\x1b\\[(0;)?4m(\x1b\\[[34]9m)*" + text + "$", re.MULTILINE)
+        until(lambda: pattern.search(self.tmux("capture-pane", "-pe")),
+              lambda: repr(self.tmux("capture-pane", "-pe")))
+
+    def cursor(self):
+        x, y = self.tmux("display", "-p", "#{cursor_x} #{cursor_y}").split()
+        return int(x), int(y)
+
+    def close(self):
+        subprocess.run(["tmux", "-S", self.socket, "kill-server"], capture_output=True, timeout=PATIENCE,
+                       check=False)
+        self.folder.cleanup()
+
+
+class LineOnATerminal(unittest.TestCase):
+    def start(self, command=SINGLISH, **options):
+        tmux = Tmux(command, **options)
+        self.addCleanup(tmux.close)
+        return tmux
+
+    def start_typing(self, **options):
+        tmux = self.start(**options)
+        until(lambda: "Ctrl-D" in "".join(tmux.lines()), lambda: f"no hint in {tmux.lines()}")
+        return tmux
+
+    def test_a_word_stands_underlined_until_it_goes_in(self):
+        tmux = self.start_typing()
+        tmux.type("amma")
+        tmux.shows("අම්ම")
+        tmux.shows_underlined("අම්ම")
+        tmux.type(" gedhara")
+        tmux.shows("අම්ම ගෙදර")
+        tmux.shows_underlined("ගෙදර")
+        tmux.send("Enter")
+        tmux.type("k")
+        tmux.shows("අම්ම ගෙදර", "ක්")
+
+    def test_backspace_takes_visible_parts(self):
+        tmux = self.start_typing()
+        tmux.type("kya")
+        tmux.shows("ක්\u200dය")
+        for shown in ("ක්", "ක"):
+            tmux.send("BSpace")
+            tmux.shows(shown)
+        tmux.type(" z ")
+        tmux.shows("ක z")
+        tmux.send("BSpace", "BSpace", "BSpace", "BSpace")
+        tmux.type("m")
+        tmux.shows("ම්")
+
+    def test_escape_is_told_from_the_keys_that_begin_with_it(self):
+        tmux = self.start_typing()
+        tmux.type("amma")
+        tmux.send("Escape")
+        tmux.shows("amma")
+        tmux.send("Left")
+        tmux.type("k ")
+        tmux.shows("ammක් a")
+        tmux.send("Home")
+        tmux.type("x.")
+        tmux.shows("ං.ammක් a")
+        tmux.send("End")
+        tmux.type("x")
+        tmux.shows("ං.ammක් aං")
+        tmux.send("M-x")
+        tmux.type("1")
+        tmux.shows("ං.ammක් aං1")
+
+    def test_the_caret_stands_behind_the_word(self):
+        tmux = self.start_typing()
+        row = tmux.cursor()[1]
+        tmux.type("kal")
+        tmux.shows("කල්")
+        until(lambda: tmux.cursor() == (2, row), lambda: str(tmux.cursor()))
+        tmux.send("Left")
+        until(lambda: tmux.cursor() == (1, row), lambda: str(tmux.cursor()))
+        tmux.send("Home")
+        until(lambda: tmux.cursor() == (0, row), lambda: str(tmux.cursor()))
+
+    def test_earlier_lines_come_back(self):
+        tmux = self.start_typing()
+        tmux.type("amma")
+        tmux.send("Enter")
+        tmux.type("k")
+        tmux.send("Up")
+        tmux.shows("අම්ම", "අම්ම")
+        tmux.send("Down")
+        tmux.shows("අම්ම", "ක්")
+
+    def test_long_lines_wrap_and_resize(self):
+        tmux = self.start_typing(columns=40)
+        tmux.type("amma gedhara " * 8)
+
+        def wraps_to(rows, text):
+            """All of the text stands there once, in so many rows, under what is left of the hint."""
+            def typed():
+                lines = tmux.lines()
+                return lines[max((i for i, line in enumerate(lines) if line.endswith(".")), default=-1) + 1:]
+            until(lambda: len(typed()) == rows and "".join(typed()).replace(" ", "") == text.replace(" ", ""),
+                  lambda: f"expected {rows} rows: {tmux.lines()}")
+
+        wraps_to(2, "අම්ම ගෙදර " * 8)
+        tmux.tmux("resize-window", "-x", "30")
+        wraps_to(3, "අම්ම ගෙදර " * 8)
+        tmux.tmux("resize-window", "-x", "20")
+        wraps_to(4, "අම්ම ගෙදර " * 8)
+        tmux.tmux("resize-window", "-x", "60")
+        wraps_to(2, "අම්ම ගෙදර " * 8)
+        tmux.type("k")
+        wraps_to(2, "අම්ම ගෙදර " * 8 + "ක්")
+        tmux.send("Enter")
+        tmux.type("z")
+        tmux.shows("z")
+
+    def test_pasted_text_stays_as_it_is(self):
+        tmux = self.start_typing()
+        tmux.type("amma")
+        tmux.tmux("set-buffer", " amma, kya\nsecond line")
+        tmux.tmux("paste-buffer", "-p", "-r")
+        tmux.shows("අම්ම amma, kya", "second line")
+        tmux.type(" k")
+        tmux.shows("අම්ම amma, kya", "second line ක්")
+
+    def test_an_edit_of_the_keys_counts_at_the_next_key(self):
+        tmux = self.start_typing()
+        tmux.type("q")
+        tmux.shows("q")
+        subprocess.run([SINGLISH, "keys", "add", "q", "k"], env=tmux.environment, check=True,
+                       capture_output=True, timeout=PATIENCE)
+        tmux.type("a")
+        tmux.shows("ක")
+
+    def test_the_end_is_clean(self):
+        for keys, status in ((["C-d"], 0), (["k", "C-c"], 130), (["k", "C-\\"], 131)):
+            with self.subTest(keys=keys):
+                tmux = self.start(f"before=$(stty -g); {SINGLISH}; echo status $?; "
+                                  "[ $(stty -g) = $before ] && echo restored; sleep 60")
+                until(lambda: "Ctrl-D" in "".join(tmux.lines()), tmux.lines)
+                tmux.send(*keys)
+                tmux.shows(f"status {status}", "restored")
+
+    def test_signals_restore_the_terminal_and_keep_the_text(self):
+        for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGSEGV, signal.SIGABRT):
+            with self.subTest(signal=number):
+                tmux = self.start("ulimit -c 0; before=$(stty -g); "
+                                  f"sh -c 'echo $$ > $XDG_CONFIG_HOME/pid; exec {SINGLISH}'; "
+                                  "echo status $?; [ $(stty -g) = $before ] && echo restored; sleep 60")
+                until(lambda: "Ctrl-D" in "".join(tmux.lines()), tmux.lines)
+                tmux.type("amma")
+                tmux.shows("අම්ම")
+                with open(os.path.join(tmux.folder.name, "pid"), encoding="ascii") as file:
+                    os.kill(int(file.read()), number)
+                tmux.shows(f"status {128 + number}", "restored")
+                self.assertTrue(any(line.startswith("අම්ම") for line in tmux.lines()), tmux.lines())
+
+    def test_it_can_be_stopped_and_continued(self):
+        tmux = self.start("bash --norc --noprofile")
+        until(lambda: tmux.lines()[-1:] and tmux.lines()[-1][-1] in "#$", tmux.lines)
+        tmux.type(SINGLISH)
+        tmux.send("Enter")
+        until(lambda: "Ctrl-D" in "".join(tmux.lines()), tmux.lines)
+        tmux.type("amma")
+        tmux.send("C-z")
+        until(lambda: any("Stopped" in line for line in tmux.lines()), tmux.lines)
+        tmux.type("fg")
+        tmux.send("Enter")
+        tmux.type(" k")
+        until(lambda: tmux.lines()[-1] == "අම්ම ක්", tmux.lines)
+
+    def test_finished_lines_go_where_the_output_goes(self):
+        tmux = self.start(f"{SINGLISH} > $XDG_CONFIG_HOME/out; echo status $?; sleep 60")
+        until(lambda: "Ctrl-D" in "".join(tmux.lines()), tmux.lines)
+        tmux.type("amma")
+        tmux.send("Enter")
+        tmux.type("kya")
+        tmux.send("C-c")
+        tmux.shows("status 130")
+        with open(os.path.join(tmux.folder.name, "out"), encoding="utf-8") as file:
+            self.assertEqual(file.read(), "අම්ම\nක්\u200dය\n")
+
+    def test_a_terminal_that_cannot_move_its_cursor_is_told(self):
+        tmux = self.start(f"TERM=dumb {SINGLISH}; echo status $?; sleep 60")
+        tmux.shows("singlish: This terminal cannot move its cursor: set TERM to",
+                   "what it is, or pipe text through singlish", "status 3")
+
+
+class Utf8IsAskedFor(unittest.TestCase):
+    """Without a UTF-8 locale the terminal is asked where its cursor stands after a character of two bytes."""
+
+    def run_on_terminal(self, column):
+        environment = {**os.environ, "TERM": "xterm", "LC_ALL": "C"}
+        child, terminal = pty.fork()
+        if child == 0:
+            os.execve(SINGLISH, [SINGLISH], environment)
+        shown = b""
+        status = None
+        try:
+            end = time.monotonic() + PATIENCE
+            answered = False
+            while time.monotonic() < end:
+                if select.select([terminal], [], [], 0.1)[0]:
+                    try:
+                        shown += os.read(terminal, 4096)
+                    except OSError:
+                        break
+                if not answered and b"\x1b[6n" in shown:
+                    answered = True
+                    if column:
+                        os.write(terminal, b"a\x1b[5;%dR" % column)
+                if b"Ctrl-D" in shown and "අ".encode() in shown:
+                    os.write(terminal, b"\r\x04")
+            _, status = os.waitpid(child, 0)
+            child = None
+        finally:
+            os.close(terminal)
+            if child:
+                os.kill(child, signal.SIGKILL)
+                os.waitpid(child, 0)
+        return os.waitstatus_to_exitcode(status), shown.decode()
+
+    def test_a_terminal_that_shows_utf_8_is_typed_on(self):
+        status, shown = self.run_on_terminal(2)
+        self.assertEqual(status, 0)
+        self.assertIn("අ", shown)  # typed before the answer came, and not lost
+
+    def test_a_terminal_that_does_not_is_told(self):
+        for column in (3, None):
+            status, shown = self.run_on_terminal(column)
+            self.assertEqual(status, 3)
+            self.assertIn("This terminal does not show UTF-8", shown)
+
+
+if __name__ == "__main__":
+    unittest.main()
