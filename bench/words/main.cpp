@@ -1,0 +1,175 @@
+#include "Heap.h"
+#include "Lists.h"
+#include "text/Equivalence.h"
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <cstdio>
+#include <map>
+#include <string>
+
+namespace vanoka::bench {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::int64_t limit = 5;
+
+double secondsSince(Clock::time_point start) {
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+/// What the summary is made of, by name.
+std::map<std::string, double>& figures() {
+    static std::map<std::string, double> all;
+    return all;
+}
+
+void note(benchmark::State& state, const std::string& name, double value) {
+    state.counters[name] = value;
+    figures()[name + "/" + std::to_string(state.range(0))] = value;
+}
+
+/// Every query by itself, each once after one that warms nothing but the code.
+void suggestAll(benchmark::State& state) {
+    const GeneratedList& made = generatedList(static_cast<std::size_t>(state.range(0)));
+    std::vector<double> times;
+    for (auto _ : state) {
+        times.clear();
+        for (const std::string& prefix : made.prefixes) {
+            const auto start = Clock::now();
+            benchmark::DoNotOptimize(made.list.suggestionsFor(prefix, limit));
+            times.push_back(secondsSince(start) * 1e6);
+        }
+    }
+    std::ranges::sort(times);
+    note(state, "queries", static_cast<double>(times.size()));
+    note(state, "p50 us", times[times.size() / 2]);
+    note(state, "p99 us", times[times.size() * 99 / 100]);
+    note(state, "worst us", times.back());
+}
+
+void suggestOneLetter(benchmark::State& state) {
+    const GeneratedList& made = generatedList(static_cast<std::size_t>(state.range(0)));
+    double seconds = 0;
+    for (auto _ : state) {
+        const auto start = Clock::now();
+        for (const std::string& prefix : made.oneLetter)
+            benchmark::DoNotOptimize(made.list.suggestionsFor(prefix, limit));
+        seconds = secondsSince(start);
+        state.SetIterationTime(seconds);
+    }
+    note(state, "one letter us", seconds * 1e6 / static_cast<double>(made.oneLetter.size()));
+}
+
+void walkOneLetter(benchmark::State& state) {
+    const GeneratedList& made = generatedList(static_cast<std::size_t>(state.range(0)));
+    const PlainWalk plain(made);
+    double seconds = 0;
+    for (auto _ : state) {
+        const auto start = Clock::now();
+        for (const std::string& prefix : made.oneLetter)
+            benchmark::DoNotOptimize(plain.suggestionsFor(prefix, limit));
+        seconds = secondsSince(start);
+        state.SetIterationTime(seconds);
+    }
+    note(state, "one letter, plain us", seconds * 1e6 / static_cast<double>(made.oneLetter.size()));
+}
+
+void load(benchmark::State& state) {
+    const GeneratedList& made = generatedList(static_cast<std::size_t>(state.range(0)));
+    double seconds = 1e9, bytes = 0, peak = 0;
+    for (auto _ : state) {
+        const std::size_t before = heapBytes();
+        beginHeapPeak();
+        const auto start = Clock::now();
+        const SinhalaWordList list(made.tsv);
+        const double taken = secondsSince(start);
+        state.SetIterationTime(taken);
+        seconds = std::min(seconds, taken);
+        bytes = static_cast<double>(heapBytes() - before);
+        peak = static_cast<double>(heapPeak() - before);
+    }
+    const auto words = static_cast<double>(state.range(0));
+    note(state, "load ms", seconds * 1e3);
+    note(state, "bytes a word", bytes / words);
+    note(state, "bytes a word beyond its own", (bytes - static_cast<double>(made.ownBytes)) / words);
+    note(state, "peak over final", peak / bytes);
+}
+
+/// The lines as strings, each in its canonical composition, sorted.
+void loadPlain(benchmark::State& state) {
+    const GeneratedList& made = generatedList(static_cast<std::size_t>(state.range(0)));
+    double seconds = 1e9;
+    for (auto _ : state) {
+        const auto start = Clock::now();
+        std::vector<std::string> lines;
+        for (std::string_view rest = made.tsv; !rest.empty();) {
+            const std::size_t end = rest.find('\n');
+            lines.push_back(text::nfc(rest.substr(0, end)));
+            rest.remove_prefix(end + 1);
+        }
+        std::ranges::sort(lines);
+        benchmark::DoNotOptimize(lines.data());
+        const double taken = secondsSince(start);
+        state.SetIterationTime(taken);
+        seconds = std::min(seconds, taken);
+    }
+    note(state, "load, plain ms", seconds * 1e3);
+}
+
+void sizes(benchmark::internal::Benchmark* each) {
+    for (const int size : {10'000, 100'000, 1'000'000})
+        each->Arg(size);
+    each->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(suggestAll)->Name("suggest/every prefix")->Apply(sizes)->Iterations(1);
+BENCHMARK(suggestOneLetter)->Name("suggest/one letter")->Apply(sizes)->Iterations(20)->UseManualTime();
+BENCHMARK(walkOneLetter)
+    ->Name("suggest/one letter, plain walk")
+    ->Apply(sizes)
+    ->Iterations(3)
+    ->UseManualTime();
+BENCHMARK(load)->Name("load/list")->Apply(sizes)->Iterations(3)->UseManualTime();
+BENCHMARK(loadPlain)->Name("load/plain read, normalise, sort")->Apply(sizes)->Iterations(3)->UseManualTime();
+
+void printRatio(const char* what, const char* ours, const char* peer, int size) {
+    const auto our = figures().find(ours + ("/" + std::to_string(size)));
+    const auto plain = figures().find(peer + ("/" + std::to_string(size)));
+    if (our != figures().end() && plain != figures().end())
+        std::printf("%10.2f  %s, %d words\n", plain->second / our->second, what, size);
+}
+
+void printFigure(const char* what, int size) {
+    if (const auto figure = figures().find(what + ("/" + std::to_string(size))); figure != figures().end())
+        std::printf("%10.2f  %s, %d words\n", figure->second, what, size);
+}
+
+void printSummary() {
+    std::puts("\nTimes as fast:");
+    for (const int size : {10'000, 100'000, 1'000'000}) {
+        printRatio("one-letter prefixes, beside the plain walk", "one letter us", "one letter, plain us",
+                   size);
+        printRatio("loading, beside a plain read, normalise, sort", "load ms", "load, plain ms", size);
+    }
+    std::puts("\nFigures:");
+    for (const int size : {10'000, 100'000, 1'000'000})
+        for (const char* what : {"p99 us", "worst us", "bytes a word beyond its own", "peak over final"})
+            printFigure(what, size);
+}
+
+} // namespace
+
+} // namespace vanoka::bench
+
+int main(int count, char** arguments) {
+    benchmark::Initialize(&count, arguments);
+    if (benchmark::ReportUnrecognizedArguments(count, arguments))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    vanoka::bench::printSummary();
+    return 0;
+}
