@@ -22,6 +22,12 @@ Scalar firstScalar(std::string_view text) noexcept {
     const auto first = static_cast<unsigned char>(text.front());
     if (first < 0x80)
         return {first, 1, true};
+    // Most of what is read here is Sinhala: E0 with a second byte of at least A0, and so no overlong form.
+    if (first == 0xE0 && text.size() >= 3 && isContinuation(text[1]) && isContinuation(text[2])) {
+        const auto second = static_cast<unsigned char>(text[1]), third = static_cast<unsigned char>(text[2]);
+        if (second >= 0xA0)
+            return {(second & 0x3FU) << 6 | (third & 0x3FU), 3, true};
+    }
     utf8proc_int32_t value = 0;
     const auto size = static_cast<utf8proc_ssize_t>(std::min(text.size(), longestScalar));
     const auto length =

@@ -1,5 +1,6 @@
 #include "words/CompactText.h"
 
+#include "support/Fatal.h"
 #include "text/Signs.h"
 #include "text/Utf8.h"
 
@@ -9,7 +10,8 @@ namespace vanoka::CompactText {
 
 namespace {
 
-constexpr char32_t sinhalaStart = 0x0D80;
+constexpr char32_t sinhalaStart = 0x0D80, sinhalaLast = 0x0DFF;
+constexpr char below = '\x80', above = '\xFF';
 
 constexpr std::array signs = [] {
     std::array<bool, 256> all{};
@@ -20,9 +22,25 @@ constexpr std::array signs = [] {
 
 } // namespace
 
+bool assign(std::string_view text, std::string& bytes) {
+    bytes.clear();
+    while (!text.empty()) {
+        const text::Scalar scalar = text::firstScalar(text);
+        if (!scalar.wellFormed)
+            return false;
+        if (scalar.value < 0x80 || (scalar.value > sinhalaStart && scalar.value < sinhalaLast))
+            bytes += static_cast<char>(scalar.value & 0xFFU);
+        else
+            (bytes += scalar.value <= sinhalaStart ? below : above) += text.substr(0, scalar.length);
+        text.remove_prefix(scalar.length);
+    }
+    return true;
+}
+
 std::string compact(std::string_view text) {
     std::string bytes;
-    append(text, bytes);
+    if (!assign(text, bytes))
+        fatal("A text is not well-formed UTF-8");
     return bytes;
 }
 

@@ -16,28 +16,9 @@
 /// form does. Only well-formed text has a compact form.
 namespace vanoka::CompactText {
 
-/// Appends the compact form of `text`, which is well-formed UTF-8.
-template <class Bytes>
-void append(std::string_view text, Bytes& bytes) {
-    constexpr char below = '\x80', above = '\xFF';
-    const std::string_view beforeSinhala = "\xE0\xB6\x80", lastSinhala = "\xE0\xB7\xBF";
-    while (!text.empty()) {
-        const auto lead = static_cast<unsigned char>(text[0]);
-        const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-        const std::string_view scalar = text.substr(0, length);
-        text.remove_prefix(scalar.size());
-        if (length == 1) {
-            bytes.push_back(scalar[0]);
-        } else if (scalar > beforeSinhala && scalar < lastSinhala) {
-            const bool isUpperHalf = scalar[1] == '\xB7';
-            bytes.push_back(
-                static_cast<char>(static_cast<unsigned char>(scalar[2]) + (isUpperHalf ? 0x40 : 0)));
-        } else {
-            bytes.push_back(scalar < lastSinhala ? below : above);
-            bytes.insert(bytes.end(), scalar.begin(), scalar.end());
-        }
-    }
-}
+/// Replaces what is in `bytes` by the compact form of `text`; false, and an unspecified result, when that is
+/// not well-formed UTF-8.
+[[nodiscard]] bool assign(std::string_view text, std::string& bytes);
 
 /// The compact form of `text`, which is well-formed UTF-8.
 std::string compact(std::string_view text);

@@ -46,9 +46,8 @@ EmojiWords::EmojiWords() : EmojiWords(std::string_view()) {}
 
 EmojiWords::EmojiWords(std::string_view tsv) {
     KeyedTexts::Builder sinhala, english;
-    std::string kept;
     text::forEachRow(tsv, [&](std::string_view word, std::string_view emoji) {
-        kept.assign(word).append(1, separator).append(emoji);
+        const std::string kept = CompactText::compact(std::string(word) + separator + std::string(emoji));
         if (isSinhalaWord(word))
             sinhala.add(sinhalaKey(word), kept);
         else

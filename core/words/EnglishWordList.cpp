@@ -37,13 +37,13 @@ struct EnglishWordList::Tables {
 class EnglishWordList::Builder {
 public:
     void addWord(std::string_view word, std::int64_t count) {
-        if (!words_.add(keyOf(word), word))
+        if (!words_.add(keyOf(word), CompactText::compact(word)))
             return;
         makeRoom(counts_, 1);
         counts_.push_back(count);
     }
 
-    void addChat(std::string_view word) { chat_.add(keyOf(word), word); }
+    void addChat(std::string_view word) { chat_.add(keyOf(word), CompactText::compact(word)); }
 
     std::shared_ptr<const Tables> finish() {
         auto tables = std::make_shared<Tables>();

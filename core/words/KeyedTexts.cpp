@@ -86,9 +86,7 @@ std::size_t KeyedTexts::memory() const noexcept {
 }
 
 bool KeyedTexts::Builder::add(std::string_view key, std::string_view text) {
-    compact_.clear();
-    CompactText::append(text, compact_);
-    const std::string_view kept = compact_ == key ? std::string_view() : compact_;
+    const std::string_view kept = text == key ? std::string_view() : text;
     const std::size_t most = 2 * longestLength + key.size() + kept.size();
     std::vector<char>& pool = texts_.pool_;
     if (most > std::numeric_limits<std::uint32_t>::max() - pool.size())

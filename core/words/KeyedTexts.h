@@ -70,7 +70,6 @@ public:
 
 private:
     KeyedTexts texts_;
-    std::string compact_; ///< a buffer
 };
 
 } // namespace vanoka

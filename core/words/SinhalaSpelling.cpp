@@ -1,7 +1,7 @@
 #include "words/SinhalaSpelling.h"
 
 #include "text/Equivalence.h"
-#include "text/Utf8.h"
+#include "words/CompactText.h"
 
 #include <algorithm>
 #include <array>
@@ -72,32 +72,57 @@ static_assert(!isSound(std::array{LooseLetter{U'ඛ', "ක"}, LooseLetter{U'ඛ'
 static_assert(!isSound(std::array{LooseLetter{U'ඨ', "ට"}, LooseLetter{U'ට', "ත"}})); // in two steps
 static_assert(!isSound(std::array{LooseLetter{U'k', "ක"}}));
 
+/// What stands for the Sinhala scalar of a compact unit: at most three others.
 struct Replacement {
-    std::string_view text;
-    bool isReplaced = false;
+    std::array<char, 3> units{};
+    std::size_t length = 0;
 };
 
-/// The table by scalar, for the Sinhala block.
+/// The table by compact unit, for those of one byte.
 constexpr std::array replacements = [] {
-    std::array<Replacement, sinhalaEnd - sinhalaStart> all{};
-    for (const LooseLetter& row : looseTable)
-        if (isSinhala(row.scalar))
-            all[row.scalar - sinhalaStart] = {row.replacement, true};
+    std::array<Replacement, 256> all{};
+    for (std::size_t unit = 0; unit < all.size(); ++unit)
+        all[unit] = {{static_cast<char>(unit)}, 1};
+    for (const LooseLetter& row : looseTable) {
+        if (!isSinhala(row.scalar))
+            continue;
+        Replacement& replacement = all[row.scalar & 0xFFU] = {};
+        for (std::string_view rest = row.replacement; !rest.empty(); rest.remove_prefix(3))
+            replacement.units[replacement.length++] = static_cast<char>(scalarOfThreeBytes(rest) & 0xFFU);
+    }
     return all;
 }();
 
-void appendFolded(std::string_view composed, std::string& key) {
+bool isJoiner(std::string_view unit) {
+    return unit == "\xFF\u200D" || unit == "\xFF\u200C";
+}
+
+void assignFolded(std::string_view composed, std::string& key) {
+    key.clear();
     while (!composed.empty()) {
-        const text::Scalar scalar = text::firstScalar(composed);
-        const std::string_view itself = composed.substr(0, scalar.length);
-        composed.remove_prefix(scalar.length);
-        if (isSinhala(scalar.value)) {
-            const Replacement& replacement = replacements[scalar.value - sinhalaStart];
-            key += replacement.isReplaced ? replacement.text : itself;
-        } else if (scalar.value != joiner && scalar.value != nonJoiner) {
-            key += itself;
+        const std::string_view unit = CompactText::firstUnit(composed);
+        composed.remove_prefix(unit.size());
+        if (unit.size() == 1) {
+            const Replacement& replacement = replacements[static_cast<unsigned char>(unit[0])];
+            key.append(replacement.units.data(), replacement.length);
+        } else if (!isJoiner(unit)) {
+            key += unit;
         }
     }
+}
+
+/// True only for what is its own canonical composition: the signs ෙ and ො are all that composes in Sinhala,
+/// and nothing in ASCII does.
+bool isKnownComposed(std::string_view compact) {
+    while (!compact.empty()) {
+        const std::string_view unit = CompactText::firstUnit(compact);
+        compact.remove_prefix(unit.size());
+        const bool composes = unit == "\xD9" || unit == "\xDC";
+        if (unit.size() > 1 ? !isJoiner(unit)
+                            : composes && !compact.empty() && CompactText::isSign(compact[0]))
+            return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -107,16 +132,18 @@ std::span<const LooseLetter> looseLetters() noexcept {
 }
 
 std::string looseKey(std::string_view text) {
-    std::string key;
-    appendLooseKey(text, key);
-    return key;
+    std::string compact, key;
+    if (!CompactText::assign(text, compact))
+        return {};
+    assignLooseKey(compact, key);
+    return CompactText::expanded(key);
 }
 
-void appendLooseKey(std::string_view text, std::string& key) {
-    if (text::isKnownComposed(text))
-        appendFolded(text, key);
+void assignLooseKey(std::string_view compact, std::string& key) {
+    if (isKnownComposed(compact))
+        assignFolded(compact, key);
     else
-        appendFolded(text::nfc(text), key);
+        assignFolded(CompactText::compact(text::nfc(CompactText::expanded(compact))), key);
 }
 
 } // namespace vanoka::SinhalaSpelling

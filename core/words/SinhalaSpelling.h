@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -19,11 +18,12 @@ struct LooseLetter {
 /// process.
 std::span<const LooseLetter> looseLetters() noexcept;
 
-/// The loose key of `text`: its canonical composition with every loose letter replaced. Ill-formed bytes stay
-/// as they are.
+/// The loose key of `text`, well-formed UTF-8: its canonical composition with every loose letter replaced.
+/// Empty for ill-formed text.
 std::string looseKey(std::string_view text);
 
-/// Appends the loose key of `text` to `key`.
-void appendLooseKey(std::string_view text, std::string& key);
+/// The same in compact form (see "words/CompactText.h"): replaces what is in `key` by the loose key of the
+/// text whose compact form is `compact`.
+void assignLooseKey(std::string_view compact, std::string& key);
 
 } // namespace vanoka::SinhalaSpelling

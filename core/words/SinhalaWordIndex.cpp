@@ -3,7 +3,6 @@
 #include "support/Checked.h"
 #include "support/Growth.h"
 #include "text/Equivalence.h"
-#include "text/Utf8.h"
 #include "words/SinhalaSpelling.h"
 #include "words/SortedOrder.h"
 
@@ -34,13 +33,10 @@ bool isTooLargeToTriple(std::int64_t count) {
 } // namespace
 
 void SinhalaWordIndex::Builder::add(std::string_view word, std::int64_t count) {
-    if (!text::isWellFormed(word))
+    if (!CompactText::assign(word, word_))
         return;
-    key_.clear();
-    compactKey_.clear();
-    SinhalaSpelling::appendLooseKey(word, key_);
-    CompactText::append(key_, compactKey_);
-    if (!words_.add(compactKey_, word))
+    SinhalaSpelling::assignLooseKey(word_, key_);
+    if (!words_.add(key_, word_))
         return;
     makeRoom(counts_, 1);
     counts_.push_back(count);

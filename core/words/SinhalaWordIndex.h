@@ -96,7 +96,7 @@ public:
 private:
     KeyedTexts::Builder words_;
     std::vector<std::int64_t> counts_;
-    std::string key_, compactKey_; ///< buffers
+    std::string word_, key_; ///< buffers
 };
 
 } // namespace vanoka

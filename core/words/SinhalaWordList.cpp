@@ -3,7 +3,6 @@
 #include "support/Checked.h"
 #include "text/Equivalence.h"
 #include "text/Rows.h"
-#include "text/Utf8.h"
 #include "words/CompactText.h"
 #include "words/SinhalaSpelling.h"
 #include "words/SinhalaWordIndex.h"
@@ -101,16 +100,19 @@ std::int64_t SinhalaWordList::typicalCount() const noexcept {
 }
 
 std::int64_t SinhalaWordList::countOfSpelling(std::string_view text) const {
-    if (!text::isWellFormed(text))
+    std::string compact, key;
+    if (!CompactText::assign(text, compact))
         return 0;
-    return index_->countUnder(CompactText::compact(SinhalaSpelling::looseKey(text)));
+    SinhalaSpelling::assignLooseKey(compact, key);
+    return index_->countUnder(key);
 }
 
 std::vector<std::string> SinhalaWordList::suggestionsFor(std::string_view text, std::int64_t limit,
                                                          const SinhalaWordList* personal) const {
-    if (!text::isWellFormed(text))
+    std::string compact, typed;
+    if (!CompactText::assign(text, compact))
         return {};
-    const std::string typed = CompactText::compact(SinhalaSpelling::looseKey(text));
+    SinhalaSpelling::assignLooseKey(compact, typed);
     std::string_view key = typed;
     if (key.ends_with(CompactText::virama))
         key.remove_suffix(CompactText::virama.size());

@@ -33,7 +33,7 @@ TEST(SinhalaSpelling, FoldsWhatTypistsConfuse) {
         {"\u0D9A\u0DCA\u200C\u0DC2", "\u0D9A\u0DCA\u0DC3"},
         {"\u0DA4\u0DA5\u0DA6\u0D83\u0DDB\u0DDE", "\u0DA4\u0DA5\u0DA6\u0D83\u0DDB\u0DDE"},
         {"e\u0301K\u212A", "\u00E9KK"},
-        {"\xE0\xB6\u0D9B\xFF", "\xE0\xB6\u0D9A\xFF"},
+        {"\u0D9B\xFF", ""},
     };
     for (const Row& row : rows)
         EXPECT_EQ(looseKey(row.text), row.key) << row.text;
@@ -49,7 +49,7 @@ TEST(SinhalaSpelling, HasOneRowForEachLooseLetter) {
 }
 
 TEST(SinhalaSpelling, AgreesWithThePlainTableOnEveryScalar) {
-    for (char32_t scalar = 0; scalar < 0x3000; ++scalar)
+    for (char32_t scalar = 0; scalar < 0xD800; ++scalar)
         EXPECT_EQ(looseKey(text::utf8(scalar)), test::plain::looseKey(text::utf8(scalar)))
             << static_cast<unsigned>(scalar);
 }
