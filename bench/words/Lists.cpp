@@ -16,8 +16,9 @@ namespace {
 constexpr std::string_view virama = "\u0DCA";
 constexpr std::size_t mostLetters = 4;
 
-/// The first letters of a word, each with its signs, in two forms: as they are written, and each but the last
-/// with a virama in place of its signs.
+/// What a typist has written after each of the first letters of a word: the letters with their signs, the
+/// same without the last one's signs, and what abbreviates them: each with a virama in place of its signs,
+/// but the last one perhaps without.
 void collectPrefixes(std::string_view word, std::set<std::string>& oneLetter,
                      std::set<std::string>& prefixes) {
     std::string written, abbreviated;
@@ -25,13 +26,15 @@ void collectPrefixes(std::string_view word, std::set<std::string>& oneLetter,
         if (letters > 0)
             abbreviated += virama;
         abbreviated += word.substr(0, text::firstScalar(word).length);
+        const std::string_view letter = word.substr(0, text::firstScalar(word).length);
+        prefixes.insert(written + std::string(letter));
+        if (letters == 0)
+            oneLetter.emplace(letter);
         do {
             const std::size_t length = text::firstScalar(word).length;
             written += word.substr(0, length);
             word.remove_prefix(length);
         } while (!word.empty() && text::isSinhalaSign(text::firstScalar(word).value));
-        if (letters == 0)
-            oneLetter.insert(written);
         prefixes.insert(written);
         prefixes.insert(abbreviated);
         prefixes.insert(abbreviated + std::string(virama));

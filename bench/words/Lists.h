@@ -13,7 +13,7 @@ struct GeneratedList {
     std::string tsv;
     SinhalaWordList list;
     std::size_t ownBytes = 0;
-    std::vector<std::string> oneLetter; ///< every one-letter prefix
+    std::vector<std::string> oneLetter; ///< every letter that begins a word
     std::vector<std::string> prefixes;  ///< every prefix of one to four letters, and what abbreviates it
 };
 

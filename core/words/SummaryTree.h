@@ -70,6 +70,7 @@ public:
         : tree_(tree), first_(first), end_(end), countAt_(countAt), admits_(admits) {
         if (first == end)
             return;
+        heap_.reserve(usualHeap);
         unsigned level = 0;
         while (level < tree.height() && indexAt(end - 1, level) - indexAt(first, level) >= fanOut)
             ++level;
@@ -93,6 +94,8 @@ public:
 private:
     static constexpr unsigned bits = SummaryTree<Summary>::fanOutBits;
     static constexpr std::size_t fanOut = std::size_t{1} << bits;
+
+    static constexpr std::size_t usualHeap = 128; // what the best few of a million take
 
     struct Node {
         std::int64_t most = 0;   // of what stands here or below
