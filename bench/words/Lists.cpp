@@ -16,6 +16,12 @@ namespace {
 constexpr std::string_view virama = "\u0DCA";
 constexpr std::size_t mostLetters = 4;
 
+/// A joiner is no letter that anybody waits for.
+bool endsLetter(std::string_view rest) {
+    const char32_t scalar = text::firstScalar(rest).value;
+    return rest.empty() || (!text::isSinhalaSign(scalar) && scalar != 0x200D);
+}
+
 /// What a typist has written after each of the first letters of a word: the letters with their signs, the
 /// same without the last one's signs, and what abbreviates them: each with a virama in place of its signs,
 /// but the last one perhaps without.
@@ -34,7 +40,7 @@ void collectPrefixes(std::string_view word, std::set<std::string>& oneLetter,
             const std::size_t length = text::firstScalar(word).length;
             written += word.substr(0, length);
             word.remove_prefix(length);
-        } while (!word.empty() && text::isSinhalaSign(text::firstScalar(word).value));
+        } while (!endsLetter(word));
         prefixes.insert(written);
         prefixes.insert(abbreviated);
         prefixes.insert(abbreviated + std::string(virama));

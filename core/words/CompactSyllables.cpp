@@ -8,11 +8,14 @@ constexpr std::size_t distinguishedLetters = 4;
 constexpr unsigned classes = 16; // of marks, for each letter
 
 constexpr unsigned classOfNone = 0x1;
+constexpr unsigned classOfSeveral = 0x6;
 constexpr unsigned classOfStrayFirst = 0x5; // for a sign that has no letter before it
 
 /// No two signs that are common in loose keys end in the same four bits: CA D0 D2 D4 D8 D9 DB DC DE DF 83.
 unsigned classOf(std::string_view marks) noexcept {
-    return marks.empty() ? classOfNone : static_cast<unsigned char>(marks.back()) % classes;
+    if (marks.size() > 1)
+        return classOfSeveral;
+    return marks.empty() ? classOfNone : static_cast<unsigned char>(marks[0]) % classes;
 }
 
 std::uint64_t bit(std::size_t letter, unsigned markClass) noexcept {
