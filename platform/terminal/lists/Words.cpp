@@ -17,6 +17,11 @@ enum class Part : std::uint8_t { letter, sign, link, none };
 constexpr char32_t nonJoiner = 0x200C, joiner = 0x200D;
 constexpr char32_t apostrophe = '\'', curlyApostrophe = 0x2019;
 
+/// Most of what stands between words is ASCII, and all of most English words.
+bool isAscii(char byte) noexcept {
+    return static_cast<unsigned char>(byte) < 0x80;
+}
+
 Part sinhalaPart(char32_t scalar) noexcept {
     if (scalar >= 0x0D85 && scalar <= 0x0DC6)
         return Part::letter;
@@ -38,15 +43,22 @@ Part englishPart(char32_t scalar) noexcept {
 /// A word begins with a letter and ends with a letter or a sign.
 template <class PartOf>
 std::string_view takeWord(std::string_view& rest, PartOf partOf) noexcept {
-    while (!rest.empty()) {
-        const text::Scalar first = text::firstScalar(rest);
+    const auto scalarAt = [&](std::size_t at) {
+        if (isAscii(rest[at]))
+            return text::Scalar{static_cast<unsigned char>(rest[at]), 1, true};
+        return text::firstScalar(rest.substr(at));
+    };
+    std::size_t start = 0;
+    while (start < rest.size()) {
+        const text::Scalar first = scalarAt(start);
         if (partOf(first.value) == Part::letter)
             break;
-        rest.remove_prefix(first.length);
+        start += first.length;
     }
+    rest.remove_prefix(start);
     std::size_t at = 0, end = 0;
     while (at < rest.size()) {
-        const text::Scalar scalar = text::firstScalar(rest.substr(at));
+        const text::Scalar scalar = scalarAt(at);
         const Part part = partOf(scalar.value);
         if (part == Part::none)
             break;
