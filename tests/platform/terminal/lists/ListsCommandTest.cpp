@@ -209,8 +209,8 @@ TEST(Suggester, ReadsSinglishAndSinhala) {
     EXPECT_EQ(output.str(), "\u0D85\u0DB8\u0DCA\t\u0D85\u0DB8\u0DD4\t\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\n"
                             "\u0D85\u0DB8\t\u0D85\u0DB8\u0DD4\t\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\n\nq\n");
     suggester.personal.emplace("\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\t8\n");
-    suggester.limit = 1;
-    EXPECT_EQ(suggester.row("a"), "\u0D85\t\u0D85\u0DB8\u0DCA\u0DB8\u0DCF");
+    suggester.limit = 2;
+    EXPECT_EQ(suggester.row("a"), "\u0D85\t\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\t\u0D85\u0DB8\u0DD4");
 }
 
 } // namespace
