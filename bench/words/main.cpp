@@ -1,5 +1,9 @@
 #include "Heap.h"
 #include "Lists.h"
+#include "Randoms.h"
+#include "WordCounter.h"
+#include "WordLists.h"
+#include "Words.h"
 #include "text/Equivalence.h"
 
 #include <algorithm>
@@ -8,6 +12,7 @@
 #include <map>
 #include <string>
 #include <time.h>
+#include <unordered_map>
 
 namespace vanoka::bench {
 
@@ -123,6 +128,72 @@ void loadPlain(benchmark::State& state) {
     note(state, "load, plain ms", seconds * 1e3);
 }
 
+/// Words of a list as a text would have them: the common ones far more often than the rare ones.
+const std::string& runningText() {
+    static const std::string text = [] {
+        constexpr std::size_t size = 32 * 1024 * 1024;
+        const auto words = test::sinhalaLikeWords(100'000);
+        test::Randoms randoms(5);
+        std::string made;
+        while (made.size() < size)
+            made += words[randoms.below(1 + randoms.below(words.size()))].word +
+                    (randoms.oneIn(12) ? ".\n" : " ");
+        return made;
+    }();
+    return text;
+}
+
+/// What vanoka-lists count does with a text: cut it, split it into words, count them, sort the words.
+void count(benchmark::State& state) {
+    const std::string& text = runningText();
+    constexpr std::size_t piece = 256 * 1024;
+    double seconds = 1e9;
+    for (auto _ : state) {
+        const std::size_t before = heapBytes();
+        beginHeapPeak();
+        const double start = now();
+        {
+            WordCounter words;
+            PieceCutter cutter;
+            const auto add = [&](std::string_view whole) {
+                forEachSinhalaWord(whole, [&](std::string_view word) { words.add(word); });
+            };
+            for (std::size_t at = 0; at < text.size(); at += piece)
+                cutter.write(std::string_view(text).substr(at, piece), add);
+            cutter.finish(add);
+            benchmark::DoNotOptimize(words.ranked(1).size());
+        }
+        const double taken = now() - start;
+        state.SetIterationTime(taken);
+        seconds = std::min(seconds, taken);
+        state.counters["peak MB"] = static_cast<double>(heapPeak() - before) / 1e6;
+    }
+    figures()["MB/s counted"] = static_cast<double>(text.size()) / 1e6 / seconds;
+    state.counters["MB/s"] = figures()["MB/s counted"];
+}
+
+/// The same words split at spaces and counted in the standard library's hash table.
+void countPlain(benchmark::State& state) {
+    const std::string& text = runningText();
+    double seconds = 1e9;
+    for (auto _ : state) {
+        const double start = now();
+        std::unordered_map<std::string, std::int64_t> words;
+        for (std::size_t at = 0; at < text.size();) {
+            const std::size_t end = std::min(text.find_first_of(" .\n", at), text.size());
+            if (end > at)
+                ++words[text.substr(at, end - at)];
+            at = end + 1;
+        }
+        benchmark::DoNotOptimize(words.size());
+        const double taken = now() - start;
+        state.SetIterationTime(taken);
+        seconds = std::min(seconds, taken);
+    }
+    figures()["MB/s counted, plain"] = static_cast<double>(text.size()) / 1e6 / seconds;
+    state.counters["MB/s"] = figures()["MB/s counted, plain"];
+}
+
 void sizes(benchmark::internal::Benchmark* each) {
     for (const int size : {10'000, 100'000, 1'000'000})
         each->Arg(size);
@@ -138,6 +209,13 @@ BENCHMARK(walkOneLetter)
     ->UseManualTime();
 BENCHMARK(load)->Name("load/list")->Apply(sizes)->Iterations(3)->UseManualTime();
 BENCHMARK(loadPlain)->Name("load/plain read, normalise, sort")->Apply(sizes)->Iterations(3)->UseManualTime();
+
+BENCHMARK(count)->Name("count")->Iterations(3)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(countPlain)
+    ->Name("count/plain split and map")
+    ->Iterations(3)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 
 void printRatio(const char* what, const char* ours, const char* peer, int size) {
     const auto our = figures().find(ours + ("/" + std::to_string(size)));
@@ -158,10 +236,15 @@ void printSummary() {
                    size);
         printRatio("loading, beside a plain read, normalise, sort", "load ms", "load, plain ms", size);
     }
+    if (figures().contains("MB/s counted") && figures().contains("MB/s counted, plain"))
+        std::printf("%10.2f  counting words, beside a plain split and the standard map\n",
+                    figures()["MB/s counted"] / figures()["MB/s counted, plain"]);
     std::puts("\nFigures:");
     for (const int size : {10'000, 100'000, 1'000'000})
         for (const char* what : {"p99 us", "worst us", "bytes a word beyond its own", "peak over final"})
             printFigure(what, size);
+    if (figures().contains("MB/s counted"))
+        std::printf("%10.2f  MB/s, counting words\n", figures()["MB/s counted"]);
 }
 
 } // namespace
