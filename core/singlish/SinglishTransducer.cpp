@@ -84,10 +84,26 @@ private:
         Syllables syllables(closed, state.second);
         reader_.read(state.first, syllables);
         syllables.close();
-        set(index, endOfText, step(firstState, closed));
-        for (std::size_t byte = 0; byte < endOfText; ++byte)
+        const auto length = static_cast<std::uint16_t>(closed.size());
+        std::uint32_t place = placeOfClosed(closed);
+        set(index, endOfText, {firstState, length, place});
+        for (std::size_t byte = 0; byte < endOfText; ++byte) {
+            if (text::isAsciiLetter(static_cast<char>(byte)))
+                continue;
+            set(index, byte, {firstState, static_cast<std::uint16_t>(length + 1U), place});
+            place += length + 1U;
+        }
+    }
+
+    /// Where `closed` stands with each byte after it that is no letter. Few texts close a state, so all of
+    /// them are written at once rather than looked up one by one.
+    std::uint32_t placeOfClosed(const std::string& closed) {
+        const auto place = static_cast<std::uint32_t>(result_.texts_.size());
+        const auto [known, isNew] = placesOfClosed_.emplace(closed, place);
+        for (std::size_t byte = 0; isNew && byte < endOfText; ++byte)
             if (!text::isAsciiLetter(static_cast<char>(byte)))
-                set(index, byte, step(firstState, closed + static_cast<char>(byte)));
+                result_.texts_.append(closed) += static_cast<char>(byte);
+        return known->second;
     }
 
     void fillFirstKeys(StateIndex index, const State& state) {
@@ -128,6 +144,8 @@ private:
     }
 
     Step stepAfter(const std::string& decided, const Step& then) {
+        if (decided.empty())
+            return then;
         return step(then.next, decided + result_.texts_.substr(then.text, then.length));
     }
 
@@ -144,7 +162,8 @@ private:
     const SinglishReader& reader_;
     SinglishTransducer& result_;
     std::vector<bool> isFilled_;
-    std::unordered_map<std::string, std::uint32_t> places_; // of the texts that steps write
+    std::unordered_map<std::string, std::uint32_t> places_;         // of the texts that letters write
+    std::unordered_map<std::string, std::uint32_t> placesOfClosed_; // of those that other bytes write
 };
 
 SinglishTransducer::SinglishTransducer(const SinglishTransliterator::Tokens& tokens,

@@ -218,6 +218,22 @@ TEST(SinglishTransliterator, AgreesWithThePlainRules) {
     }
 }
 
+TEST(SinglishTransliterator, AgreesWithThePlainRulesWithVeryManyKeys) {
+    test::Randoms randoms(7);
+    SinglishCustomization customization;
+    while (customization.addedKeys.size() < 3000) {
+        std::string key;
+        for (std::size_t length = 1 + randoms.below(8); length > 0; --length)
+            key += randoms.oneIn(2) ? 'k' : static_cast<char>('a' + randoms.below(26));
+        customization.addedKeys.push_back({key, "\u0D9A"});
+    }
+    const SinglishTransliterator keys(customization);
+    for (int i = 0; i < 300; ++i) {
+        const std::string text = randoms.keys(12);
+        ASSERT_EQ(keys.transliterate(text), test::plain::transliterate(keys, text)) << text;
+    }
+}
+
 TEST(SinglishTransliterator, AgreesWithThePlainRulesOnEveryShortText) {
     const std::string letters = "aAeEiRknNgdhtTzZqmbyrxHQ";
     const auto& standard = SinglishTransliterator::standard();
