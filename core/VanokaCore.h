@@ -1,6 +1,6 @@
 #pragma once
 
-/// All of the core library: Sinhala from Latin keys, and the keys' settings.
+/// All of the core library: Sinhala from Latin keys, the keys' settings, and word lists.
 #include "product/VanokaCompany.h"
 #include "product/VanokaWebsite.h"
 #include "settings/SinglishCustomization.h"
@@ -10,3 +10,8 @@
 #include "singlish/SinglishScheme.h"
 #include "singlish/SinglishStream.h"
 #include "singlish/SinglishTransliterator.h"
+#include "words/EmojiWords.h"
+#include "words/EnglishWordList.h"
+#include "words/SinhalaSpelling.h"
+#include "words/SinhalaWordList.h"
+#include "words/WordCount.h"

@@ -28,24 +28,6 @@ bool isJoiner(char32_t scalar) noexcept {
     return scalar == 0x200C || scalar == 0x200D;
 }
 
-/// True only for texts that are their own canonical composition, and for nearly all of those that this
-/// library meets: what stands below U+0300 never composes with anything before it, and in Sinhala only the
-/// split vowel signs do.
-bool isComposedForSure(std::string_view text) noexcept {
-    const std::size_t ascii = asciiLength(text); // composes with nothing among itself
-    char32_t before = ascii == 0 ? 0 : static_cast<char32_t>(text[ascii - 1]);
-    text.remove_prefix(ascii);
-    while (!text.empty()) {
-        const Scalar scalar = firstScalar(text);
-        const bool isKnown = scalar.value < 0x300 || isSinhala(scalar.value) || isJoiner(scalar.value);
-        if (!isKnown || composes(before, scalar.value))
-            return false;
-        before = scalar.value;
-        text.remove_prefix(scalar.length);
-    }
-    return true;
-}
-
 void appendComposed(std::string& result, std::string_view wellFormed) {
     const auto options = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE);
     const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(wellFormed.data());
@@ -62,8 +44,25 @@ void appendComposed(std::string& result, std::string_view wellFormed) {
 
 } // namespace
 
+/// What stands below U+0300 never composes with anything before it, and in Sinhala only the split vowel signs
+/// do.
+bool isKnownComposed(std::string_view text) noexcept {
+    const std::size_t ascii = asciiLength(text); // composes with nothing among itself
+    char32_t before = ascii == 0 ? 0 : static_cast<char32_t>(text[ascii - 1]);
+    text.remove_prefix(ascii);
+    while (!text.empty()) {
+        const Scalar scalar = firstScalar(text);
+        const bool isKnown = scalar.value < 0x300 || isSinhala(scalar.value) || isJoiner(scalar.value);
+        if (!isKnown || composes(before, scalar.value))
+            return false;
+        before = scalar.value;
+        text.remove_prefix(scalar.length);
+    }
+    return true;
+}
+
 std::string nfc(std::string_view text) {
-    if (isComposedForSure(text))
+    if (isKnownComposed(text))
         return std::string(text);
     std::string result;
     result.reserve(text.size());
@@ -84,19 +83,19 @@ std::string nfc(std::string_view text) {
 bool equal(std::string_view left, std::string_view right) {
     if (left == right)
         return true;
-    if (isComposedForSure(left) && isComposedForSure(right))
+    if (isKnownComposed(left) && isKnownComposed(right))
         return false;
     return nfc(left) == nfc(right);
 }
 
 bool CanonicalLess::operator()(std::string_view left, std::string_view right) const {
-    if (isComposedForSure(left) && isComposedForSure(right))
+    if (isKnownComposed(left) && isKnownComposed(right))
         return left < right;
     return nfc(left) < nfc(right);
 }
 
 std::size_t hash(std::string_view text) {
-    if (isComposedForSure(text))
+    if (isKnownComposed(text))
         return std::hash<std::string_view>{}(text);
     return std::hash<std::string>{}(nfc(text));
 }

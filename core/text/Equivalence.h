@@ -12,6 +12,10 @@ namespace vanoka::text {
 /// The canonical composition (NFC) of `text`. Ill-formed bytes stay as they are and where they are.
 std::string nfc(std::string_view text);
 
+/// True only for texts that are their own canonical composition, and for nearly all of those that this
+/// library meets. Costs one pass and no allocation.
+bool isKnownComposed(std::string_view text) noexcept;
+
 /// True when the texts are canonically equivalent. Costs a byte comparison where the bytes are equal or both
 /// texts are ASCII.
 bool equal(std::string_view left, std::string_view right);

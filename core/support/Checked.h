@@ -1,0 +1,24 @@
+#pragma once
+
+#include "support/Fatal.h"
+
+#include <cstdint>
+
+/// Arithmetic that stops the process where the result does not fit.
+namespace vanoka::checked {
+
+inline std::int64_t sum(std::int64_t left, std::int64_t right) noexcept {
+    std::int64_t result = 0;
+    if (__builtin_add_overflow(left, right, &result))
+        fatal("A sum of counts is too large");
+    return result;
+}
+
+inline std::int64_t product(std::int64_t left, std::int64_t right) noexcept {
+    std::int64_t result = 0;
+    if (__builtin_mul_overflow(left, right, &result))
+        fatal("A multiple of a count is too large");
+    return result;
+}
+
+} // namespace vanoka::checked

@@ -1,0 +1,144 @@
+#include "words/SinhalaWordList.h"
+
+#include "support/Checked.h"
+#include "text/Equivalence.h"
+#include "text/Rows.h"
+#include "words/CompactText.h"
+#include "words/SinhalaSpelling.h"
+#include "words/SinhalaWordIndex.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace vanoka {
+
+namespace {
+
+using Match = SinhalaWordIndex::Match;
+using Matches = std::vector<Match>;
+
+/// One list stays as it is. Of several, the scores of equal words are added up; best first, in the order of
+/// the words among equals.
+Matches combined(std::vector<Matches> lists, std::int64_t limit) {
+    if (lists.size() == 1)
+        return std::move(lists.front());
+    std::map<std::string, std::int64_t, text::CanonicalLess> totals;
+    for (const Matches& list : lists)
+        for (const Match& match : list) {
+            std::int64_t& total = totals[match.word];
+            total = checked::sum(total, match.score);
+        }
+    Matches result;
+    for (const auto& [word, total] : totals)
+        result.push_back({total, word});
+    std::ranges::stable_sort(result, std::ranges::greater(), &Match::score);
+    if (static_cast<std::int64_t>(result.size()) > limit)
+        result.resize(static_cast<std::size_t>(limit));
+    return result;
+}
+
+std::vector<std::string> wordsOf(Matches matches) {
+    std::vector<std::string> words;
+    words.reserve(matches.size());
+    for (Match& match : matches)
+        words.push_back(std::move(match.word));
+    return words;
+}
+
+/// The best whole word stays first, or else the best abbreviated one; the rest of both go by score, each word
+/// once.
+std::vector<std::string> ranked(Matches spelled, Matches abbreviated, std::int64_t limit) {
+    Matches all = std::move(spelled);
+    all.insert(all.end(), std::make_move_iterator(abbreviated.begin()),
+               std::make_move_iterator(abbreviated.end()));
+    if (all.empty())
+        return {};
+    std::ranges::stable_sort(all.begin() + 1, all.end(), std::ranges::greater(), &Match::score);
+    std::vector<std::string> words;
+    std::set<std::string_view, text::CanonicalLess> known;
+    for (const Match& match : all)
+        if (static_cast<std::int64_t>(words.size()) < limit && known.insert(match.word).second)
+            words.push_back(match.word);
+    return words;
+}
+
+} // namespace
+
+SinhalaWordList::SinhalaWordList() : SinhalaWordList(std::string_view()) {}
+
+SinhalaWordList::SinhalaWordList(std::string_view tsv) {
+    SinhalaWordIndex::Builder builder;
+    text::forEachRow(tsv, [&](std::string_view word, std::string_view field) {
+        if (const auto count = text::integer(field))
+            builder.add(word, *count);
+    });
+    index_ = std::make_shared<SinhalaWordIndex>(builder.finish());
+}
+
+SinhalaWordList::SinhalaWordList(const std::vector<WordCount>& words) {
+    SinhalaWordIndex::Builder builder;
+    for (const auto& [word, count] : words)
+        builder.add(word, count);
+    index_ = std::make_shared<SinhalaWordIndex>(builder.finish());
+}
+
+std::vector<WordCount> SinhalaWordList::words() const {
+    std::vector<WordCount> words;
+    words.reserve(index_->words().size());
+    for (std::uint32_t number = 0; number < index_->words().size(); ++number)
+        words.push_back({index_->words().text(number), index_->count(number)});
+    return words;
+}
+
+std::int64_t SinhalaWordList::size() const noexcept {
+    return index_->words().size();
+}
+
+std::int64_t SinhalaWordList::typicalCount() const noexcept {
+    return index_->typicalCount();
+}
+
+std::int64_t SinhalaWordList::countOfSpelling(std::string_view text) const {
+    std::string compact, key;
+    if (!CompactText::assign(text, compact))
+        return 0;
+    SinhalaSpelling::assignLooseKey(compact, key);
+    return index_->countUnder(key);
+}
+
+std::vector<std::string> SinhalaWordList::suggestionsFor(std::string_view text, std::int64_t limit,
+                                                         const SinhalaWordList* personal) const {
+    std::string compact, typed;
+    if (!CompactText::assign(text, compact))
+        return {};
+    SinhalaSpelling::assignLooseKey(compact, typed);
+    std::string_view key = typed;
+    if (key.ends_with(CompactText::virama))
+        key.remove_suffix(CompactText::virama.size());
+    if (key.empty() || limit < 1)
+        return {};
+
+    std::vector<const SinhalaWordIndex*> lists = {index_.get()};
+    if (personal)
+        lists.push_back(personal->index_.get());
+    const auto combinedOf = [&](auto matchesOf) {
+        std::vector<Matches> found;
+        for (const SinhalaWordIndex* list : lists)
+            found.push_back(matchesOf(*list));
+        return combined(std::move(found), limit);
+    };
+    const SinhalaWordIndex::Excluded excluded = {typed, text};
+    Matches spelled = combinedOf([&](const auto& list) { return list.spelledMatches(key, excluded, limit); });
+    if (!CompactText::hasVirama(key))
+        return wordsOf(std::move(spelled));
+    Matches abbreviated =
+        combinedOf([&](const auto& list) { return list.abbreviatedMatches(typed, excluded, limit); });
+    return ranked(std::move(spelled), std::move(abbreviated), limit);
+}
+
+std::size_t SinhalaWordList::memory() const noexcept {
+    return index_->memory();
+}
+
+} // namespace vanoka
