@@ -1,5 +1,6 @@
-# Who makes this build, and where the product's pages are. A packager sets these with -D; the defaults stand
-# under a domain that is reserved for examples.
+# What the product is called in Sinhala script, who makes this build, and where the product's pages are. A
+# packager sets these with -D; the default addresses stand under a domain that is reserved for examples.
+set(VANOKA_SINHALA_NAME "වනෝකා" CACHE STRING "The product's name in Sinhala script")
 set(VANOKA_COMPANY_NAME "The Vanoka Project" CACHE STRING "The maker's name")
 set(VANOKA_COMPANY_WEBSITE "https://maker.vanoka.example/" CACHE STRING "The maker's web site")
 set(VANOKA_WEBSITE_HOME "https://vanoka.example" CACHE STRING "The product's home page")

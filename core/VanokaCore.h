@@ -2,6 +2,7 @@
 
 /// All of the core library: Sinhala from Latin keys, and the keys' settings.
 #include "product/VanokaCompany.h"
+#include "product/VanokaProduct.h"
 #include "product/VanokaWebsite.h"
 #include "settings/SinglishCustomization.h"
 #include "settings/SinglishSettings.h"
