@@ -102,11 +102,10 @@ int main(int count, char** values) {
     };
     QObject::connect(&instance, &SingleInstance::asked, &application, show);
     // Keys that were edited elsewhere meanwhile are shown, and not overwritten by the next edit here.
-    QObject::connect(&application, &QGuiApplication::applicationStateChanged, &application,
-                     [&](Qt::ApplicationState state) {
-                         if (state == Qt::ApplicationActive)
-                             settings.reloadIfChanged();
-                     });
+    QObject::connect(&application, &QGuiApplication::focusWindowChanged, &application, [&](QWindow* focused) {
+        if (focused)
+            settings.reloadIfChanged();
+    });
     appearance.settle();
     show(*action);
     return QGuiApplication::exec();

@@ -36,7 +36,6 @@ T.ItemDelegate {
             anchors.rightMargin: 12
             anchors.verticalCenter: parent.verticalCenter
             content: row.keys
-            color: row.isChosen ? Theme.primary : Theme.secondary
             elide: Text.ElideRight
             Accessible.ignored: true
         }

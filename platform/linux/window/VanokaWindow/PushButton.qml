@@ -43,7 +43,8 @@ T.Button {
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
     Accessible.name: text
-    Accessible.description: help
+    // Qt before 6.7 tells a screen reader nothing of a control that is disabled.
+    Accessible.description: enabled ? help : qsTr("Not available now")
     Accessible.onPressAction: clicked()
 
     FocusRing { control: button }

@@ -37,15 +37,12 @@ Rectangle {
                 anchors.verticalCenter: parent.verticalCenter
 
                 StyledLabel { content: footer.settings.productName }
-                StyledLabel {
-                    content: footer.settings.sinhalaName
-                    color: Theme.secondary
-                }
+                StyledLabel { content: footer.settings.sinhalaName }
             }
         }
         Flow {
             width: parent.width
-            spacing: 5
+            spacing: 4
 
             Repeater {
                 model: footer.settings.links
@@ -53,6 +50,7 @@ Rectangle {
                 WebLink {
                     required property var modelData
                     content: modelData
+                    rightPadding: 10
                 }
             }
         }

@@ -1,39 +1,38 @@
 import QtQuick
-import QtQuick.Templates as T
 import VanokaWindow
 
 // A text that opens a web address.
-T.AbstractButton {
+Text {
     id: link
 
     required property linkValue content
 
-    implicitWidth: label.implicitWidth
-    implicitHeight: label.implicitHeight
-    hoverEnabled: true
-    focusPolicy: Qt.TabFocus
+    text: content.label.text
+    font.pixelSize: content.label.font.pixelSize
+    font.underline: pointer.hovered || activeFocus || Theme.highContrast
+    color: Theme.accent
+    textFormat: Text.PlainText
+    activeFocusOnTab: true
 
-    contentItem: Text {
-        id: label
-
-        text: link.content.label.text
-        font.pixelSize: link.content.label.font.pixelSize
-        font.underline: link.hovered || link.activeFocus || Theme.highContrast
-        color: Theme.accent
-        textFormat: Text.PlainText
-        Accessible.ignored: true
+    function open() {
+        WebLinks.open(content.address)
     }
 
-    HoverHandler { cursorShape: Qt.PointingHandCursor }
+    HoverHandler {
+        id: pointer
+        cursorShape: Qt.PointingHandCursor
+    }
+    TapHandler { onTapped: link.open() }
+    Keys.onReturnPressed: open()
+    Keys.onEnterPressed: open()
+    Keys.onSpacePressed: open()
 
-    onClicked: WebLinks.open(content.address)
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
     Accessible.role: Accessible.Link
-    Accessible.name: content.label.text
+    Accessible.name: text
     Accessible.description: content.address
-    Accessible.onPressAction: clicked()
+    Accessible.focusable: true
+    Accessible.onPressAction: open()
 
     FocusRing { control: link; radius: 5 }
-    HelpTip { control: link; isWanted: link.hovered; text: link.content.address }
+    HelpTip { control: link; isWanted: pointer.hovered; text: link.content.address }
 }
