@@ -7,5 +7,5 @@ set(VANOKA_WEBSITE_HOME "https://vanoka.example" CACHE STRING "The product's hom
 set(VANOKA_WEBSITE_TERMS "https://vanoka.example/terms" CACHE STRING "The product's terms of use")
 set(VANOKA_WEBSITE_PRIVACY_POLICY "https://vanoka.example/privacy" CACHE STRING
     "The product's privacy policy")
-set(VANOKA_APPLICATION_ID "example.vanoka.Settings" CACHE STRING
+set(VANOKA_APPLICATION_ID "example.vanoka.settings" CACHE STRING
     "The reverse-DNS name of the settings window's desktop entry")

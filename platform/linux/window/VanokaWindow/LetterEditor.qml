@@ -11,8 +11,12 @@ Flickable {
     boundsBehavior: Flickable.StopAtBounds
     clip: true
 
-    function takeKeyboard() {
-        form.takeKeyboard()
+    property Item usedRow: null // until the content has changed
+    Connections {
+        target: editor.settings
+        function onChanged() {
+            editor.usedRow = null
+        }
     }
 
     /// Scrolls so that the item that has the keyboard is seen.
@@ -59,7 +63,10 @@ Flickable {
                 KeyRow {
                     width: parent.width
                     keyWidth: editor.settings.keyWidth
-                    onUsed: editor.settings.use(index)
+                    onUsed: {
+                        editor.usedRow = this
+                        editor.settings.use(index)
+                    }
 
                     Rectangle {
                         x: 16
@@ -69,9 +76,9 @@ Flickable {
                         color: Theme.line
                     }
                 }
-                // A row that is gone leaves the keyboard to the field.
+                // A key that is removed leaves the keyboard to the field.
                 onItemRemoved: (index, item) => {
-                    if (editor.Window.window && !editor.Window.window.activeFocusItem)
+                    if (item === editor.usedRow)
                         form.takeKeyboard()
                 }
             }
