@@ -13,7 +13,7 @@ Item {
 
     signal used()
 
-    implicitHeight: 48
+    implicitHeight: Math.max(48, controlLoader.implicitHeight + 12)
 
     StyledLabel {
         id: keyLabel
@@ -36,7 +36,7 @@ Item {
         id: controlLoader
         objectName: "control"
         anchors.right: parent.right
-        anchors.rightMargin: 16
+        anchors.rightMargin: row.control.kind === "symbol" ? 8 : 16 // a symbol has room around it already
         anchors.verticalCenter: parent.verticalCenter
         sourceComponent: row.control.kind === "symbol" ? removeButton : row.control.kind === "switch" ? onSwitch : takeBackButton
         // A key that changes hands changes its control too; the keyboard stays with the row.

@@ -8,6 +8,8 @@
 #include <QQuickWindow>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace vanoka {
 
 namespace {
@@ -22,9 +24,11 @@ Qt::WindowFlags flagsOf(const WindowDescription& description) {
     return flags;
 }
 
+/// In the middle of the screen; on a screen that is too small, with its title and first letters in sight.
 void centre(QWindow& window) {
     const QRect screen = window.screen()->availableGeometry();
-    window.setPosition(screen.center() - QRect(QPoint(), window.size()).center());
+    const QPoint middle = screen.center() - QRect(QPoint(), window.size()).center();
+    window.setPosition(std::max(screen.left(), middle.x()), std::max(screen.top(), middle.y()));
 }
 
 } // namespace

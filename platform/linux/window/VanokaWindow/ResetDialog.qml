@@ -15,7 +15,7 @@ T.Dialog {
     parent: T.Overlay.overlay
     x: Math.round((parent.width - width) / 2)
     y: Math.round((parent.height - height) / 2)
-    width: Math.min(420, parent.width - 48)
+    width: Math.min(parent.width - 48, Math.max(buttons.implicitWidth, 272) + leftPadding + rightPadding)
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     padding: 24
     modal: true
@@ -41,6 +41,7 @@ T.Dialog {
             Accessible.name: text
         }
         Row {
+            id: buttons
             anchors.horizontalCenter: parent.horizontalCenter
             spacing: 12
 

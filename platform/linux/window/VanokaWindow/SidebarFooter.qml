@@ -50,7 +50,9 @@ Rectangle {
                 WebLink {
                     required property var modelData
                     content: modelData
+                    width: Math.min(implicitWidth, parent.width)
                     rightPadding: 10
+                    wrapMode: Text.Wrap
                 }
             }
         }

@@ -29,7 +29,7 @@ QtObject {
     readonly property color hover: dark ? "#14ffffff" : "#0d000000"
     readonly property color press: dark ? "#26ffffff" : "#1a000000"
     readonly property color selection: dark ? "#2b4a73" : "#cfe0f7"
-    readonly property color shade: "#80000000"
+    readonly property color shade: "#66000000"
     readonly property color ring: dark ? "#a8ccff" : "#0b4fa8"
 
     readonly property real radius: 9

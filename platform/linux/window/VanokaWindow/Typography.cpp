@@ -62,7 +62,7 @@ Look lookOf(FontRole role) {
     case FontRole::footnote:
     case FontRole::caption:
     case FontRole::smallSystem:
-        return {0.87};
+        return {0.9};
     case FontRole::body:
     case FontRole::system:
         break;

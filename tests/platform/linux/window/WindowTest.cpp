@@ -66,7 +66,10 @@ class Setup : public QObject {
 public slots:
     void applicationAvailable() {
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-        QGuiApplication::setFont(applicationFont());
+        QFont font = applicationFont();
+        if (const int size = qEnvironmentVariableIntValue("WINDOW_TESTS_FONT_SIZE"))
+            font.setPixelSize(size);
+        QGuiApplication::setFont(font);
     }
     void qmlEngineAvailable(QQmlEngine* engine) {
         engine->addImportPath(QStringLiteral("qrc:/qt/qml"));

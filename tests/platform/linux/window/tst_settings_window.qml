@@ -265,9 +265,13 @@ TestCase {
         bench.add("a", "\u0D83")
         type("qqqqqq")
         wait(20)
+        const edge = settings.sidebarWidth
         walk(window.contentItem, item => {
-            if (item.truncated !== undefined && item.visible)
-                verify(!item.truncated, item.text)
+            if (item.truncated === undefined || !item.visible)
+                return
+            verify(!item.truncated, item.text)
+            const left = item.mapToItem(null, item.leftPadding, 0).x
+            verify(left + item.contentWidth <= (left < edge ? edge : window.width), item.text)
         })
     }
 
