@@ -66,7 +66,7 @@ std::optional<int> answerWithoutWindow(int count, char** values) {
 void prepareToolkit() {
     PlainInput::begin();
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); // a quiet window needs no graphics card
-    QGuiApplication::setDesktopFileName(Identity::applicationId);
+    QGuiApplication::setDesktopFileName(Identity::settingsId);
     QGuiApplication::setApplicationName(QStringLiteral("vanoka-settings"));
     QGuiApplication::setApplicationVersion(Identity::version);
 }
@@ -84,7 +84,7 @@ int main(int count, char** values) {
             QStringLiteral("vanoka-settings: Not understood. vanoka-settings --help tells what is.\n"));
         return 2;
     }
-    SingleInstance instance(Identity::applicationId, &application);
+    SingleInstance instance(Identity::settingsId, &application);
     if (!instance.isFirst() && instance.askFirst(*action))
         return 0;
 
