@@ -22,6 +22,7 @@ T.ToolTip {
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent | T.Popup.CloseOnReleaseOutsideParent
 
     contentItem: Text {
+        objectName: "tip"
         text: tip.text
         color: Theme.window
         textFormat: Text.PlainText

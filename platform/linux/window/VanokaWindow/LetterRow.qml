@@ -41,6 +41,7 @@ T.ItemDelegate {
         }
         Rectangle {
             id: dotItem
+            objectName: "dot"
             anchors.right: parent.right
             anchors.rightMargin: 14
             anchors.verticalCenter: parent.verticalCenter

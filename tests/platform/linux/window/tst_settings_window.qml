@@ -275,6 +275,37 @@ TestCase {
         })
     }
 
+    /// The help that is shown, if any.
+    function tips() {
+        const shown = []
+        const overlay = window.contentItem.parent ?? window.contentItem
+        walk(overlay, item => {
+            if (item.visible && item.objectName === "tip")
+                shown.push(item.text)
+        })
+        return shown
+    }
+
+    function test_helpIsShownWhereThePointerRests_data() {
+        return [
+            {tag: "switch", item: () => control(0), help: "Built-in key"},
+            {tag: "button", item: () => control(1), help: "Make K type \u0D9B again"},
+            {tag: "symbol", item: () => control(2), help: "Remove this key"},
+            {tag: "dot", item: () => findChild(part("letters").currentItem, "dot"), help: "You changed this letter's keys"},
+        ]
+    }
+    function test_helpIsShownWhereThePointerRests(row) {
+        bench.add("K", "\u0D85")
+        bench.add("q", "\u0D9B")
+        for (let i = 0; i < 59 && settings.letterText.text !== "\u0D9B"; ++i)
+            settings.select(i)
+        tryVerify(() => control(2) instanceof RemoveButton && row.item())
+        mouseMove(row.item(), row.item().width / 2, row.item().height / 2)
+        tryVerify(() => tips().includes(row.help), 2000)
+        mouseMove(window.contentItem, 300, window.height - 4)
+        tryVerify(() => tips().length === 0)
+    }
+
     function test_ctrlWClosesTheWindow() {
         keyClick("w", Qt.ControlModifier)
         tryCompare(window, "visible", false)
@@ -288,10 +319,16 @@ TestCase {
     }
 
     function test_coloursCanBeRead_data() {
-        return [{tag: "light", dark: false}, {tag: "dark", dark: true}]
+        return [
+            {tag: "light", dark: false, highContrast: false},
+            {tag: "dark", dark: true, highContrast: false},
+            {tag: "light, high contrast", dark: false, highContrast: true},
+            {tag: "dark, high contrast", dark: true, highContrast: true}
+        ]
     }
     function test_coloursCanBeRead(row) {
         Theme.dark = row.dark
+        Theme.highContrast = row.highContrast
         const pairs = []
         for (const role of ["primary", "secondary", "accent", "red", "orange"])
             for (const paper of ["window", "sidebar", "card"])
@@ -303,5 +340,6 @@ TestCase {
         for (const [ink, paper, least] of pairs)
             verify(contrast(Theme[ink], Theme[paper]) >= least, `${ink} on ${paper}: ${contrast(Theme[ink], Theme[paper])}`)
         Theme.dark = false
+        Theme.highContrast = false
     }
 }
