@@ -222,6 +222,8 @@ def see_edits_made_elsewhere():
     about = subprocess.run([PROGRAM, "--about"], timeout=10, check=False)
     check(about.returncode == 0, "the second process ends with status 0")
     window.find("frame", "About Vanoka")
+    again = subprocess.run([PROGRAM, "--about"], timeout=10, check=False)
+    check(again.returncode == 0 and len(window.all("frame", "About Vanoka")) == 1, "there is one about panel")
     run(SINGLISH, "keys", "add", "w", I)
     press("Escape")
     window.gone("frame", "About Vanoka")
@@ -323,8 +325,8 @@ try:
             start_again,
             see_edits_made_elsewhere,
             follow_dark_and_light,
-            open_links,
             keep_input_methods_out,
+            open_links,
             close,
             open_about_alone,
         )
