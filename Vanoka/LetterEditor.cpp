@@ -59,11 +59,12 @@ StyledText LetterEditor::message() const {
     const auto check = settings_.check(draft_, letter_.id);
     if (check.problem)
         return {vanoka::message(*check.problem), font, ColourRole::red};
-    if (check.replaces)
+    if (check.replaces) {
         return {letter_.example(draft_) + middleDot + draft_ + " currently types " +
                     SinglishScheme::display(*check.replaces) + "; it will type " + letter_.display() +
                     " instead.",
                 font, ColourRole::orange};
+    }
     return {letter_.example(draft_), font, ColourRole::secondary};
 }
 

@@ -20,8 +20,8 @@ struct Dot {
 /// One letter in the sidebar, on one line: the letter, the keys that type it, and a dot when the user has
 /// changed them. A value: it stays as it was when the settings change.
 struct LetterRow {
-    /// The row of `letter` with the keys in force.
-    LetterRow(const SinglishScheme::Letter& letter, const SinglishSettings& settings);
+    /// The row of the letter `shown` with the keys in force.
+    LetterRow(const SinglishScheme::Letter& shown, const SinglishSettings& settings);
 
     static constexpr double letterWidth = 36; ///< of the frame around the letter, in points
 

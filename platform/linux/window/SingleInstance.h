@@ -28,11 +28,10 @@ public:
     /// answer.
     bool askFirst(const QString& action) const;
 
-public slots:
-    void Activate(const QVariantMap& platformData);
-    void Open(const QStringList& addresses, const QVariantMap& platformData);
-    void ActivateAction(const QString& action, const QVariantList& parameters,
-                        const QVariantMap& platformData);
+    Q_SLOT void Activate(const QVariantMap& platformData);
+    Q_SLOT void Open(const QStringList& addresses, const QVariantMap& platformData);
+    Q_SLOT void ActivateAction(const QString& action, const QVariantList& parameters,
+                               const QVariantMap& platformData);
 
 signals:
     /// Another process has asked for this.

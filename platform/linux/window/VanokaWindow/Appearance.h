@@ -36,10 +36,8 @@ public:
 signals:
     void changed();
 
-private slots:
-    void adopt(const QString& group, const QString& name, const QDBusVariant& value);
-
 private:
+    Q_SLOT void adopt(const QString& group, const QString& name, const QDBusVariant& value);
     void follow(const QDBusPendingCall& call);
     void adoptAll(const QDBusPendingCall& call);
 

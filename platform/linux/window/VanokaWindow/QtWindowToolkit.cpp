@@ -49,12 +49,13 @@ std::unique_ptr<ToolkitWindow> QtWindowToolkit::makeWindow(const WindowDescripti
 }
 
 void QtWindowToolkit::openAboutPanel(const std::string& applicationName, const AttributedText& credits) {
-    if (!aboutPanel_)
+    if (!aboutPanel_) {
         aboutPanel_ = makeQuickWindow(engine_, QStringLiteral("AboutPanel.qml"),
                                       {{QStringLiteral("applicationName"), qtText(applicationName)},
                                        {QStringLiteral("version"), QCoreApplication::applicationVersion()},
                                        {QStringLiteral("credits"), linesOf(credits)},
                                        {QStringLiteral("lineSpacing"), lineSpacing(credits)}});
+    }
     bringToFront(*aboutPanel_);
 }
 

@@ -34,7 +34,7 @@ QString sinhalaFamily() {
 /// Under a Sinhala locale the desktop's default may be a Sinhala family, whose Latin letters are none to
 /// read.
 QString latinFamily() {
-    const QString family = QFontInfo(QGuiApplication::font()).family();
+    QString family = QFontInfo(QGuiApplication::font()).family();
     if (!QFontDatabase::families(QFontDatabase::Sinhala).contains(family))
         return family;
     const QStringList readable = {QStringLiteral("Noto Sans"), QStringLiteral("Cantarell"),
@@ -56,7 +56,6 @@ Look lookOf(FontRole role) {
     case FontRole::headline:
         return {1, QFont::DemiBold};
     case FontRole::subheadline:
-        return {0.95};
     case FontRole::callout:
         return {0.95};
     case FontRole::footnote:

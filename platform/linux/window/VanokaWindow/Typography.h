@@ -10,7 +10,7 @@ namespace vanoka {
 /// letters as they must be joined wherever it is installed. Call it once the application object exists.
 QFont applicationFont();
 
-/// The font that a role means on this desktop. It follows the application's font size.
-QFont fontOf(const Font& font);
+/// The font that is meant on this desktop. It follows the application's font size.
+QFont fontOf(const Font& wanted);
 
 } // namespace vanoka
