@@ -98,7 +98,6 @@ Flickable {
         }
         StyledLabel {
             width: parent.width
-            leftPadding: 4
             content: editor.settings.footnote
             wrapMode: Text.Wrap
         }
