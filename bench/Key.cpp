@@ -1,18 +1,16 @@
 #include "Allocations.h"
 #include "M17n.h"
+#include "ProcessorTime.h"
 #include "SampleText.h"
 #include "VanokaInputController.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
 #include <vector>
 
 namespace vanoka::bench {
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 class DoNothingClient final : public TextInputClient {
 public:
@@ -49,10 +47,10 @@ void keyVanoka(benchmark::State& state) {
         for (VanokaInputController& controller : controllers)
             type(std::string_view(word).substr(0, word.size() - 1), controller, client);
         const std::size_t before = allocations();
-        const auto start = Clock::now();
+        const double start = processorTime();
         for (VanokaInputController& controller : controllers)
             controller.handle(&last, &client);
-        state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count() / batch);
+        state.SetIterationTime((processorTime() - start) / batch);
         allocated = std::max(allocated, allocations() - before);
     }
     state.counters["allocations"] = static_cast<double>(allocated) / batch;
@@ -67,11 +65,10 @@ void keyM17n(benchmark::State& state) {
         return state.SkipWithError("no hi-itrans here");
     const std::string word = sampleWord(static_cast<std::size_t>(state.range(0)));
     for (auto _ : state) {
-        const auto start = Clock::now();
+        const double start = processorTime();
         for (const char key : word)
             benchmark::DoNotOptimize(peer.press(key));
-        state.SetIterationTime(std::chrono::duration<double>(Clock::now() - start).count() /
-                               static_cast<double>(word.size()));
+        state.SetIterationTime((processorTime() - start) / static_cast<double>(word.size()));
         peer.reset();
     }
 }
