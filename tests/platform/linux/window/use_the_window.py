@@ -1,6 +1,8 @@
 """Uses the settings window as a person would, from opening it to closing it, and looks at what is stored then.
 
-    use_the_window.py VANOKA-SETTINGS SINGLISH
+    use_the_window.py VANOKA-SETTINGS SINGLISH [VANOKA]
+
+With VANOKA, the window is opened by "Vanoka --settings".
 """
 
 import json
@@ -25,6 +27,7 @@ from desktop import (
 )
 
 PROGRAM, SINGLISH = sys.argv[1:3]
+OPEN = [sys.argv[3], "--settings"] if len(sys.argv) > 3 else [PROGRAM]
 HOME = pathlib.Path(os.environ["HOME"])
 STORED = pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "vanoka" / "vanoka.customization.v1"
 OPENED = HOME / "opened-links"
@@ -206,7 +209,7 @@ def start_again():
     number = window.window()
     run("xdotool", "windowminimize", number)
     until("no window", lambda: number not in visible())
-    second = subprocess.run([PROGRAM], timeout=10, check=False)
+    second = subprocess.run(OPEN, timeout=10, check=False)
     check(second.returncode == 0, "the second process ends with status 0")
     until("the window", lambda: number in visible())
     until("the keyboard", lambda: run("xdotool", "getactivewindow").strip() == number)
@@ -310,7 +313,7 @@ if typist == 0:
     os.environ["TERM"] = "xterm"
     os.execv(SINGLISH, [SINGLISH])
 try:
-    with Program(PROGRAM, QT_IM_MODULE="ibus", QT_LOGGING_RULES="qt.text.*=false") as window:
+    with Program(*OPEN, QT_IM_MODULE="ibus", QT_LOGGING_RULES="qt.text.*=false") as window:
         main(
             choose_letters,
             type_a_taken_key,
