@@ -1,13 +1,21 @@
-# vanoka_warnings(TARGET): the warnings that this project's own code is free of.
+# The warnings that this project's own code is free of.
+set(VANOKA_WARNING_OPTIONS -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+# A field that keeps its default needs no mention in a designated initialiser.
+list(APPEND VANOKA_WARNING_OPTIONS -Wno-missing-field-initializers)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # GCC 12 sees overlapping copies in std::string's own operator+ (GCC bug 105651).
+    list(APPEND VANOKA_WARNING_OPTIONS -Wno-restrict)
+endif()
+if(VANOKA_WARNINGS_AS_ERRORS)
+    list(APPEND VANOKA_WARNING_OPTIONS -Werror)
+endif()
+
+# vanoka_warnings(TARGET): the warnings for all that a target compiles.
 function(vanoka_warnings target)
-    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
-    # A field that keeps its default needs no mention in a designated initialiser.
-    target_compile_options(${target} PRIVATE -Wno-missing-field-initializers)
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-        # GCC 12 sees overlapping copies in std::string's own operator+ (GCC bug 105651).
-        target_compile_options(${target} PRIVATE -Wno-restrict)
-    endif()
-    if(VANOKA_WARNINGS_AS_ERRORS)
-        target_compile_options(${target} PRIVATE -Werror)
-    endif()
+    target_compile_options(${target} PRIVATE ${VANOKA_WARNING_OPTIONS})
+endfunction()
+
+# vanoka_source_warnings(SOURCE…): for these sources alone, where a target compiles generated code as well.
+function(vanoka_source_warnings)
+    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS "${VANOKA_WARNING_OPTIONS}")
 endfunction()

@@ -2,6 +2,7 @@
 
 /// All of the core library: Sinhala from Latin keys, the keys' settings, and word lists.
 #include "product/VanokaCompany.h"
+#include "product/VanokaProduct.h"
 #include "product/VanokaWebsite.h"
 #include "settings/SinglishCustomization.h"
 #include "settings/SinglishSettings.h"

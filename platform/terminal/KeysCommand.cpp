@@ -2,6 +2,7 @@
 
 #include "Chart.h"
 #include "ExitStatus.h"
+#include "LetterEditor.h"
 
 #include <algorithm>
 #include <fstream>
@@ -107,14 +108,9 @@ int KeysCommand::check(std::string_view key, std::string_view letterText) {
     const auto* letter = letterOf(letterText);
     if (!letter)
         return ExitStatus::refused;
-    const auto result = settings_.check(key, letter->id);
-    if (result.problem)
-        return refuse(message(*result.problem));
-    output_ << letter->example(key);
-    if (result.replaces)
-        output_ << "  ·  " << key << " currently types " << SinglishScheme::display(*result.replaces)
-                << "; it will type " << letter->display() << " instead.";
-    output_ << '\n';
+    if (const auto problem = settings_.check(key, letter->id).problem)
+        return refuse(message(*problem));
+    output_ << LetterEditor(*letter, settings_, std::string(key)).message().text << '\n';
     return ExitStatus::done;
 }
 

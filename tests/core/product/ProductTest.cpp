@@ -1,4 +1,5 @@
 #include "product/VanokaCompany.h"
+#include "product/VanokaProduct.h"
 #include "product/VanokaWebsite.h"
 
 #include <gtest/gtest.h>
@@ -15,6 +16,11 @@ TEST(Product, EveryAddressIsThere) {
         EXPECT_FALSE(url->host().empty());
     }
     EXPECT_EQ(&VanokaWebsite::home(), &VanokaWebsite::home()) << "parsed once and kept";
+}
+
+TEST(Product, HasItsNames) {
+    EXPECT_EQ(VanokaProduct::name, "Vanoka");
+    EXPECT_FALSE(VanokaProduct::sinhalaName().empty());
 }
 
 TEST(Url, KnowsItsHost) {

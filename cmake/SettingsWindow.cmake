@@ -1,0 +1,16 @@
+# Whether the settings window is built: AUTO builds it where Qt 6 is found, ON insists.
+set(VANOKA_SETTINGS_WINDOW AUTO CACHE STRING "Build the settings window, which needs Qt 6: ON, OFF or AUTO")
+set_property(CACHE VANOKA_SETTINGS_WINDOW PROPERTY STRINGS AUTO ON OFF)
+set(qt_parts Quick DBus)
+if(VANOKA_TESTS)
+    list(APPEND qt_parts QuickTest)
+endif()
+
+set(VANOKA_HAS_SETTINGS_WINDOW OFF)
+if(VANOKA_SETTINGS_WINDOW STREQUAL "AUTO")
+    find_package(Qt6 6.4 QUIET COMPONENTS ${qt_parts})
+    set(VANOKA_HAS_SETTINGS_WINDOW ${Qt6_FOUND})
+elseif(VANOKA_SETTINGS_WINDOW)
+    find_package(Qt6 6.4 REQUIRED COMPONENTS ${qt_parts})
+    set(VANOKA_HAS_SETTINGS_WINDOW ON)
+endif()

@@ -1,0 +1,115 @@
+import QtQuick
+import VanokaWindow
+
+// The keys of one letter.
+Flickable {
+    id: editor
+
+    required property SettingsModel settings
+
+    contentHeight: page.implicitHeight
+    boundsBehavior: Flickable.StopAtBounds
+    clip: true
+
+    property Item usedRow: null // until the content has changed
+    Connections {
+        target: editor.settings
+        function onChanged() {
+            editor.usedRow = null
+        }
+    }
+
+    /// Scrolls so that the item that has the keyboard is seen.
+    function reveal(item: Item) {
+        const top = item.mapToItem(page, 0, 0).y - 12
+        const bottom = top + item.height + 24
+        if (top < contentY)
+            contentY = Math.max(0, top)
+        else if (bottom > contentY + height)
+            contentY = Math.min(contentHeight - height, bottom - height)
+    }
+
+    Connections {
+        target: editor.Window.window
+        function onActiveFocusItemChanged() {
+            for (let item = target.activeFocusItem; item; item = item.parent)
+                if (item === page)
+                    editor.reveal(target.activeFocusItem)
+        }
+    }
+
+    Column {
+        id: page
+        x: Theme.margin
+        width: editor.width - 2 * Theme.margin
+        bottomPadding: Theme.margin
+        spacing: 8
+
+        LetterHeader {
+            width: parent.width
+            settings: editor.settings
+        }
+        SectionTitle {
+            text: editor.settings.keysTitle
+            topPadding: 6
+        }
+        Card {
+            width: parent.width
+
+            Repeater {
+                id: keyRows
+                model: editor.settings.keys
+
+                KeyRow {
+                    width: parent.width
+                    keyWidth: editor.settings.keyWidth
+                    onUsed: {
+                        editor.usedRow = this
+                        editor.settings.use(index)
+                    }
+
+                    Rectangle {
+                        x: 16
+                        width: parent.width - 32
+                        height: 1
+                        visible: parent.index > 0
+                        color: Theme.line
+                    }
+                }
+                // A key that is removed leaves the keyboard to the field.
+                onItemRemoved: (index, item) => {
+                    if (item === editor.usedRow)
+                        form.takeKeyboard()
+                }
+            }
+        }
+        SectionTitle {
+            text: editor.settings.addTitle
+            topPadding: 12
+        }
+        Card {
+            width: parent.width
+
+            NewKeyForm {
+                id: form
+                width: parent.width
+                settings: editor.settings
+            }
+        }
+        StyledLabel {
+            width: parent.width
+            content: editor.settings.footnote
+            wrapMode: Text.Wrap
+        }
+    }
+    ThinScrollBar {
+        parent: editor
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
+        anchors.right: parent.right
+        orientation: Qt.Vertical
+        size: editor.visibleArea.heightRatio
+        position: editor.visibleArea.yPosition
+        onPositionChanged: if (pressed) editor.contentY = position * editor.contentHeight
+    }
+}

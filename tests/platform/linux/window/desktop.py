@@ -1,0 +1,152 @@
+"""A person's hands and eyes on a desktop: programs are found through the accessibility tree, used with real key
+and mouse events, and looked at on the screen. Nothing here reaches into a program.
+
+A desktop is started by the shell script beside this file. Everything that waits gives up after a while."""
+
+import os
+import subprocess
+import sys
+import time
+
+import gi
+import pyatspi
+
+gi.require_version("GLib", "2.0")
+
+PATIENCE = 10.0  # seconds
+
+
+class Failure(Exception):
+    pass
+
+
+def until(what, look, patience=PATIENCE):
+    """Waits until `look` returns something true, and returns that."""
+    end = time.monotonic() + patience
+    while True:
+        seen = look()
+        if seen:
+            return seen
+        if time.monotonic() > end:
+            raise Failure(f"waited in vain for {what}")
+        time.sleep(0.02)
+
+
+def run(*command):
+    return subprocess.run(command, check=True, capture_output=True, timeout=PATIENCE, text=True).stdout
+
+
+def press(*keys):
+    """Presses keys by their names, as in "Return" or "ctrl+w"."""
+    run("xdotool", "key", "--clearmodifiers", *keys)
+
+
+def type_text(text):
+    run("xdotool", "type", "--delay", "8", text)
+
+
+def click(node):
+    """Clicks the middle of something."""
+    box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    run("xdotool", "mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2), "click", "1")
+
+
+def colours(node):
+    """The colours that are seen where something is, with the number of their pixels, as "#RRGGBB"."""
+    box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    area = f"{box.width}x{box.height}+{box.x}+{box.y}"
+    text = run("sh", "-c", f"import -window root -crop {area} +repage -depth 8 -format %c histogram:info:-")
+    counts = {}
+    for line in text.splitlines():
+        count, _, rest = line.strip().partition(":")
+        counts[rest.split("#")[1][:6].upper()] = int(count)
+    return counts
+
+
+def photograph(path, crop=None):
+    """Keeps what the screen shows as a picture."""
+    command = ["import", "-window", "root"]
+    if crop:
+        command += ["-crop", crop, "+repage"]
+    run(*command, "-strip", path)
+
+
+def walk(node):
+    for child in list(node):
+        if child is None:
+            continue
+        yield child
+        yield from walk(child)
+
+
+def has(node, state):
+    return node.getState().contains(state)
+
+
+class Program:
+    """A program that this run has started, and that ends with it at the latest."""
+
+    def __init__(self, *command, **environment):
+        self.process = subprocess.Popen(command, env={**os.environ, **environment})
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.wait()
+
+    def status(self):
+        """Waits for its end."""
+        return self.process.wait(PATIENCE)
+
+    def tree(self):
+        """Its node in the accessibility tree, read anew."""
+        for program in pyatspi.Registry.getDesktop(0):
+            if program is not None and program.get_process_id() == self.process.pid:
+                program.clear_cache()
+                return program
+        return None
+
+    def all(self, role, name=None):
+        """What of this kind is shown, with this name if one is given."""
+        try:
+            return [
+                node
+                for node in walk(self.tree() or [])
+                if node.getRoleName() == role
+                and has(node, pyatspi.STATE_SHOWING)
+                and (name is None or node.name == name)
+            ]
+        except gi.repository.GLib.GError:  # it has changed while it was read
+            return []
+
+    def find(self, role, name=None):
+        return until(f"{role} {name or ''}", lambda: self.all(role, name))[0]
+
+    def gone(self, role, name=None):
+        until(f"no {role} {name or ''}", lambda: not self.all(role, name))
+
+    def names(self, role):
+        return [node.name for node in self.all(role)]
+
+    def window(self):
+        """The number of its window for xdotool."""
+        look = ["xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid), "--name", "."]
+        found = until(
+            "a window", lambda: subprocess.run(look, capture_output=True, text=True, check=False).stdout.split()
+        )
+        return found[-1]
+
+
+def main(*steps):
+    """Takes the steps in their order and tells of the first that fails."""
+    for step in steps:
+        start = time.monotonic()
+        try:
+            step()
+        except Exception as problem:  # whatever it is, the run has failed in this step
+            print(f"FAILED  {step.__doc__}: {type(problem).__name__}: {problem}", file=sys.stderr)
+            raise
+        print(f"{time.monotonic() - start:5.2f} s  {step.__doc__}", flush=True)

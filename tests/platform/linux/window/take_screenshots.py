@@ -1,0 +1,81 @@
+"""Takes the pictures of the windows that the documentation shows, light and dark.
+
+    take_screenshots.py VANOKA-SETTINGS SINGLISH FOLDER
+"""
+
+import pathlib
+import subprocess
+import sys
+import time
+
+import pyatspi
+from desktop import Program, click, photograph, press, run, type_text, until
+
+PROGRAM, SINGLISH, FOLDER = sys.argv[1:4]
+PORTAL = str(pathlib.Path(__file__).parent / "portal.py")
+CHANGED = ", You changed this letter's keys"
+
+
+def picture(program, title, name):
+    time.sleep(0.3)  # the caret, the switch and the tips have come to rest
+    box = program.find("frame", title).queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    photograph(f"{FOLDER}/{name}.png", f"{box.width}x{box.height}+{box.x}+{box.y}")
+
+
+def out_of_the_way():
+    run("xdotool", "mousemove", "1000", "700")
+
+
+def take(scheme):
+    def window_picture(name):
+        out_of_the_way()
+        picture(window, "Vanoka Settings", f"settings-{name}-{scheme}")
+
+    run(SINGLISH, "keys", "reset")
+    with Program(PROGRAM) as window:
+        window.find("frame", "Vanoka Settings")
+        click(window.find("list item", "\u0d87, A  ae"))
+        window_picture("letter")
+
+        click(window.find("text", "New key"))
+        type_text("u")
+        window.find("label", "ku \u2192 \u0d9a\u0dd0  \u00b7  u currently types \u0d8b; it will type \u0d87 instead.")
+        window_picture("taken-key")
+
+        press("Return")
+        type_text("q1")
+        window.find("label", "Use English letters only")
+        window_picture("refused-key")
+
+        click(window.find("list item", f"\u0d8b, no key{CHANGED}"))
+        window.find("push button", "Take back, u")
+        window_picture("take-back")
+
+        click(window.find("push button", "Reset to Defaults"))
+        window.find("push button", "Cancel")
+        window_picture("reset")
+        press("Escape")
+        window.gone("push button", "Cancel")
+
+        click(window.find("list item", "\u0d85, a"))
+        press("End")
+        window.find("heading", "\u25cc\u0d83")
+        press("Up")
+        window.find("heading", "\u25cc\u0d82")
+        window_picture("sign")
+    with Program(PROGRAM, "--about") as about:
+        about.find("link", "Terms")
+        out_of_the_way()
+        picture(about, "About Vanoka", f"about-{scheme}")
+
+
+for scheme in ("light", "dark"):
+    portal = subprocess.Popen(
+        [sys.executable, PORTAL, scheme], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True
+    )
+    try:
+        until("the portal", lambda: portal.stdout.readline() == "ready\n")
+        take(scheme)
+    finally:
+        portal.stdin.close()
+        portal.wait(10)
