@@ -1,6 +1,6 @@
 #pragma once
 
-/// All of the core library: Sinhala from Latin keys, and the keys' settings.
+/// All of the core library: Sinhala from Latin keys, the keys' settings, and words from strokes.
 #include "product/VanokaCompany.h"
 #include "product/VanokaWebsite.h"
 #include "settings/SinglishCustomization.h"
@@ -10,3 +10,4 @@
 #include "singlish/SinglishScheme.h"
 #include "singlish/SinglishStream.h"
 #include "singlish/SinglishTransliterator.h"
+#include "swipe/SwipeDecoder.h"
