@@ -23,6 +23,11 @@ constexpr std::size_t longestBounded = 48; // keys
 constexpr float sizeRounding = 1e-4F;
 constexpr float stepRounding = 5e-4F;
 
+/// Where the blocks end, half a step after their last points.
+constexpr Lanes::Numbers blockEnds{3.5F, 7.5F, 11.5F, 15.5F, 19.5F, 23.5F, 27.5F, 31.5F};
+/// The sums of the blocks' point numbers: 0 + 1 + 2 + 3, 4 + 5 + 6 + 7, …
+constexpr Lanes::Numbers blockIndices{6, 22, 38, 54, 70, 86, 102, 118};
+
 } // namespace
 
 SwipeComparison::SwipeComparison(std::span<const SwipePoint> stroke, const SwipeLayout& layout)
@@ -37,13 +42,16 @@ SwipeComparison::SwipeComparison(std::span<const SwipePoint> stroke, const Swipe
 void SwipeComparison::prepareBound() {
     if (!layout_.size())
         return;
+    Lanes::Numbers x{}, y{};
     for (std::size_t k = 0; k < points; ++k) {
         const SwipeLayout::Place place = layout_.place(target_[k]);
         if (!(std::abs(place.x) <= farthestPoint && std::abs(place.y) <= farthestPoint))
             return;
-        blockX_[k / blockPoints] += place.x;
-        blockY_[k / blockPoints] += place.y;
+        x[k / blockPoints] += place.x;
+        y[k / blockPoints] += place.y;
     }
+    blockX_ = Lanes(x);
+    blockY_ = Lanes(y);
     hasBound_ = true;
 }
 
@@ -117,50 +125,41 @@ double SwipeComparison::lowerBound(std::string_view spelling) const {
     if (!hasBound_ || spelling.size() < 2 || spelling.size() > longestBounded)
         return 0;
     const std::size_t last = spelling.size() - 1;
-    std::array<SwipeLayout::Leg, longestBounded> legs;
-    std::array<float, longestBounded> arcs;
-    float length = 0;
-    for (std::size_t i = 0; i < last; ++i) {
-        legs[i] = layout_.leg(spelling[i], spelling[i + 1]);
+    std::array<float, longestBounded> arcs, turnsX, turnsY; // where the path turns, and by how much
+    const SwipeLayout::Leg firstLeg = layout_.leg(spelling[0], spelling[1]);
+    SwipeLayout::Leg before = firstLeg;
+    float length = firstLeg.length;
+    for (std::size_t i = 1; i < last; ++i) {
+        const SwipeLayout::Leg leg = layout_.leg(spelling[i], spelling[i + 1]);
         arcs[i] = length;
-        length += legs[i].length;
+        turnsX[i] = leg.x - before.x;
+        turnsY[i] = leg.y - before.y;
+        length += leg.length;
+        before = leg;
     }
     if (!(length > 0))
         return 0;
     constexpr auto steps = static_cast<float>(points - 1);
     const float step = length / steps, toSteps = steps / length;
 
-    std::array<float, blocks> x{}, y{}; // twice the turns' integrals up to each block's end, in steps
+    Lanes turnedX, turnedY; // twice the turns' integrals up to each block's end, in steps
     for (std::size_t i = 1; i < last; ++i) {
-        const float at = arcs[i] * toSteps;
-        const float turnX = legs[i].x - legs[i - 1].x, turnY = legs[i].y - legs[i - 1].y;
-        for (std::size_t block = 0; block < blocks; ++block) {
-            const float end = static_cast<float>((block + 1) * blockPoints) - 0.5F;
-            const float past = end - at > 0 ? end - at : 0;
-            x[block] += turnX * past * past;
-            y[block] += turnY * past * past;
-        }
+        const Lanes past = (Lanes(blockEnds) - Lanes(arcs[i] * toSteps)).positive();
+        const Lanes square = past * past;
+        turnedX = turnedX + square * Lanes(turnsX[i]);
+        turnedY = turnedY + square * Lanes(turnsY[i]);
     }
 
     const SwipeLayout::Place start = layout_.letterPlace(spelling[0]);
-    std::array<float, blocks> apart;
-    for (std::size_t block = 0; block < blocks; ++block) {
-        constexpr auto each = static_cast<float>(blockPoints);
-        const float indices =
-            each * (static_cast<float>(block) * each + (each - 1) / 2); // of its points, summed
-        const float turnedX = x[block] - (block > 0 ? x[block - 1] : 0);
-        const float turnedY = y[block] - (block > 0 ? y[block - 1] : 0);
-        const float pathX = each * start.x + step * (legs[0].x * indices + turnedX / 2);
-        const float pathY = each * start.y + step * (legs[0].y * indices + turnedY / 2);
-        const float dx = blockX_[block] - pathX, dy = blockY_[block] - pathY;
-        apart[block] = std::sqrt(dx * dx + dy * dy);
-    }
-    float sum = 0;
-    for (const float each : apart)
-        sum += each;
+    constexpr auto each = static_cast<float>(blockPoints);
+    const Lanes x = blockX_ - Lanes(each * start.x) - Lanes(step * firstLeg.x) * Lanes(blockIndices) -
+                    Lanes(step / 2) * turnedX.growth();
+    const Lanes y = blockY_ - Lanes(each * start.y) - Lanes(step * firstLeg.y) * Lanes(blockIndices) -
+                    Lanes(step / 2) * turnedY.growth();
+    const float apart = (x * x + y * y).squareRoot().sum();
     const auto keys = static_cast<float>(spelling.size());
     const float bound =
-        (sum - step * keys / 4) / static_cast<float>(points) - sizeRounding - keys * step * stepRounding;
+        (apart - step * keys / 4) / static_cast<float>(points) - sizeRounding - keys * step * stepRounding;
     return static_cast<double>(bound) * *layout_.size();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "swipe/Lanes.h"
 #include "swipe/SwipeCost.h"
 #include "swipe/SwipeLayout.h"
 
@@ -31,7 +32,7 @@ public:
 
 private:
     static constexpr std::size_t points = SwipeCost::comparedPoints;
-    static constexpr std::size_t blocks = 8;
+    static constexpr std::size_t blocks = Lanes::count;
     static constexpr std::size_t blockPoints = points / blocks;
 
     void prepareBound();
@@ -41,7 +42,7 @@ private:
     std::vector<SwipePoint> target_;
     std::array<double, points> targetX_{}, targetY_{};
     bool hasBound_ = false;
-    std::array<float, blocks> blockX_{}, blockY_{}; ///< the target's points, added up by blocks
+    Lanes blockX_, blockY_; ///< the target's points, added up by blocks
 };
 
 } // namespace vanoka

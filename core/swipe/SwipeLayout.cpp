@@ -70,9 +70,9 @@ void SwipeLayout::layLegs() {
             const SwipePoint start = letterCenters_[from], end = letterCenters_[to];
             const double x = (end.x - start.x) / *size_, y = (end.y - start.y) / *size_;
             const double length = std::sqrt(x * x + y * y);
-            legs_[from * letters + to] = {static_cast<float>(length),
-                                          length > 0 ? static_cast<float>(x / length) : 0,
-                                          length > 0 ? static_cast<float>(y / length) : 0};
+            legs_[from * row + to] = {static_cast<float>(length),
+                                      length > 0 ? static_cast<float>(x / length) : 0,
+                                      length > 0 ? static_cast<float>(y / length) : 0};
         }
     }
 }

@@ -11,7 +11,7 @@
 namespace vanoka {
 
 /// A keyboard's layout, prepared for decoding: where each key is, and how one goes from each letter's key to
-/// each other one. A keyboard makes it once and keeps it until a key moves; it holds about 30 kB. Immutable.
+/// each other one. A keyboard makes it once and keeps it until a key moves; it holds about 20 kB. Immutable.
 class SwipeLayout {
 public:
     static constexpr std::size_t letters = 26;
@@ -31,7 +31,7 @@ public:
 
     /// The straight way between two keys, in units of the keyboard's size. Single precision is enough for
     /// bounds, and twice as fast.
-    struct Leg {
+    struct alignas(16) Leg {
         float length = 0;
         float x = 0, y = 0; ///< the direction, of length 1; none when the keys are in one place
     };
@@ -39,7 +39,7 @@ public:
     struct Place {
         float x = 0, y = 0;
     };
-    Leg leg(char from, char to) const noexcept { return legs_[place(from) * letters + place(to)]; }
+    Leg leg(char from, char to) const noexcept { return legs_[place(from) * row + place(to)]; }
     Place place(SwipePoint point) const noexcept;
     Place letterPlace(char letter) const noexcept { return places_[place(letter)]; }
 
@@ -48,6 +48,8 @@ public:
     std::optional<double> size() const noexcept { return size_; }
 
 private:
+    static constexpr std::size_t row =
+        32; ///< of the legs: a shift finds one, and they are found by the million
     static constexpr std::size_t place(char letter) noexcept {
         return static_cast<std::size_t>(letter - 'a');
     }
@@ -60,7 +62,7 @@ private:
     std::array<double, letters * letters> distances_{};
     SwipePoint middle_;
     std::optional<double> size_;
-    std::array<Leg, letters * letters> legs_{};
+    std::array<Leg, letters * row> legs_{};
     std::array<Place, letters> places_{};
 };
 
