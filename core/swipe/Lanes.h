@@ -7,65 +7,70 @@
 
 namespace vanoka {
 
-/// Eight numbers of single precision that are computed with side by side, four in one instruction on the
-/// machines that phones and desks have. The vectors are those that GCC and Clang know on every machine.
+/// Numbers of single precision that are computed with side by side, four in one instruction on the machines
+/// that phones and desks have. The vectors are those that GCC and Clang know on every machine.
+template <std::size_t size>
 class Lanes {
 public:
-    static constexpr std::size_t count = 8;
-    using Numbers = std::array<float, count>;
+    static_assert(size % 4 == 0);
+    using Numbers = std::array<float, size>;
 
     Lanes() = default;
-    explicit Lanes(float all) noexcept : low_{all, all, all, all}, high_{all, all, all, all} {}
+    explicit Lanes(float all) noexcept { quads_.fill(Quad{all, all, all, all}); }
     explicit Lanes(const Numbers& numbers) noexcept {
-        std::memcpy(&low_, numbers.data(), sizeof low_);
-        std::memcpy(&high_, numbers.data() + count / 2, sizeof high_);
-    }
-
-    Numbers numbers() const noexcept {
-        Numbers numbers;
-        std::memcpy(numbers.data(), &low_, sizeof low_);
-        std::memcpy(numbers.data() + count / 2, &high_, sizeof high_);
-        return numbers;
+        std::memcpy(quads_.data(), numbers.data(), sizeof numbers);
     }
 
     friend Lanes operator+(const Lanes& left, const Lanes& right) noexcept {
-        return {left.low_ + right.low_, left.high_ + right.high_};
+        return each([&](std::size_t i) { return left.quads_[i] + right.quads_[i]; });
     }
     friend Lanes operator-(const Lanes& left, const Lanes& right) noexcept {
-        return {left.low_ - right.low_, left.high_ - right.high_};
+        return each([&](std::size_t i) { return left.quads_[i] - right.quads_[i]; });
     }
     friend Lanes operator*(const Lanes& left, const Lanes& right) noexcept {
-        return {left.low_ * right.low_, left.high_ * right.high_};
+        return each([&](std::size_t i) { return left.quads_[i] * right.quads_[i]; });
     }
 
     /// Each number, or 0 where that is more.
-    Lanes positive() const noexcept { return {low_ > 0 ? low_ : Quad{}, high_ > 0 ? high_ : Quad{}}; }
+    Lanes positive() const noexcept {
+        return each([&](std::size_t i) { return quads_[i] > 0 ? quads_[i] : Quad{}; });
+    }
 
     /// What each number has grown by from the one before, the first from 0.
     Lanes growth() const noexcept {
-        const Quad lowBefore = {0, low_[0], low_[1], low_[2]};
-        const Quad highBefore = {low_[3], high_[0], high_[1], high_[2]};
-        return {low_ - lowBefore, high_ - highBefore};
+        return each([&](std::size_t i) {
+            const Quad quad = quads_[i];
+            return quad - Quad{i > 0 ? quads_[i - 1][3] : 0, quad[0], quad[1], quad[2]};
+        });
     }
 
     Lanes squareRoot() const noexcept {
-        Numbers roots = numbers();
-        for (float& each : roots)
-            each = std::sqrt(each);
+        Numbers roots;
+        std::memcpy(roots.data(), quads_.data(), sizeof roots);
+        for (float& root : roots)
+            root = std::sqrt(root);
         return Lanes(roots);
     }
 
     float sum() const noexcept {
-        const Quad pairs = low_ + high_;
-        return (pairs[0] + pairs[1]) + (pairs[2] + pairs[3]);
+        Quad sums{};
+        for (const Quad quad : quads_)
+            sums += quad;
+        return (sums[0] + sums[1]) + (sums[2] + sums[3]);
     }
 
 private:
     using Quad = float __attribute__((vector_size(16)));
 
-    Lanes(Quad low, Quad high) noexcept : low_(low), high_(high) {}
+    template <class Operation>
+    static Lanes each(Operation operation) noexcept {
+        Lanes result;
+        for (std::size_t i = 0; i < size / 4; ++i)
+            result.quads_[i] = operation(i);
+        return result;
+    }
 
-    Quad low_{}, high_{};
+    std::array<Quad, size / 4> quads_{};
 };
 
 } // namespace vanoka

@@ -23,10 +23,23 @@ constexpr std::size_t longestBounded = 48; // keys
 constexpr float sizeRounding = 1e-4F;
 constexpr float stepRounding = 5e-4F;
 
-/// Where the blocks end, half a step after their last points.
-constexpr Lanes::Numbers blockEnds{3.5F, 7.5F, 11.5F, 15.5F, 19.5F, 23.5F, 27.5F, 31.5F};
-/// The sums of the blocks' point numbers: 0 + 1 + 2 + 3, 4 + 5 + 6 + 7, …
-constexpr Lanes::Numbers blockIndices{6, 22, 38, 54, 70, 86, 102, 118};
+/// Where the blocks end: half a step after their last points.
+template <std::size_t blocks>
+constexpr auto blockEnds = [] {
+    std::array<float, blocks> ends{};
+    for (std::size_t block = 0; block < blocks; ++block)
+        ends[block] = static_cast<float>((block + 1) * SwipeCost::comparedPoints / blocks) - 0.5F;
+    return ends;
+}();
+
+/// The blocks' point numbers added up: 0 + 1 + 2 + 3, 4 + 5 + 6 + 7, …
+template <std::size_t blocks>
+constexpr auto blockIndices = [] {
+    std::array<float, blocks> sums{};
+    for (std::size_t point = 0; point < SwipeCost::comparedPoints; ++point)
+        sums[point * blocks / SwipeCost::comparedPoints] += static_cast<float>(point);
+    return sums;
+}();
 
 } // namespace
 
@@ -42,16 +55,21 @@ SwipeComparison::SwipeComparison(std::span<const SwipePoint> stroke, const Swipe
 void SwipeComparison::prepareBound() {
     if (!layout_.size())
         return;
-    Lanes::Numbers x{}, y{};
+    std::array<float, coarse> coarseX{}, coarseY{};
+    std::array<float, fine> fineX{}, fineY{};
     for (std::size_t k = 0; k < points; ++k) {
         const SwipeLayout::Place place = layout_.place(target_[k]);
         if (!(std::abs(place.x) <= farthestPoint && std::abs(place.y) <= farthestPoint))
             return;
-        x[k / blockPoints] += place.x;
-        y[k / blockPoints] += place.y;
+        coarseX[k * coarse / points] += place.x;
+        coarseY[k * coarse / points] += place.y;
+        fineX[k * fine / points] += place.x;
+        fineY[k * fine / points] += place.y;
     }
-    blockX_ = Lanes(x);
-    blockY_ = Lanes(y);
+    coarseX_ = Lanes<coarse>(coarseX);
+    coarseY_ = Lanes<coarse>(coarseY);
+    fineX_ = Lanes<fine>(fineX);
+    fineY_ = Lanes<fine>(fineY);
     hasBound_ = true;
 }
 
@@ -112,7 +130,43 @@ double SwipeComparison::distance(std::string_view spelling, double atMost) const
     return sum / static_cast<double>(points);
 }
 
-// Four neighbouring points of the stroke and of the ideal path are together at least as far apart as their
+/// An ideal path as where it turns.
+struct SwipeComparison::Turns {
+    SwipeLayout::Place start;
+    SwipeLayout::Leg firstLeg;
+    std::size_t count = 0;
+    std::array<float, longestBounded> arcs, x,
+        y; ///< how far along each turn is, and what it adds to the direction
+    float length = 0;
+
+    Turns(std::string_view spelling, const SwipeLayout& layout)
+        : start(layout.letterPlace(spelling[0])),
+          firstLeg(layout.leg(spelling[0], spelling[1])),
+          count(spelling.size() - 2),
+          length(firstLeg.length) {
+        SwipeLayout::Leg before = firstLeg;
+        for (std::size_t i = 0; i < count; ++i) {
+            const SwipeLayout::Leg leg = layout.leg(spelling[i + 1], spelling[i + 2]);
+            arcs[i] = length;
+            x[i] = leg.x - before.x;
+            y[i] = leg.y - before.y;
+            length += leg.length;
+            before = leg;
+        }
+    }
+};
+
+double SwipeComparison::lowerBound(std::string_view spelling, double enough) const {
+    if (!hasBound_ || spelling.size() < 2 || spelling.size() > longestBounded)
+        return 0;
+    const Turns turns(spelling, layout_);
+    if (!(turns.length > 0))
+        return 0;
+    const double first = boundOf<coarse>(turns, coarseX_, coarseY_);
+    return first > enough ? first : boundOf<fine>(turns, fineX_, fineY_);
+}
+
+// Some neighbouring points of the stroke and of the ideal path are together at least as far apart as their
 // sums are: |a₁ − b₁| + … + |a₄ − b₄| ≥ |(a₁ + … + a₄) − (b₁ + … + b₄)|. The sums of the ideal path's points
 // need none of them. Measured in steps between two points, the path is at c + s·(e₀p + Σ κᵢ·max(0, p − aᵢ))
 // after p steps of length s: it starts at c in the direction e₀ and turns by κᵢ at its key i, which is aᵢ
@@ -121,45 +175,31 @@ double SwipeComparison::distance(std::string_view spelling, double atMost) const
 //
 // Integral and sum differ only for the one point within half a step of the turn, by at most |κᵢ| ÷ 8 steps;
 // |κᵢ| is at most 2. So all blocks together are off by at most a quarter of a step for each turn.
-double SwipeComparison::lowerBound(std::string_view spelling) const {
-    if (!hasBound_ || spelling.size() < 2 || spelling.size() > longestBounded)
-        return 0;
-    const std::size_t last = spelling.size() - 1;
-    std::array<float, longestBounded> arcs, turnsX, turnsY; // where the path turns, and by how much
-    const SwipeLayout::Leg firstLeg = layout_.leg(spelling[0], spelling[1]);
-    SwipeLayout::Leg before = firstLeg;
-    float length = firstLeg.length;
-    for (std::size_t i = 1; i < last; ++i) {
-        const SwipeLayout::Leg leg = layout_.leg(spelling[i], spelling[i + 1]);
-        arcs[i] = length;
-        turnsX[i] = leg.x - before.x;
-        turnsY[i] = leg.y - before.y;
-        length += leg.length;
-        before = leg;
-    }
-    if (!(length > 0))
-        return 0;
+template <std::size_t blocks>
+double SwipeComparison::boundOf(const Turns& turns, const Lanes<blocks>& targetX,
+                                const Lanes<blocks>& targetY) const {
+    using Blocks = Lanes<blocks>;
     constexpr auto steps = static_cast<float>(points - 1);
-    const float step = length / steps, toSteps = steps / length;
+    constexpr auto each = static_cast<float>(points / blocks);
+    const float step = turns.length / steps, toSteps = steps / turns.length;
 
-    Lanes turnedX, turnedY; // twice the turns' integrals up to each block's end, in steps
-    for (std::size_t i = 1; i < last; ++i) {
-        const Lanes past = (Lanes(blockEnds) - Lanes(arcs[i] * toSteps)).positive();
-        const Lanes square = past * past;
-        turnedX = turnedX + square * Lanes(turnsX[i]);
-        turnedY = turnedY + square * Lanes(turnsY[i]);
+    const Blocks ends(blockEnds<blocks>), indices(blockIndices<blocks>);
+    Blocks turnedX, turnedY; // twice the turns' integrals up to each block's end, in steps
+    for (std::size_t i = 0; i < turns.count; ++i) {
+        const Blocks past = (ends - Blocks(turns.arcs[i] * toSteps)).positive();
+        const Blocks square = past * past;
+        turnedX = turnedX + square * Blocks(turns.x[i]);
+        turnedY = turnedY + square * Blocks(turns.y[i]);
     }
 
-    const SwipeLayout::Place start = layout_.letterPlace(spelling[0]);
-    constexpr auto each = static_cast<float>(blockPoints);
-    const Lanes x = blockX_ - Lanes(each * start.x) - Lanes(step * firstLeg.x) * Lanes(blockIndices) -
-                    Lanes(step / 2) * turnedX.growth();
-    const Lanes y = blockY_ - Lanes(each * start.y) - Lanes(step * firstLeg.y) * Lanes(blockIndices) -
-                    Lanes(step / 2) * turnedY.growth();
+    const Blocks x = targetX - Blocks(each * turns.start.x) - Blocks(step * turns.firstLeg.x) * indices -
+                     Blocks(step / 2) * turnedX.growth();
+    const Blocks y = targetY - Blocks(each * turns.start.y) - Blocks(step * turns.firstLeg.y) * indices -
+                     Blocks(step / 2) * turnedY.growth();
     const float apart = (x * x + y * y).squareRoot().sum();
-    const auto keys = static_cast<float>(spelling.size());
+    const auto count = static_cast<float>(turns.count + 1);
     const float bound =
-        (apart - step * keys / 4) / static_cast<float>(points) - sizeRounding - keys * step * stepRounding;
+        (apart - step * count / 4) / static_cast<float>(points) - sizeRounding - count * step * stepRounding;
     return static_cast<double>(bound) * *layout_.size();
 }
 

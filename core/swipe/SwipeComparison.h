@@ -25,24 +25,29 @@ public:
     double distance(std::string_view spelling, double atMost) const;
 
     /// A distance, in layout units, that `distance` is not below, roundings included; found in a fraction of
-    /// its time. 0 or less when nothing is known.
-    double lowerBound(std::string_view spelling) const;
+    /// its time, and in less than that where a first guess is already more than `enough`. 0 or less when
+    /// nothing is known.
+    double lowerBound(std::string_view spelling, double enough) const;
 
     std::span<const SwipePoint> target() const noexcept { return target_; }
 
 private:
     static constexpr std::size_t points = SwipeCost::comparedPoints;
-    static constexpr std::size_t blocks = Lanes::count;
-    static constexpr std::size_t blockPoints = points / blocks;
+    static constexpr std::size_t coarse = 4, fine = 8; ///< into how many blocks the points are taken together
+    struct Turns;
 
     void prepareBound();
     double plainDistance(std::string_view spelling) const;
+    template <std::size_t blocks>
+    double boundOf(const Turns& turns, const Lanes<blocks>& targetX, const Lanes<blocks>& targetY) const;
 
     const SwipeLayout& layout_;
     std::vector<SwipePoint> target_;
     std::array<double, points> targetX_{}, targetY_{};
     bool hasBound_ = false;
-    Lanes blockX_, blockY_; ///< the target's points, added up by blocks
+    /// The target's points, added up by blocks.
+    Lanes<coarse> coarseX_, coarseY_;
+    Lanes<fine> fineX_, fineY_;
 };
 
 } // namespace vanoka

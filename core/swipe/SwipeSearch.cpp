@@ -71,15 +71,20 @@ bool SwipeSearch::fits(std::string_view spelling) const {
     return !spelling.empty() && isIn(startKeys_, spelling.front()) && isIn(endKeys_, spelling.back());
 }
 
+bool SwipeSearch::mayFit(SwipeEnds ends) const {
+    return (ends.first == 0 || isIn(startKeys_, ends.first)) && (ends.last == 0 || isIn(endKeys_, ends.last));
+}
+
 void SwipeSearch::findPersonal(const Personal& personal) {
-    std::uint32_t order = 0;
-    for (const auto& [word, count] : personal) {
-        SwipeSpellings spellings = swipeSpellings(word);
-        if (fits(spellings.full) || fits(spellings.chat)) {
-            const EndKeys home(spellings.full);
-            personal_.push_back({word, count, order, std::move(spellings), home});
-        }
+    for (std::uint32_t order = 0; const auto& [word, count] : personal) {
         ++order;
+        if (!mayFit(swipeEndsAtAGlance(word)))
+            continue;
+        SwipeSpellings spellings = swipeSpellings(word);
+        if (!fits(spellings.full) && !fits(spellings.chat))
+            continue;
+        const EndKeys home(spellings.full);
+        personal_.push_back({word, count, order, std::move(spellings), home});
     }
     const auto homeIndex = [](const PersonalWord& each) { return each.home.index(); };
     std::ranges::sort(personal_, {}, homeIndex);
@@ -162,8 +167,8 @@ bool SwipeSearch::consider(Index index) {
         return false;
     const SwipeLexicon::Entry entry = lexicon_.entry(index);
     const double most = reach(occurrences);
-    const bool isFar = comparison_.lowerBound(entry.full) > most &&
-                       (entry.chat.empty() || comparison_.lowerBound(entry.chat) > most);
+    const bool isFar = comparison_.lowerBound(entry.full, most) > most &&
+                       (entry.chat.empty() || comparison_.lowerBound(entry.chat, most) > most);
     if (isFar || isPersonal(index))
         return true;
     const double away = keyWidthsAway(entry.full, entry.chat, most);

@@ -57,7 +57,7 @@ private:
     /// How far a word may be, in layout units, and yet be among the best. Not a number never excludes.
     double reach(std::int64_t occurrences) const;
     bool fits(std::string_view spelling) const;
-    bool fits(EndKeys ends) const;
+    bool mayFit(SwipeEnds ends) const;
     /// The first group by number that a word with these spellings is met in.
     std::uint32_t firstGroup(std::string_view full, std::string_view chat) const;
     /// The distance, in key widths, of the nearer spelling; infinity when it is known to be more than

@@ -30,6 +30,10 @@ void append(SwipeSpellings& spellings, std::string_view full, std::string_view c
     appendCollapsed(spellings.chat, chat);
 }
 
+bool isUnchanging(const SwipeLetter& letter) {
+    return letter.kind == SwipeLetter::Kind::consonant || letter.kind == SwipeLetter::Kind::standalone;
+}
+
 } // namespace
 
 SwipeSpellings swipeSpellings(std::string_view word) {
@@ -68,6 +72,25 @@ SwipeSpellings swipeSpellings(std::string_view word) {
     if (spellings.chat == spellings.full)
         spellings.chat.clear();
     return spellings;
+}
+
+SwipeEnds swipeEndsAtAGlance(std::string_view word) {
+    SwipeEnds ends;
+    if (word.empty())
+        return ends;
+    if (text::isAscii(word))
+        return {text::lowercased(word.substr(0, 1))[0], text::lowercased(word.substr(word.size() - 1))[0]};
+    const SwipeLetter* first = swipeLetter(text::firstScalar(word).value);
+    const SwipeLetter* last = swipeLetter(text::lastScalar(word).value);
+    // Signs may compose with what stands beside them; consonants and standalone letters never do.
+    if (first && isUnchanging(*first))
+        ends.first = first->full.front() == first->chat.front() ? first->full.front() : '\0';
+    if (last && isUnchanging(*last)) {
+        const std::string_view full = last->full, chat = last->chat;
+        const bool owesVowel = last->kind == SwipeLetter::Kind::consonant;
+        ends.last = owesVowel ? inherentVowel[0] : full.back() == chat.back() ? full.back() : '\0';
+    }
+    return ends;
 }
 
 } // namespace vanoka

@@ -18,4 +18,11 @@ struct SwipeSpellings {
 /// letters. Both spellings are empty for a word that holds anything else, and for an empty one.
 SwipeSpellings swipeSpellings(std::string_view word);
 
+/// The first and the last key of all of a word's spellings, where one look at an end of the word tells them:
+/// 0 where it does not. Says nothing about whether the word can be swiped.
+struct SwipeEnds {
+    char first = 0, last = 0;
+};
+SwipeEnds swipeEndsAtAGlance(std::string_view word);
+
 } // namespace vanoka

@@ -1,9 +1,9 @@
 #include "Measurement.h"
 
+#include "ProcessorTime.h"
 #include "text/Equivalence.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <iomanip>
 #include <set>
@@ -13,7 +13,6 @@ namespace vanoka {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
 using Listed = std::set<std::string_view, text::CanonicalLess>;
 
 void judge(Measurement& measurement, std::string_view meant, std::span<const std::string> words,
@@ -60,9 +59,9 @@ Measurement measure(const SwipeDecoder& decoder, std::span<const SwipeDecoder::W
         listed.insert(word.word);
     Measurement measurement{.limit = limit};
     for (const MeantStroke& stroke : strokes) {
-        const auto start = Clock::now();
+        const double start = processorSeconds();
         const auto found = decoder.wordsFor(stroke.points, layout, stroke.keyWidth, limit, personal);
-        measurement.seconds.push_back(std::chrono::duration<double>(Clock::now() - start).count());
+        measurement.seconds.push_back(processorSeconds() - start);
         judge(measurement, stroke.word, found, listed);
     }
     std::ranges::sort(measurement.seconds);

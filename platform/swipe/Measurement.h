@@ -19,7 +19,7 @@ struct Measurement {
     std::size_t first = 0, inThree = 0, inFive = 0; ///< strokes with the meant word so far up
     std::size_t missing = 0;                        ///< strokes without the meant word among the results
     std::size_t notListed = 0;                      ///< those of them whose word is not in the word list
-    std::vector<double> seconds;                    ///< what each stroke took, in rising order
+    std::vector<double> seconds;                    ///< of a processor that each stroke took, in rising order
 
     /// The least time that so many of a hundred strokes took no longer than; 0 without strokes.
     double percentile(double percent) const;

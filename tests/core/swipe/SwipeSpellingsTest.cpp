@@ -1,4 +1,5 @@
 #include "swipe/SwipeSpellings.h"
+#include "SwipeRandoms.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -81,6 +82,24 @@ TEST(SwipeSpellings, OfEquivalentWordsAreEqual) {
     EXPECT_EQ(swipeSpellings("\u0D9A\u0DD9\u0DCF"), swipeSpellings("\u0D9A\u0DDC"));
     EXPECT_EQ(swipeSpellings("\u0D9A\u0DD9\u0DCF"), (SwipeSpellings{"ko", ""}));
     EXPECT_EQ(swipeSpellings("\u0D9A\u0DD9\u0DCF\u0DCA"), (SwipeSpellings{"ko", ""})) << "composed to oo";
+}
+
+TEST(SwipeSpellings, AGlanceAtTheEndsNeverErrs) {
+    test::SwipeRandoms randoms(5);
+    std::size_t known = 0;
+    for (int round = 0; round < 20'000; ++round) {
+        const std::string word = randoms.word();
+        const SwipeSpellings spellings = swipeSpellings(word);
+        const SwipeEnds ends = swipeEndsAtAGlance(word);
+        for (const std::string& spelling : {spellings.full, spellings.chat}) {
+            if (spelling.empty())
+                continue;
+            ASSERT_TRUE(ends.first == 0 || ends.first == spelling.front()) << word;
+            ASSERT_TRUE(ends.last == 0 || ends.last == spelling.back()) << word;
+            known += ends.first != 0 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(known, 10'000U);
 }
 
 /// The text with the joiners that the file spells out, so that a reader sees them and no editor loses them.

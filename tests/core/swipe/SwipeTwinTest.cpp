@@ -91,7 +91,8 @@ TEST(SwipeTwin, ADistanceIsThatOfTheResampledPathToTheLastBit) {
         const SwipeComparison comparison(stroke, layout);
         const double ours = comparison.distance(spelling, std::numeric_limits<double>::infinity());
         ASSERT_TRUE(ours == plain || (std::isnan(ours) && std::isnan(plain))) << ours << " beside " << plain;
-        ASSERT_FALSE(comparison.lowerBound(spelling) > plain) << round << " " << spelling;
+        for (const double enough : {-1e300, plain, 1e300})
+            ASSERT_FALSE(comparison.lowerBound(spelling, enough) > plain) << round << " " << spelling;
         EXPECT_TRUE(std::isnan(plain) || comparison.distance(spelling, plain) == plain);
     }
 }
@@ -109,7 +110,7 @@ TEST(SwipeTwin, TheLowerBoundIsNearTheDistance) {
         if (spelling.size() < 2 || spelling.size() > 20 || stroke.size() < 2 || !isUsual)
             continue;
         const SwipeComparison comparison(stroke, layout);
-        bounds += std::max(0.0, comparison.lowerBound(spelling));
+        bounds += std::max(0.0, comparison.lowerBound(spelling, 1e300));
         distances += comparison.distance(spelling, std::numeric_limits<double>::infinity());
     }
     EXPECT_GT(bounds, 0.85 * distances) << "a bound that says little excludes little";
