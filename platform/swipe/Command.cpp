@@ -195,19 +195,14 @@ void runSimulate(const Files& files, Options options, std::ostream& output) {
     const SwipeKeys layout = keyboard.layout();
     CountedWords words = wordsIn(files[0]);
     SimulatedFinger finger(habits, seed);
-    std::erase_if(words, [&](const auto& word) { // those that are not on this keyboard
-        return !SimulatedFinger({}, 0).swipe(word.first, layout, keyboard.keyWidth);
-    });
+    const auto centers = SwipeGeometry::centers(layout);
+    std::erase_if(words, [&](const auto& word) { return !SimulatedFinger::canSwipe(word.first, centers); });
     const Urn urn(words, isEven);
     if (urn.isEmpty())
         throw Failure{refused, "No word of " + files[0] + " can be swiped on " + files[1]};
-    for (std::int64_t written = 0; written < count;) {
+    for (std::int64_t written = 0; written < count; ++written) {
         const std::string& word = urn.draw(finger.fraction());
-        const auto points = finger.swipe(word, layout, keyboard.keyWidth);
-        if (!points)
-            continue;
-        writeStroke(output, {word, keyboard.keyWidth, *points});
-        ++written;
+        writeStroke(output, {word, keyboard.keyWidth, finger.swipe(word, layout, keyboard.keyWidth).value()});
     }
 }
 

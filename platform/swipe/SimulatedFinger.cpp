@@ -2,6 +2,7 @@
 
 #include "swipe/SwipeSpellings.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <string>
@@ -71,6 +72,13 @@ double rounded(double coordinate, double keyWidth) {
 }
 
 } // namespace
+
+bool SimulatedFinger::canSwipe(std::string_view word, const SwipeGeometry::Centers& centers) {
+    const SwipeSpellings spellings = swipeSpellings(word);
+    return !spellings.full.empty() && std::ranges::all_of(spellings.full + spellings.chat, [&](char key) {
+        return centers.contains(static_cast<SwipeGeometry::KeyCode>(key));
+    });
+}
 
 double SimulatedFinger::fraction() {
     return static_cast<double>(random_() >> 11) * 0x1p-53;

@@ -38,6 +38,9 @@ public:
     /// Evenly between 0 and 1, 1 excluded.
     double fraction();
 
+    /// True when the word can be swiped by each of its spellings.
+    static bool canSwipe(std::string_view word, const SwipeGeometry::Centers& centers);
+
 private:
     double normal();
     SwipePoint beside(SwipePoint point, double deviation);
