@@ -86,12 +86,13 @@ void SwipeSearch::findPersonal(const Personal& personal) {
         const EndKeys home(spellings.full);
         personal_.push_back({word, count, order, std::move(spellings), home});
     }
-    const auto homeIndex = [](const PersonalWord& each) { return each.home.index(); };
-    std::ranges::sort(personal_, {}, homeIndex);
+    std::ranges::sort(personal_, {}, [](const PersonalWord& each) { return each.home.index(); });
     for (auto rest = std::span(personal_); !rest.empty();) {
-        const auto sameHome = std::ranges::equal_range(rest, homeIndex(rest.front()), {}, homeIndex);
-        findListed(std::span(sameHome.begin(), sameHome.end()));
-        rest = rest.subspan(sameHome.size());
+        const auto other = std::ranges::find_if(
+            rest, [home = rest.front().home](const PersonalWord& each) { return each.home != home; });
+        const auto size = static_cast<std::size_t>(other - rest.begin());
+        findListed(rest.first(size));
+        rest = rest.subspan(size);
     }
     std::ranges::sort(listed_);
 }
