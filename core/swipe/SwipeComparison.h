@@ -29,8 +29,6 @@ public:
     /// nothing is known.
     double lowerBound(std::string_view spelling, double enough) const;
 
-    std::span<const SwipePoint> target() const noexcept { return target_; }
-
 private:
     static constexpr std::size_t points = SwipeCost::comparedPoints;
     static constexpr std::size_t coarse = 4, fine = 8; ///< into how many blocks the points are taken together
