@@ -25,6 +25,7 @@ constexpr std::array ratios = {
     Ratio{"the worst backspace at 1,000 keys", "backspace, worst/vanoka/1000", "backspace, worst/plain/1000"},
     Ratio{"the worst backspace at 10,000 keys", "backspace, worst/vanoka/10000",
           "backspace, worst/plain/10000"},
+    Ratio{"a stroke among 100,000 words, beside scoring every word", "swipe/vanoka", "swipe/plain"},
 };
 
 /// Prints every run, and keeps its processor time: for one byte where bytes were counted, for one call
@@ -38,6 +39,8 @@ public:
         for (const Run& run : runs) {
             std::string name = run.benchmark_name();
             if (const auto end = name.find("/iterations:"); end != std::string::npos)
+                name.resize(end);
+            if (const auto end = name.find("/manual_time"); end != std::string::npos)
                 name.resize(end);
             const auto bytes = run.counters.find("bytes_per_second");
             times_[name] = bytes == run.counters.end() ? timeOf(run) : 1 / bytes->second.value;

@@ -1,6 +1,6 @@
 #pragma once
 
-/// All of the core library: Sinhala from Latin keys, the keys' settings, and word lists.
+/// All of the core library: Sinhala from Latin keys, the keys' settings, word lists, and words from strokes.
 #include "product/VanokaCompany.h"
 #include "product/VanokaProduct.h"
 #include "product/VanokaWebsite.h"
@@ -11,6 +11,7 @@
 #include "singlish/SinglishScheme.h"
 #include "singlish/SinglishStream.h"
 #include "singlish/SinglishTransliterator.h"
+#include "swipe/SwipeDecoder.h"
 #include "words/EmojiWords.h"
 #include "words/EnglishWordList.h"
 #include "words/SinhalaSpelling.h"

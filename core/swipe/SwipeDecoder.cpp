@@ -1,0 +1,45 @@
+#include "swipe/SwipeDecoder.h"
+
+#include "swipe/SinglishSpelling.h"
+#include "swipe/SwipeSearch.h"
+
+#include <limits>
+
+namespace vanoka {
+
+namespace {
+
+bool canBeDecoded(std::span<const SwipePoint> stroke, double keyWidth, std::int64_t limit) {
+    return stroke.size() >= 2 && keyWidth > 0 && limit >= 1;
+}
+
+std::size_t held(std::int64_t limit) {
+    constexpr std::uint64_t most = std::numeric_limits<std::size_t>::max();
+    return static_cast<std::size_t>(std::min(static_cast<std::uint64_t>(limit), most));
+}
+
+} // namespace
+
+SwipeDecoder::SwipeDecoder(std::span<const Word> words) : lexicon_(words) {}
+
+std::vector<std::string> SwipeDecoder::wordsFor(std::span<const SwipePoint> stroke, const SwipeLayout& layout,
+                                                double keyWidth, std::int64_t limit,
+                                                const Personal& personal) const {
+    if (!canBeDecoded(stroke, keyWidth, limit))
+        return {};
+    return SwipeSearch(lexicon_, layout, stroke, keyWidth, held(limit), personal).words();
+}
+
+std::vector<std::string> SwipeDecoder::wordsFor(std::span<const SwipePoint> stroke, const SwipeKeys& keys,
+                                                double keyWidth, std::int64_t limit,
+                                                const Personal& personal) const {
+    if (!canBeDecoded(stroke, keyWidth, limit))
+        return {};
+    return wordsFor(stroke, SwipeLayout(keys), keyWidth, limit, personal);
+}
+
+std::optional<std::string> SwipeDecoder::singlishOf(std::string_view word) {
+    return singlishSpelling(word);
+}
+
+} // namespace vanoka

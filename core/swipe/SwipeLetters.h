@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace vanoka {
+
+/// What one Sinhala letter adds to the keys that a finger swipes.
+struct SwipeLetter {
+    enum class Kind : std::uint8_t { consonant, sign, standalone, virama, joiner };
+
+    Kind kind = Kind::consonant;
+    std::string full; ///< the key codes of the letter's first key
+    std::string chat; ///< the same without marks of aspiration and length, as people write in chat
+};
+
+/// The letter that `scalar` is; null when it has no place on a Latin keyboard. The table is made from the
+/// letter scheme on first use and lives as long as the process.
+const SwipeLetter* swipeLetter(char32_t scalar);
+
+} // namespace vanoka

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "swipe/SwipeComparison.h"
+#include "swipe/SwipeDecoder.h"
+#include "swipe/SwipeRanking.h"
+#include "swipe/SwipeSpellings.h"
+
+#include <bitset>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace vanoka {
+
+/// One search for the best words of a stroke:
+///   1. find the keys near the stroke's ends, and so the groups of words that may be meant;
+///   2. score the personal words of these groups, whether they are in the lexicon or not;
+///   3. walk the groups, the nearest ones first, and score every word that may be among the best, dropping
+///      those that are too rare, then those that cannot be near enough, then those that turn out not to be.
+/// Gives exactly what scoring every word of every group gives. Views all that it is made from.
+class SwipeSearch {
+public:
+    using Personal = SwipeDecoder::Personal;
+
+    /// The stroke has a point, the key width is greater than 0, the limit at least 1.
+    SwipeSearch(const SwipeLexicon& lexicon, const SwipeLayout& layout, std::span<const SwipePoint> stroke,
+                double keyWidth, std::size_t limit, const Personal& personal);
+
+    std::vector<std::string> words();
+
+private:
+    using Index = SwipeLexicon::Index;
+
+    struct PersonalWord {
+        std::string_view word;
+        std::int64_t count = 0;
+        std::uint32_t order = 0; ///< among the personal words
+        SwipeSpellings spellings;
+        EndKeys home;
+        bool isListed = false; ///< in the lexicon, too
+    };
+
+    void findPersonal(const Personal& personal);
+    void findListed(std::span<PersonalWord> sameHome);
+    void scorePersonal();
+    std::vector<EndKeys> groups() const;
+    void searchGroup(EndKeys group);
+    /// False when no later word of the group can be among the best.
+    bool consider(Index index);
+    bool isPersonal(Index index) const;
+
+    /// How far a word may be, in layout units, and yet be among the best. Not a number never excludes.
+    double reach(std::int64_t occurrences) const;
+    bool fits(std::string_view spelling) const;
+    bool mayFit(SwipeEnds ends) const;
+    /// The first group by number that a word with these spellings is met in.
+    std::uint32_t firstGroup(std::string_view full, std::string_view chat) const;
+    /// The distance, in key widths, of the nearer spelling; infinity when it is known to be more than
+    /// `atMost` layout units.
+    double keyWidthsAway(std::string_view full, std::string_view chat, double atMost) const;
+
+    const SwipeLexicon& lexicon_;
+    const SwipeLayout& layout_;
+    double keyWidth_;
+    SwipePoint start_, end_;
+    SwipeGeometry::KeySet startKeys_, endKeys_;
+    SwipeComparison comparison_;
+    std::vector<PersonalWord> personal_;                        ///< those whose ends fit
+    std::vector<std::pair<Index, const PersonalWord*>> listed_; ///< those in the lexicon, by index
+    std::optional<SwipeRanking> ranking_;
+};
+
+} // namespace vanoka

@@ -1,0 +1,267 @@
+#include "swipe/SwipeDecoder.h"
+#include "SwipeRandoms.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+#include <memory>
+
+namespace vanoka {
+
+namespace {
+
+using Words = std::vector<std::string>;
+using Personal = SwipeDecoder::Personal;
+using Path = std::vector<SwipePoint>;
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+constexpr std::int64_t mostCount = std::numeric_limits<std::int64_t>::max();
+
+SwipeDecoder decoderOf(const std::vector<SwipeDecoder::Word>& words) {
+    return SwipeDecoder(words);
+}
+
+Words decode(const SwipeDecoder& decoder, std::string_view spelling, std::int64_t limit = 5,
+             const Personal& personal = {}) {
+    const SwipeKeys keys = test::qwerty();
+    return decoder.wordsFor(test::strokeOver(keys, spelling), keys, 10, limit, personal);
+}
+
+std::string repeated(std::string_view text, std::size_t times) {
+    std::string result;
+    for (; times > 0; --times)
+        result += text;
+    return result;
+}
+
+TEST(SwipeDecoder, FindsEnglishAndSinhalaWords) {
+    const SwipeDecoder decoder =
+        decoderOf({{"Hello", 10}, {"hole", 10}, {"\u0D85\u0DB8\u0DCA\u0DB8\u0DCF", 10}});
+    EXPECT_EQ(decoder.count(), 3U);
+    EXPECT_EQ(decode(decoder, "helo"), Words{"Hello"});
+    EXPECT_EQ(decode(decoder, "ama"), Words{"\u0D85\u0DB8\u0DCA\u0DB8\u0DCF"});
+}
+
+TEST(SwipeDecoder, FindsASinhalaWordByEitherSpelling) {
+    const std::string word = "\u0DAF\u0DD4\u0D9A"; // dhuka, or duka
+    const SwipeDecoder decoder = decoderOf({{word, 10}});
+    EXPECT_EQ(decode(decoder, "dhuka"), Words{word});
+    EXPECT_EQ(decode(decoder, "duka"), Words{word});
+    const std::string ends = "\u0DB8\u0DAD\u0DCA"; // math, or mat
+    EXPECT_EQ(decode(decoderOf({{ends, 10}}), "math"), Words{ends});
+    EXPECT_EQ(decode(decoderOf({{ends, 10}}), "mat"), Words{ends});
+}
+
+TEST(SwipeDecoder, LeavesOutWhatCannotBeSwiped) {
+    const std::string longest = repeated("as", 127) + "a", tooLong = repeated("as", 128);
+    EXPECT_EQ(longest.size(), 255U);
+    EXPECT_EQ(decoderOf({{longest, 1}}).count(), 1U);
+    EXPECT_EQ(decoderOf({{tooLong, 1}}).count(), 0U);
+    EXPECT_EQ(
+        decoderOf({{"", 1}, {"it's", 1}, {"\u0D9Ak", 1}, {"\u0DCA", 1}, {"\xFF", 1}, {"ok", 1}}).count(), 1U);
+    EXPECT_EQ(decoderOf({}).count(), 0U);
+    EXPECT_EQ(decode(decoderOf({}), "ama"), Words());
+    EXPECT_EQ(decode(decoderOf({{longest, 1}}), longest), Words{longest});
+}
+
+TEST(SwipeDecoder, TheLimitOnKeysCountsForEitherSpelling) {
+    const std::string dha = repeated("\u0DAF", 85);
+    EXPECT_EQ(decoderOf({{dha, 1}}).count(), 1U) << "255 in full, 170 in chat";
+    EXPECT_EQ(decoderOf({{dha + "\u0D9A\u0DCA", 1}}).count(), 0U) << "256 in full, 171 in chat";
+}
+
+TEST(SwipeDecoder, AWordOfManyBytesAndFewKeys) {
+    const std::string long_ = repeated("a", 70'000);
+    EXPECT_EQ(decode(decoderOf({{long_, 1}, {"s", 1}}), "asa").front(), long_);
+}
+
+TEST(SwipeDecoder, CountsAreHeldToTheirRange) {
+    // Equal shapes, so that the count alone decides; equal counts keep the order of the list.
+    const auto order = [](std::int64_t one, std::int64_t other) {
+        return decode(decoderOf({{"mama", one}, {"MAMA", other}}), "mama");
+    };
+    const Words given = {"mama", "MAMA"}, turned = {"MAMA", "mama"};
+    EXPECT_EQ(order(1, 2), turned);
+    EXPECT_EQ(order(0, 1), given) << "0 is 1";
+    EXPECT_EQ(order(-5, 1), given) << "less than 0 is 1";
+    EXPECT_EQ(order(std::numeric_limits<std::int64_t>::min(), 2), turned);
+    EXPECT_EQ(order(2'147'483'646, 2'147'483'647), turned);
+    EXPECT_EQ(order(2'147'483'647, 2'147'483'648), given);
+    EXPECT_EQ(order(2'147'483'647, mostCount), given) << "3,000,000,000 and more are 2,147,483,647";
+}
+
+TEST(SwipeDecoder, WhatGivesNoWords) {
+    const SwipeDecoder decoder = decoderOf({{"mama", 5}});
+    const SwipeKeys keys = test::qwerty();
+    const Path stroke = test::strokeOver(keys, "mama");
+    const auto wordsFor = [&](const Path& path, double width, std::int64_t limit) {
+        return decoder.wordsFor(path, keys, width, limit, {});
+    };
+    EXPECT_EQ(wordsFor(stroke, 10, 1), Words{"mama"});
+    EXPECT_EQ(wordsFor({}, 10, 1), Words());
+    EXPECT_EQ(wordsFor({stroke[0]}, 10, 1), Words());
+    for (const double width : {0.0, -0.0, -1.0, -infinity, nan})
+        EXPECT_EQ(wordsFor(stroke, width, 1), Words()) << width;
+    for (const std::int64_t limit :
+         {std::int64_t{0}, std::int64_t{-1}, std::numeric_limits<std::int64_t>::min()})
+        EXPECT_EQ(wordsFor(stroke, 10, limit), Words()) << limit;
+    EXPECT_EQ(wordsFor(stroke, 10, std::numeric_limits<std::int64_t>::max()), Words{"mama"});
+    EXPECT_EQ(wordsFor(stroke, 5e-324, 1), Words{"mama"}) << "not a hair's breadth away";
+    EXPECT_EQ(
+        wordsFor({stroke[0], stroke[1], {stroke[1].x, stroke[1].y + 1}, stroke[2], stroke[3]}, 5e-324, 1),
+        Words())
+        << "infinitely many key widths away";
+    EXPECT_EQ(wordsFor(stroke, infinity, 1), Words{"mama"});
+    EXPECT_EQ(decoder.wordsFor(stroke, SwipeKeys{}, 10, 1, {}), Words());
+    EXPECT_EQ(decoder.wordsFor(stroke, {{"\u0DB8", stroke[0]}}, 10, 1, {}), Words());
+}
+
+TEST(SwipeDecoder, AnInfiniteKeyWidthMakesEveryKeyNear) {
+    const SwipeDecoder decoder = decoderOf({{"quip", 5}, {"mama", 7}, {"zoo", 6}});
+    const SwipeKeys keys = test::qwerty();
+    EXPECT_EQ(decoder.wordsFor(test::strokeOver(keys, "mama"), keys, infinity, 5, {}),
+              (Words{"mama", "zoo", "quip"}));
+}
+
+TEST(SwipeDecoder, StrokesOfOnePlaceAndOfNoPlace) {
+    const SwipeDecoder decoder = decoderOf({{"a", 5}, {"as", 5}, {"s", 1}});
+    const SwipeKeys keys = test::qwerty();
+    const SwipePoint a = keys.at("a");
+    EXPECT_EQ(decoder.wordsFor(Path{a, a, a}, keys, 10, 2, {}), (Words{"a", "as"}));
+    EXPECT_EQ(decoder.wordsFor(Path{a, {nan, nan}, a}, keys, 10, 1, {}), Words{"a"}) << "a point, then";
+    EXPECT_EQ(decoder.wordsFor(Path{{nan, nan}, a}, keys, 10, 5, {}), Words()) << "no key is near";
+    EXPECT_EQ(decoder.wordsFor(Path{a, {nan, nan}}, keys, 10, 5, {}), Words());
+    EXPECT_EQ(decoder.wordsFor(Path{{infinity, 0}, a}, keys, 10, 5, {}), Words());
+    EXPECT_EQ(decoder.wordsFor(Path{a, {infinity, 0}, a}, keys, 10, 5, {}), Words()) << "nothing is near";
+}
+
+TEST(SwipeDecoder, AWordMustStartAndEndWithANearKey) {
+    // p is far from a; s is one width away, d two.
+    const SwipeDecoder decoder =
+        decoderOf({{"pama", 1'000'000}, {"dama", 1'000'000}, {"sama", 1}, {"amad", 1'000'000}});
+    EXPECT_EQ(decode(decoder, "ama"), Words{"sama"});
+    const SwipeKeys keys = test::qwerty();
+    const Path beside = {{-3, 22.5}, keys.at("m"), keys.at("a")};
+    EXPECT_EQ(decoder.wordsFor(beside, keys, 10, 5, {}), Words()) << "a is the nearest key and s is not near";
+    EXPECT_EQ(decoderOf({{"ama", 1}}).wordsFor(beside, keys, 10, 5, {}), Words{"ama"});
+}
+
+TEST(SwipeDecoder, ASpellingWithAMissingKeyIsPassedOver) {
+    SwipeKeys keys = test::qwerty();
+    const Path stroke = test::strokeOver(keys, "duka");
+    const SwipeDecoder decoder = decoderOf({{"\u0DAF\u0DD4\u0D9A", 1}, {"daka", 1}});
+    EXPECT_EQ(decoder.wordsFor(stroke, keys, 10, 5, {}).size(), 2U);
+    keys.erase("h");
+    EXPECT_EQ(decoder.wordsFor(stroke, keys, 10, 5, {}).size(), 2U) << "duka needs no h";
+    keys.erase("u");
+    EXPECT_EQ(decoder.wordsFor(stroke, keys, 10, 5, {}), Words{"daka"});
+}
+
+TEST(SwipeDecoder, AFrequentWordWinsAboutTheSameShape) {
+    EXPECT_EQ(decode(decoderOf({{"hole", 2}, {"hale", 1'000'000}}), "hole"), (Words{"hole", "hale"}));
+    EXPECT_EQ(decode(decoderOf({{"hit", 1}, {"hut", 1'000'000}}), "hit"), (Words{"hut", "hit"}));
+}
+
+TEST(SwipeDecoder, KeepsAtMostTheLimit) {
+    const SwipeDecoder decoder = decoderOf({{"hit", 3}, {"hut", 2}, {"hot", 1}});
+    const Words all = decode(decoder, "hit", 5);
+    EXPECT_EQ(all.size(), 3U);
+    EXPECT_EQ(decode(decoder, "hit", 2), Words(all.begin(), all.begin() + 2));
+    EXPECT_EQ(decode(decoder, "hit", 1), Words(all.begin(), all.begin() + 1));
+}
+
+TEST(SwipeDecoder, APersonalCountAddsToTheCountInTheList) {
+    const SwipeDecoder decoder = decoderOf({{"mama", 10}, {"MAMA", 12}});
+    EXPECT_EQ(decode(decoder, "mama"), (Words{"MAMA", "mama"}));
+    EXPECT_EQ(decode(decoder, "mama", 5, {{"mama", 2}}), (Words{"mama", "MAMA"})) << "12 and 12";
+    EXPECT_EQ(decode(decoder, "mama", 5, {{"mama", 1}}), (Words{"MAMA", "mama"})) << "11 and 12";
+}
+
+TEST(SwipeDecoder, APersonalWordThatIsNotInTheListCountsTwice) {
+    const SwipeDecoder decoder = decoderOf({{"MAMA", 10}});
+    EXPECT_EQ(decode(decoder, "mama", 5, {{"mama", 6}}), (Words{"mama", "MAMA"})) << "12 and 10";
+    EXPECT_EQ(decode(decoder, "mama", 5, {{"mama", 5}}), (Words{"MAMA", "mama"}))
+        << "10 and 10: the list first";
+    EXPECT_EQ(decode(decoderOf({}), "mama", 5, {{"mama", 1}, {"it's", 9}}), Words{"mama"});
+    EXPECT_EQ(decode(decoderOf({}), "mama", 5, {{"papa", 1}}), Words()) << "far from p";
+    const std::string tooLong = repeated("as", 128);
+    EXPECT_EQ(decode(decoderOf({{tooLong, 1}}), tooLong, 5, {{tooLong, 1}}), Words{tooLong})
+        << "a personal word may be longer";
+}
+
+TEST(SwipeDecoder, EquivalentWordsAreOneWord) {
+    const std::string composed = "\u0D9A\u0DDC", decomposed = "\u0D9A\u0DD9\u0DCF";
+    const SwipeDecoder both = decoderOf({{decomposed, 1}, {composed, 1000}, {"ko", 5}});
+    EXPECT_EQ(both.count(), 3U);
+    EXPECT_EQ(decode(both, "ko"), (Words{"ko", decomposed})) << "the first one, with its own count";
+    EXPECT_EQ(decode(both, "ko", 5, {{composed, 10}}), (Words{decomposed, "ko"}));
+    EXPECT_EQ(decode(decoderOf({{"mama", 1}, {"mama", 9}}), "mama"), Words{"mama"});
+}
+
+TEST(SwipeDecoder, PersonalCountsOfNothingAndLess) {
+    const SwipeDecoder decoder = decoderOf({{"mama", 10}, {"MAMA", 5}});
+    EXPECT_EQ(decode(decoder, "mama", 5, {{"mama", -10}}), (Words{"MAMA", "mama"})) << "minus infinity";
+    EXPECT_EQ(decode(decoder, "mama", 1, {{"mama", -10}}), Words{"MAMA"});
+    EXPECT_EQ(decode(decoder, "mama", 5, {{"Mama", 0}}), (Words{"mama", "MAMA", "Mama"}));
+    EXPECT_EQ(decode(decoder, "mama", 5, {{"mama", -8}}), (Words{"MAMA", "mama"})) << "5 and 2";
+}
+
+TEST(SwipeDecoder, AScoreThatIsNoNumberStandsAtTheEndWhileThereIsRoom) {
+    const std::vector<SwipeDecoder::Word> list = {{"mama", 10}, {"MAMA", 5}, {"Mama", 7}, {"mAma", 8}};
+    const SwipeDecoder decoder = decoderOf(list);
+    const auto with = [&](const char* word, std::int64_t limit) {
+        return decode(decoder, "mama", limit, {{word, -100}});
+    };
+    EXPECT_EQ(with("mAma", 5), (Words{"mama", "Mama", "MAMA", "mAma"})) << "it comes last";
+    EXPECT_EQ(with("mAma", 3), (Words{"mama", "Mama", "MAMA"})) << "no room";
+    EXPECT_EQ(with("mama", 5), (Words{"mama", "mAma", "Mama", "MAMA"}))
+        << "it came first, and no later word is before it";
+    EXPECT_EQ(with("mama", 1), Words{"mama"});
+    EXPECT_EQ(with("MAMA", 2), (Words{"mama", "MAMA"})) << "it keeps the place that it took";
+    EXPECT_EQ(with("other", 2), (Words{"mama", "mAma"})) << "a word with other ends changes nothing";
+}
+
+TEST(SwipeDecoder, AskingForALayoutOnceIsTheSame) {
+    const SwipeDecoder decoder = decoderOf({{"hit", 3}, {"hut", 2}, {"hot", 1}});
+    const SwipeKeys keys = test::qwerty();
+    const SwipeLayout layout(keys);
+    const Path stroke = test::strokeOver(keys, "hut");
+    EXPECT_EQ(decoder.wordsFor(stroke, layout, 10, 5, {}), decoder.wordsFor(stroke, keys, 10, 5, {}));
+    EXPECT_EQ(decoder.wordsFor(stroke, layout, 10, 5, {}).size(), 3U);
+}
+
+TEST(SwipeDecoder, CopiesAreIndependent) {
+    const auto original = std::make_unique<SwipeDecoder>(decoderOf({{"hit", 3}, {"hut", 2}}));
+    const SwipeDecoder copy = *original;
+    EXPECT_EQ(decode(copy, "hit").size(), 2U);
+    EXPECT_EQ(copy.count(), 2U);
+}
+
+TEST(SwipeDecoder, TellsItsMemory) {
+    std::vector<std::string> words;
+    for (char first = 'a'; first <= 'z'; ++first)
+        for (char second = 'a'; second <= 'z'; ++second)
+            words.push_back({first, second, 'o'});
+    std::vector<SwipeDecoder::Word> list;
+    for (const std::string& word : words)
+        list.push_back({word, 1});
+    const auto memory = SwipeDecoder(list).memory();
+    EXPECT_GE(memory.pool, words.size() * 5) << "three bytes and at least two keys each";
+    EXPECT_LE(memory.pool, words.size() * 6);
+    EXPECT_GT(memory.overhead, words.size() * 12);
+}
+
+TEST(SwipeDecoderDeathTest, ACountThatOverflowsIsFatal) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const SwipeDecoder decoder = decoderOf({{"mama", 10}});
+    EXPECT_DEATH(decode(decoder, "mama", 5, {{"mama", mostCount - 9}}), "overflow");
+    EXPECT_DEATH(decode(decoder, "mama", 5, {{"Mama", mostCount / 2 + 1}}), "overflow");
+    EXPECT_DEATH(decode(decoder, "mama", 5, {{"Mama", std::numeric_limits<std::int64_t>::min()}}),
+                 "overflow");
+    EXPECT_EQ(decode(decoder, "mama", 5, {{"mama", mostCount - 10}}), Words{"mama"});
+    EXPECT_EQ(decode(decoder, "mama", 5, {{"papa", mostCount}}), Words{"mama"}) << "never summed up";
+}
+
+} // namespace
+
+} // namespace vanoka

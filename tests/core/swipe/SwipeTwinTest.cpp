@@ -1,0 +1,121 @@
+#include "PlainSwipe.h"
+#include "SwipeRandoms.h"
+#include "swipe/SwipeComparison.h"
+#include "swipe/SwipeSpellings.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+/// The decoder beside its plain twin, which scores everything.
+namespace vanoka {
+
+namespace {
+
+using test::SwipeRandoms;
+
+std::vector<SwipeDecoder::Word> views(const std::vector<std::pair<std::string, std::int64_t>>& words) {
+    std::vector<SwipeDecoder::Word> views;
+    for (const auto& [word, count] : words)
+        views.push_back({word, count});
+    return views;
+}
+
+double oneWidthOf(const SwipeKeys& keys, SwipeRandoms& randoms) {
+    static const std::vector<double> odd = {std::numeric_limits<double>::infinity(), 1e-300, 1e300, 5e-324,
+                                            1e6};
+    if (randoms.oneIn(8))
+        return randoms.of(odd);
+    if (!keys.count("a") || !keys.count("l") || !(keys.at("l").x > keys.at("a").x))
+        return 10;
+    return (keys.at("l").x - keys.at("a").x) / 8 * (randoms.oneIn(4) ? randoms.between(0.2, 4) : 1);
+}
+
+TEST(SwipeTwin, TheRankingIsThatOfThePlainTwin) {
+    SwipeRandoms randoms(1);
+    std::size_t found = 0;
+    for (int round = 0; round < 400; ++round) {
+        const auto list = randoms.words(randoms.oneIn(4) ? 600 : 60);
+        const auto words = views(list);
+        const SwipeDecoder decoder(words);
+        const test::plain::SwipeDecoder twin(words);
+        ASSERT_EQ(decoder.count(), twin.count());
+        const SwipeKeys keys = randoms.layout();
+        const SwipeLayout layout(keys);
+        for (int query = 0; query < 20; ++query) {
+            const auto stroke = randoms.stroke(keys);
+            const double width = oneWidthOf(keys, randoms);
+            const auto personal = randoms.personal(list);
+            const auto limit = static_cast<std::int64_t>(randoms.oneIn(4) ? 1000 : 1 + randoms.below(6));
+            const auto expected = twin.wordsFor(stroke, keys, width, limit, personal);
+            ASSERT_EQ(decoder.wordsFor(stroke, layout, width, limit, personal), expected)
+                << "round " << round << ", query " << query;
+            found += expected.size();
+        }
+    }
+    EXPECT_GT(found, 20'000U) << "there was something to compare";
+}
+
+TEST(SwipeTwin, ManyWordsOnOneKeyboard) {
+    SwipeRandoms randoms(2);
+    std::vector<std::pair<std::string, std::int64_t>> list;
+    while (list.size() < 6000)
+        list.emplace_back(randoms.word(), 1 + randoms.below(randoms.oneIn(3) ? 10'000 : 3));
+    const auto words = views(list);
+    const SwipeDecoder decoder(words);
+    const test::plain::SwipeDecoder twin(words);
+    const SwipeKeys keys = test::qwerty();
+    for (int query = 0; query < 150; ++query) {
+        const auto stroke = randoms.stroke(keys);
+        const auto personal = randoms.personal(list);
+        for (const std::int64_t limit : {1, 5})
+            ASSERT_EQ(decoder.wordsFor(stroke, keys, 10, limit, personal),
+                      twin.wordsFor(stroke, keys, 10, limit, personal))
+                << "query " << query;
+    }
+}
+
+TEST(SwipeTwin, ADistanceIsThatOfTheResampledPathToTheLastBit) {
+    SwipeRandoms randoms(3);
+    for (int round = 0; round < 3000; ++round) {
+        const SwipeKeys keys = randoms.layout();
+        const auto stroke = randoms.stroke(keys);
+        const SwipeLayout layout(keys);
+        const std::string spelling = swipeSpellings(randoms.word()).full;
+        if (stroke.empty() || spelling.empty() || !layout.hasAll(spelling))
+            continue;
+        const auto path = test::strokeOver(keys, spelling);
+        const double plain = SwipeGeometry::meanDistance(SwipeGeometry::resample(stroke, 32),
+                                                         SwipeGeometry::resample(path, 32));
+        const SwipeComparison comparison(stroke, layout);
+        const double ours = comparison.distance(spelling, std::numeric_limits<double>::infinity());
+        ASSERT_TRUE(ours == plain || (std::isnan(ours) && std::isnan(plain))) << ours << " beside " << plain;
+        for (const double enough : {-1e300, plain, 1e300})
+            ASSERT_FALSE(comparison.lowerBound(spelling, enough) > plain) << round << " " << spelling;
+        EXPECT_TRUE(std::isnan(plain) || comparison.distance(spelling, plain) == plain);
+    }
+}
+
+TEST(SwipeTwin, TheLowerBoundIsNearTheDistance) {
+    SwipeRandoms randoms(4);
+    const SwipeKeys keys = test::qwerty();
+    const SwipeLayout layout(keys);
+    double bounds = 0, distances = 0;
+    for (int round = 0; round < 2000; ++round) {
+        const std::string spelling = swipeSpellings(randoms.word()).full;
+        const auto stroke = randoms.stroke(keys);
+        const bool isUsual = std::ranges::all_of(
+            stroke, [](SwipePoint point) { return std::abs(point.x) < 200 && std::abs(point.y) < 200; });
+        if (spelling.size() < 2 || spelling.size() > 20 || stroke.size() < 2 || !isUsual)
+            continue;
+        const SwipeComparison comparison(stroke, layout);
+        bounds += std::max(0.0, comparison.lowerBound(spelling, 1e300));
+        distances += comparison.distance(spelling, std::numeric_limits<double>::infinity());
+    }
+    EXPECT_GT(bounds, 0.85 * distances) << "a bound that says little excludes little";
+}
+
+} // namespace
+
+} // namespace vanoka

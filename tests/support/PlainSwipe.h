@@ -1,0 +1,37 @@
+#pragma once
+
+#include "swipe/SwipeDecoder.h"
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+/// Decoding a stroke, written down in the plainest way: every word of every group is resampled, measured and
+/// scored, and nothing is left out. The judge of the library's own.
+namespace vanoka::test::plain {
+
+class SwipeDecoder {
+public:
+    explicit SwipeDecoder(std::span<const vanoka::SwipeDecoder::Word> words);
+
+    std::size_t count() const { return candidates_.size(); }
+
+    std::vector<std::string> wordsFor(const std::vector<SwipePoint>& stroke, const SwipeKeys& keys,
+                                      double keyWidth, std::int64_t limit,
+                                      const vanoka::SwipeDecoder::Personal& personal) const;
+
+private:
+    struct Candidate {
+        std::string word;
+        std::int64_t count;
+        std::vector<std::string> spellings;
+    };
+
+    std::vector<Candidate> candidates_;
+    std::map<std::pair<char, char>, std::vector<std::size_t>> byEnds_;
+};
+
+} // namespace vanoka::test::plain
