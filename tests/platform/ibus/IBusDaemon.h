@@ -29,6 +29,8 @@ public:
     /// The folder that stands for the user's configuration folder.
     std::filesystem::path configuration() const;
 
+    /// The engine's program, as the daemon starts it.
+    std::filesystem::path program() const;
     /// The arguments of each start of the settings program, for which a script stands in.
     std::vector<std::string> settingsStarts() const;
 
@@ -42,7 +44,6 @@ private:
     ~IBusDaemon();
     void installProgram() const;
     void setEnvironment() const;
-    std::filesystem::path program() const;
 
     TemporaryFolder folder_;
     pid_t process_ = 0;
