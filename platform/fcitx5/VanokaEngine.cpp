@@ -1,0 +1,135 @@
+#include "VanokaEngine.h"
+
+#include "FileUserDefaults.h"
+#include "Keysym.h"
+#include "SettingsProgram.h"
+#include "text/Utf8.h"
+
+#include <dlfcn.h>
+#include <fcitx-utils/misc.h>
+#include <fcitx/addonmanager.h>
+#include <fcitx/inputcontextmanager.h>
+#include <fcitx/inputpanel.h>
+#include <fcitx/statusarea.h>
+#include <fcitx/userinterfacemanager.h>
+
+namespace vanoka::fcitx5 {
+
+namespace {
+
+namespace fs = std::filesystem;
+using MenuAction = VanokaInputController::MenuAction;
+
+/// A client that has the marked text already: whoever took it away put it in.
+class ServedClient final : public TextInputClient {
+public:
+    std::optional<std::string> bundleIdentifier() const override { return std::nullopt; }
+    void insertText(std::string_view, TextRange) override {}
+    void setMarkedText(const MarkedText&, TextRange, TextRange) override {}
+};
+
+KeyEvent keyEventOf(const fcitx::KeyEvent& event) {
+    const fcitx::Key key = event.rawKey();
+    const auto keysym = static_cast<std::uint32_t>(key.sym());
+    const std::uint32_t release = event.isRelease() ? Keysym::release : 0;
+    return Keysym::keyEvent(keysym, key.states().toInteger() | release,
+                            fcitx::Key::keySymToUnicode(key.sym()));
+}
+
+/// The folder of this add-on.
+fs::path addonFolder() {
+    Dl_info info{};
+    if (::dladdr(reinterpret_cast<const void*>(&addonFolder), &info) == 0 || !info.dli_fname)
+        return {};
+    return fs::path(info.dli_fname).parent_path();
+}
+
+/// A program of its own, so that no window toolkit is ever loaded here.
+void activateMenu(MenuAction action) {
+    const auto program = SettingsProgram::find(addonFolder());
+    if (!program)
+        return;
+    std::vector<std::string> command = {program->native()};
+    if (action == MenuAction::showAbout)
+        command.emplace_back(SettingsProgram::aboutSwitch);
+    fcitx::startProcess(command);
+}
+
+} // namespace
+
+Field::Field(fcitx::InputContext& context, SinglishSettings& settings)
+    : client(context), controller(SettingsProgram::name, settings) {}
+
+VanokaEngine::VanokaEngine(fcitx::Instance& instance)
+    : instance_(instance),
+      settings_(SinglishSettings::shared()),
+      storedSettings_(FileUserDefaults::standard().pathOf(SinglishSettings::storedName)),
+      fields_([this](fcitx::InputContext& context) { return new Field(context, settings_); }) {
+    instance_.inputContextManager().registerProperty("vanokaField", &fields_);
+    const auto menu = VanokaInputController::menu();
+    initialize(showSettings_, menu[0]);
+    initialize(showAbout_, menu[1]);
+    instance_.userInterfaceManager().registerAction("vanoka-settings", &showSettings_);
+    instance_.userInterfaceManager().registerAction("vanoka-about", &showAbout_);
+}
+
+void VanokaEngine::keyEvent(const fcitx::InputMethodEntry&, fcitx::KeyEvent& event) {
+    Field& field = fieldOf(event);
+    if (storedSettings_.hasChanged())
+        settings_.reloadIfChanged();
+    if (isPartOfSequence(event))
+        return;
+    const KeyEvent key = keyEventOf(event);
+    if (field.controller.handle(&key, &field.client))
+        event.filterAndAccept();
+}
+
+void VanokaEngine::activate(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
+    fieldOf(event).controller.activateServer();
+    fcitx::StatusArea& area = event.inputContext()->statusArea();
+    area.addAction(fcitx::StatusGroup::InputMethod, &showSettings_);
+    area.addAction(fcitx::StatusGroup::InputMethod, &showAbout_);
+}
+
+void VanokaEngine::deactivate(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
+    Field& field = fieldOf(event);
+    const bool isSwitch = event.type() == fcitx::EventType::InputContextSwitchInputMethod;
+    // On any other occasion the framework or the client has put in what the client showed. Done twice, it
+    // would be there twice, or in the field that has focus next.
+    if (isSwitch || !field.client.showsMarkedText())
+        field.controller.deactivateServer(&field.client);
+    forget(field);
+}
+
+void VanokaEngine::reset(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
+    forget(fieldOf(event));
+}
+
+Field& VanokaEngine::fieldOf(fcitx::InputContextEvent& event) {
+    return *event.inputContext()->propertyFor(&fields_);
+}
+
+/// The keys after a dead key or the Compose key belong to it until the framework has made a character of
+/// them, or has given up.
+bool VanokaEngine::isPartOfSequence(const fcitx::KeyEvent& event) {
+    return !event.isRelease() && instance_.isComposing(event.inputContext());
+}
+
+void VanokaEngine::initialize(fcitx::SimpleAction& action, VanokaInputController::MenuItem item) {
+    action.setShortText(std::string(item.title));
+    action.connect<fcitx::SimpleAction::Activated>(
+        [action = item.action](fcitx::InputContext*) { activateMenu(action); });
+}
+
+/// Ends the composition whose text has been put in by others.
+void VanokaEngine::forget(Field& field) {
+    ServedClient served;
+    field.controller.deactivateServer(&served);
+    field.client.clear();
+}
+
+fcitx::AddonInstance* VanokaEngineFactory::create(fcitx::AddonManager* manager) {
+    return new VanokaEngine(*manager->instance());
+}
+
+} // namespace vanoka::fcitx5
