@@ -27,6 +27,15 @@ bool FieldClient::showsMarkedText() const {
     return context_.capabilityFlags().test(fcitx::CapabilityFlag::Preedit);
 }
 
+bool FieldClient::resetsFirst() const {
+    // GTK 4's module does. It has no name of its own, but of the modules that report repeated keys it alone
+    // does not care for the order of keys and texts.
+    const auto flags = context_.capabilityFlags();
+    return std::string_view(context_.frontend()) == "dbus" &&
+           flags.test(fcitx::CapabilityFlag::ReportKeyRepeat) &&
+           !flags.test(fcitx::CapabilityFlag::KeyEventOrderFix);
+}
+
 void FieldClient::clear() {
     show({});
 }

@@ -16,6 +16,8 @@ public:
 
     /// Whether the field shows marked text itself. The framework then puts it in when the field loses focus.
     bool showsMarkedText() const;
+    /// Whether the field resets the input method before it has put the marked text in, and then drops it.
+    bool resetsFirst() const;
     /// Takes the marked text away.
     void clear();
 

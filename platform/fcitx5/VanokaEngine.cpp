@@ -102,7 +102,10 @@ void VanokaEngine::deactivate(const fcitx::InputMethodEntry&, fcitx::InputContex
 }
 
 void VanokaEngine::reset(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
-    forget(fieldOf(event));
+    Field& field = fieldOf(event);
+    if (field.client.resetsFirst())
+        field.controller.commitComposition(&field.client);
+    forget(field);
 }
 
 Field& VanokaEngine::fieldOf(fcitx::InputContextEvent& event) {
