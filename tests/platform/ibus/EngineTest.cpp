@@ -130,7 +130,7 @@ TEST_F(EngineTest, TheClientKeepsWorkingWhenTheEngineDies) {
         ASSERT_TRUE(process.has_value());
         ::kill(*process, signal);
         ASSERT_TRUE(daemon.waitForEngine(false));
-        ASSERT_TRUE(waitUntil([&] { return field.field().marked().empty(); }));
+        ASSERT_TRUE(waitUntil([&] { return field.field().marked().empty(); })) << "the daemon has noticed";
         EXPECT_EQ(field.field().text(), before + "\u0D9A") << "the word is kept, once";
         field.type("xy");
         EXPECT_EQ(field.field().text(), before + "\u0D9Axy") << "keys are the client's";

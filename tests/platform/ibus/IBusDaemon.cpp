@@ -12,6 +12,16 @@ namespace vanoka::test {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+#ifdef VANOKA_MORE_COMPONENTS
+constexpr const char* moreComponents = ":" VANOKA_MORE_COMPONENTS;
+#else
+constexpr const char* moreComponents = "";
+#endif
+
+} // namespace
+
 IBusDaemon& IBusDaemon::shared() {
     static IBusDaemon daemon;
     return daemon;
@@ -67,7 +77,7 @@ void IBusDaemon::setEnvironment() const {
     set("XDG_CACHE_HOME", folder_.path() / "cache");
     set("XDG_RUNTIME_DIR", folder_.path());
     set("IBUS_ADDRESS_FILE", folder_.path() / "address");
-    set("IBUS_COMPONENT_PATH", folder_.path().native() + ":/usr/share/ibus/component");
+    set("IBUS_COMPONENT_PATH", folder_.path().native() + moreComponents + ":/usr/share/ibus/component");
     set("GSETTINGS_BACKEND", "memory");
     set("NO_AT_BRIDGE", "1");
     set("LC_ALL", "C.UTF-8");
