@@ -77,10 +77,8 @@ void VanokaEngine::keyEvent(const fcitx::InputMethodEntry&, fcitx::KeyEvent& eve
     Field& field = fieldOf(event);
     if (storedSettings_.hasChanged())
         settings_.reloadIfChanged();
-    if (isPartOfSequence(event))
-        return;
     const KeyEvent key = keyEventOf(event);
-    if (field.controller.handle(&key, &field.client))
+    if (processSequenceKey(event, key, field) || field.controller.handle(&key, &field.client))
         event.filterAndAccept();
 }
 
@@ -112,10 +110,21 @@ Field& VanokaEngine::fieldOf(fcitx::InputContextEvent& event) {
     return *event.inputContext()->propertyFor(&fields_);
 }
 
-/// The keys after a dead key or the Compose key belong to it until the framework has made a character of
-/// them, or has given up.
-bool VanokaEngine::isPartOfSequence(const fcitx::KeyEvent& event) {
-    return !event.isRelease() && instance_.isComposing(event.inputContext());
+/// A dead key, the Compose key and the keys after them, of which the framework makes one character. True when
+/// it has taken the key.
+bool VanokaEngine::processSequenceKey(const fcitx::KeyEvent& event, const KeyEvent& key, Field& field) {
+    fcitx::InputContext* context = event.inputContext();
+    const auto keysym = event.rawKey().sym();
+    const bool begins = Keysym::startsSequence(static_cast<std::uint32_t>(keysym));
+    if (key.type != KeyEvent::keyDown || (!begins && !instance_.isComposing(context)))
+        return false;
+    field.controller.commitComposition(&field.client); // as a key does that types nothing
+    const auto made = instance_.processComposeString(context, keysym);
+    if (made && made->empty())
+        return false; // it knows no sequence with this key
+    if (made)
+        context->commitString(*made);
+    return true;
 }
 
 void VanokaEngine::initialize(fcitx::SimpleAction& action, VanokaInputController::MenuItem item) {

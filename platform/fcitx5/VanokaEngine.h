@@ -33,7 +33,7 @@ public:
 
 private:
     Field& fieldOf(fcitx::InputContextEvent& event);
-    bool isPartOfSequence(const fcitx::KeyEvent& event);
+    bool processSequenceKey(const fcitx::KeyEvent& event, const KeyEvent& key, Field& field);
     void initialize(fcitx::SimpleAction& action, VanokaInputController::MenuItem item);
     static void forget(Field& field);
 

@@ -33,8 +33,9 @@ constexpr std::array rows = std::to_array<Row>({
     {"QIBusInputContext", qtCommitsUnannounced, {.frameworkCommits = false, .commitsBeforeShortcut = true}},
     // Tells the daemon that it puts the text in, and on a click in the same field does not.
     {"gtk4-im:", gtk4ResetsFirst, {.commitsInReset = true}},
-    // Its server answers a declined key before it hands the text on.
-    {"xim", always, {.forwardsPassedKeys = true}},
+    // Its server answers a declined key before it hands the text on. It may also tell that another window has
+    // the focus before it tells that this one has lost it, and then nobody puts the text in.
+    {"xim", always, {.commitsBeforeShortcut = true, .forwardsPassedKeys = true}},
 });
 
 } // namespace

@@ -20,7 +20,7 @@ struct Delivery {
     /// The engine puts the text in when it is reset: nobody else does.
     bool commitsInReset = false;
     /// The engine puts the text in as soon as a key is pressed that begins a shortcut: if the shortcut
-    /// changes the engine, nobody else would.
+    /// changes the engine or the window, nobody else would.
     bool commitsBeforeShortcut = false;
     /// A key that ends a composition and is the client's is sent back after the text, since one that is only
     /// declined overtakes it.

@@ -1,21 +1,22 @@
 #include "Engine.h"
 
-#include <algorithm>
+#include <utility>
 #include <vector>
 
 using vanoka::ibus::EngineEnvironment;
 using vanoka::ibus::InputContext;
 
 struct VanokaEngine {
-    IBusEngine parent;
+    IBusEngineSimple parent;
     InputContext* context;
 };
 
 struct VanokaEngineClass {
-    IBusEngineClass parent;
+    IBusEngineSimpleClass parent;
 };
 
-G_DEFINE_TYPE(VanokaEngine, vanoka_engine, IBUS_TYPE_ENGINE)
+// The parent knows the dead keys and the Compose key, which the daemon leaves to engines.
+G_DEFINE_TYPE(VanokaEngine, vanoka_engine, IBUS_TYPE_ENGINE_SIMPLE)
 
 namespace {
 
@@ -66,6 +67,16 @@ void activateProperty(IBusEngine* engine, const gchar* name, guint) {
         context->activateProperty(name);
 }
 
+vanoka::ibus::SequenceComposer sequenceComposerOf(IBusEngine* engine) {
+    const auto process = [engine, isReady = false](guint keysym, guint keyCode, guint state) mutable {
+        if (!std::exchange(isReady, true)) // it reads files, and most people never need it
+            ibus_engine_simple_add_table_by_locale(IBUS_ENGINE_SIMPLE(engine), nullptr);
+        return IBUS_ENGINE_CLASS(vanoka_engine_parent_class)
+                   ->process_key_event(engine, keysym, keyCode, state) != FALSE;
+    };
+    return {process, [engine] { IBUS_ENGINE_CLASS(vanoka_engine_parent_class)->reset(engine); }};
+}
+
 void finalize(GObject* object) {
     InputContext*& context = reinterpret_cast<VanokaEngine*>(object)->context;
     std::erase(contexts(), context);
@@ -78,7 +89,7 @@ void finalize(GObject* object) {
 
 static void vanoka_engine_class_init(VanokaEngineClass* engineClass) {
     G_OBJECT_CLASS(engineClass)->finalize = finalize;
-    IBusEngineClass& calls = engineClass->parent;
+    IBusEngineClass& calls = engineClass->parent.parent;
     calls.process_key_event = processKeyEvent;
     calls.focus_in = focusIn;
     calls.focus_in_id = focusInWithClient;
@@ -103,9 +114,10 @@ IBusEngine* newEngine(const char* name, const char* path, GDBusConnection* conne
     auto* engine = static_cast<VanokaEngine*>(g_object_new(vanoka_engine_get_type(), "engine-name", name,
                                                            "object-path", path, "connection", connection,
                                                            "has-focus-id", TRUE, nullptr));
-    engine->context = new InputContext(engine->parent, environment);
+    IBusEngine* parent = IBUS_ENGINE(engine);
+    engine->context = new InputContext(*parent, environment, sequenceComposerOf(parent));
     contexts().push_back(engine->context);
-    return &engine->parent;
+    return parent;
 }
 
 void finishAllEngines() {

@@ -42,11 +42,13 @@ IBusText* newText(std::string_view text) {
 
 } // namespace
 
-InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment)
+InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment,
+                           SequenceComposer sequenceComposer)
     : engine_(engine),
       environment_(environment),
       client_(engine),
-      controller_(SettingsProgram::name, environment.settings) {
+      controller_(SettingsProgram::name, environment.settings),
+      sequenceComposer_(std::move(sequenceComposer)) {
     updateDelivery();
 }
 
@@ -58,6 +60,8 @@ bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
         environment_.settings.reloadIfChanged();
     if (delivery_.commitsBeforeShortcut && !(state & IBUS_RELEASE_MASK) && Keysym::isShortcutModifier(keysym))
         controller_.commitComposition(&client_);
+    if (event.type == KeyEvent::keyDown && sequence_.takes(keysym))
+        return processSequenceKey(keysym, keyCode, state);
     const std::size_t insertions = client_.insertions();
     if (controller_.handle(&event, &client_))
         return true;
@@ -122,10 +126,22 @@ bool InputContext::takesNoInput() const noexcept {
     return purpose_ == IBUS_INPUT_PURPOSE_PASSWORD || purpose_ == IBUS_INPUT_PURPOSE_PIN;
 }
 
+bool InputContext::processSequenceKey(guint keysym, guint keyCode, guint state) {
+    controller_.commitComposition(&client_); // as a key does that types nothing
+    const bool isConsumed = sequenceComposer_.process(keysym, keyCode, state);
+    if (!sequence_.isUnderway())
+        sequenceComposer_.reset(); // the keys after a sequence that makes nothing are letters again
+    return isConsumed;
+}
+
 /// Ends the composition whose text has been put in by others.
 void InputContext::forget() {
     ServedClient served;
     controller_.deactivateServer(&served);
+    if (sequence_.isUnderway()) {
+        sequence_.end();
+        sequenceComposer_.reset();
+    }
 }
 
 void InputContext::becomesActive() {

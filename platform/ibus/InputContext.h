@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ComposeSequence.h"
 #include "Delivery.h"
 #include "EngineClient.h"
 #include "FileWatch.h"
@@ -19,13 +20,19 @@ struct EngineEnvironment {
     std::function<void(VanokaInputController::MenuAction)> activate; ///< of an entry of the menu
 };
 
+/// What makes one character of a dead key or the Compose key and the keys after it.
+struct SequenceComposer {
+    std::function<bool(guint keysym, guint keyCode, guint state)> process; ///< true when the key is consumed
+    std::function<void()> reset;
+};
+
 /// One engine object of the daemon and the composition in it. The daemon moves the object from client to
 /// client; a composition never moves with it, since losing the client ends it.
 ///
 /// Each operation is the daemon's call of that name. Both the engine and the environment must outlive it.
 class InputContext {
 public:
-    InputContext(IBusEngine& engine, EngineEnvironment& environment);
+    InputContext(IBusEngine& engine, EngineEnvironment& environment, SequenceComposer sequenceComposer);
 
     /// True when the key is consumed.
     bool processKeyEvent(guint keysym, guint keyCode, guint state);
@@ -45,6 +52,7 @@ public:
 
 private:
     bool takesNoInput() const noexcept;
+    bool processSequenceKey(guint keysym, guint keyCode, guint state);
     void forget();
     void becomesActive();
     void updateDelivery();
@@ -55,6 +63,8 @@ private:
     EngineClient client_;
     VanokaInputController controller_;
     Delivery delivery_;
+    ComposeSequence sequence_;
+    SequenceComposer sequenceComposer_;
     guint capabilities_ = 0;
     guint purpose_ = IBUS_INPUT_PURPOSE_FREE_FORM;
 };

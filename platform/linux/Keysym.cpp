@@ -97,7 +97,7 @@ const Row* rowOf(std::uint32_t keysym) noexcept {
 std::uint64_t typeOf(std::uint32_t keysym, std::uint32_t state) noexcept {
     if (state & release)
         return keyUp;
-    return holds(modifierKeys, keysym) ? flagsChanged : KeyEvent::keyDown;
+    return isModifier(keysym) ? flagsChanged : KeyEvent::keyDown;
 }
 
 std::uint64_t modifierFlagsOf(std::uint32_t state) noexcept {
@@ -125,6 +125,10 @@ KeyEvent keyEvent(std::uint32_t keysym, std::uint32_t state, char32_t scalar) {
             .modifierFlags = modifierFlagsOf(state),
             .keyCode = row ? row->keyCode : KeyEvent::otherKey,
             .characters = charactersOf(keysym, row, scalar)};
+}
+
+bool isModifier(std::uint32_t keysym) noexcept {
+    return holds(modifierKeys, keysym);
 }
 
 bool isShortcutModifier(std::uint32_t keysym) noexcept {

@@ -25,6 +25,9 @@ inline constexpr std::uint32_t release = 1U << 30;
 /// Compose key type nothing; what is left and types nothing is `FunctionKey::other`.
 KeyEvent keyEvent(std::uint32_t keysym, std::uint32_t state, char32_t scalar);
 
+/// True for the keys that only change what others type: shifts, locks, layout switches.
+bool isModifier(std::uint32_t keysym) noexcept;
+
 /// True for the keys that begin a shortcut: Control, Alt, Super, Meta and Hyper.
 bool isShortcutModifier(std::uint32_t keysym) noexcept;
 

@@ -115,6 +115,21 @@ TEST_F(AddonTest, ModifierKeysAndReleasesLeaveTheWordAlone) {
     EXPECT_EQ(field.field().screen(), "[\u0D9A]");
 }
 
+TEST_F(AddonTest, DeadKeysAndTheComposeKeyMakeOneCharacter) {
+    constexpr std::uint32_t deadAcute = 0xFE51, compose = 0xFF20, shift = 0xFFE1;
+    field.type("ka");
+    field.press(deadAcute, 0);
+    field.press('e', 0);
+    field.type("ka.");
+    EXPECT_EQ(field.field().screen(), "\u0D9A\u00E9\u0D9A.");
+    field.press(compose, 0);
+    field.press(shift, 0);
+    field.press('"', 1);
+    field.press('o', 0);
+    field.type("ka.");
+    EXPECT_EQ(field.field().screen(), "\u0D9A\u00E9\u0D9A.\u00F6\u0D9A.");
+}
+
 TEST_F(AddonTest, AnEditIsInForceAtTheVeryNextKey) {
     for (int round = 0; round < 20; ++round) {
         field.type("q");

@@ -14,7 +14,7 @@ namespace {
 constexpr Delivery ordinary;
 constexpr Delivery unannounced = {.frameworkCommits = false, .commitsBeforeShortcut = true};
 constexpr Delivery inReset = {.commitsInReset = true};
-constexpr Delivery forwarding = {.forwardsPassedKeys = true};
+constexpr Delivery forwarding = {.commitsBeforeShortcut = true, .forwardsPassedKeys = true};
 
 TEST(Delivery, FollowsTheClientAndTheVersions) {
     struct Row {

@@ -43,19 +43,27 @@ IBusDaemon::~IBusDaemon() {
         ::kill(*engine, SIGTERM);
 }
 
-/// A copy of the program with a script beside it in place of the settings window, and its description.
+/// A copy of the program with a script beside it in place of the settings window.
 void IBusDaemon::installProgram() const {
     fs::create_directory(program().parent_path());
     fs::copy_file(VANOKA_PROGRAM_FILE, program());
     const fs::path settings = program().parent_path() / "vanoka-settings";
     std::ofstream(settings) << "#!/bin/sh\necho \"$*\" >>" << folder_.path() / "settings-starts" << '\n';
     fs::permissions(settings, fs::perms::owner_all);
+    writeDescription();
+}
+
+void IBusDaemon::writeDescription() const {
     std::ifstream description(VANOKA_DESCRIPTION_FILE);
     std::string text(std::istreambuf_iterator<char>(description), {});
     const std::string built = VANOKA_PROGRAM_FILE;
     for (std::size_t at = 0; (at = text.find(built, at)) != std::string::npos;)
         text.replace(at, built.size(), program().native());
     std::ofstream(folder_.path() / "vanoka.xml") << text;
+}
+
+void IBusDaemon::removeDescription() const {
+    fs::remove(folder_.path() / "vanoka.xml");
 }
 
 fs::path IBusDaemon::program() const {

@@ -24,6 +24,10 @@ public:
     /// Ends the daemon with a signal and waits until it is gone.
     void stop(int signal);
 
+    /// The engine's description, by which a daemon that starts knows it.
+    void writeDescription() const;
+    void removeDescription() const;
+
     /// This program's connection to the daemon, which comes back when the daemon does.
     IBusBus* bus() const noexcept { return bus_; }
     /// The folder that stands for the user's configuration folder.

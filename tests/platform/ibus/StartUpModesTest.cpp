@@ -1,4 +1,5 @@
 #include "IBusDaemon.h"
+#include "IBusField.h"
 
 #include <csignal>
 #include <cstdio>
@@ -41,6 +42,19 @@ TEST_F(StartUpModesTest, RegistersWithTheRunningDaemon) {
     EXPECT_EQ(ended.status, 0);
     EXPECT_EQ(ended.output, "Registered Vanoka input source\n");
     EXPECT_EQ(ended.errors, "");
+}
+
+TEST_F(StartUpModesTest, StartsADaemonAnewThatWasThereBeforeTheEngine) {
+    daemon.removeDescription();
+    daemon.stop(SIGTERM);
+    daemon.start();
+    ASSERT_TRUE(waitUntil([&] { return ibus_bus_is_connected(daemon.bus()) != FALSE; }));
+    daemon.writeDescription();
+    const Ended ended = run("", "--register");
+    EXPECT_EQ(ended.output, "Registered Vanoka input source\n");
+    EXPECT_EQ(ended.status, 0);
+    ASSERT_TRUE(waitUntil([&] { return ibus_bus_is_connected(daemon.bus()) != FALSE; }));
+    EXPECT_TRUE(IBusField().choose("vanoka"));
 }
 
 TEST_F(StartUpModesTest, SaysThatNoDaemonRuns) {
