@@ -6,3 +6,4 @@ set(VANOKA_WEBSITE_HOME "https://vanoka.example" CACHE STRING "The product's hom
 set(VANOKA_WEBSITE_TERMS "https://vanoka.example/terms" CACHE STRING "The product's terms of use")
 set(VANOKA_WEBSITE_PRIVACY_POLICY "https://vanoka.example/privacy" CACHE STRING
     "The product's privacy policy")
+set(VANOKA_APPLICATION_ID "example.vanoka" CACHE STRING "The reverse domain name that metadata begins with")

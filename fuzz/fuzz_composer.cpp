@@ -30,7 +30,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             composer.insert(character);
         }
     }
-    // Only of letters: a joiner that was typed is deleted with the letter after it, and nothing types it again.
+    // Only of letters: a joiner that was typed is deleted with the letter after it, and nothing types it
+    // again.
     if (!std::ranges::all_of(composer.raw(), text::isAsciiLetter))
         return 0;
     std::size_t left = 12 * (composer.raw().size() + 1);

@@ -1,6 +1,6 @@
 #include "settings/SinglishCustomization.h"
 
-#include "support/Hasher.h"
+#include "text/Hasher.h"
 #include "text/Utf8.h"
 
 #include <algorithm>

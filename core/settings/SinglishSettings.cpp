@@ -1,8 +1,8 @@
 #include "settings/SinglishSettings.h"
 
-#include "support/Hasher.h"
 #include "text/Characters.h"
 #include "text/Equivalence.h"
+#include "text/Hasher.h"
 #include "text/Utf8.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "singlish/SinglishScheme.h"
 
-#include "support/Hasher.h"
 #include "text/Equivalence.h"
+#include "text/Hasher.h"
 
 #include <algorithm>
 

@@ -77,19 +77,37 @@ private:
             fillKeys(index, state);
     }
 
-    /// A byte that is no letter: the keys held back are what they are, and the byte passes.
+    /// A byte that is no letter, and the end of the text: the keys held back are what they are, and the byte
+    /// passes.
     void fillOthers(StateIndex index, const State& state) {
         std::string closed;
         Syllables syllables(closed, state.second);
         reader_.read(state.first, syllables);
         syllables.close();
-        for (std::size_t byte = 0; byte < Row().size(); ++byte)
+        const auto length = static_cast<std::uint16_t>(closed.size());
+        std::uint32_t place = placeOfClosed(closed);
+        set(index, endOfText, {firstState, length, place});
+        for (std::size_t byte = 0; byte < endOfText; ++byte) {
+            if (text::isAsciiLetter(static_cast<char>(byte)))
+                continue;
+            set(index, byte, {firstState, static_cast<std::uint16_t>(length + 1U), place});
+            place += length + 1U;
+        }
+    }
+
+    /// Where `closed` stands with each byte after it that is no letter. Few texts close a state, so all of
+    /// them are written at once rather than looked up one by one.
+    std::uint32_t placeOfClosed(const std::string& closed) {
+        const auto place = static_cast<std::uint32_t>(result_.texts_.size());
+        const auto [known, isNew] = placesOfClosed_.emplace(closed, place);
+        for (std::size_t byte = 0; isNew && byte < endOfText; ++byte)
             if (!text::isAsciiLetter(static_cast<char>(byte)))
-                set(index, byte, step(firstState, closed + static_cast<char>(byte)));
+                result_.texts_.append(closed) += static_cast<char>(byte);
+        return known->second;
     }
 
     void fillFirstKeys(StateIndex index, const State& state) {
-        for (std::size_t byte = 0; byte < Row().size(); ++byte)
+        for (std::size_t byte = 0; byte < endOfText; ++byte)
             if (text::isAsciiLetter(static_cast<char>(byte)))
                 set(index, byte, stepOfReader(state, static_cast<char>(byte)));
     }
@@ -104,7 +122,7 @@ private:
         rest.erase(0, reader_.readDecided(rest, syllables));
         const StateIndex shorter = indexOf(std::move(rest), syllables.open());
         fillRow(shorter);
-        for (std::size_t byte = 0; byte < Row().size(); ++byte) {
+        for (std::size_t byte = 0; byte < endOfText; ++byte) {
             const char letter = static_cast<char>(byte);
             if (!text::isAsciiLetter(letter))
                 continue;
@@ -126,6 +144,8 @@ private:
     }
 
     Step stepAfter(const std::string& decided, const Step& then) {
+        if (decided.empty())
+            return then;
         return step(then.next, decided + result_.texts_.substr(then.text, then.length));
     }
 
@@ -142,7 +162,8 @@ private:
     const SinglishReader& reader_;
     SinglishTransducer& result_;
     std::vector<bool> isFilled_;
-    std::unordered_map<std::string, std::uint32_t> places_; // of the texts that steps write
+    std::unordered_map<std::string, std::uint32_t> places_;         // of the texts that letters write
+    std::unordered_map<std::string, std::uint32_t> placesOfClosed_; // of those that other bytes write
 };
 
 SinglishTransducer::SinglishTransducer(const SinglishTransliterator::Tokens& tokens,
@@ -160,8 +181,21 @@ bool SinglishTransducer::write(std::string_view ascii, std::string& held, OpenCo
     const auto start = indexes_.find({held, open});
     if (start == indexes_.end())
         return false;
+    std::tie(held, open) = states_[run(ascii, start->second, text)];
+    return true;
+}
+
+bool SinglishTransducer::transliterate(std::string_view ascii, std::string& text) const {
+    if (indexes_.empty())
+        return false;
+    const Step last = rows_[run(ascii, firstState, text)][endOfText];
+    text.append(texts_, last.text, last.length);
+    return true;
+}
+
+SinglishTransducer::StateIndex SinglishTransducer::run(std::string_view ascii, StateIndex state,
+                                                       std::string& text) const {
     std::array<Lane, laneCount> lanes;
-    StateIndex state = start->second;
     const auto shortest = [&lanes] {
         const auto length = [](const Lane& lane) { return lane.rest.size(); };
         return length(*std::ranges::min_element(lanes, {}, length));
@@ -176,8 +210,7 @@ bool SinglishTransducer::write(std::string_view ascii, std::string& held, OpenCo
             state = lane.state;
         }
     }
-    std::tie(held, open) = states_[state];
-    return true;
+    return state;
 }
 
 /// Cuts stretches for the lanes from the start of `ascii`, and returns how many lanes have one. Only the

@@ -22,7 +22,7 @@ fs::path folderFromEnvironment(const char* name) {
 }
 
 fs::path homeFolder() {
-    if (const fs::path home = folderFromEnvironment("HOME"); !home.empty())
+    if (fs::path home = folderFromEnvironment("HOME"); !home.empty())
         return home;
     const passwd* user = ::getpwuid(::getuid());
     return user && user->pw_dir ? fs::path(user->pw_dir) : fs::path();

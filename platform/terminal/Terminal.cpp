@@ -99,7 +99,7 @@ void Terminal::leave() {
 }
 
 Terminal::Event Terminal::wait(std::optional<std::chrono::milliseconds> time) {
-    if (const Event held = std::exchange(held_, {}); held.signal != 0 || !held.bytes.empty())
+    if (Event held = std::exchange(held_, {}); held.signal != 0 || !held.bytes.empty())
         return held;
     std::array<pollfd, 2> sources = {pollfd{input_, POLLIN, 0}, pollfd{signalPipe[0], POLLIN, 0}};
     const int ready = ::poll(sources.data(), sources.size(), time ? static_cast<int>(time->count()) : -1);

@@ -49,8 +49,8 @@ takes one visible part back, Return finishes the line and Ctrl-D ends. Pasted te
 Exit status: 0 done, 1 refused or something missing, 2 not understood, 3 something could not be read, written or stored.
 )";
 
-constexpr std::string_view hint = "\x1B[2mType with English letters: amma gedhara. Return: next line. "
-                                  "Escape: keep Latin. Ctrl-D: end.\x1B[22m\r\n";
+constexpr std::string_view hint = "\x1B[2mType English letters: amma gedhara. "
+                                  "Escape keeps them Latin, Ctrl-D ends.\x1B[22m\r\n";
 
 int fail(std::string_view what, std::string_view why) {
     std::cerr << "singlish: " << what << ": " << why << '\n';

@@ -206,15 +206,31 @@ TEST(SinglishTransliterator, AnUpperCaseKeyComesBeforeTheSmallForm) {
 
 TEST(SinglishTransliterator, AgreesWithThePlainRules) {
     test::Randoms randoms(1);
-    for (int round = 0; round < 4000; ++round) {
+    for (int round = 0; round < 600; ++round) {
         const SinglishTransliterator keys(round % 4 == 0   ? SinglishCustomization()
                                           : round % 4 == 1 ? randoms.customization()
                                                            : randoms.strangeCustomization());
-        for (int i = 0; i < 10; ++i) {
+        for (int i = 0; i < 60; ++i) {
             const std::string text = i % 2 == 0 ? randoms.keys(12) : randoms.text(12);
             ASSERT_EQ(keys.transliterate(text), test::plain::transliterate(keys, text))
                 << testing::PrintToString(text) << " in round " << round;
         }
+    }
+}
+
+TEST(SinglishTransliterator, AgreesWithThePlainRulesWithVeryManyKeys) {
+    test::Randoms randoms(7);
+    SinglishCustomization customization;
+    while (customization.addedKeys.size() < 3000) {
+        std::string key;
+        for (std::size_t length = 1 + randoms.below(8); length > 0; --length)
+            key += randoms.oneIn(2) ? 'k' : static_cast<char>('a' + randoms.below(26));
+        customization.addedKeys.push_back({key, "\u0D9A"});
+    }
+    const SinglishTransliterator keys(customization);
+    for (int i = 0; i < 300; ++i) {
+        const std::string text = randoms.keys(12);
+        ASSERT_EQ(keys.transliterate(text), test::plain::transliterate(keys, text)) << text;
     }
 }
 
