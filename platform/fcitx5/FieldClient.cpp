@@ -52,10 +52,11 @@ void FieldClient::insertText(std::string_view text, TextRange) {
 
 void FieldClient::setMarkedText(const MarkedText& marked, TextRange selectionRange, TextRange) {
     fcitx::Text text;
-    if (!marked.text.empty())
-        text.append(marked.text, marked.underline == MarkedText::Underline::single
-                                     ? fcitx::TextFormatFlag::Underline
-                                     : fcitx::TextFormatFlag::NoFlag);
+    if (!marked.text.empty()) {
+        const bool isUnderlined = marked.underline == MarkedText::Underline::single;
+        text.append(marked.text,
+                    isUnderlined ? fcitx::TextFormatFlag::Underline : fcitx::TextFormatFlag::NoFlag);
+    }
     text.setCursor(byteCount(marked.text, selectionRange.location));
     show(text);
 }

@@ -2,6 +2,7 @@
 
 #include "FileUserDefaults.h"
 #include "Keysym.h"
+#include "ServedClient.h"
 #include "SettingsProgram.h"
 #include "text/Utf8.h"
 
@@ -19,14 +20,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using MenuAction = VanokaInputController::MenuAction;
-
-/// A client that has the marked text already: whoever took it away put it in.
-class ServedClient final : public TextInputClient {
-public:
-    std::optional<std::string> bundleIdentifier() const override { return std::nullopt; }
-    void insertText(std::string_view, TextRange) override {}
-    void setMarkedText(const MarkedText&, TextRange, TextRange) override {}
-};
 
 KeyEvent keyEventOf(const fcitx::KeyEvent& event) {
     const fcitx::Key key = event.rawKey();

@@ -3,7 +3,6 @@
 #include <utility>
 #include <vector>
 
-using vanoka::ibus::EngineEnvironment;
 using vanoka::ibus::InputContext;
 
 struct VanokaEngine {

@@ -1,6 +1,7 @@
 #include "InputContext.h"
 
 #include "Keysym.h"
+#include "ServedClient.h"
 #include "SettingsProgram.h"
 
 #include <array>
@@ -10,14 +11,6 @@ namespace vanoka::ibus {
 namespace {
 
 using MenuAction = VanokaInputController::MenuAction;
-
-/// A client that has the marked text already: whoever took it away put it in.
-class ServedClient final : public TextInputClient {
-public:
-    std::optional<std::string> bundleIdentifier() const override { return std::nullopt; }
-    void insertText(std::string_view, TextRange) override {}
-    void setMarkedText(const MarkedText&, TextRange, TextRange) override {}
-};
 
 struct NamedAction {
     std::string_view name;
@@ -157,10 +150,11 @@ void InputContext::updateDelivery() {
 /// The daemon drops the menu with the focus, so each focus brings it anew.
 void InputContext::showMenu() {
     IBusPropList* properties = ibus_prop_list_new();
-    for (const auto& item : VanokaInputController::menu())
+    for (const auto& item : VanokaInputController::menu()) {
         ibus_prop_list_append(properties, ibus_property_new(nameOf(item.action).c_str(), PROP_TYPE_NORMAL,
                                                             newText(item.title), nullptr, nullptr, TRUE, TRUE,
                                                             PROP_STATE_UNCHECKED, nullptr));
+    }
     ibus_engine_register_properties(&engine_, properties);
 }
 

@@ -4,12 +4,32 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace vanoka {
 
 namespace {
 
 using Kind = Finding::Kind;
+
+class Findings {
+public:
+    void good(std::string text) { add(Kind::good, std::move(text), {}); }
+    void note(std::string text, std::string remedy = {}) {
+        add(Kind::note, std::move(text), std::move(remedy));
+    }
+    void missing(std::string text, std::string remedy) {
+        add(Kind::missing, std::move(text), std::move(remedy));
+    }
+    std::vector<Finding> take() { return std::move(all_); }
+
+private:
+    void add(Kind kind, std::string text, std::string remedy) {
+        all_.push_back({kind, std::move(text), std::move(remedy)});
+    }
+
+    std::vector<Finding> all_;
+};
 
 struct Framework {
     std::string_view name, module; // the module is what the toolkits' variables call it
@@ -94,98 +114,92 @@ bool knowsEngine(const DoctorSystem& system, const Framework& framework) {
 }
 
 void examineFramework(const DoctorSystem& system, const Framework& framework, bool isRunning,
-                      std::vector<Finding>& findings) {
+                      Findings& findings) {
     const std::string name(framework.name);
     if (!system.hasFile(framework.engineFile))
-        findings.push_back({Kind::missing, "Vanoka is not installed for " + name + ".",
-                            "Install the package vanoka, or run ./run --desktop in its source folder."});
+        findings.missing("Vanoka is not installed for " + name + ".",
+                         "Install the package vanoka, or run ./run --desktop in its source folder.");
     if (!isRunning) {
-        findings.push_back({Kind::missing, name + " is installed, but its daemon does not run.",
-                            std::string(framework.start)});
+        findings.missing(name + " is installed, but its daemon does not run.", std::string(framework.start));
         return;
     }
-    findings.push_back({Kind::good, name + " runs.", ""});
+    findings.good(name + " runs.");
     if (knowsEngine(system, framework))
-        findings.push_back({Kind::good, name + " knows Vanoka.", ""});
+        findings.good(name + " knows Vanoka.");
     else
-        findings.push_back(
-            {Kind::missing, name + " does not know Vanoka.", std::string(framework.addEngine)});
+        findings.missing(name + " does not know Vanoka.", std::string(framework.addEngine));
 }
 
 /// Desktops under Wayland hand text on themselves, and GTK finds IBus by itself: a variable that is not set
 /// need not be wrong, one that names another module is.
 void examineVariable(const DoctorSystem& system, const Framework& framework, const char* variable,
-                     bool findsItself, std::vector<Finding>& findings) {
+                     bool findsItself, Findings& findings) {
     const std::string value = system.variable(variable), name(variable);
     const std::string wanted(framework.module);
     if (value == wanted || (framework.module == "fcitx" && value == "fcitx5")) {
-        findings.push_back({Kind::good, name + " is " + value + ".", ""});
+        findings.good(name + " is " + value + ".");
     } else if (!value.empty()) {
-        findings.push_back(
-            {Kind::missing,
-             name + " is " + value + ", so programs do not ask " + std::string(framework.name) + ".",
-             "Set " + name + "=" + wanted +
-                 " where your session sets it, for instance with im-config, and log in again."});
+        findings.missing(name + " is " + value + ", so programs do not ask " + std::string(framework.name) +
+                             ".",
+                         "Set " + name + "=" + wanted +
+                             " where your session sets it, for instance with im-config, and log in again.");
     } else if (!findsItself && system.variable("WAYLAND_DISPLAY").empty()) {
-        findings.push_back(
-            {Kind::missing, name + " is not set.",
-             "Set " + name + "=" + wanted + ", for instance with im-config, and log in again."});
+        findings.missing(name + " is not set.",
+                         "Set " + name + "=" + wanted + ", for instance with im-config, and log in again.");
     } else {
-        findings.push_back(
-            {Kind::note, name + " is not set; programs find the input method by themselves.", ""});
+        findings.note(name + " is not set; programs find the input method by themselves.");
     }
 }
 
-void examineXim(const DoctorSystem& system, const Framework& framework, std::vector<Finding>& findings) {
+void examineXim(const DoctorSystem& system, const Framework& framework, Findings& findings) {
     const std::string wanted = "@im=" + std::string(framework.module);
     const std::string value = system.variable("XMODIFIERS");
     if (value.find(wanted) != std::string::npos)
-        findings.push_back({Kind::good, "XMODIFIERS is " + value + ".", ""});
-    else
-        findings.push_back({Kind::note,
-                            "XMODIFIERS is " + (value.empty() ? std::string("not set") : value) +
-                                ": old programs such as xterm get no Sinhala.",
-                            "Set XMODIFIERS=" + wanted + ", for instance with im-config, and log in again."});
+        findings.good("XMODIFIERS is " + value + ".");
+    else {
+        findings.note("XMODIFIERS is " + (value.empty() ? std::string("not set") : value) +
+                          ": old programs such as xterm get no Sinhala.",
+                      "Set XMODIFIERS=" + wanted + ", for instance with im-config, and log in again.");
+    }
 }
 
-void examineModules(const DoctorSystem& system, const Framework& framework, std::vector<Finding>& findings) {
+void examineModules(const DoctorSystem& system, const Framework& framework, Findings& findings) {
     const bool isIBus = framework.module == "ibus";
     for (const Toolkit& toolkit : toolkits) {
         const std::string_view base =
-            toolkit.folder.substr(0, toolkit.folder.find("/", std::size("/usr/lib*")));
+            toolkit.folder.substr(0, toolkit.folder.find('/', std::size("/usr/lib*")));
         const bool isToolkitThere = hasLibraryFile(system, base, "");
         if (!isToolkitThere)
             continue; // no program here uses it
         const std::string name(toolkit.name);
         if (hasLibraryFile(system, toolkit.folder, isIBus ? toolkit.ibusModule : toolkit.fcitxModule))
-            findings.push_back(
-                {Kind::good, name + " has a module for " + std::string(framework.name) + ".", ""});
-        else
-            findings.push_back({Kind::note,
-                                name + " has no module for " + std::string(framework.name) +
-                                    ": programs that use it get the Latin letters under X.",
-                                "Install the package " +
-                                    std::string(isIBus ? toolkit.ibusPackage : toolkit.fcitxPackage) + "."});
+            findings.good(name + " has a module for " + std::string(framework.name) + ".");
+        else {
+            findings.note(name + " has no module for " + std::string(framework.name) +
+                              ": programs that use it get the Latin letters under X.",
+                          "Install the package " +
+                              std::string(isIBus ? toolkit.ibusPackage : toolkit.fcitxPackage) + ".");
+        }
     }
 }
 
 /// A font that has the letters but not their rules shows vowel signs and joined letters apart.
-void examineFonts(const DoctorSystem& system, std::vector<Finding>& findings) {
+void examineFonts(const DoctorSystem& system, Findings& findings) {
     const auto fonts = system.output({"fc-list", "--format", "%{capability}\\n", ":lang=si"});
     const std::string remedy = "Install the package fonts-noto-core, or another font with Sinhala.";
-    if (!fonts)
-        findings.push_back({Kind::note, "Which fonts there are could not be found out.",
-                            "Install the package fontconfig, and look again."});
-    else if (fonts->find("otlayout:sinh") != std::string::npos)
-        findings.push_back({Kind::good, "A font can show and join Sinhala letters.", ""});
-    else if (!fonts->empty())
-        findings.push_back(
-            {Kind::missing, "There is a font with Sinhala letters, but it cannot join them.", remedy});
-    else
-        findings.push_back({Kind::missing, "No font has Sinhala letters.", remedy});
+    if (!fonts) {
+        findings.note("Which fonts there are could not be found out.",
+                      "Install the package fontconfig, and look again.");
+    } else if (fonts->find("otlayout:sinh") != std::string::npos) {
+        findings.good("A font can show and join Sinhala letters.");
+    } else if (!fonts->empty()) {
+        findings.missing("There is a font with Sinhala letters, but it cannot join them.", remedy);
+    } else {
+        findings.missing("No font has Sinhala letters.", remedy);
+    }
 }
 
-void examineLocale(const DoctorSystem& system, std::vector<Finding>& findings) {
+void examineLocale(const DoctorSystem& system, Findings& findings) {
     for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
         std::string value = system.variable(name);
         if (value.empty())
@@ -197,8 +211,8 @@ void examineLocale(const DoctorSystem& system, std::vector<Finding>& findings) {
             return;
         break;
     }
-    findings.push_back({Kind::note, "The locale is not UTF-8: old programs such as xterm get no Sinhala.",
-                        "Choose a UTF-8 locale in the language settings, and log in again."});
+    findings.note("The locale is not UTF-8: old programs such as xterm get no Sinhala.",
+                  "Choose a UTF-8 locale in the language settings, and log in again.");
 }
 
 std::string_view markOf(Kind kind) {
@@ -216,7 +230,7 @@ std::string_view markOf(Kind kind) {
 } // namespace
 
 std::vector<Finding> examine(const DoctorSystem& system) {
-    std::vector<Finding> findings;
+    Findings findings;
     bool isRunning = false;
     if (const Framework* framework = presentFramework(system, isRunning)) {
         examineFramework(system, *framework, isRunning, findings);
@@ -225,12 +239,12 @@ std::vector<Finding> examine(const DoctorSystem& system) {
         examineXim(system, *framework, findings);
         examineModules(system, *framework, findings);
     } else {
-        findings.push_back({Kind::missing, "Neither IBus nor Fcitx5 is installed.",
-                            "Install the package ibus, or fcitx5, and log in again."});
+        findings.missing("Neither IBus nor Fcitx5 is installed.",
+                         "Install the package ibus, or fcitx5, and log in again.");
     }
     examineFonts(system, findings);
     examineLocale(system, findings);
-    return findings;
+    return findings.take();
 }
 
 int runDoctor(const DoctorSystem& system, std::ostream& output) {

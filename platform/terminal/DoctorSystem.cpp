@@ -31,6 +31,7 @@ bool isFileThere(const std::string& pattern) {
 
 [[noreturn]] void become(const std::vector<std::string>& command, int output) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& argument : command)
         arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);
