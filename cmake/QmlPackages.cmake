@@ -6,15 +6,16 @@ function(vanoka_qml_packages result folder)
     foreach(file IN LISTS files)
         file(STRINGS "${file}" imports REGEX "^import +Qt")
         foreach(import IN LISTS imports)
-            string(REGEX REPLACE "^import +([A-Za-z.]+).*" "\\1" module "${import}")
+            string(REGEX REPLACE "^import +([A-Za-z0-9.]+).*" "\\1" module "${import}")
             # The styles of the controls come with the controls.
             string(REGEX REPLACE "^QtQuick\\.Controls\\..*" "QtQuick.Controls" module "${module}")
             string(TOLOWER "${module}" module)
             string(REPLACE "." "-" module "${module}")
-            if(module STREQUAL "qtquick-controls")
-                # What the controls themselves import.
-                list(APPEND packages qml6-module-qtquick-templates qml6-module-qtquick-window
-                    qml6-module-qtqml-workerscript)
+            # What modules import themselves.
+            if(module STREQUAL "qtquick")
+                list(APPEND packages qml6-module-qtqml-workerscript)
+            elseif(module STREQUAL "qtquick-controls")
+                list(APPEND packages qml6-module-qtquick-templates qml6-module-qtquick-window)
             endif()
             if(module STREQUAL "qtqml")
                 continue() # built into the library
