@@ -93,6 +93,21 @@ TEST_F(EngineTest, KeepsTwoFieldsApart) {
     EXPECT_EQ(other->field().screen(), "\u0D9A\u0D9A\u0DCA.");
 }
 
+TEST_F(EngineTest, PutsNothingIntoTheFieldThatGetsTheFocus) {
+    for (const auto commits : {IBusField::Commits::daemon, IBusField::Commits::field}) {
+        const auto from = newField("test:from", commits);
+        const auto to = newField("test:to");
+        to->focusOut();
+        from->focusIn();
+        from->type("ka");
+        from->leaveFor(*to);
+        to->type("1"); // a round trip through the engine: what it sent before has come
+        EXPECT_EQ(from->field().screen(), "\u0D9A");
+        EXPECT_EQ(to->field().screen(), "1");
+        to->focusOut();
+    }
+}
+
 TEST_F(EngineTest, LosesNothingWhenAnotherEngineIsChosen) {
     field.type("amma");
     ASSERT_TRUE(field.choose(plainEngine));

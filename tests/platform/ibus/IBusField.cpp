@@ -127,6 +127,13 @@ void IBusField::focusOut() {
     settleDaemon();
 }
 
+void IBusField::leaveFor(IBusField& other) {
+    commitMarkedText();
+    ibus_input_context_focus_out(context_);
+    other.focusIn();
+    other.settleDaemon();
+}
+
 bool IBusField::choose(const char* engine) {
     if (chosen() == engine)
         return true; // choosing it again would make another engine object

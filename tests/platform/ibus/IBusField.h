@@ -30,6 +30,8 @@ public:
 
     void focusIn();
     void focusOut();
+    /// The focus goes from here to another field without a pause, as a click there makes it go.
+    void leaveFor(IBusField& other);
     /// Chooses an engine; true when it is in force.
     bool choose(const char* engine);
     std::string chosen() const;
