@@ -20,7 +20,7 @@ using Microseconds = std::chrono::duration<double, std::micro>;
 
 constexpr const char* words[] = {"amma ",     "gedhara ",        "shrii ",
                                  "lankaava ", "samaajavaadhii ", "janarajaya "};
-constexpr int rounds = 12, wordsInRound = 150;
+constexpr int rounds = 40, wordsInRound = 45;
 
 double press(IBusField& field, guint keysym) {
     const auto start = Clock::now();
@@ -59,6 +59,7 @@ double startTime(IBusField& field) {
         ::kill(*process, SIGKILL);
         // The daemon may learn of it later than the system, and would ask the dead one.
         waitUntil([&] { return !ibus_bus_name_has_owner(daemon.bus(), "org.freedesktop.IBus.Vanoka"); });
+        g_usleep(100000); // and would not start another before it has buried the dead one
     }
     const auto start = Clock::now();
     field.choose("vanoka");
