@@ -24,7 +24,8 @@ public:
     /// The program; absent where the framework does not know it.
     std::optional<std::string> bundleIdentifier() const override;
     void insertText(std::string_view text, TextRange replacementRange) override;
-    void setMarkedText(const MarkedText& marked, TextRange selectionRange, TextRange replacementRange) override;
+    void setMarkedText(const MarkedText& marked, TextRange selectionRange,
+                       TextRange replacementRange) override;
 
 private:
     void show(const fcitx::Text& text);

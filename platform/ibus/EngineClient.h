@@ -25,7 +25,8 @@ public:
     /// The program; absent where the module does not name it.
     std::optional<std::string> bundleIdentifier() const override;
     void insertText(std::string_view text, TextRange replacementRange) override;
-    void setMarkedText(const MarkedText& marked, TextRange selectionRange, TextRange replacementRange) override;
+    void setMarkedText(const MarkedText& marked, TextRange selectionRange,
+                       TextRange replacementRange) override;
 
 private:
     void hideMarkedText();
