@@ -1,4 +1,5 @@
 #include "Chart.h"
+#include "Doctor.h"
 #include "ExitStatus.h"
 #include "FileUserDefaults.h"
 #include "Filter.h"
@@ -38,13 +39,14 @@ Usage:
   singlish keys reset          remove all your keys, switch every built-in key on
   singlish keys export         write your keys as JSON
   singlish keys import FILE    replace your keys with exported ones; - reads standard input
+  singlish doctor              what is missing for typing Sinhala on this desktop
   singlish --help, --version
 
 A LETTER is a Sinhala letter, or a key that types it at present.
 While you type, Space and punctuation put the Sinhala text in, Escape keeps the Latin letters, Backspace
 takes one visible part back, Return finishes the line and Ctrl-D ends. Pasted text stays as it is.
 
-Exit status: 0 done, 1 refused, 2 not understood, 3 something could not be read, written or stored.
+Exit status: 0 done, 1 refused or something missing, 2 not understood, 3 something could not be read, written or stored.
 )";
 
 constexpr std::string_view hint = "\x1B[2mType English letters: amma gedhara. "
@@ -129,6 +131,8 @@ int run(Arguments arguments) {
         return runKeys(arguments.subspan(1));
     if (arguments.size() == 1 && command == "chart")
         return runChart();
+    if (arguments.size() == 1 && command == "doctor")
+        return runDoctor(DoctorSystem::real(), std::cout);
     if (arguments.size() == 1 && (command == "--help" || command == "-h")) {
         std::cout << help;
         return ExitStatus::done;

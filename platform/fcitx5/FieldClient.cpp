@@ -1,0 +1,75 @@
+#include "FieldClient.h"
+
+#include "text/Utf8.h"
+
+#include <fcitx/inputpanel.h>
+
+namespace vanoka::fcitx5 {
+
+namespace {
+
+/// How many bytes the first `units` UTF-16 units of `text` are.
+int byteCount(std::string_view text, std::int64_t units) {
+    std::size_t bytes = 0;
+    for (const text::Scalar scalar : text::Scalars(text)) {
+        if (units <= 0)
+            break;
+        units -= scalar.value > 0xFFFF ? 2 : 1;
+        bytes += scalar.length;
+    }
+    return static_cast<int>(bytes);
+}
+
+} // namespace
+
+bool FieldClient::showsMarkedText() const {
+    // Asked for each time: some toolkits tell it only after they have the focus.
+    return context_.capabilityFlags().test(fcitx::CapabilityFlag::Preedit);
+}
+
+bool FieldClient::resetsFirst() const {
+    // GTK 4's module does. It has no name of its own, but of the modules that report repeated keys it alone
+    // does not care for the order of keys and texts.
+    const auto flags = context_.capabilityFlags();
+    return std::string_view(context_.frontend()) == "dbus" &&
+           flags.test(fcitx::CapabilityFlag::ReportKeyRepeat) &&
+           !flags.test(fcitx::CapabilityFlag::KeyEventOrderFix);
+}
+
+void FieldClient::clear() {
+    show({});
+}
+
+std::optional<std::string> FieldClient::bundleIdentifier() const {
+    const std::string program = context_.program();
+    return program.empty() ? std::nullopt : std::optional(program);
+}
+
+void FieldClient::insertText(std::string_view text, TextRange) {
+    clear(); // first, or it would be put in as well
+    context_.commitString(std::string(text));
+}
+
+void FieldClient::setMarkedText(const MarkedText& marked, TextRange selectionRange, TextRange) {
+    fcitx::Text text;
+    if (!marked.text.empty()) {
+        const bool isUnderlined = marked.underline == MarkedText::Underline::single;
+        text.append(marked.text,
+                    isUnderlined ? fcitx::TextFormatFlag::Underline : fcitx::TextFormatFlag::NoFlag);
+    }
+    text.setCursor(byteCount(marked.text, selectionRange.location));
+    show(text);
+}
+
+void FieldClient::show(const fcitx::Text& text) {
+    fcitx::InputPanel& panel = context_.inputPanel();
+    panel.reset();
+    if (showsMarkedText())
+        panel.setClientPreedit(text);
+    else
+        panel.setPreedit(text);
+    context_.updatePreedit();
+    context_.updateUserInterface(fcitx::UserInterfaceComponent::InputPanel);
+}
+
+} // namespace vanoka::fcitx5

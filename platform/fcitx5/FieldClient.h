@@ -1,0 +1,36 @@
+#pragma once
+
+#include "TextInputClient.h"
+
+#include <fcitx/inputcontext.h>
+#include <optional>
+#include <string>
+
+namespace vanoka::fcitx5 {
+
+/// The client behind an input context: inserted text is committed, marked text is the preedit.
+class FieldClient final : public TextInputClient {
+public:
+    /// The input context must outlive the client.
+    explicit FieldClient(fcitx::InputContext& context) : context_(context) {}
+
+    /// Whether the field shows marked text itself. The framework then puts it in when the field loses focus.
+    bool showsMarkedText() const;
+    /// Whether the field resets the input method before it has put the marked text in, and then drops it.
+    bool resetsFirst() const;
+    /// Takes the marked text away.
+    void clear();
+
+    /// The program; absent where the framework does not know it.
+    std::optional<std::string> bundleIdentifier() const override;
+    void insertText(std::string_view text, TextRange replacementRange) override;
+    void setMarkedText(const MarkedText& marked, TextRange selectionRange,
+                       TextRange replacementRange) override;
+
+private:
+    void show(const fcitx::Text& text);
+
+    fcitx::InputContext& context_;
+};
+
+} // namespace vanoka::fcitx5

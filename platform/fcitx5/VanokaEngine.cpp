@@ -1,0 +1,140 @@
+#include "VanokaEngine.h"
+
+#include "FileUserDefaults.h"
+#include "Keysym.h"
+#include "ServedClient.h"
+#include "SettingsProgram.h"
+#include "text/Utf8.h"
+
+#include <dlfcn.h>
+#include <fcitx-utils/misc.h>
+#include <fcitx/addonmanager.h>
+#include <fcitx/inputcontextmanager.h>
+#include <fcitx/inputpanel.h>
+#include <fcitx/statusarea.h>
+#include <fcitx/userinterfacemanager.h>
+
+namespace vanoka::fcitx5 {
+
+namespace {
+
+namespace fs = std::filesystem;
+using MenuAction = VanokaInputController::MenuAction;
+
+KeyEvent keyEventOf(const fcitx::KeyEvent& event) {
+    const fcitx::Key key = event.rawKey();
+    const auto keysym = static_cast<std::uint32_t>(key.sym());
+    const std::uint32_t release = event.isRelease() ? Keysym::release : 0;
+    return Keysym::keyEvent(keysym, key.states().toInteger() | release,
+                            fcitx::Key::keySymToUnicode(key.sym()));
+}
+
+/// The folder of this add-on.
+fs::path addonFolder() {
+    Dl_info info{};
+    if (::dladdr(reinterpret_cast<const void*>(&addonFolder), &info) == 0 || !info.dli_fname)
+        return {};
+    return fs::path(info.dli_fname).parent_path();
+}
+
+/// A program of its own, so that no window toolkit is ever loaded here.
+void activateMenu(MenuAction action) {
+    const auto program = SettingsProgram::find(addonFolder());
+    if (!program)
+        return;
+    std::vector<std::string> command = {program->native()};
+    if (action == MenuAction::showAbout)
+        command.emplace_back(SettingsProgram::aboutSwitch);
+    fcitx::startProcess(command);
+}
+
+} // namespace
+
+Field::Field(fcitx::InputContext& context, SinglishSettings& settings)
+    : client(context), controller(SettingsProgram::name, settings) {}
+
+VanokaEngine::VanokaEngine(fcitx::Instance& instance)
+    : instance_(instance),
+      settings_(SinglishSettings::shared()),
+      storedSettings_(FileUserDefaults::standard().pathOf(SinglishSettings::storedName)),
+      fields_([this](fcitx::InputContext& context) { return new Field(context, settings_); }) {
+    instance_.inputContextManager().registerProperty("vanokaField", &fields_);
+    const auto menu = VanokaInputController::menu();
+    initialize(showSettings_, menu[0]);
+    initialize(showAbout_, menu[1]);
+    instance_.userInterfaceManager().registerAction("vanoka-settings", &showSettings_);
+    instance_.userInterfaceManager().registerAction("vanoka-about", &showAbout_);
+}
+
+void VanokaEngine::keyEvent(const fcitx::InputMethodEntry&, fcitx::KeyEvent& event) {
+    Field& field = fieldOf(event);
+    if (storedSettings_.hasChanged())
+        settings_.reloadIfChanged();
+    const KeyEvent key = keyEventOf(event);
+    if (processSequenceKey(event, key, field) || field.controller.handle(&key, &field.client))
+        event.filterAndAccept();
+}
+
+void VanokaEngine::activate(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
+    fieldOf(event).controller.activateServer();
+    fcitx::StatusArea& area = event.inputContext()->statusArea();
+    area.addAction(fcitx::StatusGroup::InputMethod, &showSettings_);
+    area.addAction(fcitx::StatusGroup::InputMethod, &showAbout_);
+}
+
+void VanokaEngine::deactivate(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
+    Field& field = fieldOf(event);
+    const bool isSwitch = event.type() == fcitx::EventType::InputContextSwitchInputMethod;
+    // On any other occasion the framework or the client has put in what the client showed. Done twice, it
+    // would be there twice, or in the field that has focus next.
+    if (isSwitch || !field.client.showsMarkedText())
+        field.controller.deactivateServer(&field.client);
+    forget(field);
+}
+
+void VanokaEngine::reset(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
+    Field& field = fieldOf(event);
+    if (field.client.resetsFirst())
+        field.controller.commitComposition(&field.client);
+    forget(field);
+}
+
+Field& VanokaEngine::fieldOf(fcitx::InputContextEvent& event) {
+    return *event.inputContext()->propertyFor(&fields_);
+}
+
+/// A dead key, the Compose key and the keys after them, of which the framework makes one character. True when
+/// it has taken the key.
+bool VanokaEngine::processSequenceKey(const fcitx::KeyEvent& event, const KeyEvent& key, Field& field) {
+    fcitx::InputContext* context = event.inputContext();
+    const auto keysym = event.rawKey().sym();
+    const bool begins = Keysym::startsSequence(static_cast<std::uint32_t>(keysym));
+    if (key.type != KeyEvent::keyDown || (!begins && !instance_.isComposing(context)))
+        return false;
+    field.controller.commitComposition(&field.client); // as a key does that types nothing
+    const auto made = instance_.processComposeString(context, keysym);
+    if (made && made->empty())
+        return false; // it knows no sequence with this key
+    if (made)
+        context->commitString(*made);
+    return true;
+}
+
+void VanokaEngine::initialize(fcitx::SimpleAction& action, VanokaInputController::MenuItem item) {
+    action.setShortText(std::string(item.title));
+    action.connect<fcitx::SimpleAction::Activated>(
+        [action = item.action](fcitx::InputContext*) { activateMenu(action); });
+}
+
+/// Ends the composition whose text has been put in by others.
+void VanokaEngine::forget(Field& field) {
+    ServedClient served;
+    field.controller.deactivateServer(&served);
+    field.client.clear();
+}
+
+fcitx::AddonInstance* VanokaEngineFactory::create(fcitx::AddonManager* manager) {
+    return new VanokaEngine(*manager->instance());
+}
+
+} // namespace vanoka::fcitx5

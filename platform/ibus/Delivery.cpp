@@ -1,0 +1,50 @@
+#include "Delivery.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vanoka::ibus {
+
+namespace {
+
+struct Row {
+    std::string_view client; // the beginning of its name
+    bool (*holds)(const Versions&);
+    Delivery delivery;
+};
+
+bool always(const Versions&) {
+    return true;
+}
+bool qtCommitsUnannounced(const Versions& versions) {
+    return versions.qtCommitsUnannounced;
+}
+bool gtk4ResetsFirst(const Versions& versions) {
+    return versions.gtk4ResetsFirst;
+}
+
+// The first row that fits counts. Clients that none fits put the marked text in themselves and have said so
+// (GTK, browsers, GNOME Shell, newer Qt), or leave it to the daemon.
+//
+// A text sent while focus changes reaches whoever has focus next, so no row ever commits on losing focus.
+constexpr std::array rows = std::to_array<Row>({
+    // Puts the text in, then resets the engine, whereupon the daemon puts it in again: the daemon must not.
+    // It then drops the text when the engine is changed, which a shortcut does.
+    {"QIBusInputContext", qtCommitsUnannounced, {.frameworkCommits = false, .commitsBeforeShortcut = true}},
+    // Tells the daemon that it puts the text in, and on a click in the same field does not.
+    {"gtk4-im:", gtk4ResetsFirst, {.commitsInReset = true}},
+    // Its server answers a declined key before it hands the text on. It may also tell that another window has
+    // the focus before it tells that this one has lost it, and then nobody puts the text in.
+    {"xim", always, {.commitsBeforeShortcut = true, .forwardsPassedKeys = true}},
+});
+
+} // namespace
+
+Delivery deliveryTo(std::string_view client, const Versions& versions) {
+    const auto* row = std::ranges::find_if(rows, [&](const Row& candidate) {
+        return client.starts_with(candidate.client) && candidate.holds(versions);
+    });
+    return row == rows.end() ? Delivery{} : row->delivery;
+}
+
+} // namespace vanoka::ibus

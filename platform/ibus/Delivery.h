@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string_view>
+
+namespace vanoka::ibus {
+
+/// What the installed versions of IBus and of the toolkits do, as far as it decides how text is delivered.
+struct Versions {
+    /// Qt's module puts the marked text in by itself but does not tell the daemon that it does.
+    bool qtCommitsUnannounced = false;
+    /// The GTK 4 module resets the engine before it has put the marked text in.
+    bool gtk4ResetsFirst = false;
+};
+
+/// How a client gets a composition that ends without a key: by a click, a change of focus, another engine.
+/// At that moment the client, the daemon and the engine can each put the text in, and exactly one must.
+struct Delivery {
+    /// Marked text is put in by the client or the daemon when it loses the engine, and is dropped otherwise.
+    bool frameworkCommits = true;
+    /// The engine puts the text in when it is reset: nobody else does.
+    bool commitsInReset = false;
+    /// The engine puts the text in as soon as a key is pressed that begins a shortcut: if the shortcut
+    /// changes the engine or the window, nobody else would.
+    bool commitsBeforeShortcut = false;
+    /// A key that ends a composition and is the client's is sent back after the text, since one that is only
+    /// declined overtakes it.
+    bool forwardsPassedKeys = false;
+    friend bool operator==(const Delivery&, const Delivery&) = default;
+};
+
+/// The delivery to a client with this name, which is empty until the daemon has told it.
+Delivery deliveryTo(std::string_view client, const Versions& versions);
+
+} // namespace vanoka::ibus

@@ -1,0 +1,127 @@
+#include "Engine.h"
+
+#include <utility>
+#include <vector>
+
+using vanoka::ibus::InputContext;
+
+struct VanokaEngine {
+    IBusEngineSimple parent;
+    InputContext* context;
+};
+
+struct VanokaEngineClass {
+    IBusEngineSimpleClass parent;
+};
+
+// The parent knows the dead keys and the Compose key, which the daemon leaves to engines.
+G_DEFINE_TYPE(VanokaEngine, vanoka_engine, IBUS_TYPE_ENGINE_SIMPLE)
+
+namespace {
+
+std::vector<InputContext*>& contexts() {
+    static std::vector<InputContext*> all;
+    return all;
+}
+
+/// Null between the making of the object and of its context, and after its end.
+InputContext* contextOf(IBusEngine* engine) {
+    return reinterpret_cast<VanokaEngine*>(engine)->context;
+}
+
+/// The function of an engine's class that calls `operation` with its arguments.
+template <auto operation, class... Arguments>
+void handOn(IBusEngine* engine, Arguments... arguments) {
+    if (InputContext* context = contextOf(engine))
+        (context->*operation)(arguments...);
+}
+
+gboolean processKeyEvent(IBusEngine* engine, guint keysym, guint keyCode, guint state) {
+    InputContext* context = contextOf(engine);
+    return context && context->processKeyEvent(keysym, keyCode, state);
+}
+
+void focusIn(IBusEngine* engine) {
+    if (InputContext* context = contextOf(engine))
+        context->focusIn();
+}
+
+void focusInWithClient(IBusEngine* engine, const gchar*, const gchar* client) {
+    if (InputContext* context = contextOf(engine))
+        context->focusIn(client ? client : "");
+}
+
+void focusOutWithClient(IBusEngine* engine, const gchar*) {
+    if (InputContext* context = contextOf(engine))
+        context->focusOut();
+}
+
+void setContentType(IBusEngine* engine, guint purpose, guint) {
+    if (InputContext* context = contextOf(engine))
+        context->setContentType(purpose);
+}
+
+void activateProperty(IBusEngine* engine, const gchar* name, guint) {
+    if (InputContext* context = contextOf(engine))
+        context->activateProperty(name);
+}
+
+vanoka::ibus::SequenceComposer sequenceComposerOf(IBusEngine* engine) {
+    const auto process = [engine, isReady = false](guint keysym, guint keyCode, guint state) mutable {
+        if (!std::exchange(isReady, true)) // it reads files, and most people never need it
+            ibus_engine_simple_add_table_by_locale(IBUS_ENGINE_SIMPLE(engine), nullptr);
+        return IBUS_ENGINE_CLASS(vanoka_engine_parent_class)
+                   ->process_key_event(engine, keysym, keyCode, state) != FALSE;
+    };
+    return {process, [engine] { IBUS_ENGINE_CLASS(vanoka_engine_parent_class)->reset(engine); }};
+}
+
+void finalize(GObject* object) {
+    InputContext*& context = reinterpret_cast<VanokaEngine*>(object)->context;
+    std::erase(contexts(), context);
+    delete context;
+    context = nullptr;
+    G_OBJECT_CLASS(vanoka_engine_parent_class)->finalize(object);
+}
+
+} // namespace
+
+static void vanoka_engine_class_init(VanokaEngineClass* engineClass) {
+    G_OBJECT_CLASS(engineClass)->finalize = finalize;
+    IBusEngineClass& calls = engineClass->parent.parent;
+    calls.process_key_event = processKeyEvent;
+    calls.focus_in = focusIn;
+    calls.focus_in_id = focusInWithClient;
+    calls.focus_out = handOn<&InputContext::focusOut>;
+    calls.focus_out_id = focusOutWithClient;
+    calls.enable = handOn<&InputContext::enable>;
+    calls.disable = handOn<&InputContext::disable>;
+    calls.reset = handOn<&InputContext::reset>;
+    calls.set_capabilities = handOn<&InputContext::setCapabilities, guint>;
+    calls.set_content_type = setContentType;
+    calls.property_activate = activateProperty;
+}
+
+static void vanoka_engine_init(VanokaEngine* engine) {
+    engine->context = nullptr;
+}
+
+namespace vanoka::ibus {
+
+IBusEngine* newEngine(const char* name, const char* path, GDBusConnection* connection,
+                      EngineEnvironment& environment) {
+    auto* engine = static_cast<VanokaEngine*>(g_object_new(vanoka_engine_get_type(), "engine-name", name,
+                                                           "object-path", path, "connection", connection,
+                                                           "has-focus-id", TRUE, nullptr));
+    IBusEngine* parent = IBUS_ENGINE(engine);
+    engine->context = new InputContext(*parent, environment, sequenceComposerOf(parent));
+    contexts().push_back(engine->context);
+    return parent;
+}
+
+void finishAllEngines() {
+    for (InputContext* context : contexts())
+        context->finish();
+}
+
+} // namespace vanoka::ibus

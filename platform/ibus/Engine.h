@@ -1,0 +1,18 @@
+#pragma once
+
+#include "InputContext.h"
+
+#include <gio/gio.h>
+#include <ibus.h>
+
+namespace vanoka::ibus {
+
+/// A new engine object, as the daemon's factory wants it: it hands each call on to an `InputContext`. The
+/// environment must outlive it; `path` is its name on the connection.
+IBusEngine* newEngine(const char* name, const char* path, GDBusConnection* connection,
+                      EngineEnvironment& environment);
+
+/// Ends the compositions of all engines: the process is about to end.
+void finishAllEngines();
+
+} // namespace vanoka::ibus

@@ -1,0 +1,56 @@
+#include "EngineClient.h"
+
+#include "text/Utf8.h"
+
+namespace vanoka::ibus {
+
+namespace {
+
+/// How many scalars the first `units` UTF-16 units of `text` are.
+guint scalarCount(std::string_view text, std::int64_t units) {
+    guint count = 0;
+    for (const text::Scalar scalar : text::Scalars(text)) {
+        if (units <= 0)
+            break;
+        units -= scalar.value > 0xFFFF ? 2 : 1;
+        ++count;
+    }
+    return count;
+}
+
+} // namespace
+
+std::optional<std::string> EngineClient::bundleIdentifier() const {
+    const std::size_t colon = name_.find(':');
+    return colon == std::string::npos ? std::nullopt : std::optional(name_.substr(colon + 1));
+}
+
+void EngineClient::insertText(std::string_view text, TextRange) {
+    ++insertions_;
+    hideMarkedText(); // first, or it would be put in as well
+    const std::string terminated(text);
+    ibus_engine_commit_text(&engine_, ibus_text_new_from_string(terminated.c_str()));
+}
+
+void EngineClient::setMarkedText(const MarkedText& marked, TextRange selectionRange, TextRange) {
+    if (marked.text.empty())
+        return hideMarkedText();
+    IBusText* text = ibus_text_new_from_string(marked.text.c_str());
+    if (marked.underline == MarkedText::Underline::single)
+        ibus_text_append_attribute(text, IBUS_ATTR_TYPE_UNDERLINE, IBUS_ATTR_UNDERLINE_SINGLE, 0,
+                                   static_cast<gint>(ibus_text_get_length(text)));
+    ibus_engine_update_preedit_text_with_mode(
+        &engine_, text, scalarCount(marked.text, selectionRange.location), TRUE,
+        frameworkCommits_ ? IBUS_ENGINE_PREEDIT_COMMIT : IBUS_ENGINE_PREEDIT_CLEAR);
+    isMarked_ = true;
+}
+
+void EngineClient::hideMarkedText() {
+    if (!isMarked_)
+        return;
+    isMarked_ = false;
+    ibus_engine_update_preedit_text_with_mode(&engine_, ibus_text_new_from_static_string(""), 0, FALSE,
+                                              IBUS_ENGINE_PREEDIT_CLEAR);
+}
+
+} // namespace vanoka::ibus

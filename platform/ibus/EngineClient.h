@@ -1,0 +1,41 @@
+#pragma once
+
+#include "TextInputClient.h"
+
+#include <ibus.h>
+#include <optional>
+#include <string>
+
+namespace vanoka::ibus {
+
+/// The client behind an engine: inserted text is committed, marked text is the preedit.
+class EngineClient final : public TextInputClient {
+public:
+    /// The engine must outlive the client.
+    explicit EngineClient(IBusEngine& engine) : engine_(engine) {}
+
+    /// The name of the client as the daemon tells it: "module:program", or a module alone.
+    void setName(std::string name) { name_ = std::move(name); }
+    const std::string& name() const noexcept { return name_; }
+    /// Whether the daemon or the client puts the marked text in when it is lost.
+    void setFrameworkCommits(bool commits) { frameworkCommits_ = commits; }
+    /// How many texts have been inserted.
+    std::size_t insertions() const noexcept { return insertions_; }
+
+    /// The program; absent where the module does not name it.
+    std::optional<std::string> bundleIdentifier() const override;
+    void insertText(std::string_view text, TextRange replacementRange) override;
+    void setMarkedText(const MarkedText& marked, TextRange selectionRange,
+                       TextRange replacementRange) override;
+
+private:
+    void hideMarkedText();
+
+    IBusEngine& engine_;
+    std::string name_;
+    bool frameworkCommits_ = true;
+    bool isMarked_ = false;
+    std::size_t insertions_ = 0;
+};
+
+} // namespace vanoka::ibus

@@ -1,0 +1,161 @@
+#include "InputContext.h"
+
+#include "Keysym.h"
+#include "ServedClient.h"
+#include "SettingsProgram.h"
+
+#include <array>
+
+namespace vanoka::ibus {
+
+namespace {
+
+using MenuAction = VanokaInputController::MenuAction;
+
+struct NamedAction {
+    std::string_view name;
+    MenuAction action;
+};
+
+constexpr std::array actions = std::to_array<NamedAction>({
+    {"settings", MenuAction::showSettings},
+    {"about", MenuAction::showAbout},
+});
+
+std::string nameOf(MenuAction action) {
+    for (const NamedAction& named : actions)
+        if (named.action == action)
+            return std::string(named.name);
+    return {};
+}
+
+IBusText* newText(std::string_view text) {
+    return ibus_text_new_from_string(std::string(text).c_str());
+}
+
+} // namespace
+
+InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment,
+                           SequenceComposer sequenceComposer)
+    : engine_(engine),
+      environment_(environment),
+      client_(engine),
+      controller_(SettingsProgram::name, environment.settings),
+      sequenceComposer_(std::move(sequenceComposer)) {
+    updateDelivery();
+}
+
+bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
+    if (takesNoInput())
+        return false;
+    const KeyEvent event = Keysym::keyEvent(keysym, state, ibus_keyval_to_unicode(keysym));
+    if (environment_.storedSettings.hasChanged())
+        environment_.settings.reloadIfChanged();
+    if (delivery_.commitsBeforeShortcut && !(state & IBUS_RELEASE_MASK) && Keysym::isShortcutModifier(keysym))
+        controller_.commitComposition(&client_);
+    if (event.type == KeyEvent::keyDown && sequence_.takes(keysym))
+        return processSequenceKey(keysym, keyCode, state);
+    const std::size_t insertions = client_.insertions();
+    if (controller_.handle(&event, &client_))
+        return true;
+    if (!delivery_.forwardsPassedKeys || client_.insertions() == insertions)
+        return false;
+    ibus_engine_forward_key_event(&engine_, keysym, keyCode, state);
+    return true;
+}
+
+void InputContext::enable() {
+    becomesActive();
+}
+
+void InputContext::disable() {
+    forget();
+}
+
+void InputContext::focusIn() {
+    becomesActive();
+}
+
+void InputContext::focusIn(std::string client) {
+    client_.setName(std::move(client));
+    updateDelivery();
+    becomesActive();
+}
+
+void InputContext::focusOut() {
+    forget();
+}
+
+void InputContext::reset() {
+    if (delivery_.commitsInReset)
+        controller_.commitComposition(&client_);
+    else
+        forget();
+}
+
+void InputContext::setCapabilities(guint capabilities) {
+    capabilities_ = capabilities;
+    updateDelivery();
+}
+
+void InputContext::setContentType(guint purpose) {
+    // It comes after the focus and only when it is another, so the last one holds until then.
+    purpose_ = purpose;
+    if (takesNoInput())
+        controller_.commitComposition(&client_);
+}
+
+void InputContext::activateProperty(std::string_view name) {
+    for (const NamedAction& named : actions)
+        if (named.name == name)
+            environment_.activate(named.action);
+}
+
+void InputContext::finish() {
+    controller_.commitComposition(&client_);
+}
+
+bool InputContext::takesNoInput() const noexcept {
+    return purpose_ == IBUS_INPUT_PURPOSE_PASSWORD || purpose_ == IBUS_INPUT_PURPOSE_PIN;
+}
+
+bool InputContext::processSequenceKey(guint keysym, guint keyCode, guint state) {
+    controller_.commitComposition(&client_); // as a key does that types nothing
+    const bool isConsumed = sequenceComposer_.process(keysym, keyCode, state);
+    if (!sequence_.isUnderway())
+        sequenceComposer_.reset(); // the keys after a sequence that makes nothing are letters again
+    return isConsumed;
+}
+
+/// Ends the composition whose text has been put in by others.
+void InputContext::forget() {
+    ServedClient served;
+    controller_.deactivateServer(&served);
+    if (sequence_.isUnderway()) {
+        sequence_.end();
+        sequenceComposer_.reset();
+    }
+}
+
+void InputContext::becomesActive() {
+    controller_.activateServer();
+    showMenu();
+}
+
+void InputContext::updateDelivery() {
+    delivery_ = deliveryTo(client_.name(), environment_.versions);
+    client_.setFrameworkCommits(delivery_.frameworkCommits);
+}
+
+/// The daemon drops the menu with the focus, so each focus brings it anew.
+void InputContext::showMenu() {
+    IBusPropList* properties = ibus_prop_list_new();
+    for (const auto& item : VanokaInputController::menu()) {
+        ibus_prop_list_append(properties, ibus_property_new(nameOf(item.action).c_str(), PROP_TYPE_NORMAL,
+                                                            newText(item.title), nullptr, nullptr, TRUE, TRUE,
+                                                            PROP_STATE_UNCHECKED, nullptr));
+    }
+    ibus_engine_register_properties(&engine_, properties);
+}
+
+} // namespace vanoka::ibus

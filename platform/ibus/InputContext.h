@@ -1,0 +1,72 @@
+#pragma once
+
+#include "ComposeSequence.h"
+#include "Delivery.h"
+#include "EngineClient.h"
+#include "FileWatch.h"
+#include "VanokaInputController.h"
+
+#include <functional>
+#include <ibus.h>
+#include <string>
+
+namespace vanoka::ibus {
+
+/// What all engines of the process share.
+struct EngineEnvironment {
+    SinglishSettings& settings;
+    FileWatch& storedSettings; ///< the file behind them
+    Versions versions;
+    std::function<void(VanokaInputController::MenuAction)> activate; ///< of an entry of the menu
+};
+
+/// What makes one character of a dead key or the Compose key and the keys after it.
+struct SequenceComposer {
+    std::function<bool(guint keysym, guint keyCode, guint state)> process; ///< true when the key is consumed
+    std::function<void()> reset;
+};
+
+/// One engine object of the daemon and the composition in it. The daemon moves the object from client to
+/// client; a composition never moves with it, since losing the client ends it.
+///
+/// Each operation is the daemon's call of that name. Both the engine and the environment must outlive it.
+class InputContext {
+public:
+    InputContext(IBusEngine& engine, EngineEnvironment& environment, SequenceComposer sequenceComposer);
+
+    /// True when the key is consumed.
+    bool processKeyEvent(guint keysym, guint keyCode, guint state);
+    void enable();
+    void disable();
+    void focusIn();
+    /// `client` is the client's name.
+    void focusIn(std::string client);
+    void focusOut();
+    void reset();
+    void setCapabilities(guint capabilities);
+    void setContentType(guint purpose);
+    void activateProperty(std::string_view name);
+
+    /// The process is about to end.
+    void finish();
+
+private:
+    bool takesNoInput() const noexcept;
+    bool processSequenceKey(guint keysym, guint keyCode, guint state);
+    void forget();
+    void becomesActive();
+    void updateDelivery();
+    void showMenu();
+
+    IBusEngine& engine_;
+    EngineEnvironment& environment_;
+    EngineClient client_;
+    VanokaInputController controller_;
+    Delivery delivery_;
+    ComposeSequence sequence_;
+    SequenceComposer sequenceComposer_;
+    guint capabilities_ = 0;
+    guint purpose_ = IBUS_INPUT_PURPOSE_FREE_FORM;
+};
+
+} // namespace vanoka::ibus

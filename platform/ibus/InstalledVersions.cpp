@@ -1,0 +1,80 @@
+#include "InstalledVersions.h"
+
+#include <algorithm>
+#include <charconv>
+#include <dlfcn.h>
+#include <fstream>
+#include <ibus.h>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace vanoka::ibus {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view announcement = "ClientCommitPreedit";
+constexpr int firstThatCommitsFirst = 528; // GTK 4's module puts the text in before it resets
+
+/// Where distributions keep Qt's module, Qt 6 before Qt 5: where both are there and differ, programs of
+/// today are served right.
+std::vector<fs::path> qtModules(const fs::path& libraries) {
+    constexpr const char* module = "plugins/platforminputcontexts/libibusplatforminputcontextplugin.so";
+    std::vector<fs::path> modules;
+    for (const char* qt : {"qt6", "qt5", "qt"})
+        for (const fs::path& folder : {libraries, fs::path("/usr/lib64"), fs::path("/usr/lib")})
+            modules.push_back(folder / qt / module);
+    return modules;
+}
+
+/// The file of the IBus library that this process runs with.
+fs::path libraryFile() {
+    Dl_info info{};
+    std::error_code error;
+    if (::dladdr(reinterpret_cast<const void*>(&ibus_init), &info) == 0 || !info.dli_fname)
+        return {};
+    return fs::canonical(info.dli_fname, error);
+}
+
+bool contains(const fs::path& path, std::string_view text) {
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes(std::istreambuf_iterator<char>(file), {});
+    return bytes.find(text) != std::string::npos;
+}
+
+Versions find() {
+    const fs::path library = libraryFile();
+    const int release =
+        releaseOfLibrary(library.filename().native()).value_or(100 * IBUS_MINOR_VERSION + IBUS_MICRO_VERSION);
+    return {.qtCommitsUnannounced = commitsUnannounced(qtModules(library.parent_path())),
+            .gtk4ResetsFirst = release < firstThatCommitsFirst};
+}
+
+} // namespace
+
+const Versions& installedVersions() {
+    static const Versions versions = find();
+    return versions;
+}
+
+std::optional<int> releaseOfLibrary(std::string_view fileName) {
+    constexpr std::string_view start = "libibus-1.0.so.5.0.";
+    if (!fileName.starts_with(start))
+        return std::nullopt;
+    int release = 0;
+    const char* end = fileName.data() + fileName.size();
+    const auto result = std::from_chars(fileName.data() + start.size(), end, release);
+    return result.ec == std::errc() && result.ptr == end ? std::optional(release) : std::nullopt;
+}
+
+bool commitsUnannounced(std::span<const fs::path> modules) {
+    const auto module = std::ranges::find_if(modules, [](const fs::path& path) {
+        std::error_code error;
+        return fs::is_regular_file(path, error);
+    });
+    return module != modules.end() && !contains(*module, announcement);
+}
+
+} // namespace vanoka::ibus

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vanoka {
+
+/// What the doctor can ask of the system. Plain functions, so that a test can stand in for every one.
+struct DoctorSystem {
+    /// The value of an environment variable, empty when it is not set.
+    std::function<std::string(std::string_view name)> variable;
+    /// Whether any file matches a pattern of the shell.
+    std::function<bool(const std::string& pattern)> hasFile;
+    /// The output of a command; nothing when it is not installed, fails or takes too long.
+    std::function<std::optional<std::string>(const std::vector<std::string>& command)> output;
+
+    /// The system that this process runs on.
+    static DoctorSystem real();
+};
+
+/// One thing that was looked at.
+struct Finding {
+    enum class Kind : std::uint8_t {
+        good,
+        note,   ///< worth knowing; typing works in most programs
+        missing ///< without this no Sinhala is typed
+    };
+
+    Kind kind;
+    std::string text;   ///< what is the case, a sentence
+    std::string remedy; ///< what to do about it, a sentence; empty when there is nothing to do
+};
+
+/// Looks at everything that typing Sinhala on this desktop needs, in the order in which to mend it.
+std::vector<Finding> examine(const DoctorSystem& system);
+
+/// Writes the findings; the exit status: 0 when nothing is missing, 1 otherwise.
+int runDoctor(const DoctorSystem& system, std::ostream& output);
+
+} // namespace vanoka

@@ -1,0 +1,50 @@
+// Two windows, the first with two text fields and the second with one, that write their texts as one line to
+// standard output whenever one changes. With "password" the second field hides its text.
+#include <QApplication>
+#include <QLineEdit>
+#include <QVBoxLayout>
+#include <QWidget>
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+std::vector<QLineEdit*> fields;
+
+void report() {
+    QStringList texts;
+    for (const QLineEdit* field : fields)
+        texts.append(field->text());
+    std::printf("%s\n", texts.join(QLatin1Char('|')).toUtf8().constData());
+    std::fflush(stdout);
+}
+
+void fill(QWidget& window, const char* title, int count) {
+    auto* box = new QVBoxLayout(&window);
+    box->setContentsMargins(0, 0, 0, 0);
+    box->setSpacing(0);
+    for (int i = 0; i < count; ++i) {
+        auto* field = new QLineEdit;
+        field->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        box->addWidget(field);
+        fields.push_back(field);
+        QObject::connect(field, &QLineEdit::textChanged, [] { report(); });
+    }
+    window.setWindowTitle(QString::fromLatin1(title));
+    window.setGeometry(0, 0, 400, 100 * count);
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    const QApplication application(count, arguments);
+    QWidget one, two;
+    fill(one, "vanoka-one", 2);
+    fill(two, "vanoka-two", 1);
+    if (count > 1 && QByteArray(arguments[1]) == "password")
+        fields[1]->setEchoMode(QLineEdit::Password);
+    one.show();
+    two.show();
+    report();
+    return QApplication::exec();
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "TemporaryFolder.h"
+
+#include <filesystem>
+#include <gio/gio.h>
+#include <string>
+#include <sys/types.h>
+
+namespace vanoka::test {
+
+/// An fcitx5 with the add-on for one test program, with a session bus and a home folder of its own.
+class Fcitx5Daemon {
+public:
+    /// The only one; started on the first call.
+    static Fcitx5Daemon& shared();
+
+    Fcitx5Daemon(const Fcitx5Daemon&) = delete;
+    Fcitx5Daemon& operator=(const Fcitx5Daemon&) = delete;
+
+    GDBusConnection* connection() const noexcept { return connection_; }
+    /// The folder that stands for the user's configuration folder.
+    std::filesystem::path configuration() const;
+
+    /// Chooses the input method of the field that has focus; true when it is in force.
+    bool choose(const char* inputMethod) const;
+
+    /// Calls a method of `interface` at `path` and returns its answer, null when there is none. What was
+    /// sent before the answer has arrived then.
+    GVariant* call(const char* path, const char* interface, const char* method, GVariant* arguments) const;
+
+private:
+    Fcitx5Daemon();
+    ~Fcitx5Daemon();
+    void writeConfiguration() const;
+    void startBus();
+    void startFramework();
+    bool isOnBus() const;
+
+    TemporaryFolder folder_;
+    pid_t bus_ = 0, framework_ = 0;
+    GDBusConnection* connection_ = nullptr;
+};
+
+/// Lets everything happen that has been sent to this program.
+void settle();
+
+} // namespace vanoka::test

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Replay.h"
+
+#include <cstdint>
+#include <gio/gio.h>
+#include <string>
+
+namespace vanoka::test {
+
+/// A text field that is a client of fcitx5.
+class Fcitx5Field final : public RemoteField {
+public:
+    // What the field can do, in the framework's bits.
+    static constexpr std::uint64_t showsMarkedText = 0x12;
+    static constexpr std::uint64_t isPassword = 1U << 3;
+
+    explicit Fcitx5Field(const std::string& program = "editor", std::uint64_t capabilities = showsMarkedText);
+    Fcitx5Field(const Fcitx5Field&) = delete;
+    Fcitx5Field& operator=(const Fcitx5Field&) = delete;
+    ~Fcitx5Field() override;
+
+    void press(const KeyEvent& event) override;
+    void press(std::uint32_t keysym, std::uint32_t state);
+    void askForComposition() override;
+    void leaveAndReturn() override;
+
+    /// The same without waiting for the answer: `finished` counts the answers.
+    void pressAtOnce(const KeyEvent& event);
+    std::size_t finished() const noexcept { return finished_; }
+
+    void focusIn();
+    void focusOut();
+
+private:
+    bool process(std::uint32_t keysym, std::uint32_t state, bool isRelease);
+    void call(const char* method, GVariant* arguments = nullptr);
+    void onSignal(const std::string& name, GVariant* arguments);
+    void onPreedit(GVariant* arguments);
+
+    std::string path_;
+    guint subscription_ = 0;
+    std::size_t finished_ = 0;
+};
+
+} // namespace vanoka::test

@@ -1,0 +1,67 @@
+#include "Delivery.h"
+#include "InstalledVersions.h"
+
+#include "TemporaryFolder.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace vanoka::ibus {
+
+namespace {
+
+constexpr Delivery ordinary;
+constexpr Delivery unannounced = {.frameworkCommits = false, .commitsBeforeShortcut = true};
+constexpr Delivery inReset = {.commitsInReset = true};
+constexpr Delivery forwarding = {.commitsBeforeShortcut = true, .forwardsPassedKeys = true};
+
+TEST(Delivery, FollowsTheClientAndTheVersions) {
+    struct Row {
+        const char* client;
+        Delivery old, today;
+    };
+    for (const Row& row : std::vector<Row>{
+             {"", ordinary, ordinary},
+             {"fake", ordinary, ordinary},
+             {"gtk3-im:gedit", ordinary, ordinary},
+             {"gtk3-im:firefox-esr", ordinary, ordinary},
+             {"gtk4-im:(123)", inReset, ordinary},
+             {"gnome-shell", ordinary, ordinary},
+             {"QIBusInputContext", unannounced, ordinary},
+             {"xim", forwarding, forwarding},
+         }) {
+        EXPECT_EQ(deliveryTo(row.client, {.qtCommitsUnannounced = true, .gtk4ResetsFirst = true}), row.old)
+            << row.client;
+        EXPECT_EQ(deliveryTo(row.client, {}), row.today) << row.client;
+    }
+}
+
+TEST(InstalledVersions, ReadsTheReleaseInTheNameOfTheLibrary) {
+    EXPECT_EQ(releaseOfLibrary("libibus-1.0.so.5.0.527"), 527);
+    EXPECT_EQ(releaseOfLibrary("libibus-1.0.so.5.0.530"), 530);
+    for (const char* name :
+         {"", "libibus-1.0.so.5", "libibus-1.0.so.5.0.", "libibus-1.0.so.5.0.52x", "libibus.so"})
+        EXPECT_EQ(releaseOfLibrary(name), std::nullopt) << name;
+}
+
+TEST(InstalledVersions, FindsOutWhetherQtAnnouncesItsCommits) {
+    const test::TemporaryFolder folder;
+    const auto old = folder.path() / "old", today = folder.path() / "today",
+               missing = folder.path() / "missing";
+    std::ofstream(old, std::ios::binary) << std::string("\x7F"
+                                                        "ELF\0CommitText\0",
+                                                        16);
+    std::ofstream(today, std::ios::binary) << std::string("\x7F"
+                                                          "ELF\0ClientCommitPreedit\0",
+                                                          24);
+    using Paths = std::vector<std::filesystem::path>;
+    EXPECT_TRUE(commitsUnannounced(Paths{missing, old}));
+    EXPECT_FALSE(commitsUnannounced(Paths{missing, today, old})) << "the first that is there";
+    EXPECT_FALSE(commitsUnannounced(Paths{missing, folder.path()}));
+    EXPECT_FALSE(commitsUnannounced(Paths{}));
+}
+
+} // namespace
+
+} // namespace vanoka::ibus
