@@ -51,14 +51,6 @@ void bulkTableCopy(benchmark::State& state) {
 }
 BENCHMARK(bulkTableCopy)->Name("bulk/table copy");
 
-void bulkReader(benchmark::State& state) {
-    const std::string text = sampleText(shortSize - 1); // too short for the transducer
-    for (auto _ : state)
-        benchmark::DoNotOptimize(SinglishTransliterator::standard().transliterate(text).size());
-    perByte(state, text.size());
-}
-BENCHMARK(bulkReader)->Name("bulk/vanoka, key by key");
-
 void bulkIcu(benchmark::State& state) {
     UErrorCode error = U_ZERO_ERROR;
     const std::unique_ptr<icu::Transliterator> transform(

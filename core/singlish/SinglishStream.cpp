@@ -3,8 +3,7 @@
 #include "singlish/SinglishReader.h"
 #include "singlish/SinglishTransducer.h"
 #include "text/Characters.h"
-
-#include <algorithm>
+#include "text/Utf8.h"
 
 namespace vanoka {
 
@@ -13,10 +12,8 @@ namespace {
 /// How many bytes at the start of `characters` are ASCII characters: the last ASCII byte before another one
 /// may be the base of a character with it.
 std::size_t leadingAscii(std::string_view characters) {
-    const auto* other =
-        std::ranges::find_if(characters, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
-    const auto length = static_cast<std::size_t>(other - characters.begin());
-    return other == characters.end() || length == 0 ? length : length - 1;
+    const std::size_t length = text::asciiLength(characters);
+    return length == characters.size() || length == 0 ? length : length - 1;
 }
 
 } // namespace

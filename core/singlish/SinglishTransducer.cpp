@@ -77,19 +77,21 @@ private:
             fillKeys(index, state);
     }
 
-    /// A byte that is no letter: the keys held back are what they are, and the byte passes.
+    /// A byte that is no letter, and the end of the text: the keys held back are what they are, and the byte
+    /// passes.
     void fillOthers(StateIndex index, const State& state) {
         std::string closed;
         Syllables syllables(closed, state.second);
         reader_.read(state.first, syllables);
         syllables.close();
-        for (std::size_t byte = 0; byte < Row().size(); ++byte)
+        set(index, endOfText, step(firstState, closed));
+        for (std::size_t byte = 0; byte < endOfText; ++byte)
             if (!text::isAsciiLetter(static_cast<char>(byte)))
                 set(index, byte, step(firstState, closed + static_cast<char>(byte)));
     }
 
     void fillFirstKeys(StateIndex index, const State& state) {
-        for (std::size_t byte = 0; byte < Row().size(); ++byte)
+        for (std::size_t byte = 0; byte < endOfText; ++byte)
             if (text::isAsciiLetter(static_cast<char>(byte)))
                 set(index, byte, stepOfReader(state, static_cast<char>(byte)));
     }
@@ -104,7 +106,7 @@ private:
         rest.erase(0, reader_.readDecided(rest, syllables));
         const StateIndex shorter = indexOf(std::move(rest), syllables.open());
         fillRow(shorter);
-        for (std::size_t byte = 0; byte < Row().size(); ++byte) {
+        for (std::size_t byte = 0; byte < endOfText; ++byte) {
             const char letter = static_cast<char>(byte);
             if (!text::isAsciiLetter(letter))
                 continue;
@@ -160,8 +162,21 @@ bool SinglishTransducer::write(std::string_view ascii, std::string& held, OpenCo
     const auto start = indexes_.find({held, open});
     if (start == indexes_.end())
         return false;
+    std::tie(held, open) = states_[run(ascii, start->second, text)];
+    return true;
+}
+
+bool SinglishTransducer::transliterate(std::string_view ascii, std::string& text) const {
+    if (indexes_.empty())
+        return false;
+    const Step last = rows_[run(ascii, firstState, text)][endOfText];
+    text.append(texts_, last.text, last.length);
+    return true;
+}
+
+SinglishTransducer::StateIndex SinglishTransducer::run(std::string_view ascii, StateIndex state,
+                                                       std::string& text) const {
     std::array<Lane, laneCount> lanes;
-    StateIndex state = start->second;
     const auto shortest = [&lanes] {
         const auto length = [](const Lane& lane) { return lane.rest.size(); };
         return length(*std::ranges::min_element(lanes, {}, length));
@@ -176,8 +191,7 @@ bool SinglishTransducer::write(std::string_view ascii, std::string& held, OpenCo
             state = lane.state;
         }
     }
-    std::tie(held, open) = states_[state];
-    return true;
+    return state;
 }
 
 /// Cuts stretches for the lanes from the start of `ascii`, and returns how many lanes have one. Only the

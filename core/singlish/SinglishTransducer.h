@@ -18,7 +18,7 @@ namespace vanoka {
 
 /// The reader's answers for ASCII text, worked out beforehand: a state for every way in which keys can be
 /// held back, and for every state and byte the text that is written and the state that follows. A byte then
-/// costs one look-up and no branch: a fifth of the reader's time for a word and a tenth for a long text.
+/// costs one look-up and no branch.
 ///
 /// Keys with anything but ASCII letters in them, and very many or very long keys, have no states; the
 /// reader does their work.
@@ -30,6 +30,9 @@ public:
     /// `text`; `held` and `open` become what is left. False, and nothing done, when there is no state for
     /// them: held back may also be a character that is only equivalent to ASCII.
     bool write(std::string_view ascii, std::string& held, OpenConsonant& open, std::string& text) const;
+
+    /// Appends what the whole of `ascii` reads as. False, and nothing done, when there are no states.
+    bool transliterate(std::string_view ascii, std::string& text) const;
 
 private:
     using State = std::pair<std::string, OpenConsonant>; // the keys held back, and the consonant before them
@@ -47,7 +50,8 @@ private:
         std::uint16_t length = 0; // of the text written, in bytes
         std::uint32_t text = 0;   // where that stands in `texts_`
     };
-    using Row = std::array<Step, 128>; // by ASCII byte
+    static constexpr std::size_t endOfText = 128;
+    using Row = std::array<Step, endOfText + 1>; // by ASCII byte, and at the end of a text
 
     class Builder;
 
@@ -71,6 +75,7 @@ private:
         std::array<char, 9 * (longestKey + size) + usualStep> written;
     };
 
+    StateIndex run(std::string_view ascii, StateIndex state, std::string& text) const;
     static std::size_t fill(std::span<Lane> lanes, std::string_view& ascii, StateIndex state);
     template <std::size_t count>
     void walk(Lane* lanes, std::size_t length) const;

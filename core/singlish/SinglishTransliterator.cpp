@@ -5,6 +5,7 @@
 #include "singlish/SinglishStream.h"
 #include "singlish/SinglishTransducer.h"
 #include "text/Characters.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 
@@ -117,6 +118,8 @@ std::optional<std::string_view> SinglishTransliterator::letterTypedBy(std::strin
 std::string SinglishTransliterator::transliterate(std::string_view text) const {
     std::string result;
     result.reserve(3 * text.size()); // most keys become one letter or sign of three bytes
+    if (text::isAscii(text) && transducer().transliterate(text, result))
+        return result;
     SinglishStream stream(*this);
     stream.write(text, result);
     stream.finish(result);

@@ -32,7 +32,9 @@ bool isJoiner(char32_t scalar) noexcept {
 /// library meets: what stands below U+0300 never composes with anything before it, and in Sinhala only the
 /// split vowel signs do.
 bool isComposedForSure(std::string_view text) noexcept {
-    char32_t before = 0;
+    const std::size_t ascii = asciiLength(text); // composes with nothing among itself
+    char32_t before = ascii == 0 ? 0 : static_cast<char32_t>(text[ascii - 1]);
+    text.remove_prefix(ascii);
     while (!text.empty()) {
         const Scalar scalar = firstScalar(text);
         const bool isKnown = scalar.value < 0x300 || isSinhala(scalar.value) || isJoiner(scalar.value);

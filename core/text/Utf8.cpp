@@ -1,27 +1,28 @@
 #include "text/Utf8.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <utf8proc.h>
 
 namespace vanoka::text {
+
+using detail::isContinuation;
 
 namespace {
 
 constexpr char32_t replacementCharacter = 0xFFFD;
 constexpr std::size_t longestScalar = 4; // in bytes
 
-bool isContinuation(char byte) noexcept {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+bool isAsciiByte(char byte) noexcept {
+    return static_cast<unsigned char>(byte) < 0x80U;
 }
 
 } // namespace
 
-Scalar firstScalar(std::string_view text) noexcept {
+Scalar detail::firstRareScalar(std::string_view text) noexcept {
     if (text.empty())
         return {};
-    const auto first = static_cast<unsigned char>(text.front());
-    if (first < 0x80)
-        return {first, 1, true};
     utf8proc_int32_t value = 0;
     const auto size = static_cast<utf8proc_ssize_t>(std::min(text.size(), longestScalar));
     const auto length =
@@ -49,8 +50,21 @@ std::string utf8(char32_t scalar) {
     return {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length)};
 }
 
+std::size_t asciiLength(std::string_view text) noexcept {
+    constexpr std::uint64_t highBits = 0x8080808080808080U;
+    std::size_t length = 0;
+    for (std::uint64_t eight = 0; text.size() - length >= sizeof eight; length += sizeof eight) {
+        std::memcpy(&eight, text.data() + length, sizeof eight);
+        if (eight & highBits)
+            break;
+    }
+    while (length < text.size() && isAsciiByte(text[length]))
+        ++length;
+    return length;
+}
+
 bool isAscii(std::string_view text) noexcept {
-    return std::ranges::all_of(text, [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+    return asciiLength(text) == text.size();
 }
 
 bool isWellFormed(std::string_view text) noexcept {

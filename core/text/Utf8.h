@@ -18,14 +18,47 @@ struct Scalar {
     bool wellFormed = false;
 };
 
+namespace detail {
+
+constexpr bool isContinuation(char byte) noexcept {
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+/// The three bytes of most of the world's letters, Sinhala among them. U+0800 to U+0FFF and the surrogates
+/// need a closer look at the second byte.
+constexpr bool startsWithThreeBytes(std::string_view text) noexcept {
+    if (text.size() < 3 || !isContinuation(text[1]) || !isContinuation(text[2]))
+        return false;
+    const auto first = static_cast<unsigned char>(text[0]), second = static_cast<unsigned char>(text[1]);
+    return (first == 0xE0 && second >= 0xA0) || (first > 0xE0 && first < 0xED);
+}
+
+constexpr char32_t threeByteValue(std::string_view text) noexcept {
+    const auto bits = [text](std::size_t i) { return static_cast<char32_t>(text[i]) & 0x3FU; };
+    return ((bits(0) & 0xFU) << 12U) | (bits(1) << 6U) | bits(2);
+}
+
+Scalar firstRareScalar(std::string_view text) noexcept;
+
+} // namespace detail
+
 /// The first scalar of `text`.
-Scalar firstScalar(std::string_view text) noexcept;
+inline Scalar firstScalar(std::string_view text) noexcept {
+    if (!text.empty() && static_cast<unsigned char>(text.front()) < 0x80)
+        return {static_cast<char32_t>(text.front()), 1, true};
+    if (detail::startsWithThreeBytes(text))
+        return {detail::threeByteValue(text), 3, true};
+    return detail::firstRareScalar(text);
+}
 
 /// The last scalar of `text`.
 Scalar lastScalar(std::string_view text) noexcept;
 
 /// The UTF-8 form of `scalar`, which must be a Unicode scalar value (no surrogate, at most U+10FFFF).
 std::string utf8(char32_t scalar);
+
+/// How many bytes at the start of `text` are below 0x80.
+std::size_t asciiLength(std::string_view text) noexcept;
 
 /// True when every byte of `text` is below 0x80.
 bool isAscii(std::string_view text) noexcept;

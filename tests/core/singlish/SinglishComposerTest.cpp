@@ -166,9 +166,9 @@ SinglishCustomization customizationOf(int round, test::Randoms& randoms) {
 
 TEST(SinglishComposer, DeleteAgreesWithThePlainSearch) {
     test::Randoms randoms(4);
-    for (int round = 0; round < 2500; ++round) {
+    for (int round = 0; round < 400; ++round) {
         const SinglishTransliterator keys(customizationOf(round, randoms));
-        for (int i = 0; i < 6; ++i) {
+        for (int i = 0; i < 36; ++i) {
             const std::string raw = i % 3 == 0 ? randoms.text(8) : randoms.keys(8);
             SinglishComposer composer = composing(raw, keys);
             if (!composer.deleteBackward())
@@ -193,7 +193,7 @@ TEST(SinglishComposer, DeleteAgreesWithThePlainSearchOnLongWords) {
 
 TEST(SinglishComposer, DeletesEndInNothing) {
     test::Randoms randoms(6);
-    for (int round = 0; round < 400; ++round) {
+    for (int round = 0; round < 100; ++round) {
         SinglishComposer composer =
             composing(randoms.keys(10), SinglishTransliterator(customizationOf(round, randoms)));
         // The text loses a scalar each time, or the keys lose one; neither can go on for ever.

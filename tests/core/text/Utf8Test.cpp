@@ -55,12 +55,15 @@ TEST(Utf8, FindsTheLastScalar) {
     EXPECT_FALSE(lastScalar("\xB6\x9A\x80\x80\x80").wellFormed);
 }
 
-TEST(Utf8, WritesWhatItReads) {
-    for (const char32_t scalar :
-         {0x0U, 0x7FU, 0x80U, 0x7FFU, 0x800U, 0xD7FFU, 0xE000U, 0xFFFFU, 0x10000U, 0x10FFFFU}) {
+TEST(Utf8, ReadsWhatItWrites) {
+    for (char32_t scalar = 0; scalar <= 0x10FFFF; scalar = scalar == 0xD7FF ? 0xE000 : scalar + 1) {
         const std::string bytes = utf8(scalar);
-        EXPECT_EQ(firstScalar(bytes).value, scalar);
-        EXPECT_EQ(firstScalar(bytes).length, bytes.size());
+        const Scalar read = firstScalar(bytes + "\x80");
+        ASSERT_EQ(read.value, scalar);
+        ASSERT_EQ(read.length, bytes.size());
+        ASSERT_TRUE(read.wellFormed);
+        ASSERT_FALSE(firstScalar(std::string_view(bytes).substr(0, bytes.size() - 1)).wellFormed &&
+                     bytes.size() > 1);
     }
 }
 
@@ -94,6 +97,11 @@ TEST(Utf8, TellsAnUnfinishedScalarFromOneThatCannotBeFinished) {
 }
 
 TEST(Utf8, TellsAscii) {
+    for (std::size_t length = 0; length < 40; ++length) {
+        const std::string ascii(length, '\x7F');
+        EXPECT_EQ(asciiLength(ascii), length);
+        EXPECT_EQ(asciiLength(ascii + "\u0080" + ascii), length);
+    }
     EXPECT_TRUE(isAscii(""));
     EXPECT_TRUE(isAscii("a\x7F"));
     EXPECT_FALSE(isAscii("a\u0080"));
