@@ -10,4 +10,9 @@ void fatal(std::string_view message) noexcept {
     std::abort();
 }
 
+void fatal(std::string_view message, std::string_view place) noexcept {
+    std::fprintf(stderr, "%.*s: ", static_cast<int>(place.size()), place.data());
+    fatal(message);
+}
+
 } // namespace vanoka
