@@ -43,6 +43,9 @@
 }
 @end
 
+/// The platform's; `vanoka` has one of the same name.
+typedef VanokaInputController Controller;
+
 namespace vanoka {
 
 namespace {
@@ -66,12 +69,12 @@ protected:
                 field().apply(key);
     }
 
-    VanokaInputController* controller() { return controller_.get(); }
+    Controller* controller() { return controller_.get(); }
     RecordingClient* client() { return client_.get(); }
     test::TextField& field() { return [client() field]; }
 
 private:
-    Owned<VanokaInputController> controller_{[[VanokaInputController alloc] init]};
+    Owned<Controller> controller_{[[Controller alloc] init]};
     Owned<RecordingClient> client_ = clientNamed(@"com.example.editor");
 };
 
@@ -115,12 +118,12 @@ TEST_F(InputControllerTest, ConsumesExactlyWhatTheTableSays) {
     };
     for (const Row& row : rows) {
         const KeyEvent key = *test::keyNamed(row.key);
-        Owned<VanokaInputController> fresh([[VanokaInputController alloc] init]);
+        Owned<Controller> fresh([[Controller alloc] init]);
         Owned<RecordingClient> idle = clientNamed(@"com.example.idle");
         EXPECT_EQ([fresh.get() handleEvent:test::event(key) client:idle.get()], row.idle) << row.key;
         EXPECT_EQ([idle.get() field].text(), row.idleText) << row.key;
 
-        Owned<VanokaInputController> composing([[VanokaInputController alloc] init]);
+        Owned<Controller> composing([[Controller alloc] init]);
         Owned<RecordingClient> editor = clientNamed(@"com.example.editor");
         [composing.get() handleEvent:test::event({.characters = "k"}) client:editor.get()];
         EXPECT_EQ([composing.get() handleEvent:test::event(key) client:editor.get()], row.composing) << row.key;
@@ -133,7 +136,7 @@ TEST_F(InputControllerTest, PlaysEveryScenario) {
     for (const test::Scenario& scenario : test::allScenarios()) {
         SinglishSettings& settings = SinglishSettings::shared();
         settings.reset();
-        Owned<VanokaInputController> played([[VanokaInputController alloc] init]);
+        Owned<Controller> played([[Controller alloc] init]);
         Owned<RecordingClient> editor = clientNamed(@"com.example.editor");
         for (const test::ScenarioStep& step : scenario.steps) {
             const auto& words = step.operation;
@@ -313,7 +316,7 @@ TEST_F(InputControllerTest, ActivationAdoptsKeysThatAnotherProcessHasStored) {
 }
 
 TEST_F(InputControllerTest, CompositionsAreNotShared) {
-    Owned<VanokaInputController> other([[VanokaInputController alloc] initWithServer:nil
+    Owned<Controller> other([[Controller alloc] initWithServer:nil
                                                                             delegate:nil
                                                                               client:nil]);
     Owned<RecordingClient> otherClient = clientNamed(@"com.example.other");
@@ -338,8 +341,8 @@ TEST_F(InputControllerTest, TakesEventsInOneWayOnly) {
 }
 
 TEST_F(InputControllerTest, IsFoundByTheNameInTheBundle) {
-    EXPECT_EQ(NSClassFromString(@"VanokaInputController"), [VanokaInputController class]);
-    EXPECT_TRUE([VanokaInputController isSubclassOfClass:[IMKInputController class]]);
+    EXPECT_EQ(NSClassFromString(@"VanokaInputController"), [Controller class]);
+    EXPECT_TRUE([Controller isSubclassOfClass:[IMKInputController class]]);
 }
 
 TEST_F(InputControllerTest, SurvivesAClientThatRaises) {
