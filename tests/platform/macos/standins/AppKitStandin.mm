@@ -1,6 +1,6 @@
 #import <AppKit/AppKit.h>
 
-#import <objc/runtime.h>
+#include <map>
 
 NSFontTextStyle const NSFontTextStyleBody = @"Body";
 NSFontTextStyle const NSFontTextStyleTitle2 = @"Title2";
@@ -15,15 +15,14 @@ NSString* const NSAboutPanelOptionCredits = @"Credits";
 
 namespace {
 
-/// What the stand-ins remember about objects of GNUstep, by the object and a name. Retained for good: tests
-/// are short.
+/// What the stand-ins remember about objects of GNUstep, by the object and a name. The objects are kept for
+/// good, so that no other ever has the address of one that is known.
 NSMutableDictionary* notesOn(id object) {
-    static NSMapTable* all = [[NSMapTable strongToStrongObjectsMapTable] retain];
-    NSValue* key = [NSValue valueWithNonretainedObject:object];
-    NSMutableDictionary* notes = [all objectForKey:key];
+    static auto* all = new std::map<id, NSMutableDictionary*>;
+    NSMutableDictionary*& notes = (*all)[object];
     if (!notes) {
-        notes = [NSMutableDictionary dictionary];
-        [all setObject:notes forKey:key];
+        [object retain];
+        notes = [[NSMutableDictionary alloc] init];
     }
     return notes;
 }
