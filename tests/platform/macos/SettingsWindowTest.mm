@@ -1,4 +1,5 @@
 #import "AppKitToolkit.h"
+#import "InputController.h"
 #import "LinkButton.h"
 #import "MainMenu.h"
 #import "Memory.h"
@@ -31,6 +32,9 @@
     ++activations;
 }
 @end
+
+/// The platform's; `vanoka` has one of the same name.
+typedef VanokaInputController Controller;
 
 namespace vanoka {
 
@@ -302,6 +306,46 @@ TEST_F(SettingsWindowMacTest, ClosingHidesItAndShowingBringsItBack) {
     EXPECT_EQ(mac::utf8([field() stringValue]), "zq");
 }
 
+TEST(InputMenu, HasTwoItemsWhoseActionsReachTheController) {
+    NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+    RecordingApplication* recording = application();
+    mac::Owned<Controller> controller([[Controller alloc] init]);
+    NSMenu* menu = [controller.get() menu];
+    EXPECT_NE([controller.get() menu], menu) << "a new one each time";
+    ASSERT_EQ([menu numberOfItems], 2);
+    struct Row {
+        const char* title;
+        SEL action;
+    };
+    const Row rows[] = {{"Vanoka Settings\u2026", @selector(showSettings:)}, {"About Vanoka", @selector(showAbout:)}};
+    for (NSInteger i = 0; i < 2; ++i) {
+        NSMenuItem* item = (NSMenuItem*)[menu itemAtIndex:i];
+        EXPECT_EQ(mac::utf8([item title]), rows[i].title);
+        EXPECT_TRUE(sel_isEqual([item action], rows[i].action));
+        EXPECT_EQ(mac::utf8([item keyEquivalent]), "");
+        EXPECT_EQ([item target], nil);
+    }
+    [recording->aboutOptions removeAllObjects];
+    [controller.get() doCommandBySelector:[(NSMenuItem*)[menu itemAtIndex:1] action] commandDictionary:@{}];
+    EXPECT_EQ([recording->aboutOptions count], 1U);
+    const auto visible = [] {
+        int count = 0;
+        for (NSWindow* each in [NSApp windows])
+            count += [each isVisible] && [[each title] isEqualToString:@"Vanoka Settings"];
+        return count;
+    };
+    EXPECT_EQ(visible(), 0);
+    for (int time = 0; time < 2; ++time) {
+        [controller.get() doCommandBySelector:[(NSMenuItem*)[menu itemAtIndex:0] action] commandDictionary:@{}];
+        EXPECT_EQ(visible(), 1) << "one window, however often";
+    }
+    for (NSWindow* each in [NSApp windows])
+        if ([each isVisible] && [[each title] isEqualToString:@"Vanoka Settings"])
+            [each close]; // and the process goes on
+    EXPECT_EQ(visible(), 0);
+    [pool drain];
+}
+
 TEST(MainMenu, HasEditAndWindowItemsAndQuitsOnlyAnApplication) {
     NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
     (void)application();
@@ -312,8 +356,8 @@ TEST(MainMenu, HasEditAndWindowItemsAndQuitsOnlyAnApplication) {
         NSMenu* windows = [(NSMenuItem*)[bar itemWithTitle:@"Window"] submenu];
         for (NSString* title in @[ @"Undo", @"Redo", @"Cut", @"Copy", @"Paste", @"Select All" ])
             EXPECT_NE([edit itemWithTitle:title], nil) << [title UTF8String];
-        EXPECT_EQ([(NSMenuItem*)[edit itemWithTitle:@"Paste"] action], @selector(paste:));
-        EXPECT_EQ([(NSMenuItem*)[windows itemWithTitle:@"Close"] action], @selector(performClose:));
+        EXPECT_TRUE(sel_isEqual([(NSMenuItem*)[edit itemWithTitle:@"Paste"] action], @selector(paste:)));
+        EXPECT_TRUE(sel_isEqual([(NSMenuItem*)[windows itemWithTitle:@"Close"] action], @selector(performClose:)));
         EXPECT_TRUE([[(NSMenuItem*)[windows itemWithTitle:@"Close"] keyEquivalent] isEqualToString:@"w"]);
         NSMenu* first = [(NSMenuItem*)[bar itemWithTitle:@"Vanoka"] submenu];
         EXPECT_EQ([first itemWithTitle:@"Quit Vanoka"] != nil, quits);

@@ -126,6 +126,18 @@ void note(id object, NSString* name, id value) {
 
 @end
 
+/// The switch has a label of its own, which it forgets.
+@implementation NSSwitch (Standin)
+
+- (void)setAccessibilityLabel:(NSString*)label {
+    [super setAccessibilityLabel:label];
+}
+- (NSString*)accessibilityLabel {
+    return [super accessibilityLabel];
+}
+
+@end
+
 @implementation NSButton (Standin)
 
 - (void)setContentTintColor:(NSColor*)colour {

@@ -1,11 +1,39 @@
 #import <Carbon/Carbon.h>
 #import <InputMethodKit/InputMethodKit.h>
 
+@interface StartUpTestHelp : NSObject
+@end
+
+/// While the environment variable VANOKA_TEST_CLOSE is set, closes the settings window as soon as the event loop
+/// runs, as a user does who has seen enough, and says what it was.
+@implementation StartUpTestHelp
++ (void)load {
+    if (!getenv("VANOKA_TEST_CLOSE"))
+        return;
+    NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
+    [[NSNotificationCenter defaultCenter] addObserver:self
+                                             selector:@selector(close:)
+                                                 name:NSApplicationDidFinishLaunchingNotification
+                                               object:nil];
+    [pool drain];
+}
++ (void)close:(NSNotification*)notification {
+    (void)notification;
+    for (NSWindow* window in [NSApp windows]) {
+        if (![[window title] isEqualToString:@"Vanoka Settings"] || ![window isVisible])
+            continue;
+        printf("closing %s, policy %d\n", [[window title] UTF8String], (int)[NSApp activationPolicy]);
+        fflush(stdout);
+        [window performSelector:@selector(close) withObject:nil afterDelay:0.05];
+    }
+}
+@end
+
 #include <cstdio>
 #include <cstdlib>
 
 OSStatus TISRegisterInputSource(CFURLRef location) {
-    if (![location isFileURL])
+    if (![(NSURL*)location isFileURL])
         return -50;
     const char* status = std::getenv("VANOKA_TEST_REGISTRATION_STATUS");
     return status ? std::atoi(status) : 0;

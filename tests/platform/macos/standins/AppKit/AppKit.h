@@ -68,6 +68,11 @@ extern NSString* const NSAboutPanelOptionCredits;
 - (NSString*)accessibilityRole;
 @end
 
+@interface NSSwitch (Standin)
+- (void)setAccessibilityLabel:(NSString*)label;
+- (NSString*)accessibilityLabel;
+@end
+
 @interface NSButton (Standin)
 - (void)setContentTintColor:(NSColor*)colour;
 - (NSColor*)contentTintColor;

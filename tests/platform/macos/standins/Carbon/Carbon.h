@@ -5,7 +5,7 @@
 #import <Foundation/Foundation.h>
 
 typedef int OSStatus;
-typedef NSURL* CFURLRef;
+typedef const struct __CFURL* CFURLRef;
 
 #ifdef __cplusplus
 extern "C" {
