@@ -16,8 +16,9 @@ NSRange range(TextRange asked) {
 }
 
 NSAttributedString* attributedString(const MarkedText& marked) {
-    NSDictionary* underline =
-        @{NSUnderlineStyleAttributeName : [NSNumber numberWithInteger:static_cast<NSInteger>(marked.underline)]};
+    NSDictionary* underline = @{
+        NSUnderlineStyleAttributeName : [NSNumber numberWithInteger:static_cast<NSInteger>(marked.underline)]
+    };
     return autoreleased([[NSAttributedString alloc] initWithString:string(marked.text) attributes:underline]);
 }
 

@@ -2,7 +2,6 @@
 
 #import "Widgets.h"
 
-
 namespace mac = vanoka::mac;
 
 @implementation VanokaDetailView

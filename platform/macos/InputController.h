@@ -16,9 +16,10 @@ struct Typing {
 
 } // namespace vanoka::mac
 
-/// The controller that the platform makes for each client, by this name, which the bundle's information gives.
-/// A shell: it translates what the platform passes, and `vanoka::VanokaInputController` decides. Of the three
-/// ways to take events it implements the one that gets them whole, `handleEvent:client:`, and no other.
+/// The controller that the platform makes for each client, by this name, which the bundle's information
+/// gives. A shell: it translates what the platform passes, and `vanoka::VanokaInputController` decides. Of
+/// the three ways to take events it implements the one that gets them whole, `handleEvent:client:`, and no
+/// other.
 @interface VanokaInputController : IMKInputController {
 @private
     vanoka::mac::Typing _typing;

@@ -1,7 +1,7 @@
 #pragma once
 
-#import "Memory.h"
 #include "KeyRow.h"
+#import "Memory.h"
 #include "SettingsView.h"
 
 #import <AppKit/AppKit.h>

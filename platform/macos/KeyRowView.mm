@@ -35,9 +35,7 @@ struct ControlMaker {
         return aimed(made);
     }
 
-    NSControl* operator()(const vanoka::Button& button) const {
-        return mac::button(button, target, action);
-    }
+    NSControl* operator()(const vanoka::Button& button) const { return mac::button(button, target, action); }
 
     NSControl* aimed(NSControl* made) const {
         [made setTarget:target];
@@ -56,7 +54,8 @@ struct ControlMaker {
         _content = content;
         _keyLabel = mac::retained(mac::label(row.keyText()));
         _noteLabel = mac::retained(mac::label({}));
-        _control = mac::retained(std::visit(ControlMaker{self, @selector(useControl:)}, row.control()));
+        _control = mac::retained(std::visit(
+            ControlMaker { self, @selector(useControl:) }, row.control()));
         [self addSubview:_keyLabel.get()];
         [self addSubview:_noteLabel.get()];
         [self addSubview:_control.get()];
@@ -66,8 +65,7 @@ struct ControlMaker {
 }
 
 - (BOOL)takesRow:(const vanoka::KeyRow&)row {
-    const BOOL isSame =
-        row.state.key == _row->state.key && row.control().index() == _row->control().index();
+    const BOOL isSame = row.state.key == _row->state.key && row.control().index() == _row->control().index();
     if (isSame && row != *_row)
         [self showRow:row];
     return isSame;
@@ -102,11 +100,9 @@ struct ControlMaker {
     const CGFloat middle = size.height / 2;
     const NSSize controlSize = [_control.get() frame].size;
     const CGFloat controlStart = size.width - controlSize.width;
-    const CGFloat keyWidth =
-        std::max<CGFloat>(vanoka::KeyRow::keyWidth, mac::widthOfLabel(_keyLabel.get()));
+    const CGFloat keyWidth = std::max<CGFloat>(vanoka::KeyRow::keyWidth, mac::widthOfLabel(_keyLabel.get()));
     const CGFloat noteWidth = std::max<CGFloat>(0, controlStart - keyWidth - 2 * gap);
-    mac::placeAt(_keyLabel.get(), 0, middle,
-                 NSMakeSize(keyWidth, mac::heightOfLabel(_keyLabel.get(), 1000)));
+    mac::placeAt(_keyLabel.get(), 0, middle, NSMakeSize(keyWidth, mac::heightOfLabel(_keyLabel.get(), 1000)));
     mac::placeAt(_noteLabel.get(), keyWidth + gap, middle,
                  NSMakeSize(noteWidth, mac::heightOfLabel(_noteLabel.get(), 1000)));
     mac::placeAt(_control.get(), controlStart, middle, controlSize);

@@ -58,9 +58,9 @@ NSTextField* keyField(const vanoka::TextField& field) {
         _addBox = mac::retained(box());
         _messageLabel = mac::retained(mac::wrappingLabel({}));
         _footnoteLabel = mac::retained(mac::wrappingLabel({}));
-        NSView* const shown[] = {_letterLabel.get(), _kindLabel.get(), _exampleLabel.get(), _keysTitle.get(),
-                                 _keysBox.get(), _addTitle.get(), _addBox.get(), _messageLabel.get(),
-                                 _footnoteLabel.get()};
+        NSView* const shown[] = {_letterLabel.get(), _kindLabel.get(),    _exampleLabel.get(),
+                                 _keysTitle.get(),   _keysBox.get(),      _addTitle.get(),
+                                 _addBox.get(),      _messageLabel.get(), _footnoteLabel.get()};
         for (NSView* view : shown)
             [self addSubview:view];
     }
@@ -202,8 +202,7 @@ NSTextField* keyField(const vanoka::TextField& field) {
     [_addBox.get() setFrame:NSMakeRect(margin, boxTop, innerWidth, boxBottom - boxTop)];
 
     const CGFloat footnoteHeight = mac::heightOfLabel(_footnoteLabel.get(), innerWidth);
-    [_footnoteLabel.get()
-        setFrame:NSMakeRect(margin, boxBottom + gap / 2, innerWidth, footnoteHeight)];
+    [_footnoteLabel.get() setFrame:NSMakeRect(margin, boxBottom + gap / 2, innerWidth, footnoteHeight)];
     return boxBottom + gap / 2 + footnoteHeight;
 }
 

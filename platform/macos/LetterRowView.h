@@ -1,8 +1,8 @@
 #pragma once
 
 #import "DotView.h"
-#import "Memory.h"
 #include "LetterRow.h"
+#import "Memory.h"
 
 #import <AppKit/AppKit.h>
 

@@ -4,7 +4,6 @@
 #import "Strings.h"
 #import "Styles.h"
 
-
 @implementation VanokaLinkButton
 
 - (instancetype)initWithLink:(const vanoka::Link&)link {

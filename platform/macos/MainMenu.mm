@@ -22,8 +22,8 @@ void addItem(NSMenu* menu, const Item& item) {
         return;
     }
     NSMenuItem* added = autoreleased([[NSMenuItem alloc] initWithTitle:item.title
-                                                          action:item.action
-                                                   keyEquivalent:item.key]);
+                                                                action:item.action
+                                                         keyEquivalent:item.key]);
     [added setKeyEquivalentModifierMask:item.modifiers];
     [menu addItem:added];
 }
@@ -33,7 +33,9 @@ NSMenu* addMenu(NSMenu* bar, NSString* title, const Item (&items)[count]) {
     NSMenu* menu = autoreleased([[NSMenu alloc] initWithTitle:title]);
     for (const Item& item : items)
         addItem(menu, item);
-    NSMenuItem* holder = autoreleased([[NSMenuItem alloc] initWithTitle:title action:nullptr keyEquivalent:@""]);
+    NSMenuItem* holder = autoreleased([[NSMenuItem alloc] initWithTitle:title
+                                                                 action:nullptr
+                                                          keyEquivalent:@""]);
     [holder setSubmenu:menu];
     [bar addItem:holder];
     return menu;

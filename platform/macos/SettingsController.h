@@ -2,8 +2,8 @@
 
 #import "DetailView.h"
 #import "Memory.h"
-#import "SidebarView.h"
 #include "SettingsView.h"
+#import "SidebarView.h"
 
 #import <AppKit/AppKit.h>
 

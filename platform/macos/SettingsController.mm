@@ -46,8 +46,7 @@ NSString* const resetItem = @"VanokaReset";
     [_split.get() setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
     const NSRect left = NSMakeRect(0, 0, View::sidebarWidth, bounds.size.height);
     const CGFloat rightStart = View::sidebarWidth + [_split.get() dividerThickness];
-    const NSRect right =
-        NSMakeRect(rightStart, 0, bounds.size.width - rightStart, bounds.size.height);
+    const NSRect right = NSMakeRect(rightStart, 0, bounds.size.width - rightStart, bounds.size.height);
     _sidebar = mac::Owned([[VanokaSidebarView alloc] initWithFrame:left content:_content]);
     _detail = mac::Owned([[VanokaDetailView alloc] initWithFrame:right content:_content]);
     [_split.get() addSubview:_sidebar.get()];

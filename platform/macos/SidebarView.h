@@ -1,8 +1,8 @@
 #pragma once
 
 #import "Memory.h"
-#import "SidebarFooterView.h"
 #include "SettingsView.h"
+#import "SidebarFooterView.h"
 
 #import <AppKit/AppKit.h>
 

@@ -13,22 +13,30 @@ NSFont* textStyleFont(NSFontTextStyle style) {
 
 NSFont* roleFont(const Font& font) {
     switch (font.role) {
-    case FontRole::body: return textStyleFont(NSFontTextStyleBody);
-    case FontRole::title2: return textStyleFont(NSFontTextStyleTitle2);
-    case FontRole::headline: return textStyleFont(NSFontTextStyleHeadline);
-    case FontRole::subheadline: return textStyleFont(NSFontTextStyleSubheadline);
-    case FontRole::callout: return textStyleFont(NSFontTextStyleCallout);
-    case FontRole::footnote: return textStyleFont(NSFontTextStyleFootnote);
-    case FontRole::caption: return textStyleFont(NSFontTextStyleCaption1);
-    case FontRole::smallSystem: return [NSFont systemFontOfSize:[NSFont smallSystemFontSize]];
-    case FontRole::system: return [NSFont systemFontOfSize:font.size];
+    case FontRole::body:
+        return textStyleFont(NSFontTextStyleBody);
+    case FontRole::title2:
+        return textStyleFont(NSFontTextStyleTitle2);
+    case FontRole::headline:
+        return textStyleFont(NSFontTextStyleHeadline);
+    case FontRole::subheadline:
+        return textStyleFont(NSFontTextStyleSubheadline);
+    case FontRole::callout:
+        return textStyleFont(NSFontTextStyleCallout);
+    case FontRole::footnote:
+        return textStyleFont(NSFontTextStyleFootnote);
+    case FontRole::caption:
+        return textStyleFont(NSFontTextStyleCaption1);
+    case FontRole::smallSystem:
+        return [NSFont systemFontOfSize:[NSFont smallSystemFontSize]];
+    case FontRole::system:
+        return [NSFont systemFontOfSize:font.size];
     }
     return textStyleFont(NSFontTextStyleBody);
 }
 
 NSParagraphStyle* paragraphStyle(const ParagraphStyle& style) {
-    NSMutableParagraphStyle* made =
-        autoreleased([[NSMutableParagraphStyle alloc] init]);
+    NSMutableParagraphStyle* made = autoreleased([[NSMutableParagraphStyle alloc] init]);
     [made setAlignment:style.alignment == ParagraphStyle::Alignment::centred ? NSTextAlignmentCenter
                                                                              : NSTextAlignmentNatural];
     [made setParagraphSpacing:style.spacing];
@@ -50,19 +58,24 @@ NSDictionary* attributes(const TextAttributes& asked) {
 NSFont* font(const Font& font) {
     NSFont* plain = roleFont(font);
     if (font.isMonospaced)
-        return [NSFont monospacedSystemFontOfSize:[plain pointSize]
-                                           weight:font.isSemibold ? NSFontWeightSemibold
-                                                                  : NSFontWeightRegular];
+        return
+            [NSFont monospacedSystemFontOfSize:[plain pointSize]
+                                        weight:font.isSemibold ? NSFontWeightSemibold : NSFontWeightRegular];
     return font.isSemibold ? [NSFont systemFontOfSize:[plain pointSize] weight:NSFontWeightSemibold] : plain;
 }
 
 NSColor* colour(ColourRole role) {
     switch (role) {
-    case ColourRole::primary: return [NSColor labelColor];
-    case ColourRole::secondary: return [NSColor secondaryLabelColor];
-    case ColourRole::accent: return [NSColor controlAccentColor];
-    case ColourRole::red: return [NSColor systemRedColor];
-    case ColourRole::orange: return [NSColor systemOrangeColor];
+    case ColourRole::primary:
+        return [NSColor labelColor];
+    case ColourRole::secondary:
+        return [NSColor secondaryLabelColor];
+    case ColourRole::accent:
+        return [NSColor controlAccentColor];
+    case ColourRole::red:
+        return [NSColor systemRedColor];
+    case ColourRole::orange:
+        return [NSColor systemOrangeColor];
     }
     return [NSColor labelColor];
 }

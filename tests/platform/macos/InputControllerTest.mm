@@ -81,8 +81,8 @@ private:
 TEST_F(InputControllerTest, ConsumesExactlyWhatTheTableSays) {
     struct Row {
         const char* key;
-        bool idle, composing;    // consumed
-        const char* idleText;    // what the input method puts in
+        bool idle, composing;     // consumed
+        const char* idleText;     // what the input method puts in
         const char* composedText; // the same after k
     };
     const std::vector<Row> rows = {
@@ -126,7 +126,8 @@ TEST_F(InputControllerTest, ConsumesExactlyWhatTheTableSays) {
         Owned<Controller> composing([[Controller alloc] init]);
         Owned<RecordingClient> editor = clientNamed(@"com.example.editor");
         [composing.get() handleEvent:test::event({.characters = "k"}) client:editor.get()];
-        EXPECT_EQ([composing.get() handleEvent:test::event(key) client:editor.get()], row.composing) << row.key;
+        EXPECT_EQ([composing.get() handleEvent:test::event(key) client:editor.get()], row.composing)
+            << row.key;
         EXPECT_EQ([editor.get() field].text(), row.composedText) << row.key;
         EXPECT_EQ([editor.get() field].insertions(), row.composedText[0] == '\0' ? 0U : 1U) << row.key;
     }
@@ -275,7 +276,7 @@ TEST_F(InputControllerTest, ServesInAnyOrderOfActivation) {
     [controller() activateServer:client()];
     type("<space>");
     [controller() deactivateServer:client()];
-    type("ka"); // after it
+    type("ka");                                // after it
     [controller() commitComposition:client()]; // and its deactivation never comes
     EXPECT_EQ(field().screen(), "\u0D9A \u0D9A");
     [controller() activateServer:nil];
@@ -316,9 +317,7 @@ TEST_F(InputControllerTest, ActivationAdoptsKeysThatAnotherProcessHasStored) {
 }
 
 TEST_F(InputControllerTest, CompositionsAreNotShared) {
-    Owned<Controller> other([[Controller alloc] initWithServer:nil
-                                                                            delegate:nil
-                                                                              client:nil]);
+    Owned<Controller> other([[Controller alloc] initWithServer:nil delegate:nil client:nil]);
     Owned<RecordingClient> otherClient = clientNamed(@"com.example.other");
     type("k");
     [other.get() handleEvent:test::event({.characters = "a"}) client:otherClient.get()];

@@ -76,9 +76,7 @@ protected:
     }
 
     /// Lets the event loop turn, so that what is due is drawn.
-    void turn() {
-        [[NSRunLoop currentRunLoop] runUntilDate:[NSDate dateWithTimeIntervalSinceNow:0.02]];
-    }
+    void turn() { [[NSRunLoop currentRunLoop] runUntilDate:[NSDate dateWithTimeIntervalSinceNow:0.02]]; }
 
     NSArray* all(Class kind) {
         NSMutableArray* found = [NSMutableArray array];
@@ -151,8 +149,8 @@ protected:
     }
     /// Everything that the editor of the content says is on the screen.
     void expectEditorShown(const LetterEditor& editor) {
-        for (const StyledText& text : {editor.letterText(), editor.kind(), editor.example(), editor.message(),
-                                       editor.footnote()})
+        for (const StyledText& text :
+             {editor.letterText(), editor.kind(), editor.example(), editor.message(), editor.footnote()})
             expectShown(text);
         for (const KeyRow& row : editor.keyRows()) {
             expectShown(row.keyText());
@@ -317,7 +315,8 @@ TEST(InputMenu, HasTwoItemsWhoseActionsReachTheController) {
         const char* title;
         SEL action;
     };
-    const Row rows[] = {{"Vanoka Settings\u2026", @selector(showSettings:)}, {"About Vanoka", @selector(showAbout:)}};
+    const Row rows[] = {{"Vanoka Settings\u2026", @selector(showSettings:)},
+                        {"About Vanoka", @selector(showAbout:)}};
     for (NSInteger i = 0; i < 2; ++i) {
         NSMenuItem* item = (NSMenuItem*)[menu itemAtIndex:i];
         EXPECT_EQ(mac::utf8([item title]), rows[i].title);
@@ -336,7 +335,8 @@ TEST(InputMenu, HasTwoItemsWhoseActionsReachTheController) {
     };
     EXPECT_EQ(visible(), 0);
     for (int time = 0; time < 2; ++time) {
-        [controller.get() doCommandBySelector:[(NSMenuItem*)[menu itemAtIndex:0] action] commandDictionary:@{}];
+        [controller.get() doCommandBySelector:[(NSMenuItem*)[menu itemAtIndex:0] action]
+                            commandDictionary:@{}];
         EXPECT_EQ(visible(), 1) << "one window, however often";
     }
     for (NSWindow* each in [NSApp windows])
@@ -357,7 +357,8 @@ TEST(MainMenu, HasEditAndWindowItemsAndQuitsOnlyAnApplication) {
         for (NSString* title in @[ @"Undo", @"Redo", @"Cut", @"Copy", @"Paste", @"Select All" ])
             EXPECT_NE([edit itemWithTitle:title], nil) << [title UTF8String];
         EXPECT_TRUE(sel_isEqual([(NSMenuItem*)[edit itemWithTitle:@"Paste"] action], @selector(paste:)));
-        EXPECT_TRUE(sel_isEqual([(NSMenuItem*)[windows itemWithTitle:@"Close"] action], @selector(performClose:)));
+        EXPECT_TRUE(
+            sel_isEqual([(NSMenuItem*)[windows itemWithTitle:@"Close"] action], @selector(performClose:)));
         EXPECT_TRUE([[(NSMenuItem*)[windows itemWithTitle:@"Close"] keyEquivalent] isEqualToString:@"w"]);
         NSMenu* first = [(NSMenuItem*)[bar itemWithTitle:@"Vanoka"] submenu];
         EXPECT_EQ([first itemWithTitle:@"Quit Vanoka"] != nil, quits);
@@ -385,9 +386,10 @@ TEST(StandardAboutPanel, GetsTheNameAndTheCreditsAndNothingElse) {
         NSDictionary* attributes = [credits attributesAtIndex:at effectiveRange:nullptr];
         NSURL* link = [attributes objectForKey:NSLinkAttributeName];
         EXPECT_EQ(mac::utf8([link absoluteString]), piece.attributes.link) << piece.text;
-        EXPECT_EQ([(NSFont*)[attributes objectForKey:NSFontAttributeName] pointSize], [NSFont smallSystemFontSize]);
-        EXPECT_TRUE([[attributes objectForKey:NSForegroundColorAttributeName]
-            isEqual:[NSColor secondaryLabelColor]]);
+        EXPECT_EQ([(NSFont*)[attributes objectForKey:NSFontAttributeName] pointSize],
+                  [NSFont smallSystemFontSize]);
+        EXPECT_TRUE(
+            [[attributes objectForKey:NSForegroundColorAttributeName] isEqual:[NSColor secondaryLabelColor]]);
         NSParagraphStyle* style = [attributes objectForKey:NSParagraphStyleAttributeName];
         EXPECT_EQ([style alignment], NSTextAlignmentCenter);
         EXPECT_EQ([style paragraphSpacing], 4);

@@ -77,7 +77,8 @@ void note(id object, NSString* name, id value) {
 }
 
 + (NSFont*)systemFontOfSize:(CGFloat)size weight:(NSFontWeight)weight {
-    return weight < NSFontWeightSemibold ? [NSFont systemFontOfSize:size] : [NSFont boldSystemFontOfSize:size];
+    return weight < NSFontWeightSemibold ? [NSFont systemFontOfSize:size]
+                                         : [NSFont boldSystemFontOfSize:size];
 }
 
 @end

@@ -4,8 +4,8 @@
 @interface StartUpTestHelp : NSObject
 @end
 
-/// While the environment variable VANOKA_TEST_CLOSE is set, closes the settings window as soon as the event loop
-/// runs, as a user does who has seen enough, and says what it was.
+/// While the environment variable VANOKA_TEST_CLOSE is set, closes the settings window as soon as the event
+/// loop runs, as a user does who has seen enough, and says what it was.
 @implementation StartUpTestHelp
 + (void)load {
     if (!getenv("VANOKA_TEST_CLOSE"))

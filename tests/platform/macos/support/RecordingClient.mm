@@ -84,7 +84,7 @@ vanoka::TextRange textRange(NSRange range) {
 }
 - (NSInteger)characterIndexForPoint:(NSPoint)point
                            tracking:(NSInteger)mappingMode
-                       inMarkedRange:(BOOL*)inMarkedRange {
+                      inMarkedRange:(BOOL*)inMarkedRange {
     (void)point;
     (void)mappingMode;
     (void)inMarkedRange;

@@ -82,7 +82,8 @@ extern NSString* const NSAboutPanelOptionCredits;
 
 /// The alert is not shown: it is kept, and answered by a test.
 @interface NSAlert (Standin)
-- (void)beginSheetModalForWindow:(NSWindow*)window completionHandler:(void (^)(NSModalResponse answer))handler;
+- (void)beginSheetModalForWindow:(NSWindow*)window
+               completionHandler:(void (^)(NSModalResponse answer))handler;
 /// The alert that is up; nil when there is none.
 + (NSAlert*)shown;
 + (NSWindow*)windowOfShown;

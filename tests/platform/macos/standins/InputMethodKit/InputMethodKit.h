@@ -16,7 +16,7 @@
 - (NSInteger)length;
 - (NSInteger)characterIndexForPoint:(NSPoint)point
                            tracking:(NSInteger)mappingMode
-                       inMarkedRange:(BOOL*)inMarkedRange;
+                      inMarkedRange:(BOOL*)inMarkedRange;
 - (NSDictionary*)attributesForCharacterIndex:(NSUInteger)index lineHeightRectangle:(NSRect*)lineRect;
 - (NSArray*)validAttributesForMarkedText;
 - (void)overrideKeyboardWithKeyboardNamed:(NSString*)keyboardUniqueName;
