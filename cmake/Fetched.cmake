@@ -2,6 +2,8 @@
 # package managers are for one processor only. Built into the program.
 include(FetchContent)
 set(FETCHCONTENT_QUIET OFF)
+set(CMAKE_POLICY_VERSION_MINIMUM 3.5) # utf8proc names an older one than new CMakes take
+set(JSON_SystemInclude ON CACHE BOOL "" FORCE)
 set(UTF8PROC_ENABLE_TESTING OFF CACHE BOOL "" FORCE)
 set(JSON_BuildTests OFF CACHE BOOL "" FORCE)
 set(JSON_Install OFF CACHE BOOL "" FORCE)

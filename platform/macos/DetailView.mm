@@ -19,6 +19,7 @@ namespace mac = vanoka::mac;
         _placeholder = mac::retained(mac::label(vanoka::SettingsView::placeholder()));
         [self addSubview:_scroll.get()];
         [self addSubview:_placeholder.get()];
+        [self placeSubviews];
         [self showContent];
     }
     return self;
@@ -39,6 +40,10 @@ namespace mac = vanoka::mac;
 
 - (void)resizeSubviewsWithOldSize:(NSSize)oldSize {
     (void)oldSize;
+    [self placeSubviews];
+}
+
+- (void)placeSubviews {
     const NSRect bounds = [self bounds];
     [_scroll.get() setFrame:bounds];
     [_editor.get() fitWidth:[_scroll.get() contentSize].width];

@@ -32,7 +32,12 @@ struct ControlMaker {
     NSControl* operator()(const vanoka::Switch& onOff) const {
         NSSwitch* made = mac::autoreleased([[NSSwitch alloc] initWithFrame:NSZeroRect]);
         mac::setHelp(made, onOff.help);
-        return aimed(made);
+        aimed(made);
+        constexpr CGFloat leastWidth = 38,
+                          leastHeight = 21; // of a switch, where it does not know its own size
+        const NSSize size = [made frame].size;
+        [made setFrameSize:NSMakeSize(std::max(size.width, leastWidth), std::max(size.height, leastHeight))];
+        return made;
     }
 
     NSControl* operator()(const vanoka::Button& button) const { return mac::button(button, target, action); }

@@ -143,6 +143,8 @@ NSTextField* keyField(const vanoka::TextField& field) {
 
 /// Returns the height that they take.
 - (CGFloat)placeSubviewsInWidth:(CGFloat)width {
+    if (!_field.get()) // no letter has been shown
+        return 0;
     CGFloat y = [self placeHeaderInWidth:width] + margin;
     y = [self placeKeysAt:y width:width] + margin;
     return [self placeAddingAt:y width:width] + margin;

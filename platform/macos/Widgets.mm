@@ -14,6 +14,7 @@ NSTextField* label(const StyledText& text, bool wraps) {
     NSTextField* made = autoreleased([[NSTextField alloc] initWithFrame:NSZeroRect]);
     [made setEditable:NO];
     [made setSelectable:NO];
+    [made setBezeled:NO];
     [made setBordered:NO];
     [made setDrawsBackground:NO];
     NSCell* cell = [made cell];

@@ -212,6 +212,20 @@ TEST_F(SettingsWindowMacTest, ShowsTheEditorOfEachLetter) {
     }
 }
 
+TEST_F(SettingsWindowMacTest, NothingIsCutOffAtTheSides) {
+    NSRect pane = [[shown contentView] bounds];
+    for (NSTextField* each in all([NSTextField class])) {
+        const NSRect frame = [each convertRect:[each bounds] toView:[shown contentView]];
+        EXPECT_GE(NSMinX(frame), 0) << [[each stringValue] UTF8String];
+        EXPECT_LE(NSMaxX(frame), pane.size.width) << [[each stringValue] UTF8String];
+        EXPECT_EQ([each isBezeled], [each isEditable]) << [[each stringValue] UTF8String];
+    }
+    NSControl* control = spoken("On, a");
+    EXPECT_GE([control frame].size.width, 38);
+    const NSRect frame = [control convertRect:[control bounds] toView:[shown contentView]];
+    EXPECT_GT(NSMaxX(frame), pane.size.width - 60) << "the pane is as wide as the window leaves it";
+}
+
 TEST_F(SettingsWindowMacTest, WithoutALetterItAsksForOne) {
     [table() deselectAll:nil];
     turn();
@@ -233,6 +247,7 @@ TEST_F(SettingsWindowMacTest, AddsTheDraftByButtonAndByReturn) {
     EXPECT_NE(label("zq"), nil);
     enter("zw");
     send(field()); // Return
+    EXPECT_EQ(settings.customization().addedKeys.size(), 2U);
     send(button(@"Add"));
     turn();
     EXPECT_EQ(settings.customization().addedKeys.size(), 2U) << "twice is once";
