@@ -1,0 +1,22 @@
+#import "DotView.h"
+
+#import "Styles.h"
+#import "Widgets.h"
+
+@implementation VanokaDotView
+
+- (instancetype)initWithDot:(const vanoka::Dot&)dot {
+    if ((self = [super initWithFrame:NSMakeRect(0, 0, dot.diameter, dot.diameter)])) {
+        _colour = dot.colour;
+        vanoka::mac::setHelp(self, dot.help);
+    }
+    return self;
+}
+
+- (void)drawRect:(NSRect)dirtyRect {
+    (void)dirtyRect;
+    [vanoka::mac::colour(_colour) set];
+    [[NSBezierPath bezierPathWithOvalInRect:[self bounds]] fill];
+}
+
+@end

@@ -1,0 +1,42 @@
+#import "MacPlatform.h"
+
+#import "MainMenu.h"
+#import "Strings.h"
+
+#include "SettingsWindow.h"
+
+#import <AppKit/AppKit.h>
+#import <Carbon/Carbon.h>
+
+namespace vanoka::mac {
+
+std::int32_t MacPlatform::registerInputSource() {
+    return TISRegisterInputSource((VANOKA_BRIDGE CFURLRef)[[NSBundle mainBundle] bundleURL]);
+}
+
+int MacPlatform::runSettings() {
+    [[NSApplication sharedApplication] setActivationPolicy:NSApplicationActivationPolicyRegular];
+    installMainMenu(MainMenuFor::application);
+    SettingsWindow::shared().show(true);
+    [NSApp run];
+    return 0;
+}
+
+std::optional<std::string> MacPlatform::connectionName() const {
+    const id name = [[[NSBundle mainBundle] infoDictionary] objectForKey:@"InputMethodConnectionName"];
+    return [name isKindOfClass:[NSString class]] ? utf8(name) : std::nullopt;
+}
+
+bool MacPlatform::createServer(const std::string& connectionName) {
+    [NSApplication sharedApplication];
+    server_ = Owned<IMKServer>([[IMKServer alloc] initWithName:string(connectionName)
+                                              bundleIdentifier:[[NSBundle mainBundle] bundleIdentifier]]);
+    return server_.get() != nil;
+}
+
+void MacPlatform::runEventLoop() {
+    installMainMenu(MainMenuFor::server);
+    [NSApp run];
+}
+
+} // namespace vanoka::mac
