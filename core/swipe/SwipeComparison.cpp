@@ -27,8 +27,10 @@ constexpr float stepRounding = 5e-4F;
 template <std::size_t blocks>
 constexpr auto blockEnds = [] {
     std::array<float, blocks> ends{};
-    for (std::size_t block = 0; block < blocks; ++block)
-        ends[block] = static_cast<float>((block + 1) * SwipeCost::comparedPoints / blocks) - 0.5F;
+    for (std::size_t block = 0; block < blocks; ++block) {
+        const std::size_t points = (block + 1) * SwipeCost::comparedPoints / blocks;
+        ends[block] = static_cast<float>(points) - 0.5F;
+    }
     return ends;
 }();
 
@@ -180,7 +182,8 @@ double SwipeComparison::boundOf(const Turns& turns, const Lanes<blocks>& targetX
                                 const Lanes<blocks>& targetY) const {
     using Blocks = Lanes<blocks>;
     constexpr auto steps = static_cast<float>(points - 1);
-    constexpr auto each = static_cast<float>(points / blocks);
+    constexpr std::size_t pointsOfBlock = points / blocks;
+    constexpr auto each = static_cast<float>(pointsOfBlock);
     const float step = turns.length / steps, toSteps = steps / turns.length;
 
     const Blocks ends(blockEnds<blocks>), indices(blockIndices<blocks>);

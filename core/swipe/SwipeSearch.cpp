@@ -148,6 +148,7 @@ std::vector<EndKeys> SwipeSearch::groups() const {
     std::ranges::sort(groups, {},
                       [](const auto& pair) { return std::pair(pair.first, pair.second.index()); });
     std::vector<EndKeys> nearestFirst;
+    nearestFirst.reserve(groups.size());
     for (const auto& [away, group] : groups)
         nearestFirst.push_back(group);
     return nearestFirst;

@@ -124,6 +124,7 @@ std::vector<std::string> SinhalaWordList::suggestionsFor(std::string_view text, 
         lists.push_back(personal->index_.get());
     const auto combinedOf = [&](auto matchesOf) {
         std::vector<Matches> found;
+        found.reserve(lists.size());
         for (const SinhalaWordIndex* list : lists)
             found.push_back(matchesOf(*list));
         return combined(std::move(found), limit);

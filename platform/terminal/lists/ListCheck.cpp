@@ -141,9 +141,12 @@ std::vector<SkippedLine> skippedLines(std::string_view list, ListKind kind) {
         const auto inside = static_cast<std::size_t>(std::ranges::count(line, '\n'));
         std::string problem = checker.problemOf(line, number);
         // All but the first of the lines that CR LF keeps together are lost even when the line loads.
-        if (inside > 0)
-            problem = "it ends in CR LF, which ends no line" + joined(line, number, inside) +
-                      (problem.empty() ? "" : "; " + problem);
+        if (inside > 0) {
+            std::string ending = "it ends in CR LF, which ends no line" + joined(line, number, inside);
+            if (!problem.empty())
+                ending.append("; ").append(problem);
+            problem = std::move(ending);
+        }
         if (!problem.empty())
             skipped.push_back({number, std::move(problem)});
         number += inside + 1;
