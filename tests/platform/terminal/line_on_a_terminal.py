@@ -197,7 +197,9 @@ class LineOnATerminal(unittest.TestCase):
                 tmux.shows(f"status {status}", "restored")
 
     def test_signals_restore_the_terminal_and_keep_the_text(self):
-        for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGSEGV, signal.SIGABRT):
+        for name in ("TERM HUP INT QUIT USR1 USR2 ALRM VTALRM PROF XCPU XFSZ POLL PWR RTMIN RTMAX "
+                     "SEGV ABRT BUS ILL FPE SYS TRAP").split():
+            number = signal.Signals["SIG" + name]
             with self.subTest(signal=number):
                 tmux = self.start("ulimit -c 0; before=$(stty -g); "
                                   f"sh -c 'echo $$ > $XDG_CONFIG_HOME/pid; exec {SINGLISH}'; "
@@ -209,6 +211,38 @@ class LineOnATerminal(unittest.TestCase):
                     os.kill(int(file.read()), number)
                 tmux.shows(f"status {128 + number}", "restored")
                 self.assertTrue(any(line.startswith("අම්ම") for line in tmux.lines()), tmux.lines())
+
+    def test_signals_that_were_ignored_stay_so(self):
+        tmux = self.start("trap '' HUP USR1; before=$(stty -g); "
+                          f"sh -c 'echo $$ > $XDG_CONFIG_HOME/pid; exec {SINGLISH}'; "
+                          "echo status $?; [ $(stty -g) = $before ] && echo restored; sleep 60")
+        until(lambda: "Ctrl-D" in "".join(tmux.lines()), tmux.lines)
+        with open(os.path.join(tmux.folder.name, "pid"), encoding="ascii") as file:
+            process = int(file.read())
+        for number in (signal.SIGHUP, signal.SIGUSR1, signal.SIGPIPE):
+            os.kill(process, number)
+        tmux.type("amma")
+        tmux.shows("අම්ම")
+        os.kill(process, signal.SIGTERM)
+        tmux.shows("status 143", "restored")
+
+    def test_a_pipe_that_nobody_reads_is_told(self):
+        tmux = self.start(f"before=$(stty -g); {{ {SINGLISH}; echo status $? >&2; }} | "
+                          "{ head -n1 > $XDG_CONFIG_HOME/out; touch $XDG_CONFIG_HOME/gone; }; "
+                          "[ $(stty -g) = $before ] && echo restored; sleep 60")
+        until(lambda: "Ctrl-D" in "".join(tmux.lines()), tmux.lines)
+        tmux.type("amma")
+        tmux.send("Enter")
+        until(lambda: os.path.exists(os.path.join(tmux.folder.name, "gone")), tmux.lines)
+        time.sleep(0.1)  # until the group that has closed its end is gone
+        tmux.type("kya")
+        tmux.send("Enter")
+        tmux.type("k")
+        tmux.shows("අම්ම", "ක්\u200dය", "ක්")
+        tmux.send("Enter", "C-d")
+        tmux.shows("singlish: Cannot write: Broken pipe", "status 3", "restored")
+        with open(os.path.join(tmux.folder.name, "out"), encoding="utf-8") as file:
+            self.assertEqual(file.read(), "අම්ම\n")
 
     def test_it_can_be_stopped_and_continued(self):
         tmux = self.start("bash --norc --noprofile")
