@@ -18,6 +18,11 @@ std::error_code lastError() {
     return {errno, std::generic_category()};
 }
 
+/// The same, when that there is no such file is no error.
+std::error_code lastErrorUnlessAbsent() {
+    return errno == ENOENT || errno == ENOTDIR ? std::error_code() : lastError();
+}
+
 /// A descriptor that closes itself.
 class Descriptor {
 public:
@@ -81,13 +86,20 @@ void syncFolder(const fs::path& folder) {
 
 } // namespace
 
-std::optional<std::string> read(const fs::path& path) {
+Contents read(const fs::path& path) {
     // Not to hang where somebody has put a pipe.
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.isOpen())
+        return {.bytes = {}, .error = lastErrorUnlessAbsent()};
     struct stat status = {};
-    if (!file.isOpen() || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode) ||
-        status.st_size > largestFile)
-        return std::nullopt;
+    if (::fstat(file.number(), &status) != 0)
+        return {.bytes = {}, .error = lastError()};
+    if (!S_ISREG(status.st_mode))
+        return {.bytes = {},
+                .error = std::make_error_code(S_ISDIR(status.st_mode) ? std::errc::is_a_directory
+                                                                      : std::errc::invalid_argument)};
+    if (status.st_size > largestFile)
+        return {.bytes = {}, .error = std::make_error_code(std::errc::file_too_large)};
     std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
     std::size_t size = 0;
     while (size < bytes.size()) {
@@ -95,13 +107,13 @@ std::optional<std::string> read(const fs::path& path) {
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
-            return std::nullopt;
+            return {.bytes = {}, .error = lastError()};
         if (count == 0)
             break;
         size += static_cast<std::size_t>(count);
     }
     bytes.resize(size);
-    return bytes;
+    return {.bytes = std::move(bytes), .error = {}};
 }
 
 std::error_code write(const fs::path& path, std::string_view bytes) {
@@ -126,7 +138,7 @@ std::error_code write(const fs::path& path, std::string_view bytes) {
 std::error_code remove(const fs::path& path) {
     const fs::path target = resolved(path);
     if (::unlink(target.c_str()) != 0)
-        return errno == ENOENT || errno == ENOTDIR ? std::error_code() : lastError();
+        return lastErrorUnlessAbsent();
     syncFolder(target.parent_path());
     return {};
 }
