@@ -5,9 +5,11 @@
 #include "LetterEditor.h"
 
 #include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
 #include <fstream>
 #include <istream>
-#include <iterator>
 #include <ostream>
 
 namespace vanoka {
@@ -20,9 +22,15 @@ bool isBuiltIn(std::string_view key) {
     return SinglishTransliterator::builtInTokens().contains(key);
 }
 
+/// Read by the stream, which turns what its buffer throws (a folder does that) into a state.
 std::optional<std::string> contentsOf(std::istream& stream) {
-    std::string contents{std::istreambuf_iterator<char>(stream), {}};
-    return stream.bad() ? std::nullopt : std::optional(std::move(contents));
+    std::string contents;
+    std::array<char, 4096> piece;
+    while (stream) {
+        stream.read(piece.data(), piece.size());
+        contents.append(piece.data(), static_cast<std::size_t>(stream.gcount()));
+    }
+    return stream.bad() || !stream.eof() ? std::nullopt : std::optional(std::move(contents));
 }
 
 /// Does to `settings`, which are empty, what makes them `wanted`; returns what was refused, line by line.
@@ -155,11 +163,13 @@ int KeysCommand::exportDocument() {
 /// All or nothing: the document is tried on empty settings first, and stored only if nothing was refused.
 int KeysCommand::importDocument(const std::string& path) {
     std::ifstream file;
+    errno = 0; // standard streams tell no reason of their own, and need not set this one
     if (path != "-")
         file.open(path, std::ios::binary);
     const auto document = path == "-" ? contentsOf(input_) : file ? contentsOf(file) : std::nullopt;
     if (!document) {
-        errors_ << "singlish: Cannot read " << path << '\n';
+        const std::string reason = errno != 0 ? std::string(": ") + std::strerror(errno) : "";
+        errors_ << "singlish: Cannot read " << path << reason << '\n';
         return ExitStatus::failed;
     }
     const auto wanted = SinglishCustomization::decode(*document);

@@ -128,7 +128,7 @@ TEST_F(KeysCommandTest, ImportsAllOrNothing) {
     const SinglishCustomization before = settings.customization();
     EXPECT_EQ(run({"import", "-"}, "{"), ExitStatus::refused);
     EXPECT_EQ(run({"import", "/no/such/file"}), ExitStatus::failed);
-    EXPECT_EQ(errors, "singlish: Cannot read /no/such/file\n");
+    EXPECT_EQ(errors, "singlish: Cannot read /no/such/file: No such file or directory\n");
     EXPECT_EQ(
         run({"import", "-"},
             "{\"addedKeys\":[{\"key\":\"w\",\"letter\":\"\u0D9A\"},{\"key\":\"k1\",\"letter\":\"\u0D9A\"},"
@@ -136,6 +136,18 @@ TEST_F(KeysCommandTest, ImportsAllOrNothing) {
         ExitStatus::refused);
     EXPECT_EQ(errors, "singlish: Your keys stay as they are, because of\nzz: Not a built-in key\n"
                       "k1: Use English letters only\nz: No such letter: none\n\n");
+    EXPECT_EQ(settings.customization(), before);
+}
+
+TEST_F(KeysCommandTest, TellsWhatCannotBeImported) {
+    run({"add", "q", "\u0D9A"});
+    const SinglishCustomization before = settings.customization();
+    const test::TemporaryFolder folder;
+    EXPECT_EQ(run({"import", folder.path().c_str()}), ExitStatus::failed);
+    EXPECT_EQ(errors, "singlish: Cannot read " + folder.path().string() + ": Is a directory\n");
+    EXPECT_EQ(run({"import", "/proc/self/mem"}), ExitStatus::failed) << "nothing stands at its beginning";
+    EXPECT_EQ(errors, "singlish: Cannot read /proc/self/mem: Input/output error\n");
+    EXPECT_EQ(run({"import", "/dev/null"}), ExitStatus::refused);
     EXPECT_EQ(settings.customization(), before);
 }
 
