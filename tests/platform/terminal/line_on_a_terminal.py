@@ -144,6 +144,34 @@ class LineOnATerminal(unittest.TestCase):
         tmux.send("Down")
         tmux.shows("අම්ම", "ක්")
 
+    def test_only_finished_lines_are_remembered(self):
+        for key in ("Up", "Down"):
+            with self.subTest(key=key):
+                tmux = self.start_typing()
+                tmux.type("amma ")
+                tmux.send(key)
+                tmux.type("kya")
+                tmux.send("Enter", "Up")
+                tmux.shows("අම්ම ක්\u200dය", "අම්ම ක්\u200dය")
+                tmux.send("Up")
+                tmux.type(".")
+                tmux.shows("අම්ම ක්\u200dය", "අම්ම ක්\u200dය.")
+
+    def test_an_edited_line_leaves_the_history_as_it_was(self):
+        tmux = self.start_typing()
+        tmux.type("amma")
+        tmux.send("Enter")
+        tmux.type("k")
+        tmux.send("Up")
+        tmux.type("1")
+        tmux.send("Down")
+        tmux.shows("අම්ම", "ක්")
+        tmux.send("Up")
+        tmux.shows("අම්ම", "අම්ම1")  # as it was left
+        tmux.send("Enter", "Up", "Up")
+        tmux.type("2")
+        tmux.shows("අම්ම", "අම්ම1", "අම්ම2")
+
     def test_long_lines_wrap_and_resize(self):
         tmux = self.start_typing(columns=40)
         tmux.type("amma gedhara " * 8)
