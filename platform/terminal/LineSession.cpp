@@ -161,6 +161,8 @@ void LineSession::finishLine() {
 
 /// What has been typed is never lost: it becomes a last line.
 void LineSession::finishPending() {
+    if (const auto paste = parser_.takeUnfinishedPaste())
+        handle(*paste);
     controller_.deactivateServer(&line_);
     if (!line_.isEmpty())
         finishLine();

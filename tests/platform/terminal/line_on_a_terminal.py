@@ -303,6 +303,59 @@ class LineOnATerminal(unittest.TestCase):
                    "what it is, or pipe text through singlish", "status 3")
 
 
+class TheEndOfATerminal(unittest.TestCase):
+    def paste_and_end(self, end):
+        """Types, begins a paste without ending it, and calls `end` with the process and the terminal. Returns
+        the lines that were finished and the exit status."""
+        with tempfile.TemporaryDirectory() as folder:
+            out = os.path.join(folder, "out")
+            environment = {**os.environ, "TERM": "xterm", "LC_ALL": "C.UTF-8", "XDG_CONFIG_HOME": folder}
+            child, terminal = pty.fork()
+            if child == 0:
+                os.dup2(os.open(out, os.O_CREAT | os.O_WRONLY, 0o600), 1)
+                os.execve(SINGLISH, [SINGLISH], environment)
+            try:
+                self.read_until(terminal, "Ctrl-D")
+                os.write(terminal, b"amma")
+                self.read_until(terminal, "\u0d85\u0db8\u0dca\u0db8")
+                os.write(terminal, b" \x1b[200~one\nkya two")
+                self.read_until(terminal, "\u0d85\u0db8\u0dca\u0db8 ")
+                end(child, terminal)
+                limit = time.monotonic() + PATIENCE
+                ended, status = os.waitpid(child, os.WNOHANG)
+                while not ended and time.monotonic() < limit:
+                    time.sleep(0.01)
+                    ended, status = os.waitpid(child, os.WNOHANG)
+                self.assertTrue(ended)
+                child = None
+            finally:
+                if child:
+                    os.kill(child, signal.SIGKILL)
+                    os.waitpid(child, 0)
+            with open(out, encoding="utf-8") as file:
+                return file.read(), os.waitstatus_to_exitcode(status)
+
+    def read_until(self, terminal, text):
+        shown = b""
+        end = time.monotonic() + PATIENCE
+        while text.encode() not in shown:
+            self.assertLess(time.monotonic(), end, shown)
+            if select.select([terminal], [], [], 0.1)[0]:
+                shown += os.read(terminal, 4096)
+
+    def test_what_has_come_of_a_paste_is_kept(self):
+        def hang_up(_, terminal):
+            os.close(terminal)
+
+        def end_by_signal(child, terminal):
+            os.kill(child, signal.SIGTERM)
+            self.addCleanup(os.close, terminal)
+
+        for end, status in ((end_by_signal, -signal.SIGTERM), (hang_up, -signal.SIGHUP)):
+            with self.subTest(end=end.__name__):
+                self.assertEqual(self.paste_and_end(end), ("අම්ම one\nkya two\n", status))
+
+
 class Utf8IsAskedFor(unittest.TestCase):
     """Without a UTF-8 locale the terminal is asked where its cursor stands after a character of two bytes."""
 
