@@ -5,6 +5,7 @@
 #include "Randoms.h"
 #include "TemporaryFolder.h"
 
+#include <cerrno>
 #include <fcntl.h>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -235,6 +236,24 @@ TEST(Filter, LongTextsAreReadInPieces) {
     ::close(out);
     std::ifstream file(outPath, std::ios::binary);
     EXPECT_TRUE((std::string{std::istreambuf_iterator<char>(file), {}} == standard.transliterate(text)));
+}
+
+TEST(Filter, WritesWhatWasReadBeforeReadingFailed) {
+    int in[2], out[2];
+    ASSERT_EQ(::pipe2(in, O_NONBLOCK) | ::pipe(out), 0); // reading more than was written fails
+    ASSERT_EQ(::write(in[1], "amma k", 6), 6);
+    const FilterOutcome outcome = filter(in[0], out[1], SinglishTransliterator::standard());
+    const int error = errno;
+    EXPECT_EQ(outcome, FilterOutcome::cannotRead);
+    EXPECT_EQ(error, EAGAIN);
+    ::close(out[1]);
+    std::string text;
+    char bytes[64];
+    for (ssize_t count; (count = ::read(out[0], bytes, sizeof bytes)) > 0;)
+        text.append(bytes, static_cast<std::size_t>(count));
+    EXPECT_EQ(text, "\u0D85\u0DB8\u0DCA\u0DB8 \u0D9A\u0DCA");
+    for (const int end : {in[0], in[1], out[0]})
+        ::close(end);
 }
 
 TEST(Filter, TellsWhatItCannotDo) {
