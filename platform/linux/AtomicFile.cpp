@@ -48,11 +48,20 @@ private:
     int number_;
 };
 
-/// The file behind a symbolic link: a settings file may be linked from elsewhere, and shall stay so.
+constexpr int mostLinks = 40; // in a row, as the system counts them
+
+/// The file behind a symbolic link, there or not yet: a settings file may be linked from elsewhere, and shall
+/// stay so. Links that lead nowhere because they lead in a circle are files like others.
 fs::path resolved(const fs::path& path) {
-    std::error_code error;
-    const fs::path target = fs::canonical(path, error);
-    return error ? path : target;
+    fs::path target = path;
+    for (int links = 0; links < mostLinks; ++links) {
+        std::error_code error;
+        const fs::path next = fs::read_symlink(target, error);
+        if (error)
+            return target;
+        target = target.parent_path() / next; // an absolute one stands for itself
+    }
+    return path;
 }
 
 /// Makes the folder and those above it, for their owner only.

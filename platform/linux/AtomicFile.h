@@ -19,10 +19,12 @@ struct Contents {
 Contents read(const std::filesystem::path& path);
 
 /// Puts a file with `bytes`, readable by its owner only, in the place of whatever stands at `path`, through a
-/// symbolic link if there is one; makes the folders above it. On an error what stood there still stands.
+/// symbolic link if there is one, even to a file that is not there yet; makes the folders above it. On an
+/// error what stood there still stands.
 std::error_code write(const std::filesystem::path& path, std::string_view bytes);
 
-/// Removes the file at `path`. That there is none is no error.
+/// Removes the file at `path`, or the one behind a symbolic link, which stays. That there is none is no
+/// error.
 std::error_code remove(const std::filesystem::path& path);
 
 } // namespace vanoka::AtomicFile

@@ -238,13 +238,48 @@ TEST_F(FileUserDefaultsTest, WhatCouldNeverBeReadIsNoHindranceWhenItIsGone) {
 }
 
 TEST_F(FileUserDefaultsTest, ALinkedFileStaysLinked) {
-    const fs::path kept = temporary.path() / "kept.json";
-    std::ofstream(kept) << "before";
+    const fs::path kept = temporary.path() / "elsewhere" / "kept.json";
+    fs::create_directories(folder);
+    fs::create_symlink("../../elsewhere/link", file);
+    fs::create_directories(kept.parent_path());
+    fs::create_symlink(kept, kept.parent_path() / "link");
+    const auto expectLinked = [&](const char* value) {
+        EXPECT_TRUE(fs::is_symlink(file));
+        EXPECT_EQ(contentsOf(kept), value);
+        EXPECT_EQ(defaults.data(name), value);
+        EXPECT_EQ(filesIn(folder), 1U);
+    };
+    EXPECT_EQ(defaults.data(name), std::nullopt) << "the link dangles";
+    defaults.setData(name, "one");
+    expectLinked("one");
+    defaults.setData(name, "two");
+    expectLinked("two");
+    defaults.setData(name, std::nullopt);
+    EXPECT_TRUE(fs::is_symlink(file));
+    EXPECT_EQ(defaults.data(name), std::nullopt);
+    EXPECT_FALSE(fs::exists(kept));
+    defaults.setData(name, "three");
+    expectLinked("three");
+}
+
+TEST_F(FileUserDefaultsTest, ALinkToAFolderThatIsNotThereStaysALink) {
+    const fs::path kept = temporary.path() / "not yet" / "kept.json";
     fs::create_directories(folder);
     fs::create_symlink(kept, file);
-    defaults.setData(name, "after");
+    defaults.setData(name, "one");
     EXPECT_TRUE(fs::is_symlink(file));
-    EXPECT_EQ(contentsOf(kept), "after");
+    EXPECT_EQ(contentsOf(kept), "one");
+}
+
+TEST_F(FileUserDefaultsTest, LinksInACircleAreLeft) {
+    fs::create_directories(folder);
+    fs::create_symlink(folder / "other", file);
+    fs::create_symlink(file, folder / "other");
+    EXPECT_EQ(defaults.data(name), std::nullopt);
+    defaults.setData(name, "one");
+    EXPECT_NE(defaults.failure(name), "");
+    EXPECT_EQ(defaults.data(name), "one");
+    EXPECT_TRUE(fs::is_symlink(file));
 }
 
 TEST_F(FileUserDefaultsTest, WithoutAFolderValuesLastAsLongAsTheProcess) {
