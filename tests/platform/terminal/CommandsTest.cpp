@@ -133,11 +133,48 @@ TEST_F(KeysCommandTest, ImportsAllOrNothing) {
     EXPECT_EQ(
         run({"import", "-"},
             "{\"addedKeys\":[{\"key\":\"w\",\"letter\":\"\u0D9A\"},{\"key\":\"k1\",\"letter\":\"\u0D9A\"},"
-            "{\"key\":\"z\",\"letter\":\"none\"}],\"disabledKeys\":[\"zz\"]}"),
+            "{\"key\":\"abcdefg\",\"letter\":\"none\"}],\"disabledKeys\":[\"zz\"]}"),
         ExitStatus::refused);
-    EXPECT_EQ(errors, "singlish: Your keys stay as they are, because of\nzz: Not a built-in key\n"
-                      "k1: Use English letters only\nz: No such letter: none\n\n");
+    EXPECT_EQ(errors, "singlish: Your keys stay as they are, because of\nk1: Use English letters only\n"
+                      "abcdefg: Use at most 6 letters\n\n");
     EXPECT_EQ(settings.customization(), before);
+}
+
+TEST_F(KeysCommandTest, KeepsWhatItDoesNotKnow) {
+    const std::string document = "{\"addedKeys\":[{\"key\":\"z\",\"letter\":\"none\"},"
+                                 "{\"key\":\"q\",\"letter\":\"\u0D9A\"},"
+                                 "{\"key\":\"k\",\"letter\":\"none\"}],\"disabledKeys\":[\"aa\",\"zz\"]}";
+    defaults.setData(SinglishSettings::storedName, document);
+    settings.reloadIfChanged();
+    const SinglishCustomization before = settings.customization();
+    EXPECT_EQ(run({}), ExitStatus::done);
+    EXPECT_EQ(output, "  \u0D86      aa   switched off\n"
+                      "  \u0D9A      q    your key\n"
+                      "  none   z    no such letter\n"
+                      "  none   k    no such letter\n"
+                      "         zz   switched off; no built-in key\n");
+    EXPECT_EQ(run({"export"}), ExitStatus::done);
+    EXPECT_EQ(output, document + "\n");
+    run({"reset"});
+    EXPECT_EQ(run({"import", "-"}, document), ExitStatus::done);
+    EXPECT_EQ(errors, "singlish: Imported, though without an effect:\n"
+                      "  none   z    no such letter\n"
+                      "  none   k    no such letter\n"
+                      "         zz   switched off; no built-in key\n");
+    EXPECT_EQ(settings.customization(), before);
+    EXPECT_EQ(run({"remove", "z"}), ExitStatus::done);
+    EXPECT_EQ(run({"remove", "k"}), ExitStatus::done);
+    EXPECT_EQ(run({"on", "zz"}), ExitStatus::done);
+    EXPECT_EQ(run({}), ExitStatus::done);
+    EXPECT_EQ(output, "  \u0D86   aa   switched off\n"
+                      "  \u0D9A   q    your key\n");
+}
+
+TEST_F(KeysCommandTest, TakesAKeyThatItsLetterHasAlready) {
+    EXPECT_EQ(run({"import", "-"}, "{\"addedKeys\":[{\"key\":\"k\",\"letter\":\"\u0D9A\"},"
+                                   "{\"key\":\"q\",\"letter\":\"\u0D9A\"}],\"disabledKeys\":[]}"),
+              ExitStatus::done);
+    EXPECT_EQ(settings.transliterator().transliterate("ka qa"), "\u0D9A \u0D9A");
 }
 
 TEST_F(KeysCommandTest, TellsWhatCannotBeImported) {
