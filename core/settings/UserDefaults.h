@@ -8,8 +8,8 @@
 namespace vanoka {
 
 /// The platform's store of a user's settings: byte values by name. Both operations always succeed as far as
-/// the caller can tell: a value that cannot be read is absent, and a value that cannot be stored for good
-/// stays in force for this process.
+/// the caller can tell: while a value cannot be read, it is the one last read or written (none when there was
+/// none), and a value that cannot be stored for good stays in force for this process.
 class UserDefaults {
 public:
     virtual ~UserDefaults() = default;

@@ -18,6 +18,11 @@ std::error_code lastError() {
     return {errno, std::generic_category()};
 }
 
+/// The same, when that there is no such file is no error.
+std::error_code lastErrorUnlessAbsent() {
+    return errno == ENOENT || errno == ENOTDIR ? std::error_code() : lastError();
+}
+
 /// A descriptor that closes itself.
 class Descriptor {
 public:
@@ -43,11 +48,20 @@ private:
     int number_;
 };
 
-/// The file behind a symbolic link: a settings file may be linked from elsewhere, and shall stay so.
+constexpr int mostLinks = 40; // in a row, as the system counts them
+
+/// The file behind a symbolic link, there or not yet: a settings file may be linked from elsewhere, and shall
+/// stay so. Links that lead nowhere because they lead in a circle are files like others.
 fs::path resolved(const fs::path& path) {
-    std::error_code error;
-    const fs::path target = fs::canonical(path, error);
-    return error ? path : target;
+    fs::path target = path;
+    for (int links = 0; links < mostLinks; ++links) {
+        std::error_code error;
+        const fs::path next = fs::read_symlink(target, error);
+        if (error)
+            return target;
+        target = target.parent_path() / next; // an absolute one stands for itself
+    }
+    return path;
 }
 
 /// Makes the folder and those above it, for their owner only.
@@ -81,13 +95,20 @@ void syncFolder(const fs::path& folder) {
 
 } // namespace
 
-std::optional<std::string> read(const fs::path& path) {
+Contents read(const fs::path& path) {
     // Not to hang where somebody has put a pipe.
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.isOpen())
+        return {.bytes = {}, .error = lastErrorUnlessAbsent()};
     struct stat status = {};
-    if (!file.isOpen() || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode) ||
-        status.st_size > largestFile)
-        return std::nullopt;
+    if (::fstat(file.number(), &status) != 0)
+        return {.bytes = {}, .error = lastError()};
+    if (!S_ISREG(status.st_mode))
+        return {.bytes = {},
+                .error = std::make_error_code(S_ISDIR(status.st_mode) ? std::errc::is_a_directory
+                                                                      : std::errc::invalid_argument)};
+    if (status.st_size > largestFile)
+        return {.bytes = {}, .error = std::make_error_code(std::errc::file_too_large)};
     std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
     std::size_t size = 0;
     while (size < bytes.size()) {
@@ -95,13 +116,13 @@ std::optional<std::string> read(const fs::path& path) {
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
-            return std::nullopt;
+            return {.bytes = {}, .error = lastError()};
         if (count == 0)
             break;
         size += static_cast<std::size_t>(count);
     }
     bytes.resize(size);
-    return bytes;
+    return {.bytes = std::move(bytes), .error = {}};
 }
 
 std::error_code write(const fs::path& path, std::string_view bytes) {
@@ -126,7 +147,7 @@ std::error_code write(const fs::path& path, std::string_view bytes) {
 std::error_code remove(const fs::path& path) {
     const fs::path target = resolved(path);
     if (::unlink(target.c_str()) != 0)
-        return errno == ENOENT || errno == ENOTDIR ? std::error_code() : lastError();
+        return lastErrorUnlessAbsent();
     syncFolder(target.parent_path());
     return {};
 }

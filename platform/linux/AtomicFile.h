@@ -9,15 +9,22 @@
 /// Whole files that are never seen half written.
 namespace vanoka::AtomicFile {
 
-/// The bytes of the regular file at `path`; nothing when there is none, when it cannot be read or when it is
-/// larger than any settings file.
-std::optional<std::string> read(const std::filesystem::path& path);
+struct Contents {
+    std::optional<std::string> bytes; ///< nothing when there is no file, and after an error
+    std::error_code error;            ///< why what stands there could not be read
+};
+
+/// What the regular file at `path` holds. That there is none is no error; anything else at `path`, and a file
+/// that is larger than any settings file, is one.
+Contents read(const std::filesystem::path& path);
 
 /// Puts a file with `bytes`, readable by its owner only, in the place of whatever stands at `path`, through a
-/// symbolic link if there is one; makes the folders above it. On an error what stood there still stands.
+/// symbolic link if there is one, even to a file that is not there yet; makes the folders above it. On an
+/// error what stood there still stands.
 std::error_code write(const std::filesystem::path& path, std::string_view bytes);
 
-/// Removes the file at `path`. That there is none is no error.
+/// Removes the file at `path`, or the one behind a symbolic link, which stays. That there is none is no
+/// error.
 std::error_code remove(const std::filesystem::path& path);
 
 } // namespace vanoka::AtomicFile

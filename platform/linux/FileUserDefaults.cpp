@@ -1,7 +1,5 @@
 #include "FileUserDefaults.h"
 
-#include "AtomicFile.h"
-
 #include <cstdlib>
 #include <pwd.h>
 #include <unistd.h>
@@ -68,29 +66,60 @@ fs::path FileUserDefaults::pathOf(std::string_view name) const {
 }
 
 std::optional<std::string> FileUserDefaults::data(std::string_view name) {
-    auto stored = read(name);
-    const auto unsaved = unsaved_.find(name);
-    if (unsaved == unsaved_.end())
-        return stored;
-    if (stored != unsaved->second.stored) { // somebody else has written since
-        unsaved_.erase(unsaved);
-        return stored;
+    const auto contents = read(name);
+    const auto found = unsaved_.find(name);
+    if (found == unsaved_.end())
+        return given(name, contents);
+    Unsaved& unsaved = found->second;
+    if (contents.error)
+        return unsaved.value;
+    if (unsaved.stored.error) // it can be read at last
+        unsaved.stored = contents;
+    if (contents.bytes != unsaved.stored.bytes) { // somebody else has written since
+        unsaved_.erase(found);
+        return given(name, contents);
     }
-    auto value = unsaved->second.value;
+    auto value = unsaved.value;
     setData(name, value);
     return value;
 }
 
 void FileUserDefaults::setData(std::string_view name, const std::optional<std::string>& value) {
-    const std::error_code error = write(name, value);
-    if (const auto unsaved = unsaved_.find(name); unsaved != unsaved_.end())
-        unsaved_.erase(unsaved);
-    if (error)
-        unsaved_.emplace(name, Unsaved{value, read(name), error.message()});
+    const auto contents = read(name);
+    AtomicFile::Contents& last = seen(name, contents);
+    const std::error_code error = last.error ? last.error : write(name, value);
+    if (!error) {
+        last.bytes = value;
+        if (const auto unsaved = unsaved_.find(name); unsaved != unsaved_.end())
+            unsaved_.erase(unsaved);
+        return;
+    }
+    unsaved_.insert_or_assign(std::string(name),
+                              Unsaved{value, contents.error ? last : contents, error.message()});
 }
 
-std::optional<std::string> FileUserDefaults::read(std::string_view name) const {
-    return folder_.empty() ? std::nullopt : AtomicFile::read(pathOf(name));
+/// Hands out what was read, or what it was when that could not be done now.
+std::optional<std::string> FileUserDefaults::given(std::string_view name,
+                                                   const AtomicFile::Contents& contents) {
+    AtomicFile::Contents& last = seen(name, contents);
+    if (!contents.error)
+        last = contents;
+    return last.bytes;
+}
+
+/// What is known of the file's contents now that these have been read; an error when nobody knows what
+/// writing over it would lose.
+AtomicFile::Contents& FileUserDefaults::seen(std::string_view name, const AtomicFile::Contents& contents) {
+    AtomicFile::Contents& last = last_.try_emplace(std::string(name), contents).first->second;
+    if (contents.error && !last.bytes)
+        last.error = contents.error;
+    else if (!contents.error && !contents.bytes)
+        last.error.clear();
+    return last;
+}
+
+AtomicFile::Contents FileUserDefaults::read(std::string_view name) const {
+    return folder_.empty() ? AtomicFile::Contents() : AtomicFile::read(pathOf(name));
 }
 
 std::error_code FileUserDefaults::write(std::string_view name,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AtomicFile.h"
 #include "settings/UserDefaults.h"
 
 #include <filesystem>
@@ -17,6 +18,10 @@ namespace vanoka {
 ///
 /// A value that cannot be stored (a full disk, a read-only home) stays in force in this process until it can
 /// be or until somebody else changes the file; what the file held before stays in it.
+///
+/// While a file is there and cannot be read, the value last read or written counts. One that this object
+/// could never read is not written over: nobody has seen what would be lost. An edit stays in force in this
+/// process.
 class FileUserDefaults final : public UserDefaults {
 public:
     /// Values in `folder`; an empty path stores nothing on disk.
@@ -40,14 +45,17 @@ public:
 private:
     struct Unsaved {
         std::optional<std::string> value;
-        std::optional<std::string> stored; ///< what the file held when it could not be written
+        AtomicFile::Contents stored; ///< what the file held when it could not be written
         std::string failure;
     };
 
-    std::optional<std::string> read(std::string_view name) const;
+    AtomicFile::Contents read(std::string_view name) const;
     std::error_code write(std::string_view name, const std::optional<std::string>& value) const;
+    std::optional<std::string> given(std::string_view name, const AtomicFile::Contents& contents);
+    AtomicFile::Contents& seen(std::string_view name, const AtomicFile::Contents& contents);
 
     std::filesystem::path folder_;
+    std::map<std::string, AtomicFile::Contents, std::less<>> last_; ///< as handed out or written
     std::map<std::string, Unsaved, std::less<>> unsaved_;
 };
 

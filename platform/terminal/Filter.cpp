@@ -55,18 +55,21 @@ FilterOutcome filter(int input, int output, const SinglishTransliterator& transl
         const ssize_t count = ::read(input, piece.data(), piece.size());
         if (count < 0 && errno == EINTR)
             continue;
-        if (count < 0)
-            return FilterOutcome::cannotRead;
-        text.append(piece.data(), static_cast<std::size_t>(count));
-        const std::size_t complete = count == 0 ? text.size() : completeLength(text);
+        const int readError = count < 0 ? errno : 0;
+        const bool isLast = count <= 0; // what has been read counts even when reading on fails
+        if (!isLast)
+            text.append(piece.data(), static_cast<std::size_t>(count));
+        const std::size_t complete = isLast ? text.size() : completeLength(text);
         stream.write(std::string_view(text).substr(0, complete), sinhala);
         text.erase(0, complete);
-        if (count == 0)
+        if (isLast)
             stream.finish(sinhala);
         if (!writeAll(output, sinhala))
             return FilterOutcome::cannotWrite;
-        if (count == 0)
-            return FilterOutcome::done;
+        if (isLast) {
+            errno = readError;
+            return readError != 0 ? FilterOutcome::cannotRead : FilterOutcome::done;
+        }
         sinhala.clear();
     }
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <utility>
 
 namespace vanoka {
 
@@ -120,6 +121,17 @@ std::optional<KeyParser::Input> KeyParser::flush() {
     if (bytes_.empty() || pasted_)
         return std::nullopt;
     return keyEvent(take(1), 0);
+}
+
+std::optional<Paste> KeyParser::takeUnfinishedPaste() {
+    if (!pasted_)
+        return std::nullopt;
+    std::size_t endLength = std::min(bytes_.size(), pasteEnd.size() - 1); // of what has come of its end
+    while (!bytes_.ends_with(pasteEnd.substr(0, endLength)))
+        --endLength;
+    *pasted_ += take(bytes_.size() - endLength);
+    bytes_.clear();
+    return Paste{*std::exchange(pasted_, std::nullopt)};
 }
 
 std::optional<KeyParser::Input> KeyParser::nextPasted() {

@@ -35,6 +35,9 @@ public:
     /// Nothing has followed for a while: the bytes that wait are keys by themselves.
     std::optional<Input> flush();
 
+    /// Nothing will follow any more: what has come of a paste whose end has not.
+    std::optional<Paste> takeUnfinishedPaste();
+
 private:
     std::optional<Input> nextPasted();
     std::optional<Input> nextAfterEscape();

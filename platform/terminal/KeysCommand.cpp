@@ -5,6 +5,9 @@
 #include "LetterEditor.h"
 
 #include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
 #include <fstream>
 #include <istream>
 #include <iterator>
@@ -20,24 +23,39 @@ bool isBuiltIn(std::string_view key) {
     return SinglishTransliterator::builtInTokens().contains(key);
 }
 
+/// Read by the stream, which turns what its buffer throws (a folder does that) into a state.
 std::optional<std::string> contentsOf(std::istream& stream) {
-    std::string contents{std::istreambuf_iterator<char>(stream), {}};
-    return stream.bad() ? std::nullopt : std::optional(std::move(contents));
+    std::string contents;
+    std::array<char, 4096> piece;
+    while (stream) {
+        stream.read(piece.data(), piece.size());
+        contents.append(piece.data(), static_cast<std::size_t>(stream.gcount()));
+    }
+    return stream.bad() || !stream.eof() ? std::nullopt : std::optional(std::move(contents));
 }
 
-/// Does to `settings`, which are empty, what makes them `wanted`; returns what was refused, line by line.
+/// What of `customization` types nothing: keys for letters that the scheme does not have, and built-in keys
+/// that are off and are none. Another version may have stored them.
+std::vector<std::vector<std::string>> unknownEntries(const SinglishCustomization& customization) {
+    std::vector<std::vector<std::string>> rows;
+    for (const auto& added : customization.addedKeys)
+        if (!SinglishScheme::letter(added.letter))
+            rows.push_back({added.letter, added.key, "no such letter"});
+    for (const std::string& key : customization.disabledKeys)
+        if (!isBuiltIn(key))
+            rows.push_back({"", key, "switched off; no built-in key"});
+    return rows;
+}
+
+/// Does to `settings`, which are empty, what makes them `wanted`; returns what was refused, line by line. A
+/// key that its letter has already is no reason to refuse.
 std::string replay(const SinglishCustomization& wanted, SinglishSettings& settings) {
     std::string problems;
-    for (const std::string& key : wanted.disabledKeys) {
-        if (isBuiltIn(key))
-            settings.setBuiltIn(key, false);
-        else
-            problems += key + ": Not a built-in key\n";
-    }
+    for (const std::string& key : wanted.disabledKeys)
+        settings.setBuiltIn(key, false);
     for (const auto& added : wanted.addedKeys) {
-        if (!SinglishScheme::letter(added.letter))
-            problems += added.key + ": No such letter: " + added.letter + "\n";
-        else if (const auto problem = settings.add(added.key, added.letter))
+        const auto problem = settings.add(added.key, added.letter);
+        if (problem && problem != SinglishSettings::KeyProblem::alreadyThisLetter)
             problems += added.key + ": " + message(*problem) + "\n";
     }
     return problems;
@@ -98,6 +116,7 @@ int KeysCommand::list() {
                     {letter.display(), state.key, "now types " + SinglishScheme::display(*state.takenBy)});
         }
     }
+    std::ranges::move(unknownEntries(settings_.customization()), std::back_inserter(rows));
     if (rows.empty())
         output_ << "You have changed no keys.\n";
     writeColumns(output_, rows);
@@ -133,7 +152,8 @@ int KeysCommand::remove(std::string_view key) {
 }
 
 int KeysCommand::setBuiltIn(std::string_view key, bool on) {
-    if (!isBuiltIn(key))
+    const bool isOff = settings_.customization().disabledKeys.contains(key);
+    if (!isBuiltIn(key) && !(on && isOff))
         return refuse(std::string(key) + " is not a built-in key");
     settings_.setBuiltIn(key, on);
     return stored();
@@ -152,14 +172,17 @@ int KeysCommand::exportDocument() {
     return ExitStatus::done;
 }
 
-/// All or nothing: the document is tried on empty settings first, and stored only if nothing was refused.
+/// All or nothing, but what export gives is never refused for being unknown here: the document is tried on
+/// empty settings first, and stored only if nothing was refused.
 int KeysCommand::importDocument(const std::string& path) {
     std::ifstream file;
+    errno = 0; // standard streams tell no reason of their own, and need not set this one
     if (path != "-")
         file.open(path, std::ios::binary);
     const auto document = path == "-" ? contentsOf(input_) : file ? contentsOf(file) : std::nullopt;
     if (!document) {
-        errors_ << "singlish: Cannot read " << path << '\n';
+        const std::string reason = errno != 0 ? std::string(": ") + std::strerror(errno) : "";
+        errors_ << "singlish: Cannot read " << path << reason << '\n';
         return ExitStatus::failed;
     }
     const auto wanted = SinglishCustomization::decode(*document);
@@ -171,6 +194,10 @@ int KeysCommand::importDocument(const std::string& path) {
         return refuse("Your keys stay as they are, because of\n" + problems);
     defaults_.setData(SinglishSettings::storedName, scratch.data(SinglishSettings::storedName));
     settings_.reloadIfChanged();
+    if (const auto unknown = unknownEntries(settings_.customization()); !unknown.empty()) {
+        errors_ << "singlish: Imported, though without an effect:\n";
+        writeColumns(errors_, unknown);
+    }
     return stored();
 }
 

@@ -137,31 +137,32 @@ void LineSession::suspend() {
     terminal_.suspend();
 }
 
-/// Shows an earlier line again. What was being typed stands behind the last one and can be come back to.
+/// Shows an earlier line again, or what was being typed. Until a line is finished, each is as it was left;
+/// the history itself holds only what was finished.
 void LineSession::recall(std::ptrdiff_t step) {
-    if (recalled_ == history_.size())
-        history_.push_back(line_.text());
     const auto target = static_cast<std::ptrdiff_t>(recalled_) + step;
-    if (target < 0 || target >= static_cast<std::ptrdiff_t>(history_.size()))
+    if (target < 0 || target > static_cast<std::ptrdiff_t>(history_.size()))
         return;
-    history_[recalled_] = line_.text();
+    drafts_.insert_or_assign(recalled_, line_.text());
     recalled_ = static_cast<std::size_t>(target);
-    line_.setText(history_[recalled_]);
+    const auto draft = drafts_.find(recalled_);
+    line_.setText(draft != drafts_.end() ? draft->second : history_[recalled_]);
 }
 
 void LineSession::finishLine() {
     terminal_.write(view_.finish(line_.text()));
     finished_(line_.text());
-    if (recalled_ < history_.size() && history_.back().empty())
-        history_.pop_back(); // nothing was being typed when this line was recalled
     if (!line_.isEmpty())
         history_.push_back(line_.text());
+    drafts_.clear();
     recalled_ = history_.size();
     line_.setText({});
 }
 
 /// What has been typed is never lost: it becomes a last line.
 void LineSession::finishPending() {
+    if (const auto paste = parser_.takeUnfinishedPaste())
+        handle(*paste);
     controller_.deactivateServer(&line_);
     if (!line_.isEmpty())
         finishLine();

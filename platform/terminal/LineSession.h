@@ -7,6 +7,7 @@
 #include "VanokaInputController.h"
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -42,9 +43,11 @@ private:
     KeyParser parser_;
     TypedLine line_;
     LineView view_;
-    std::vector<std::string>
-        history_;              ///< finished lines, and last what was being typed when one was recalled
-    std::size_t recalled_ = 0; ///< the place in the history of the line that is shown
+    std::vector<std::string> history_; ///< finished lines
+    std::map<std::size_t, std::string>
+        drafts_; ///< by place in the history, lines as they were left to recall another
+    std::size_t recalled_ =
+        0; ///< the place in the history of the line that is shown; a new one is at its end
 };
 
 } // namespace vanoka

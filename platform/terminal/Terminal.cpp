@@ -20,10 +20,14 @@ constexpr std::string_view enterBytes = "\x1B[?2004h";                          
 constexpr std::string_view leaveBytes = "\x1B[?2004l\x1B[?7h\x1B[24m\x1B[?25h"; // and undo what drawing set
 constexpr auto answerTime = 500ms; // what a terminal far away may need to answer
 
-/// Told to the loop through a pipe, so that the line is finished first.
-constexpr std::array toldSignals = {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGTSTP, SIGCONT, SIGWINCH};
+/// Told to the loop through a pipe, so that the line is finished first. So are the real-time signals, whose
+/// numbers are not constants.
+constexpr std::array toldSignals = {SIGINT,  SIGTERM,   SIGHUP,  SIGQUIT, SIGUSR1, SIGUSR2, SIGALRM,
+                                    SIGPROF, SIGVTALRM, SIGXCPU, SIGXFSZ, SIGPOLL, SIGPWR,  SIGTSTP};
+/// Told, too, and even when whoever started this process ignores them.
+constexpr std::array noticedSignals = {SIGCONT, SIGWINCH};
 /// After these nothing of this program can be relied on.
-constexpr std::array crashSignals = {SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT};
+constexpr std::array crashSignals = {SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT, SIGSYS, SIGTRAP};
 
 // What a signal handler may touch.
 int inputOfHandler = -1;
@@ -54,12 +58,29 @@ extern "C" void restoreAndCrash(int signal) {
     raiseByDefault(signal);
 }
 
-template <std::size_t count>
-void handleAll(const std::array<int, count>& signals, void (*handler)(int)) {
+void handle(int signal, void (*handler)(int)) {
     struct sigaction action = {};
     action.sa_handler = handler;
-    for (const int signal : signals)
-        ::sigaction(signal, &action, nullptr);
+    ::sigaction(signal, &action, nullptr);
+}
+
+/// What is ignored stays so: a program under nohup outlives its terminal.
+void handleUnlessIgnored(int signal, void (*handler)(int)) {
+    struct sigaction before = {};
+    if (::sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN)
+        handle(signal, handler);
+}
+
+void handleAll() {
+    for (const int signal : toldSignals)
+        handleUnlessIgnored(signal, tellSignal);
+    for (int signal = SIGRTMIN; signal <= SIGRTMAX; ++signal)
+        handleUnlessIgnored(signal, tellSignal);
+    for (const int signal : noticedSignals)
+        handle(signal, tellSignal);
+    for (const int signal : crashSignals)
+        handleUnlessIgnored(signal, restoreAndCrash);
+    handle(SIGPIPE, SIG_IGN); // the writing that fails is told instead
 }
 
 } // namespace
@@ -70,15 +91,16 @@ Terminal::Terminal(int input, int output) : input_(input), output_(output) {
     inputOfHandler = input_;
     outputOfHandler = output_;
     ::tcgetattr(input_, &modeBefore);
-    handleAll(toldSignals, tellSignal);
-    handleAll(crashSignals, restoreAndCrash);
+    for (std::size_t signal = 1; signal < actionsBefore_.size(); ++signal)
+        ::sigaction(static_cast<int>(signal), nullptr, &actionsBefore_[signal]);
+    handleAll();
     enter();
 }
 
 Terminal::~Terminal() {
     leave();
-    handleAll(toldSignals, SIG_DFL);
-    handleAll(crashSignals, SIG_DFL);
+    for (std::size_t signal = 1; signal < actionsBefore_.size(); ++signal)
+        ::sigaction(static_cast<int>(signal), &actionsBefore_[signal], nullptr);
     for (const int end : signalPipe)
         ::close(end);
 }
@@ -159,9 +181,9 @@ bool Terminal::showsUtf8() {
 
 void Terminal::suspend() {
     leave();
-    handleAll(std::array{SIGTSTP}, SIG_DFL);
-    ::raise(SIGTSTP); // goes on here when the process is continued
-    handleAll(std::array{SIGTSTP}, tellSignal);
+    ::sigaction(SIGTSTP, &actionsBefore_[SIGTSTP], nullptr);
+    ::raise(SIGTSTP); // goes on here when the process is continued, or at once where nothing can be stopped
+    handleUnlessIgnored(SIGTSTP, tellSignal);
     resume();
 }
 

@@ -2,7 +2,9 @@
 
 #include "LineView.h"
 
+#include <array>
 #include <chrono>
+#include <csignal>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -11,8 +13,11 @@
 namespace vanoka {
 
 /// The terminal while it is read key by key. It is put back as it was when this object goes, when the process
-/// is stopped or ended by a signal, and when it crashes; only SIGKILL leaves it as it is. One object at a
-/// time.
+/// is ended by a signal or stopped by SIGTSTP, and when it crashes. SIGKILL, which no process hears of,
+/// leaves it as it is, and so do the other signals that stop a process. One object at a time.
+///
+/// Signals that were ignored before stay ignored. SIGPIPE is ignored as well, so that writing to a pipe that
+/// nobody reads fails and can be told. All are what they were before when this object goes.
 class Terminal {
 public:
     /// What ended a wait.
@@ -52,7 +57,8 @@ private:
 
     int input_;
     int output_;
-    Event held_; ///< what came while an answer was awaited
+    std::array<struct sigaction, NSIG> actionsBefore_ = {}; ///< by number of the signal
+    Event held_;                                            ///< what came while an answer was awaited
 };
 
 } // namespace vanoka

@@ -102,13 +102,13 @@ int runLine() {
         return ExitStatus::failed;
     }
     terminal.write(hint);
-    bool isWritten = true;
+    int writeError = 0;
     LineSession session(terminal, SinglishSettings::shared(), [&](const std::string& line) {
-        if (!isShownThere)
-            isWritten = static_cast<bool>(std::cout << line << std::endl) && isWritten;
+        if (!isShownThere && std::cout && !(std::cout << line << std::endl))
+            writeError = errno;
     });
     session.run();
-    return isWritten ? ExitStatus::done : fail("Cannot write", std::strerror(errno));
+    return std::cout ? ExitStatus::done : fail("Cannot write", std::strerror(writeError));
 }
 
 int runChart() {
@@ -150,7 +150,7 @@ int run(Arguments arguments) {
 int main(int count, char** values) {
     const std::vector<std::string_view> arguments(values + 1, values + count);
     const int status = run(arguments);
-    if (std::cout.flush())
+    if (status == ExitStatus::failed || std::cout.flush())
         return status;
     return fail("Cannot write", std::strerror(errno));
 }

@@ -137,14 +137,149 @@ TEST_F(FileUserDefaultsTest, WhatIsNoFileIsNoValue) {
     EXPECT_EQ(defaults.data(name), std::nullopt) << "no customization is as large as this";
 }
 
+/// No file can be opened while this lives, whoever asks.
+class NoMoreFiles {
+public:
+    NoMoreFiles() {
+        ::getrlimit(RLIMIT_NOFILE, &before_);
+        const rlimit none = {0, before_.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &none);
+    }
+    NoMoreFiles(const NoMoreFiles&) = delete;
+    NoMoreFiles& operator=(const NoMoreFiles&) = delete;
+    ~NoMoreFiles() { ::setrlimit(RLIMIT_NOFILE, &before_); }
+
+private:
+    rlimit before_ = {};
+};
+
+TEST_F(FileUserDefaultsTest, AReadThatFailsGivesTheLastValue) {
+    defaults.setData(name, "one");
+    {
+        const NoMoreFiles limit;
+        EXPECT_EQ(defaults.data(name), "one") << "as written";
+    }
+    FileUserDefaults(folder).setData(name, "two");
+    EXPECT_EQ(defaults.data(name), "two");
+    const NoMoreFiles limit;
+    EXPECT_EQ(defaults.data(name), "two") << "as read";
+    defaults.setData(name, "three");
+    EXPECT_EQ(defaults.data(name), "three");
+    EXPECT_NE(defaults.failure(name), "");
+}
+
+TEST_F(FileUserDefaultsTest, AnEditIsStoredWhenTheFileCanBeReadAgain) {
+    defaults.setData(name, "one");
+    {
+        const NoMoreFiles limit;
+        defaults.setData(name, "two");
+    }
+    EXPECT_EQ(defaults.data(name), "two");
+    EXPECT_EQ(defaults.failure(name), "");
+    EXPECT_EQ(contentsOf(file), "two");
+}
+
+TEST_F(FileUserDefaultsTest, AnothersLaterValueWinsOverAnEditMadeBlindly) {
+    defaults.setData(name, "one");
+    {
+        const NoMoreFiles limit;
+        defaults.setData(name, "two");
+    }
+    FileUserDefaults(folder).setData(name, "another's");
+    EXPECT_EQ(defaults.data(name), "another's");
+}
+
+TEST_F(FileUserDefaultsTest, AFileThatWasNeverReadIsNotWrittenOver) {
+    FileUserDefaults(folder).setData(name, "good");
+    {
+        const NoMoreFiles limit;
+        EXPECT_EQ(defaults.data(name), std::nullopt);
+    }
+    for (const char* value : {"one", "two"}) {
+        defaults.setData(name, value);
+        EXPECT_EQ(defaults.data(name), value) << "in force";
+        EXPECT_EQ(defaults.failure(name), "Too many open files");
+        EXPECT_EQ(contentsOf(file), "good");
+    }
+    defaults.setData(name, std::nullopt);
+    EXPECT_EQ(defaults.data(name), std::nullopt);
+    EXPECT_EQ(contentsOf(file), "good");
+    FileUserDefaults(folder).setData(name, "another's");
+    EXPECT_EQ(defaults.data(name), "another's");
+    defaults.setData(name, "three");
+    EXPECT_EQ(contentsOf(file), "three") << "written over what was read";
+}
+
+TEST_F(FileUserDefaultsTest, AFileThatOthersMayNotReadIsNotWrittenOver) {
+    FileUserDefaults(folder).setData(name, "good");
+    ASSERT_EQ(::chmod(file.c_str(), 0), 0);
+    if (::access(file.c_str(), R_OK) == 0)
+        GTEST_SKIP() << "root may read everything";
+    EXPECT_EQ(defaults.data(name), std::nullopt);
+    defaults.setData(name, "one");
+    EXPECT_EQ(defaults.failure(name), "Permission denied");
+    EXPECT_EQ(defaults.data(name), "one");
+    ASSERT_EQ(::chmod(file.c_str(), 0600), 0);
+    EXPECT_EQ(contentsOf(file), "good");
+}
+
+TEST_F(FileUserDefaultsTest, WhatCouldNeverBeReadIsNoHindranceWhenItIsGone) {
+    ASSERT_TRUE(fs::create_directories(folder));
+    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+    EXPECT_EQ(defaults.data(name), std::nullopt);
+    defaults.setData(name, "one");
+    EXPECT_EQ(defaults.data(name), "one");
+    EXPECT_NE(defaults.failure(name), "");
+    EXPECT_TRUE(fs::is_fifo(file));
+    fs::remove(file);
+    EXPECT_EQ(defaults.data(name), "one");
+    EXPECT_EQ(defaults.failure(name), "");
+    EXPECT_EQ(contentsOf(file), "one");
+}
+
 TEST_F(FileUserDefaultsTest, ALinkedFileStaysLinked) {
-    const fs::path kept = temporary.path() / "kept.json";
-    std::ofstream(kept) << "before";
+    const fs::path kept = temporary.path() / "elsewhere" / "kept.json";
+    fs::create_directories(folder);
+    fs::create_symlink("../../elsewhere/link", file);
+    fs::create_directories(kept.parent_path());
+    fs::create_symlink(kept, kept.parent_path() / "link");
+    const auto expectLinked = [&](const char* value) {
+        EXPECT_TRUE(fs::is_symlink(file));
+        EXPECT_EQ(contentsOf(kept), value);
+        EXPECT_EQ(defaults.data(name), value);
+        EXPECT_EQ(filesIn(folder), 1U);
+    };
+    EXPECT_EQ(defaults.data(name), std::nullopt) << "the link dangles";
+    defaults.setData(name, "one");
+    expectLinked("one");
+    defaults.setData(name, "two");
+    expectLinked("two");
+    defaults.setData(name, std::nullopt);
+    EXPECT_TRUE(fs::is_symlink(file));
+    EXPECT_EQ(defaults.data(name), std::nullopt);
+    EXPECT_FALSE(fs::exists(kept));
+    defaults.setData(name, "three");
+    expectLinked("three");
+}
+
+TEST_F(FileUserDefaultsTest, ALinkToAFolderThatIsNotThereStaysALink) {
+    const fs::path kept = temporary.path() / "not yet" / "kept.json";
     fs::create_directories(folder);
     fs::create_symlink(kept, file);
-    defaults.setData(name, "after");
+    defaults.setData(name, "one");
     EXPECT_TRUE(fs::is_symlink(file));
-    EXPECT_EQ(contentsOf(kept), "after");
+    EXPECT_EQ(contentsOf(kept), "one");
+}
+
+TEST_F(FileUserDefaultsTest, LinksInACircleAreLeft) {
+    fs::create_directories(folder);
+    fs::create_symlink(folder / "other", file);
+    fs::create_symlink(file, folder / "other");
+    EXPECT_EQ(defaults.data(name), std::nullopt);
+    defaults.setData(name, "one");
+    EXPECT_NE(defaults.failure(name), "");
+    EXPECT_EQ(defaults.data(name), "one");
+    EXPECT_TRUE(fs::is_symlink(file));
 }
 
 TEST_F(FileUserDefaultsTest, WithoutAFolderValuesLastAsLongAsTheProcess) {

@@ -5,6 +5,7 @@
 #include "Randoms.h"
 #include "TemporaryFolder.h"
 
+#include <cerrno>
 #include <fcntl.h>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -128,14 +129,63 @@ TEST_F(KeysCommandTest, ImportsAllOrNothing) {
     const SinglishCustomization before = settings.customization();
     EXPECT_EQ(run({"import", "-"}, "{"), ExitStatus::refused);
     EXPECT_EQ(run({"import", "/no/such/file"}), ExitStatus::failed);
-    EXPECT_EQ(errors, "singlish: Cannot read /no/such/file\n");
+    EXPECT_EQ(errors, "singlish: Cannot read /no/such/file: No such file or directory\n");
     EXPECT_EQ(
         run({"import", "-"},
             "{\"addedKeys\":[{\"key\":\"w\",\"letter\":\"\u0D9A\"},{\"key\":\"k1\",\"letter\":\"\u0D9A\"},"
-            "{\"key\":\"z\",\"letter\":\"none\"}],\"disabledKeys\":[\"zz\"]}"),
+            "{\"key\":\"abcdefg\",\"letter\":\"none\"}],\"disabledKeys\":[\"zz\"]}"),
         ExitStatus::refused);
-    EXPECT_EQ(errors, "singlish: Your keys stay as they are, because of\nzz: Not a built-in key\n"
-                      "k1: Use English letters only\nz: No such letter: none\n\n");
+    EXPECT_EQ(errors, "singlish: Your keys stay as they are, because of\nk1: Use English letters only\n"
+                      "abcdefg: Use at most 6 letters\n\n");
+    EXPECT_EQ(settings.customization(), before);
+}
+
+TEST_F(KeysCommandTest, KeepsWhatItDoesNotKnow) {
+    const std::string document = "{\"addedKeys\":[{\"key\":\"z\",\"letter\":\"none\"},"
+                                 "{\"key\":\"q\",\"letter\":\"\u0D9A\"},"
+                                 "{\"key\":\"k\",\"letter\":\"none\"}],\"disabledKeys\":[\"aa\",\"zz\"]}";
+    defaults.setData(SinglishSettings::storedName, document);
+    settings.reloadIfChanged();
+    const SinglishCustomization before = settings.customization();
+    EXPECT_EQ(run({}), ExitStatus::done);
+    EXPECT_EQ(output, "  \u0D86      aa   switched off\n"
+                      "  \u0D9A      q    your key\n"
+                      "  none   z    no such letter\n"
+                      "  none   k    no such letter\n"
+                      "         zz   switched off; no built-in key\n");
+    EXPECT_EQ(run({"export"}), ExitStatus::done);
+    EXPECT_EQ(output, document + "\n");
+    run({"reset"});
+    EXPECT_EQ(run({"import", "-"}, document), ExitStatus::done);
+    EXPECT_EQ(errors, "singlish: Imported, though without an effect:\n"
+                      "  none   z    no such letter\n"
+                      "  none   k    no such letter\n"
+                      "         zz   switched off; no built-in key\n");
+    EXPECT_EQ(settings.customization(), before);
+    EXPECT_EQ(run({"remove", "z"}), ExitStatus::done);
+    EXPECT_EQ(run({"remove", "k"}), ExitStatus::done);
+    EXPECT_EQ(run({"on", "zz"}), ExitStatus::done);
+    EXPECT_EQ(run({}), ExitStatus::done);
+    EXPECT_EQ(output, "  \u0D86   aa   switched off\n"
+                      "  \u0D9A   q    your key\n");
+}
+
+TEST_F(KeysCommandTest, TakesAKeyThatItsLetterHasAlready) {
+    EXPECT_EQ(run({"import", "-"}, "{\"addedKeys\":[{\"key\":\"k\",\"letter\":\"\u0D9A\"},"
+                                   "{\"key\":\"q\",\"letter\":\"\u0D9A\"}],\"disabledKeys\":[]}"),
+              ExitStatus::done);
+    EXPECT_EQ(settings.transliterator().transliterate("ka qa"), "\u0D9A \u0D9A");
+}
+
+TEST_F(KeysCommandTest, TellsWhatCannotBeImported) {
+    run({"add", "q", "\u0D9A"});
+    const SinglishCustomization before = settings.customization();
+    const test::TemporaryFolder folder;
+    EXPECT_EQ(run({"import", folder.path().c_str()}), ExitStatus::failed);
+    EXPECT_EQ(errors, "singlish: Cannot read " + folder.path().string() + ": Is a directory\n");
+    EXPECT_EQ(run({"import", "/proc/self/mem"}), ExitStatus::failed) << "nothing stands at its beginning";
+    EXPECT_EQ(errors, "singlish: Cannot read /proc/self/mem: Input/output error\n");
+    EXPECT_EQ(run({"import", "/dev/null"}), ExitStatus::refused);
     EXPECT_EQ(settings.customization(), before);
 }
 
@@ -223,6 +273,24 @@ TEST(Filter, LongTextsAreReadInPieces) {
     ::close(out);
     std::ifstream file(outPath, std::ios::binary);
     EXPECT_TRUE((std::string{std::istreambuf_iterator<char>(file), {}} == standard.transliterate(text)));
+}
+
+TEST(Filter, WritesWhatWasReadBeforeReadingFailed) {
+    int in[2], out[2];
+    ASSERT_EQ(::pipe2(in, O_NONBLOCK) | ::pipe(out), 0); // reading more than was written fails
+    ASSERT_EQ(::write(in[1], "amma k", 6), 6);
+    const FilterOutcome outcome = filter(in[0], out[1], SinglishTransliterator::standard());
+    const int error = errno;
+    EXPECT_EQ(outcome, FilterOutcome::cannotRead);
+    EXPECT_EQ(error, EAGAIN);
+    ::close(out[1]);
+    std::string text;
+    char bytes[64];
+    for (ssize_t count; (count = ::read(out[0], bytes, sizeof bytes)) > 0;)
+        text.append(bytes, static_cast<std::size_t>(count));
+    EXPECT_EQ(text, "\u0D85\u0DB8\u0DCA\u0DB8 \u0D9A\u0DCA");
+    for (const int end : {in[0], in[1], out[0]})
+        ::close(end);
 }
 
 TEST(Filter, TellsWhatItCannotDo) {

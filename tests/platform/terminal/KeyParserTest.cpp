@@ -57,6 +57,25 @@ TEST(KeyParser, ReadsKeysAndPastes) {
         EXPECT_EQ(parsed(row.bytes), row.keys) << testing::PrintToString(row.bytes);
 }
 
+TEST(KeyParser, GivesWhatHasComeOfAPaste) {
+    for (const std::string text : {"", "amma", "am\x1B[A", "amma gedhara yanavaa"}) {
+        for (const std::string end : {"", "\x1B", "\x1B[", "\x1B[2", "\x1B[201"}) {
+            KeyParser parser;
+            parser.feed("k\x1B[200~" + text + end);
+            EXPECT_EQ(inputsOf(parser), "k");
+            EXPECT_EQ(parser.takeUnfinishedPaste(), Paste{text});
+            EXPECT_EQ(parser.takeUnfinishedPaste(), std::nullopt);
+            parser.feed("z");
+            EXPECT_EQ(inputsOf(parser), "z");
+        }
+    }
+    KeyParser parser;
+    EXPECT_EQ(parser.takeUnfinishedPaste(), std::nullopt);
+    parser.feed("\x1B[200");
+    EXPECT_EQ(inputsOf(parser), "");
+    EXPECT_EQ(parser.takeUnfinishedPaste(), std::nullopt) << "it has not begun";
+}
+
 TEST(KeyParser, DoesNotCareHowTheBytesCome) {
     for (const Row& row : rows) {
         KeyParser parser;

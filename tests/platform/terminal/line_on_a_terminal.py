@@ -144,6 +144,34 @@ class LineOnATerminal(unittest.TestCase):
         tmux.send("Down")
         tmux.shows("අම්ම", "ක්")
 
+    def test_only_finished_lines_are_remembered(self):
+        for key in ("Up", "Down"):
+            with self.subTest(key=key):
+                tmux = self.start_typing()
+                tmux.type("amma ")
+                tmux.send(key)
+                tmux.type("kya")
+                tmux.send("Enter", "Up")
+                tmux.shows("අම්ම ක්\u200dය", "අම්ම ක්\u200dය")
+                tmux.send("Up")
+                tmux.type(".")
+                tmux.shows("අම්ම ක්\u200dය", "අම්ම ක්\u200dය.")
+
+    def test_an_edited_line_leaves_the_history_as_it_was(self):
+        tmux = self.start_typing()
+        tmux.type("amma")
+        tmux.send("Enter")
+        tmux.type("k")
+        tmux.send("Up")
+        tmux.type("1")
+        tmux.send("Down")
+        tmux.shows("අම්ම", "ක්")
+        tmux.send("Up")
+        tmux.shows("අම්ම", "අම්ම1")  # as it was left
+        tmux.send("Enter", "Up", "Up")
+        tmux.type("2")
+        tmux.shows("අම්ම", "අම්ම1", "අම්ම2")
+
     def test_long_lines_wrap_and_resize(self):
         tmux = self.start_typing(columns=40)
         tmux.type("amma gedhara " * 8)
@@ -197,7 +225,9 @@ class LineOnATerminal(unittest.TestCase):
                 tmux.shows(f"status {status}", "restored")
 
     def test_signals_restore_the_terminal_and_keep_the_text(self):
-        for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGSEGV, signal.SIGABRT):
+        for name in ("TERM HUP INT QUIT USR1 USR2 ALRM VTALRM PROF XCPU XFSZ POLL PWR RTMIN RTMAX "
+                     "SEGV ABRT BUS ILL FPE SYS TRAP").split():
+            number = signal.Signals["SIG" + name]
             with self.subTest(signal=number):
                 tmux = self.start("ulimit -c 0; before=$(stty -g); "
                                   f"sh -c 'echo $$ > $XDG_CONFIG_HOME/pid; exec {SINGLISH}'; "
@@ -209,6 +239,38 @@ class LineOnATerminal(unittest.TestCase):
                     os.kill(int(file.read()), number)
                 tmux.shows(f"status {128 + number}", "restored")
                 self.assertTrue(any(line.startswith("අම්ම") for line in tmux.lines()), tmux.lines())
+
+    def test_signals_that_were_ignored_stay_so(self):
+        tmux = self.start("trap '' HUP USR1; before=$(stty -g); "
+                          f"sh -c 'echo $$ > $XDG_CONFIG_HOME/pid; exec {SINGLISH}'; "
+                          "echo status $?; [ $(stty -g) = $before ] && echo restored; sleep 60")
+        until(lambda: "Ctrl-D" in "".join(tmux.lines()), tmux.lines)
+        with open(os.path.join(tmux.folder.name, "pid"), encoding="ascii") as file:
+            process = int(file.read())
+        for number in (signal.SIGHUP, signal.SIGUSR1, signal.SIGPIPE):
+            os.kill(process, number)
+        tmux.type("amma")
+        tmux.shows("අම්ම")
+        os.kill(process, signal.SIGTERM)
+        tmux.shows("status 143", "restored")
+
+    def test_a_pipe_that_nobody_reads_is_told(self):
+        tmux = self.start(f"before=$(stty -g); {{ {SINGLISH}; echo status $? >&2; }} | "
+                          "{ head -n1 > $XDG_CONFIG_HOME/out; touch $XDG_CONFIG_HOME/gone; }; "
+                          "[ $(stty -g) = $before ] && echo restored; sleep 60")
+        until(lambda: "Ctrl-D" in "".join(tmux.lines()), tmux.lines)
+        tmux.type("amma")
+        tmux.send("Enter")
+        until(lambda: os.path.exists(os.path.join(tmux.folder.name, "gone")), tmux.lines)
+        time.sleep(0.1)  # until the group that has closed its end is gone
+        tmux.type("kya")
+        tmux.send("Enter")
+        tmux.type("k")
+        tmux.shows("අම්ම", "ක්\u200dය", "ක්")
+        tmux.send("Enter", "C-d")
+        tmux.shows("singlish: Cannot write: Broken pipe", "status 3", "restored")
+        with open(os.path.join(tmux.folder.name, "out"), encoding="utf-8") as file:
+            self.assertEqual(file.read(), "අම්ම\n")
 
     def test_it_can_be_stopped_and_continued(self):
         tmux = self.start("bash --norc --noprofile")
@@ -239,6 +301,59 @@ class LineOnATerminal(unittest.TestCase):
         tmux = self.start(f"TERM=dumb {SINGLISH}; echo status $?; sleep 60")
         tmux.shows("singlish: This terminal cannot move its cursor: set TERM to",
                    "what it is, or pipe text through singlish", "status 3")
+
+
+class TheEndOfATerminal(unittest.TestCase):
+    def paste_and_end(self, end):
+        """Types, begins a paste without ending it, and calls `end` with the process and the terminal. Returns
+        the lines that were finished and the exit status."""
+        with tempfile.TemporaryDirectory() as folder:
+            out = os.path.join(folder, "out")
+            environment = {**os.environ, "TERM": "xterm", "LC_ALL": "C.UTF-8", "XDG_CONFIG_HOME": folder}
+            child, terminal = pty.fork()
+            if child == 0:
+                os.dup2(os.open(out, os.O_CREAT | os.O_WRONLY, 0o600), 1)
+                os.execve(SINGLISH, [SINGLISH], environment)
+            try:
+                self.read_until(terminal, "Ctrl-D")
+                os.write(terminal, b"amma")
+                self.read_until(terminal, "\u0d85\u0db8\u0dca\u0db8")
+                os.write(terminal, b" \x1b[200~one\nkya two")
+                self.read_until(terminal, "\u0d85\u0db8\u0dca\u0db8 ")
+                end(child, terminal)
+                limit = time.monotonic() + PATIENCE
+                ended, status = os.waitpid(child, os.WNOHANG)
+                while not ended and time.monotonic() < limit:
+                    time.sleep(0.01)
+                    ended, status = os.waitpid(child, os.WNOHANG)
+                self.assertTrue(ended)
+                child = None
+            finally:
+                if child:
+                    os.kill(child, signal.SIGKILL)
+                    os.waitpid(child, 0)
+            with open(out, encoding="utf-8") as file:
+                return file.read(), os.waitstatus_to_exitcode(status)
+
+    def read_until(self, terminal, text):
+        shown = b""
+        end = time.monotonic() + PATIENCE
+        while text.encode() not in shown:
+            self.assertLess(time.monotonic(), end, shown)
+            if select.select([terminal], [], [], 0.1)[0]:
+                shown += os.read(terminal, 4096)
+
+    def test_what_has_come_of_a_paste_is_kept(self):
+        def hang_up(_, terminal):
+            os.close(terminal)
+
+        def end_by_signal(child, terminal):
+            os.kill(child, signal.SIGTERM)
+            self.addCleanup(os.close, terminal)
+
+        for end, status in ((end_by_signal, -signal.SIGTERM), (hang_up, -signal.SIGHUP)):
+            with self.subTest(end=end.__name__):
+                self.assertEqual(self.paste_and_end(end), ("අම්ම one\nkya two\n", status))
 
 
 class Utf8IsAskedFor(unittest.TestCase):
