@@ -32,6 +32,25 @@ public:
     /// lower-cased.
     bool areBeginning(std::string_view keys) const;
 
+    /// A key that has begun, followed character by character.
+    class Beginning {
+    public:
+        /// True while a longer key may be on its way.
+        bool isOpen(const SinglishReader& reader) const {
+            return reader.goesOn(typed_) || reader.goesOn(lowercased_);
+        }
+
+    private:
+        friend class SinglishReader;
+        KeyTrie::Node typed_ = KeyTrie::none;
+        KeyTrie::Node lowercased_ = KeyTrie::none; // none once a key was found as it was typed
+    };
+
+    /// Begins a key with `character`. Returns what the key that this is types, null when it is none.
+    const SinglishToken* begin(Beginning& beginning, std::string_view character) const;
+    /// The same for `character` after the characters before. A key that is found is the longest so far.
+    const SinglishToken* goOn(Beginning& beginning, std::string_view character) const;
+
 private:
     /// What stands at the start of a text.
     struct Match {
@@ -40,6 +59,8 @@ private:
         bool open = false;                    // the text ended where a longer key could go on
     };
 
+    bool goesOn(KeyTrie::Node node) const { return node != KeyTrie::none && keys_.goesOn(node); }
+    const SinglishToken* found(Beginning& beginning) const;
     Match match(std::string_view text) const;
     KeyTrie::Node nodeOf(KeyTrie::Node node, std::string_view keys) const;
     Match matchFrom(KeyTrie::Node node, std::string_view text, std::size_t length) const;
