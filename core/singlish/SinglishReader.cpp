@@ -44,23 +44,6 @@ const SinglishToken* SinglishReader::begin(Beginning& beginning, std::string_vie
     return found(beginning);
 }
 
-const SinglishToken* SinglishReader::goOn(Beginning& beginning, std::string_view character) const {
-    for (KeyTrie::Node* const node : {&beginning.typed_, &beginning.lowercased_})
-        if (*node != KeyTrie::none)
-            *node = keys_.step(*node, character);
-    return found(beginning);
-}
-
-/// What the key that ends here types. The small form counts only while nothing matches as it was typed.
-const SinglishToken* SinglishReader::found(Beginning& beginning) const {
-    const SinglishToken* token = beginning.typed_ == KeyTrie::none ? nullptr : keys_.token(beginning.typed_);
-    if (token)
-        beginning.lowercased_ = KeyTrie::none;
-    else if (beginning.lowercased_ != KeyTrie::none)
-        token = keys_.token(beginning.lowercased_);
-    return token;
-}
-
 /// Where `keys` lead from `node`.
 KeyTrie::Node SinglishReader::nodeOf(KeyTrie::Node node, std::string_view keys) const {
     for (const std::string_view character : text::Characters(keys)) {

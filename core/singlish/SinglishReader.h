@@ -49,7 +49,13 @@ public:
     /// Begins a key with `character`. Returns what the key that this is types, null when it is none.
     const SinglishToken* begin(Beginning& beginning, std::string_view character) const;
     /// The same for `character` after the characters before. A key that is found is the longest so far.
-    const SinglishToken* goOn(Beginning& beginning, std::string_view character) const;
+    const SinglishToken* goOn(Beginning& beginning, std::string_view character) const {
+        if (beginning.typed_ != KeyTrie::none)
+            beginning.typed_ = keys_.step(beginning.typed_, character);
+        if (beginning.lowercased_ != KeyTrie::none)
+            beginning.lowercased_ = keys_.step(beginning.lowercased_, character);
+        return found(beginning);
+    }
 
 private:
     /// What stands at the start of a text.
@@ -60,7 +66,18 @@ private:
     };
 
     bool goesOn(KeyTrie::Node node) const { return node != KeyTrie::none && keys_.goesOn(node); }
-    const SinglishToken* found(Beginning& beginning) const;
+
+    /// What the key that ends here types. The small form counts only while nothing matches as it was typed.
+    const SinglishToken* found(Beginning& beginning) const {
+        const SinglishToken* token =
+            beginning.typed_ == KeyTrie::none ? nullptr : keys_.token(beginning.typed_);
+        if (token)
+            beginning.lowercased_ = KeyTrie::none;
+        else if (beginning.lowercased_ != KeyTrie::none)
+            token = keys_.token(beginning.lowercased_);
+        return token;
+    }
+
     Match match(std::string_view text) const;
     KeyTrie::Node nodeOf(KeyTrie::Node node, std::string_view keys) const;
     Match matchFrom(KeyTrie::Node node, std::string_view text, std::size_t length) const;
