@@ -25,7 +25,7 @@ namespace vanoka {
 /// Views the keys and the added key; they must outlive it.
 class PrefixReadings {
 public:
-    /// `added` is the key that `prefixReadsWith` adds, one ASCII letter.
+    /// `added` is the key that `prefixReadsWithAdded` adds, one ASCII letter.
     PrefixReadings(const SinglishTransliterator& transliterator, std::string_view keys,
                    std::string_view added);
 
