@@ -54,14 +54,15 @@ bool PrefixReadings::prefixReadsWithAdded(std::size_t characters, std::string_vi
 
 void PrefixReadings::findLastKeys() {
     Starts starts;
+    places_.reserve(keys_.size() + 1);
     places_.front().lastWithAdded = lastKeyWith(starts, 0, added_);
     for (const std::string_view character : text::Characters(keys_)) {
         const std::size_t before = count();
         Place place;
         place.end = places_.back().end + character.size();
-        // The added key may become part of the prefix's last character.
-        const std::string joined = std::string(character).append(added_);
-        const bool isJoined = text::firstCharacter(joined).size() == joined.size();
+        // The added key may become part of the prefix's last character, though never of an ASCII one.
+        const std::string joined = isAscii_ ? std::string() : std::string(character).append(added_);
+        const bool isJoined = !isAscii_ && text::firstCharacter(joined).size() == joined.size();
         if (isJoined)
             place.lastWithAdded = lastKeyWith(starts, before, joined);
         place.last = advance(starts, character);
