@@ -4,6 +4,7 @@
 #include "text/Characters.h"
 
 #include <benchmark/benchmark.h>
+#include <utility>
 
 namespace vanoka::bench {
 
@@ -22,6 +23,13 @@ std::string worstWord(std::size_t size) {
                   [](char key) { return std::string_view("aeiou").find(key) != std::string_view::npos; });
     word.resize(size, 'k');
     return word;
+}
+
+/// With a key of many letters besides, all but the last of which are typed, every key typed may still become
+/// that one.
+SinglishTransliterator longKey(std::size_t size) {
+    const std::string key = std::string(size - 1, 'k') + "q";
+    return SinglishTransliterator({{{key, "\u0D9A"}}, {"a"}});
 }
 
 void backspace(benchmark::State& state, const SinglishTransliterator& keys, const std::string& word) {
@@ -63,6 +71,15 @@ const int registered = [] {
                                      worstWord(size));
         benchmark::RegisterBenchmark(("backspace, worst/plain" + keys).c_str(), plain, worstKeys(),
                                      worstWord(size));
+    }
+    for (const auto& [keySize, size] : {std::pair{300U, 300U}, {300U, 10000U}, {1601U, 1600U}}) {
+        const std::string sizes = "/" + std::to_string(keySize) + "/" + std::to_string(size);
+        const std::string word(size, 'k');
+        benchmark::RegisterBenchmark(("backspace, long key/vanoka" + sizes).c_str(), backspace,
+                                     longKey(keySize), word);
+        if (size < 1000) // the plain search would take minutes for the others
+            benchmark::RegisterBenchmark(("backspace, long key/plain" + sizes).c_str(), plain,
+                                         longKey(keySize), word);
     }
     return 0;
 }();

@@ -17,9 +17,11 @@ public:
         hasMarkedText = false;
         ++insertions;
     }
-    void setMarkedText(const MarkedText& text, TextRange selection, TextRange) override {
+    void setMarkedText(const MarkedText& text, TextRange selection, TextRange replaced) override {
         const auto units = static_cast<std::int64_t>(text::utf16Length(text.text));
         fuzz::expect(selection == TextRange{units, 0}, "the caret stands at the end");
+        fuzz::expect(replaced == VanokaInputController::noReplacement,
+                     "marked text replaces the marked text only");
         hasMarkedText = !text.text.empty();
     }
 

@@ -150,6 +150,25 @@ bool hasBytesThatJsonLacks(std::string_view document) {
     return document.starts_with("\uFEFF") || document.find('\0') != std::string_view::npos;
 }
 
+/// The document with no more than two digits of every number, for the parser refuses numbers beyond the range
+/// of a double, which JSON allows. No field is a number, so their values do not count; digits that JSON does
+/// not allow stay such.
+std::string withShortNumbers(std::string_view document) {
+    std::string result;
+    result.reserve(document.size());
+    bool isInString = false, isEscaped = false;
+    std::size_t digits = 0;
+    for (const char byte : document) {
+        digits = !isInString && byte >= '0' && byte <= '9' ? digits + 1 : 0;
+        if (digits <= 2)
+            result += byte;
+        if (byte == '"' && !isEscaped)
+            isInString = !isInString;
+        isEscaped = isInString && byte == '\\' && !isEscaped;
+    }
+    return result;
+}
+
 bool everyTextIsWellFormed(const SinglishCustomization& customization) {
     return std::ranges::all_of(customization.disabledKeys, text::isWellFormed) &&
            std::ranges::all_of(customization.addedKeys, [](const auto& added) {
@@ -180,7 +199,7 @@ std::optional<std::string> SinglishCustomization::encode() const {
 
 std::optional<SinglishCustomization> SinglishCustomization::decode(std::string_view document) {
     FieldReader reader;
-    if (hasBytesThatJsonLacks(document) || !Json::sax_parse(document.begin(), document.end(), &reader))
+    if (hasBytesThatJsonLacks(document) || !Json::sax_parse(withShortNumbers(document), &reader))
         return std::nullopt;
     return std::move(reader).result();
 }

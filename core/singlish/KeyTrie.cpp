@@ -16,24 +16,13 @@ void KeyTrie::insert(std::string_view key, const SinglishToken& token) {
     tokens_.push_back(token);
 }
 
-KeyTrie::Node KeyTrie::step(Node node, std::string_view character) const {
-    if (character.size() == 1)
-        return stepByte(node, character.front());
+KeyTrie::Node KeyTrie::stepScalars(Node node, std::string_view character) const {
     for (const char byte : text::nfc(character)) {
         node = stepByte(node, byte);
         if (node == none)
             break;
     }
     return node;
-}
-
-KeyTrie::Node KeyTrie::stepByte(Node node, char byte) const noexcept {
-    if (node == root)
-        return fromRoot_[static_cast<unsigned char>(byte)];
-    Node child = nodes_[node].firstChild;
-    while (child != none && nodes_[child].byte != byte)
-        child = nodes_[child].nextSibling;
-    return child;
 }
 
 KeyTrie::Node KeyTrie::stepOrGrow(Node node, char byte) {

@@ -26,7 +26,9 @@ public:
 
     /// The node of the beginning that goes on from `node` with `character`, one character; `none` when no key
     /// goes on so.
-    Node step(Node node, std::string_view character) const;
+    Node step(Node node, std::string_view character) const {
+        return character.size() == 1 ? stepByte(node, character.front()) : stepScalars(node, character);
+    }
 
     /// What the key that ends at `node` types; null when no key ends there.
     const SinglishToken* token(Node node) const noexcept {
@@ -46,7 +48,16 @@ private:
         char byte = 0;
     };
 
-    Node stepByte(Node node, char byte) const noexcept;
+    // Here, so that it is compiled into the loops over keys.
+    Node stepByte(Node node, char byte) const noexcept {
+        if (node == root)
+            return fromRoot_[static_cast<unsigned char>(byte)];
+        Node child = nodes_[node].firstChild;
+        while (child != none && nodes_[child].byte != byte)
+            child = nodes_[child].nextSibling;
+        return child;
+    }
+    Node stepScalars(Node node, std::string_view character) const;
     Node stepOrGrow(Node node, char byte);
 
     std::vector<Beginning> nodes_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "singlish/SinglishReader.h"
 #include "singlish/SinglishTransliterator.h"
 #include "singlish/Syllables.h"
 
@@ -10,18 +11,23 @@
 
 namespace vanoka {
 
-/// What every prefix of some keys reads as, found in one pass over the keys.
+/// What every prefix of some keys reads as, and every prefix with one more key after it, found in one pass
+/// over the keys.
 ///
-/// For each prefix the pass keeps how many of its keys were decided, whatever follows them, and how much text
-/// they had become. Prefixes share the decided text with the whole, so to compare one with a text that begins
-/// as the whole does, only its few undecided keys are read again:
+/// However a prefix is read, what stands before its last key reads as a shorter prefix does. So the pass
+/// keeps for each prefix its last key and where that begins:
 ///
-///     keys n n d h a     text න්න්… after "nn"? no: n n may still become ඳ, so "nn" has nothing decided
+///     keys                 n    nn     nnd    nndh
+///     read as the keys     n    n, n   nnd    nndh
+///     last key begins at   0    1      0      0
 ///
-/// Views the keys; they must outlive it.
+/// Takes time in proportion to the number of characters, times the longest key's length in the worst case.
+/// Views the keys and the added key; they must outlive it.
 class PrefixReadings {
 public:
-    PrefixReadings(const SinglishTransliterator& transliterator, std::string_view keys);
+    /// `added` is the key that `prefixReadsWithAdded` adds, one ASCII letter.
+    PrefixReadings(const SinglishTransliterator& transliterator, std::string_view keys,
+                   std::string_view added);
 
     /// What all the keys read as.
     const std::string& whole() const noexcept { return whole_; }
@@ -35,23 +41,50 @@ public:
     /// True when the prefix reads as `text`, canonically. `text` must be a beginning of `whole`.
     bool prefixReads(std::size_t characters, std::string_view text) const;
 
-    /// The same for the prefix with `key` after it.
-    bool prefixReadsWith(std::string_view key, std::size_t characters, std::string_view text) const;
+    /// The same for the prefix with the added key after it.
+    bool prefixReadsWithAdded(std::size_t characters, std::string_view text) const;
 
 private:
-    struct Place {
-        std::size_t end = 0;     ///< where the prefix ends, in bytes of the keys
-        std::size_t decided = 0; ///< where its undecided keys begin
-        std::size_t written = 0; ///< what the decided keys have become, in bytes of the whole text
-        OpenConsonant open = OpenConsonant::none;
+    /// The last key of a reading, or the character that is no key.
+    struct LastKey {
+        std::size_t start = 0;                // in characters
+        const SinglishToken* token = nullptr; // null: no key
     };
 
-    bool reads(const Place& place, std::string_view undecided, std::string_view text) const;
+    /// What is known of a prefix.
+    struct Place {
+        std::size_t end = 0; // in bytes of the keys
+        LastKey last, lastWithAdded;
+        std::size_t written = 0; // what it reads as with its last consonant left open, in bytes
+        OpenConsonant open = OpenConsonant::none;
+        bool isShared = true; // what it reads as so is a beginning of the whole text
+    };
+
+    /// A place of the present reading where a longer key may still be on its way.
+    struct Start {
+        std::size_t at = 0; // in characters
+        SinglishReader::Beginning beginning;
+    };
+    using Starts = std::vector<Start>;
+
+    LastKey advance(Starts& starts, std::string_view character) const;
+    LastKey lastKeyWith(const Starts& starts, std::size_t at, std::string_view character) const;
+    void findLastKeys();
+    void readWhole();
+    void measure();
+
+    std::string_view characterBefore(std::size_t place) const noexcept;
+    void write(std::size_t place, Syllables& syllables) const;
+    std::vector<std::size_t> placesBetween(std::size_t shared, std::size_t place) const;
+    bool reads(std::size_t place, std::string_view rest, std::string_view text) const;
 
     SinglishTransliterator transliterator_;
+    const SinglishReader& reader_;
     std::string_view keys_;
+    std::string_view added_;
+    bool isAscii_;
     std::string whole_;
-    std::vector<Place> places_; ///< by number of characters
+    std::vector<Place> places_; // by number of characters
 };
 
 } // namespace vanoka

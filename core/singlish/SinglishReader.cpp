@@ -37,6 +37,13 @@ bool SinglishReader::areBeginning(std::string_view keys) const {
            nodeOf(keys_.step(KeyTrie::root, text::lowercased(first)), rest) != KeyTrie::none;
 }
 
+const SinglishToken* SinglishReader::begin(Beginning& beginning, std::string_view character) const {
+    beginning.typed_ = keys_.step(KeyTrie::root, character);
+    beginning.lowercased_ =
+        text::isUppercase(character) ? keys_.step(KeyTrie::root, text::lowercased(character)) : KeyTrie::none;
+    return found(beginning);
+}
+
 /// Where `keys` lead from `node`.
 KeyTrie::Node SinglishReader::nodeOf(KeyTrie::Node node, std::string_view keys) const {
     for (const std::string_view character : text::Characters(keys)) {

@@ -32,6 +32,31 @@ public:
     /// lower-cased.
     bool areBeginning(std::string_view keys) const;
 
+    /// A key that has begun, followed character by character.
+    class Beginning {
+    public:
+        /// True while a longer key may be on its way.
+        bool isOpen(const SinglishReader& reader) const {
+            return reader.goesOn(typed_) || reader.goesOn(lowercased_);
+        }
+
+    private:
+        friend class SinglishReader;
+        KeyTrie::Node typed_ = KeyTrie::none;
+        KeyTrie::Node lowercased_ = KeyTrie::none; // none once a key was found as it was typed
+    };
+
+    /// Begins a key with `character`. Returns what the key that this is types, null when it is none.
+    const SinglishToken* begin(Beginning& beginning, std::string_view character) const;
+    /// The same for `character` after the characters before. A key that is found is the longest so far.
+    const SinglishToken* goOn(Beginning& beginning, std::string_view character) const {
+        if (beginning.typed_ != KeyTrie::none)
+            beginning.typed_ = keys_.step(beginning.typed_, character);
+        if (beginning.lowercased_ != KeyTrie::none)
+            beginning.lowercased_ = keys_.step(beginning.lowercased_, character);
+        return found(beginning);
+    }
+
 private:
     /// What stands at the start of a text.
     struct Match {
@@ -39,6 +64,19 @@ private:
         std::size_t length = 0;               // in bytes, of the key, or of the character that is no key
         bool open = false;                    // the text ended where a longer key could go on
     };
+
+    bool goesOn(KeyTrie::Node node) const { return node != KeyTrie::none && keys_.goesOn(node); }
+
+    /// What the key that ends here types. The small form counts only while nothing matches as it was typed.
+    const SinglishToken* found(Beginning& beginning) const {
+        const SinglishToken* token =
+            beginning.typed_ == KeyTrie::none ? nullptr : keys_.token(beginning.typed_);
+        if (token)
+            beginning.lowercased_ = KeyTrie::none;
+        else if (beginning.lowercased_ != KeyTrie::none)
+            token = keys_.token(beginning.lowercased_);
+        return token;
+    }
 
     Match match(std::string_view text) const;
     KeyTrie::Node nodeOf(KeyTrie::Node node, std::string_view keys) const;

@@ -26,9 +26,15 @@ std::vector<std::string> charactersOf(std::string_view text) {
     return characters;
 }
 
-std::optional<Match> longestMatch(const SinglishTransliterator& keys,
+std::size_t longestKey(const SinglishTransliterator& keys) {
+    std::size_t longest = 0;
+    for (const auto& [key, token] : keys.tokens())
+        longest = std::max(longest, text::characterCount(key));
+    return longest;
+}
+
+std::optional<Match> longestMatch(const SinglishTransliterator& keys, std::size_t longest,
                                   const std::vector<std::string>& characters, std::size_t at) {
-    const auto longest = static_cast<std::size_t>(std::max<std::int64_t>(0, keys.longestKey()));
     for (std::size_t length = std::min(characters.size() - at, longest); length >= 1; --length) {
         std::string candidate;
         for (std::size_t i = 0; i < length; ++i)
@@ -43,15 +49,16 @@ std::optional<Match> longestMatch(const SinglishTransliterator& keys,
 
 std::string transliterate(const SinglishTransliterator& keys, std::string_view text) {
     const std::vector<std::string> characters = charactersOf(text);
+    const std::size_t longest = longestKey(keys);
     std::string output;
     std::optional<std::string> pending;
     std::size_t at = 0;
     while (at < characters.size()) {
-        auto match = longestMatch(keys, characters, at);
+        auto match = longestMatch(keys, longest, characters, at);
         if (!match && text::isUppercase(characters[at])) {
             auto copy = characters;
             copy[at] = text::lowercased(copy[at]);
-            match = longestMatch(keys, copy, at);
+            match = longestMatch(keys, longest, copy, at);
         }
         if (!match) {
             if (pending)

@@ -1,6 +1,7 @@
 #include "settings/SinglishSettings.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <unordered_set>
 #include <vector>
 
@@ -295,12 +296,15 @@ TEST_F(SinglishSettingsTest, SubscriptionsEndWithTheirHandle) {
 TEST(SinglishSettings, ASubscriptionMayOutliveTheSettings) {
     MemoryUserDefaults defaults;
     Subscription subscription;
+    auto observed = std::make_shared<int>();
+    const std::weak_ptr<int> held = observed;
     {
         SinglishSettings settings(defaults);
-        subscription = settings.observeWillChange([] {});
+        subscription = settings.observeWillChange([kept = std::move(observed)] { ++*kept; });
     }
+    EXPECT_FALSE(held.expired()) << "the subscription keeps its observer";
     subscription.end();
-    SUCCEED();
+    EXPECT_TRUE(held.expired()) << "and releases it";
 }
 
 TEST_F(SinglishSettingsTest, AnotherProcessesChangeIsAdoptedWhole) {

@@ -66,6 +66,28 @@ TEST(Golden, EveryConsonantWithEveryVowelAndMark) {
     golden.expectEqual("consonants-with-vowels.txt");
 }
 
+TEST(Golden, EveryKey) {
+    Golden golden;
+    for (const auto& vowel : SinglishScheme::vowels()) {
+        for (const std::string_view key : vowel.keys) {
+            golden.spell(std::string(key));
+            golden.spell("k" + std::string(key));
+        }
+        golden.endRow();
+    }
+    for (const auto& consonant : SinglishScheme::consonants()) {
+        for (const std::string_view key : consonant.keys)
+            golden.spell(std::string(key) + "a");
+        golden.endRow();
+    }
+    for (const auto& mark : SinglishScheme::marks()) {
+        for (const std::string_view key : mark.keys)
+            golden.spell("ka" + std::string(key));
+        golden.endRow();
+    }
+    golden.expectEqual("every-key.txt");
+}
+
 TEST(Golden, EveryPairOfConsonants) {
     Golden golden;
     for (const auto& first : SinglishScheme::consonants()) {

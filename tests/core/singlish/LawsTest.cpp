@@ -59,7 +59,7 @@ RC_GTEST_PROP(Laws, ASpaceParts, ()) {
 RC_GTEST_PROP(Laws, EveryPrefixReadsAsItIsTransliterated, ()) {
     const SinglishTransliterator keys(*customizations());
     const std::string raw = *rc::gen::resize(20, anyText());
-    const PrefixReadings readings(keys, raw);
+    const PrefixReadings readings(keys, raw, "a");
     RC_ASSERT(readings.whole() == keys.transliterate(raw));
     RC_ASSERT(readings.count() == text::characterCount(raw));
     RC_ASSERT(readings.prefix(readings.count()) == raw);
@@ -69,7 +69,7 @@ RC_GTEST_PROP(Laws, EveryPrefixReadsAsItIsTransliterated, ()) {
             const std::string_view text = std::string_view(readings.whole()).substr(0, length);
             const std::string prefix(readings.prefix(count));
             RC_ASSERT(readings.prefixReads(count, text) == text::equal(keys.transliterate(prefix), text));
-            RC_ASSERT(readings.prefixReadsWith("a", count, text) ==
+            RC_ASSERT(readings.prefixReadsWithAdded(count, text) ==
                       text::equal(keys.transliterate(prefix + "a"), text));
         }
     }

@@ -191,6 +191,41 @@ TEST(SinglishComposer, DeleteAgreesWithThePlainSearchOnLongWords) {
     }
 }
 
+/// Keys of many letters that begin alike, so that nearly every key typed may still become one of them.
+SinglishCustomization longKeys(test::Randoms& randoms) {
+    static const std::vector<std::string> letters = {"\u0D9A", "\u0DBA", "\u0D85", "\u0D86", "\u0D82"};
+    SinglishCustomization customization;
+    for (std::size_t count = 1 + randoms.below(5); count > 0; --count) {
+        std::string key;
+        for (std::size_t runs = 1 + randoms.below(4); runs > 0; --runs)
+            key += std::string(randoms.below(16), "kKn"[randoms.below(3)]);
+        key += "qka"[randoms.below(3)];
+        customization.addedKeys.push_back({key, randoms.of(letters)});
+    }
+    if (randoms.oneIn(2))
+        customization.disabledKeys.insert("a");
+    return customization;
+}
+
+TEST(SinglishComposer, DeleteAgreesWithThePlainSearchWithLongKeys) {
+    test::Randoms randoms(10);
+    for (int round = 0; round < 80; ++round) {
+        const SinglishCustomization customization = longKeys(randoms);
+        const SinglishTransliterator keys(customization);
+        std::string raw;
+        for (std::size_t parts = 1 + randoms.below(4); parts > 0; --parts) {
+            const std::string& key = randoms.of(customization.addedKeys).key;
+            raw += randoms.oneIn(3) ? key : key.substr(0, randoms.below(key.size() + 1));
+            raw += randoms.keys(1);
+        }
+        SinglishComposer composer = composing(raw, keys);
+        ASSERT_EQ(composer.preview(), test::plain::transliterate(keys, raw)) << raw;
+        if (composer.deleteBackward()) {
+            ASSERT_EQ(composer.raw(), test::plain::deleteBackward(keys, raw)) << raw << " in round " << round;
+        }
+    }
+}
+
 TEST(SinglishComposer, DeletesEndInNothing) {
     test::Randoms randoms(6);
     for (int round = 0; round < 100; ++round) {

@@ -218,18 +218,21 @@ TEST(SinglishTransliterator, AgreesWithThePlainRules) {
     }
 }
 
+/// So many that no table of states is made of them.
 TEST(SinglishTransliterator, AgreesWithThePlainRulesWithVeryManyKeys) {
     test::Randoms randoms(7);
     SinglishCustomization customization;
     while (customization.addedKeys.size() < 3000) {
         std::string key;
-        for (std::size_t length = 1 + randoms.below(8); length > 0; --length)
-            key += randoms.oneIn(2) ? 'k' : static_cast<char>('a' + randoms.below(26));
+        for (std::size_t length = 8; length > 0; --length)
+            key += static_cast<char>('a' + randoms.below(26));
         customization.addedKeys.push_back({key, "\u0D9A"});
     }
     const SinglishTransliterator keys(customization);
     for (int i = 0; i < 300; ++i) {
-        const std::string text = randoms.keys(12);
+        std::string text = randoms.keys(6);
+        const std::string& key = randoms.of(customization.addedKeys).key;
+        text += key.substr(0, 1 + randoms.below(key.size())) + randoms.keys(6);
         ASSERT_EQ(keys.transliterate(text), test::plain::transliterate(keys, text)) << text;
     }
 }
