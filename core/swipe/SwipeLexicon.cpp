@@ -28,7 +28,7 @@ bool canBeKept(const SwipeSpellings& spellings) {
            spellings.chat.size() <= longestSpelling;
 }
 
-std::uint32_t held(std::int64_t count) {
+std::uint32_t heldCount(std::int64_t count) {
     return static_cast<std::uint32_t>(
         std::clamp<std::int64_t>(count, 1, std::numeric_limits<std::int32_t>::max()));
 }
@@ -70,7 +70,7 @@ SwipeLexicon::SwipeLexicon(std::span<const Word> words) {
         std::optional<EndKeys> visits;
         if (!spellings.chat.empty() && EndKeys(spellings.chat) != home)
             visits = EndKeys(spellings.chat);
-        drafts.push_back({home, visits, offset(spelled.size()), held(word.count), order,
+        drafts.push_back({home, visits, offset(spelled.size()), heldCount(word.count), order,
                           static_cast<std::uint8_t>(spellings.full.size()),
                           static_cast<std::uint8_t>(spellings.chat.size()), word.word});
         spelled.append(spellings.full).append(spellings.chat);

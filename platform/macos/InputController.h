@@ -24,4 +24,8 @@ struct Typing {
 @private
     vanoka::mac::Typing _typing;
 }
+
+// What the items of its menu do.
+- (void)showSettings:(id)sender;
+- (void)showAbout:(id)sender;
 @end

@@ -1,0 +1,3 @@
+#pragma once
+
+#import <AppKit/AppKit.h>
