@@ -98,7 +98,7 @@ def check_executable(executable, info):
         assert text.encode() + b"\0" in executable.section("__cstring"), text
 
 
-assert tree() == TREE, tree()
+assert tree() == TREE, sorted(tree().items() ^ TREE.items())
 
 info = plistlib.loads(read("Info.plist"))
 assert b"@" not in read("Info.plist") and b"${" not in read("Info.plist")

@@ -28,7 +28,7 @@ typedef NS_ENUM(NSUInteger, NSLineBreakMode) {
     NSLineBreakByWordWrapping = 0,
     NSLineBreakByTruncatingTail = 4,
 };
-// On both processors as on the other platforms of Apple only since they share a processor.
+// The numbers of the older processor are older than those that all of Apple's systems share.
 typedef NS_ENUM(NSInteger, NSTextAlignment) {
 #ifdef __arm64__
     NSTextAlignmentCenter = 1,

@@ -47,7 +47,6 @@ inline NSRect NSMakeRect(CGFloat x, CGFloat y, CGFloat width, CGFloat height) {
 typedef struct _NSRange {
     NSUInteger location, length;
 } NSRange;
-typedef NSRange* NSRangePointer;
 inline NSRange NSMakeRange(NSUInteger location, NSUInteger length) {
     return {location, length};
 }

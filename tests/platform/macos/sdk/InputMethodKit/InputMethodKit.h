@@ -18,7 +18,6 @@
 - (void)activateServer:(id)sender;
 - (void)deactivateServer:(id)sender;
 - (NSUInteger)recognizedEvents:(id)sender;
-- (void)showPreferences:(id)sender;
 @end
 
 @protocol IMKMouseHandling
@@ -30,7 +29,6 @@
 @end
 
 @interface IMKInputController : NSObject <IMKStateSetting, IMKMouseHandling>
-- (id)initWithServer:(IMKServer*)server delegate:(id)delegate client:(id)inputClient;
 - (NSMenu*)menu;
 @end
 
