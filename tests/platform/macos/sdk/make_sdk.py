@@ -2,9 +2,10 @@
 """Lays out a folder in the shape of Apple's SDK, enough to compile and link the program without a Mac:
 make_sdk.py ZIG-FOLDER SDK-FOLDER
 
-The C and C++ libraries' headers and libSystem's symbols are those that Zig's package brings. The frameworks are the
-declarations beside this script: what a framework exports to the linker is read from its declarations, so that the
-two cannot differ, and what is declared nowhere can be neither compiled nor linked.
+The C and C++ libraries' headers and libSystem's symbols are those that Zig's package brings; the C++ library's symbols
+are those of LLVM's own build for this system. The frameworks are the declarations beside this script: what a framework
+exports to the linker is read from its declarations, so that the two cannot differ, and what is declared nowhere can be
+neither compiled nor linked.
 """
 import os
 import re
@@ -98,7 +99,7 @@ link(os.path.join(zig, "lib/libc/darwin/libSystem.tbd"), os.path.join(sdk, "usr/
 
 stub(os.path.join(sdk, "usr/lib/libobjc.A.tbd"), OBJC, 1, listed("libobjc.txt"), RUNTIME_CLASSES)
 link("libobjc.A.tbd", os.path.join(sdk, "usr/lib/libobjc.tbd"))
-# The same library as on macOS, built for Linux; what a newer one has is an error of its headers.
+# The library that macOS has too. What its headers know to be newer than the oldest macOS is an error there.
 llvm = "/usr/lib/llvm-14/lib"
 stub(os.path.join(sdk, "usr/lib/libc++.tbd"), "/usr/lib/libc++.1.dylib", 1,
      exported(f"{llvm}/libc++.so.1", f"{llvm}/libc++abi.so.1"))

@@ -8,7 +8,6 @@ set(CMAKE_OSX_SYSROOT "${VANOKA_SDK}" CACHE PATH "Where the headers and librarie
 set(CMAKE_C_COMPILER "${VANOKA_SDK}/bin/clang")
 set(CMAKE_CXX_COMPILER "${VANOKA_SDK}/bin/clang++")
 set(CMAKE_OBJCXX_COMPILER "${VANOKA_SDK}/bin/clang++")
-set(CMAKE_INSTALL_NAME_TOOL "${VANOKA_SDK}/bin/install_name_tool")
 foreach(language C CXX OBJCXX)
     set(CMAKE_${language}_COMPILER_TARGET arm64-apple-macosx)
     # An archive for both processors is what Apple's tool makes, and llvm's of that name.
@@ -16,11 +15,9 @@ foreach(language C CXX OBJCXX)
         "\"${VANOKA_SDK}/bin/libtool\" -static -o <TARGET> <OBJECTS>")
 endforeach()
 set(CMAKE_EXE_LINKER_FLAGS_INIT -fuse-ld=lld)
-set(CMAKE_FIND_ROOT_PATH "${VANOKA_SDK}")
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 
-# The C++ library as Apple builds it. Whatever the oldest macOS that is served lacks is an error.
-string(CONCAT library "-D_LIBCPP_ABI_VERSION=1 -D_LIBCPP_ABI_NAMESPACE=__1"
-    " -D_LIBCPP_PSTL_CPU_BACKEND_SERIAL -D_LIBCPP_HAS_NO_INCOMPLETE_PSTL")
-set(CMAKE_CXX_FLAGS_INIT "${library}")
-set(CMAKE_OBJCXX_FLAGS_INIT "${library} -Wunguarded-availability -Wundeclared-selector")
+# The C++ library as Apple builds it; and whatever the oldest macOS that is served lacks is an error.
+string(CONCAT flags "-D_LIBCPP_ABI_VERSION=1 -D_LIBCPP_ABI_NAMESPACE=__1"
+    " -D_LIBCPP_PSTL_CPU_BACKEND_SERIAL -D_LIBCPP_HAS_NO_INCOMPLETE_PSTL -Wunguarded-availability")
+set(CMAKE_CXX_FLAGS_INIT "${flags}")
+set(CMAKE_OBJCXX_FLAGS_INIT "${flags} -Wundeclared-selector")
