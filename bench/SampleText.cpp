@@ -21,7 +21,7 @@ std::string sampleText(std::size_t size) {
     std::mt19937 random(1);
     std::string text;
     while (text.size() < size) {
-        for (unsigned syllables = 2 + random() % 3; syllables > 0; --syllables) {
+        for (auto syllables = 2 + random() % 3; syllables > 0; --syllables) {
             text += consonants[random() % consonants.size()];
             text += vowels[random() % vowels.size()];
         }

@@ -66,9 +66,9 @@ void decodeEach(benchmark::State& state, std::size_t count, Decode decode) {
         double total = 0;
         seconds.clear();
         for (const Stroke& stroke : all) {
-            const double start = processorSeconds();
+            const double start = processorTime();
             benchmark::DoNotOptimize(decode(stroke));
-            seconds.push_back(processorSeconds() - start);
+            seconds.push_back(processorTime() - start);
             total += seconds.back();
         }
         state.SetIterationTime(total / static_cast<double>(count));

@@ -3,15 +3,11 @@
 #include "FunctionKey.h"
 #include "text/Utf8.h"
 
-#include <chrono>
 #include <csignal>
 
 namespace vanoka {
 
 namespace {
-
-/// The bytes of one special key come together; what comes later is another key.
-constexpr std::chrono::milliseconds sequenceTime(50);
 
 constexpr std::string_view controlC = "\x03", controlD = "\x04", controlL = "\x0C", controlZ = "\x1A",
                            controlBackslash = "\x1C";
@@ -34,42 +30,14 @@ std::string cleaned(std::string_view text) {
 
 LineSession::LineSession(Terminal& terminal, SinglishSettings& settings,
                          std::function<void(const std::string&)> finished)
-    : terminal_(terminal),
+    : TerminalSession(terminal),
       finished_(std::move(finished)),
       controller_("vanoka", settings),
       view_(terminal.size()) {}
 
-void LineSession::run() {
-    Outcome outcome = Outcome::goesOn;
-    draw();
-    while (outcome == Outcome::goesOn) {
-        using Time = std::optional<std::chrono::milliseconds>;
-        const Terminal::Event event = terminal_.wait(parser_.isWaiting() ? Time(sequenceTime) : Time());
-        controller_.activateServer(); // keys that were edited meanwhile are in force for the next one
-        parser_.feed(event.bytes);
-        outcome = handleInputs();
-        if (event.isTimeout && outcome == Outcome::goesOn)
-            if (const auto input = parser_.flush())
-                outcome = std::visit([this](const auto& value) { return handle(value); }, *input);
-        if (event.signal != 0)
-            handleSignal(event.signal);
-        if (event.hasEnded)
-            outcome = Outcome::ends;
-        if (outcome == Outcome::goesOn)
-            draw();
-    }
-    finishPending();
-}
-
-LineSession::Outcome LineSession::handleInputs() {
-    Outcome outcome = Outcome::goesOn;
-    while (outcome == Outcome::goesOn) {
-        const auto input = parser_.next();
-        if (!input)
-            break;
-        outcome = std::visit([this](const auto& value) { return handle(value); }, *input);
-    }
-    return outcome;
+/// Keys that were edited meanwhile are in force for the next one.
+void LineSession::prepare() {
+    controller_.activateServer();
 }
 
 LineSession::Outcome LineSession::handle(const KeyEvent& event) {
@@ -104,7 +72,7 @@ LineSession::Outcome LineSession::handleUnconsumed(const KeyEvent& event) {
     else if (characters == controlD && line_.isEmpty())
         return Outcome::ends;
     else if (characters == controlL) {
-        terminal_.write(clearScreen);
+        terminal().write(clearScreen);
         view_.forget();
     } else if (characters == text::utf8(FunctionKey::upArrow))
         recall(-1);
@@ -115,26 +83,13 @@ LineSession::Outcome LineSession::handleUnconsumed(const KeyEvent& event) {
     return Outcome::goesOn;
 }
 
-void LineSession::handleSignal(int signal) {
-    switch (signal) {
-    case SIGWINCH:
-        view_.resize(terminal_.size());
-        return;
-    case SIGTSTP:
-        suspend();
-        return;
-    case SIGCONT:
-        terminal_.resume();
-        return;
-    default:
-        finishPending();
-        terminal_.endBy(signal);
-    }
+void LineSession::resize(TerminalSize size) {
+    view_.resize(size);
 }
 
 void LineSession::suspend() {
-    terminal_.write(view_.finish(line_.text() + line_.marked()));
-    terminal_.suspend();
+    terminal().write(view_.finish(line_.text() + line_.marked()));
+    TerminalSession::suspend();
 }
 
 /// Shows an earlier line again, or what was being typed. Until a line is finished, each is as it was left;
@@ -150,7 +105,7 @@ void LineSession::recall(std::ptrdiff_t step) {
 }
 
 void LineSession::finishLine() {
-    terminal_.write(view_.finish(line_.text()));
+    terminal().write(view_.finish(line_.text()));
     finished_(line_.text());
     if (!line_.isEmpty())
         history_.push_back(line_.text());
@@ -159,9 +114,8 @@ void LineSession::finishLine() {
     line_.setText({});
 }
 
-/// What has been typed is never lost: it becomes a last line.
-void LineSession::finishPending() {
-    if (const auto paste = parser_.takeUnfinishedPaste())
+void LineSession::finish() {
+    if (const auto paste = takeUnfinishedPaste())
         handle(*paste);
     controller_.deactivateServer(&line_);
     if (!line_.isEmpty())
@@ -169,7 +123,7 @@ void LineSession::finishPending() {
 }
 
 void LineSession::draw() {
-    terminal_.write(view_.draw(line_));
+    terminal().write(view_.draw(line_));
 }
 
 } // namespace vanoka

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "KeyParser.h"
 #include "LineView.h"
-#include "Terminal.h"
+#include "TerminalSession.h"
 #include "TypedLine.h"
 #include "VanokaInputController.h"
 
@@ -14,33 +13,28 @@
 namespace vanoka {
 
 /// Typing on a terminal, line after line, through the same controller as everywhere.
-class LineSession {
+class LineSession final : public TerminalSession {
 public:
     /// Calls `finished` with every line that is finished.
     LineSession(Terminal& terminal, SinglishSettings& settings,
                 std::function<void(const std::string&)> finished);
 
-    /// Runs until the user ends it. A signal ends the process as it would have, after the line is finished.
-    void run();
-
 private:
-    enum class Outcome : std::uint8_t { goesOn, ends };
+    void prepare() override;
+    Outcome handle(const KeyEvent& event) override;
+    Outcome handle(const Paste& paste) override;
+    void draw() override;
+    void resize(TerminalSize size) override;
+    void suspend() override;
+    /// What has been typed is never lost: it becomes a last line.
+    void finish() override;
 
-    Outcome handle(const KeyEvent& event);
-    Outcome handle(const Paste& paste);
     Outcome handleUnconsumed(const KeyEvent& event);
-    Outcome handleInputs();
-    void handleSignal(int signal);
-    void suspend();
     void recall(std::ptrdiff_t step);
     void finishLine();
-    void finishPending();
-    void draw();
 
-    Terminal& terminal_;
     std::function<void(const std::string&)> finished_;
     VanokaInputController controller_;
-    KeyParser parser_;
     TypedLine line_;
     LineView view_;
     std::vector<std::string> history_; ///< finished lines

@@ -2,7 +2,7 @@
 
 #include "Keys.h"
 #include "Randoms.h"
-#include "Scenario.h"
+#include "Replay.h"
 #include "TextField.h"
 #include "text/Utf8.h"
 
@@ -308,38 +308,30 @@ TEST_F(VanokaInputControllerTest, AnEmojiWithAJoinerGoesToTheClientByItself) {
     EXPECT_EQ(field.screen(), "\u0D85\U0001F469\u200D\U0001F4BB");
 }
 
+/// A field that asks the controller itself.
+class NearField final : public test::RemoteField {
+public:
+    explicit NearField(SinglishSettings& settings) : controller_(ownIdentifier, settings) {}
+
+    void press(const KeyEvent& event) override {
+        if (!controller_.handle(&event, &field()))
+            field().apply(event);
+    }
+    void askForComposition() override { controller_.commitComposition(&field()); }
+    void leaveAndReturn() override { controller_.deactivateServer(&field()); }
+
+private:
+    VanokaInputController controller_;
+};
+
 TEST(Scenarios, ShowOnTheScreenWhatTheySay) {
     const std::vector<test::Scenario> scenarios = test::allScenarios();
     ASSERT_FALSE(scenarios.empty());
     for (const test::Scenario& scenario : scenarios) {
         MemoryUserDefaults defaults;
         SinglishSettings settings(defaults);
-        VanokaInputController controller(ownIdentifier, settings);
-        test::TextField field;
-        const auto operate = [&](const std::vector<std::string>& words) {
-            if (words[0] == "commit")
-                controller.commitComposition(&field);
-            else if (words[0] == "leave")
-                controller.deactivateServer(&field);
-            else if (words[0] == "add")
-                EXPECT_EQ(settings.add(words.at(1), words.at(2)), std::nullopt);
-            else if (words[0] == "remove")
-                settings.remove(words.at(1));
-            else if (words[0] == "on" || words[0] == "off")
-                settings.setBuiltIn(words.at(1), words[0] == "on");
-            else if (words[0] == "reset")
-                settings.reset();
-            else
-                ADD_FAILURE() << "no such operation: " << words[0];
-        };
-        for (const test::ScenarioStep& step : scenario.steps) {
-            if (!step.operation.empty())
-                operate(step.operation);
-            for (const KeyEvent& event : step.events)
-                if (!controller.handle(&event, &field))
-                    field.apply(event);
-            EXPECT_EQ(field.screen(), step.screen) << scenario.name << ".scenario, line " << step.lineNumber;
-        }
+        NearField field(settings);
+        test::replay(scenario, field, settings);
     }
 }
 

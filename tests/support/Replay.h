@@ -10,7 +10,7 @@
 
 namespace vanoka::test {
 
-/// A text field whose keys go through a real input method framework, in other processes.
+/// A text field whose keys go through the input method: at hand, or in other processes behind a framework.
 class RemoteField {
 public:
     virtual ~RemoteField() = default;
@@ -35,8 +35,8 @@ private:
     TextField field_;
 };
 
-/// Plays a scenario in the field; its edits are made to `settings`, which the framework's process has to
-/// notice. Fails the running test where the screen is not as the scenario says.
+/// Plays a scenario in the field; its edits are made to `settings`, which the input method has to notice.
+/// Fails the running test where the screen is not as the scenario says.
 void replay(const Scenario& scenario, RemoteField& remote, SinglishSettings& settings);
 
 } // namespace vanoka::test

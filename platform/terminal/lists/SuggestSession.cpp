@@ -4,17 +4,12 @@
 #include "text/Utf8.h"
 
 #include <algorithm>
-#include <chrono>
-#include <csignal>
 #include <istream>
 #include <ostream>
 
 namespace vanoka {
 
 namespace {
-
-/// The bytes of one special key come together; what comes later is another key.
-constexpr std::chrono::milliseconds sequenceTime(50);
 
 constexpr std::string_view controlC = "\x03", controlD = "\x04";
 /// One row: what does not fit is cut by the terminal rather than wrapped.
@@ -47,39 +42,7 @@ void suggestForLines(const Suggester& suggester, std::istream& input, std::ostre
 }
 
 SuggestSession::SuggestSession(Terminal& terminal, const Suggester& suggester)
-    : terminal_(terminal), suggester_(suggester), composer_(suggester.keys) {}
-
-void SuggestSession::run() {
-    Outcome outcome = Outcome::goesOn;
-    draw();
-    while (outcome == Outcome::goesOn) {
-        using Time = std::optional<std::chrono::milliseconds>;
-        const Terminal::Event event = terminal_.wait(parser_.isWaiting() ? Time(sequenceTime) : Time());
-        parser_.feed(event.bytes);
-        outcome = handleInputs();
-        if (event.isTimeout && outcome == Outcome::goesOn)
-            if (const auto input = parser_.flush())
-                outcome = std::visit([this](const auto& value) { return handle(value); }, *input);
-        if (event.signal != 0)
-            handleSignal(event.signal);
-        if (event.hasEnded)
-            outcome = Outcome::ends;
-        if (outcome == Outcome::goesOn)
-            draw();
-    }
-    keepRow();
-}
-
-SuggestSession::Outcome SuggestSession::handleInputs() {
-    Outcome outcome = Outcome::goesOn;
-    while (outcome == Outcome::goesOn) {
-        const auto input = parser_.next();
-        if (!input)
-            break;
-        outcome = std::visit([this](const auto& value) { return handle(value); }, *input);
-    }
-    return outcome;
-}
+    : TerminalSession(terminal), suggester_(suggester), composer_(suggester.keys) {}
 
 SuggestSession::Outcome SuggestSession::handle(const KeyEvent& event) {
     const std::string characters = event.characters.value_or("");
@@ -90,7 +53,7 @@ SuggestSession::Outcome SuggestSession::handle(const KeyEvent& event) {
     else if (event.keyCode == KeyEvent::escape)
         composer_.commitRaw();
     else if (event.keyCode == KeyEvent::space || characters == "\r" || characters == "\n")
-        keepRow();
+        finish();
     else if (event.modifierFlags == 0 && isText(characters))
         composer_.insert(characters);
     return Outcome::goesOn;
@@ -103,26 +66,9 @@ SuggestSession::Outcome SuggestSession::handle(const Paste& paste) {
     return Outcome::goesOn;
 }
 
-void SuggestSession::handleSignal(int signal) {
-    switch (signal) {
-    case SIGWINCH:
-        return;
-    case SIGTSTP:
-        terminal_.suspend();
-        return;
-    case SIGCONT:
-        terminal_.resume();
-        return;
-    default:
-        keepRow();
-        terminal_.endBy(signal);
-    }
-}
-
-/// Leaves the row on the terminal and begins another word.
-void SuggestSession::keepRow() {
+void SuggestSession::finish() {
     draw();
-    terminal_.write("\r\n");
+    terminal().write("\r\n");
     composer_.commitRaw();
 }
 
@@ -133,7 +79,7 @@ void SuggestSession::draw() {
     drawn.append("\x1B[4m").append(row, 0, typed).append("\x1B[24m");
     for (const char byte : std::string_view(row).substr(typed))
         drawn += byte == '\t' ? std::string("   ") : std::string(1, byte);
-    terminal_.write(drawn);
+    terminal().write(drawn);
 }
 
 } // namespace vanoka

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "KeyParser.h"
-#include "Terminal.h"
+#include "TerminalSession.h"
 #include "singlish/SinglishComposer.h"
 #include "words/SinhalaWordList.h"
 
@@ -28,25 +27,18 @@ void suggestForLines(const Suggester& suggester, std::istream& input, std::ostre
 
 /// A line on a terminal that shows the suggestions for the word that is being typed. Space and Return keep
 /// the row and begin another word; Escape forgets the word; Ctrl-C and Ctrl-D end.
-class SuggestSession {
+class SuggestSession final : public TerminalSession {
 public:
     SuggestSession(Terminal& terminal, const Suggester& suggester);
 
-    void run();
-
 private:
-    enum class Outcome : std::uint8_t { goesOn, ends };
+    Outcome handle(const KeyEvent& event) override;
+    Outcome handle(const Paste& paste) override;
+    void draw() override;
+    /// Leaves the row on the terminal and begins another word.
+    void finish() override;
 
-    Outcome handleInputs();
-    Outcome handle(const KeyEvent& event);
-    Outcome handle(const Paste& paste);
-    void handleSignal(int signal);
-    void keepRow();
-    void draw();
-
-    Terminal& terminal_;
     const Suggester& suggester_;
-    KeyParser parser_;
     SinglishComposer composer_;
 };
 

@@ -2,6 +2,7 @@
 
 #include "PlainTwin.h"
 #include "Randoms.h"
+#include "Rounds.h"
 #include "text/Utf8.h"
 
 #include <gtest/gtest.h>
@@ -151,7 +152,7 @@ TEST(SinglishComposer, AWordIsWalkedBackPartByPart) {
     }
 }
 
-SinglishCustomization customizationOf(int round, test::Randoms& randoms) {
+SinglishCustomization customizationOf(std::size_t round, test::Randoms& randoms) {
     switch (round % 4) {
     case 0:
         return {};
@@ -166,7 +167,7 @@ SinglishCustomization customizationOf(int round, test::Randoms& randoms) {
 
 TEST(SinglishComposer, DeleteAgreesWithThePlainSearch) {
     test::Randoms randoms(4);
-    for (int round = 0; round < 400; ++round) {
+    for (std::size_t round = 0; round < test::rounds(400); ++round) {
         const SinglishTransliterator keys(customizationOf(round, randoms));
         for (int i = 0; i < 36; ++i) {
             const std::string raw = i % 3 == 0 ? randoms.text(8) : randoms.keys(8);
@@ -181,7 +182,7 @@ TEST(SinglishComposer, DeleteAgreesWithThePlainSearch) {
 
 TEST(SinglishComposer, DeleteAgreesWithThePlainSearchOnLongWords) {
     test::Randoms randoms(5);
-    for (int round = 0; round < 40; ++round) {
+    for (std::size_t round = 0; round < test::rounds(40); ++round) {
         const SinglishTransliterator keys(customizationOf(round, randoms));
         std::string raw = randoms.keys(300);
         SinglishComposer composer = composing(raw, keys);
@@ -209,7 +210,7 @@ SinglishCustomization longKeys(test::Randoms& randoms) {
 
 TEST(SinglishComposer, DeleteAgreesWithThePlainSearchWithLongKeys) {
     test::Randoms randoms(10);
-    for (int round = 0; round < 80; ++round) {
+    for (std::size_t round = 0; round < test::rounds(80); ++round) {
         const SinglishCustomization customization = longKeys(randoms);
         const SinglishTransliterator keys(customization);
         std::string raw;
@@ -228,7 +229,7 @@ TEST(SinglishComposer, DeleteAgreesWithThePlainSearchWithLongKeys) {
 
 TEST(SinglishComposer, DeletesEndInNothing) {
     test::Randoms randoms(6);
-    for (int round = 0; round < 100; ++round) {
+    for (std::size_t round = 0; round < 100; ++round) {
         SinglishComposer composer =
             composing(randoms.keys(10), SinglishTransliterator(customizationOf(round, randoms)));
         // The text loses a scalar each time, or the keys lose one; neither can go on for ever.

@@ -2,12 +2,12 @@
 
 #include "PlainTwin.h"
 #include "Randoms.h"
+#include "Rounds.h"
 #include "singlish/SinglishScheme.h"
 #include "singlish/SinglishStream.h"
 #include "text/Utf8.h"
 
 #include <gtest/gtest.h>
-#include <thread>
 #include <vector>
 
 namespace vanoka {
@@ -206,7 +206,7 @@ TEST(SinglishTransliterator, AnUpperCaseKeyComesBeforeTheSmallForm) {
 
 TEST(SinglishTransliterator, AgreesWithThePlainRules) {
     test::Randoms randoms(1);
-    for (int round = 0; round < 600; ++round) {
+    for (std::size_t round = 0; round < test::rounds(600); ++round) {
         const SinglishTransliterator keys(round % 4 == 0   ? SinglishCustomization()
                                           : round % 4 == 1 ? randoms.customization()
                                                            : randoms.strangeCustomization());
@@ -240,7 +240,7 @@ TEST(SinglishTransliterator, AgreesWithThePlainRulesWithVeryManyKeys) {
 TEST(SinglishTransliterator, AgreesWithThePlainRulesOnEveryShortText) {
     const std::string letters = "aAeEiRknNgdhtTzZqmbyrxHQ";
     const auto& standard = SinglishTransliterator::standard();
-    for (const char a : letters)
+    for (const char a : letters.substr(0, test::rounds(letters.size())))
         for (const char b : letters)
             for (const char c : letters)
                 for (const char d : letters + "h") {
@@ -261,7 +261,7 @@ std::string streamed(const SinglishTransliterator& keys, const std::vector<std::
 
 TEST(SinglishStream, GivesForPiecesWhatTheWholeGives) {
     test::Randoms randoms(2);
-    for (int round = 0; round < 300; ++round) {
+    for (std::size_t round = 0; round < test::rounds(300); ++round) {
         const SinglishTransliterator keys(round % 3 == 0   ? SinglishCustomization()
                                           : round % 3 == 1 ? randoms.customization()
                                                            : randoms.strangeCustomization());
@@ -320,22 +320,6 @@ TEST(SinglishStream, LongTextsReadAsTheirParts) {
         }
         EXPECT_TRUE(keys.transliterate(text) == expected);
     }
-}
-
-TEST(SinglishTransliterator, IsSharedBetweenThreads) {
-    const SinglishTransliterator keys{SinglishCustomization{{{"kk", "\u0D9C"}}, {}}};
-    std::string text;
-    for (int i = 0; i < 20'000; ++i)
-        text += "kkaa amma ";
-    std::vector<std::string> results(4);
-    std::vector<std::thread> threads;
-    for (std::string& result : results)
-        threads.emplace_back([&keys, &text, &result] { result = keys.transliterate(text); });
-    for (std::thread& thread : threads)
-        thread.join();
-    for (const std::string& result : results)
-        EXPECT_TRUE(result == results.front());
-    EXPECT_TRUE(results.front().starts_with("\u0D9C\u0DCF \u0D85\u0DB8\u0DCA\u0DB8 "));
 }
 
 TEST(SinglishTransliterator, AMillionKeysAreRead) {

@@ -1,4 +1,5 @@
 #include "PlainSwipe.h"
+#include "Rounds.h"
 #include "SwipeRandoms.h"
 #include "swipe/SwipeComparison.h"
 #include "swipe/SwipeSpellings.h"
@@ -35,7 +36,7 @@ double oneWidthOf(const SwipeKeys& keys, SwipeRandoms& randoms) {
 TEST(SwipeTwin, TheRankingIsThatOfThePlainTwin) {
     SwipeRandoms randoms(1);
     std::size_t found = 0;
-    for (int round = 0; round < 400; ++round) {
+    for (std::size_t round = 0; round < test::rounds(400); ++round) {
         const auto list = randoms.words(randoms.oneIn(4) ? 600 : 60);
         const auto words = views(list);
         const SwipeDecoder decoder(words);
@@ -54,7 +55,7 @@ TEST(SwipeTwin, TheRankingIsThatOfThePlainTwin) {
             found += expected.size();
         }
     }
-    EXPECT_GT(found, 20'000U) << "there was something to compare";
+    EXPECT_GT(found, test::rounds(20'000)) << "there was something to compare";
 }
 
 TEST(SwipeTwin, ManyWordsOnOneKeyboard) {
@@ -66,7 +67,7 @@ TEST(SwipeTwin, ManyWordsOnOneKeyboard) {
     const SwipeDecoder decoder(words);
     const test::plain::SwipeDecoder twin(words);
     const SwipeKeys keys = test::qwerty();
-    for (int query = 0; query < 150; ++query) {
+    for (std::size_t query = 0; query < test::rounds(150); ++query) {
         const auto stroke = randoms.stroke(keys);
         const auto personal = randoms.personal(list);
         for (const std::int64_t limit : {1, 5})

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstddef>
+
+namespace vanoka::test {
+
+/// How often a test goes round that compares random values by the thousand: an eighth as often where every
+/// step is watched or counted. That takes ten times as long, and each round shows as much of what it looks
+/// for.
+constexpr std::size_t rounds(std::size_t all) {
+#ifdef VANOKA_INSTRUMENTED
+    return (all + 7) / 8;
+#else
+    return all;
+#endif
+}
+
+} // namespace vanoka::test
