@@ -46,14 +46,19 @@ void focusIn(IBusEngine* engine) {
         context->focusIn();
 }
 
-void focusInWithClient(IBusEngine* engine, const gchar*, const gchar* client) {
+void focusInWithClient(IBusEngine* engine, const gchar* field, const gchar* client) {
     if (InputContext* context = contextOf(engine))
-        context->focusIn(client ? client : "");
+        context->focusIn(field, client ? client : "");
 }
 
-void focusOutWithClient(IBusEngine* engine, const gchar*) {
+void focusOut(IBusEngine* engine) {
     if (InputContext* context = contextOf(engine))
         context->focusOut();
+}
+
+void focusOutWithClient(IBusEngine* engine, const gchar* field) {
+    if (InputContext* context = contextOf(engine))
+        context->focusOut(field);
 }
 
 void setContentType(IBusEngine* engine, guint purpose, guint) {
@@ -92,7 +97,7 @@ static void vanoka_engine_class_init(VanokaEngineClass* engineClass) {
     calls.process_key_event = processKeyEvent;
     calls.focus_in = focusIn;
     calls.focus_in_id = focusInWithClient;
-    calls.focus_out = handOn<&InputContext::focusOut>;
+    calls.focus_out = focusOut;
     calls.focus_out_id = focusOutWithClient;
     calls.enable = handOn<&InputContext::enable>;
     calls.disable = handOn<&InputContext::disable>;

@@ -26,7 +26,6 @@ std::optional<std::string> EngineClient::bundleIdentifier() const {
 }
 
 void EngineClient::insertText(std::string_view text, TextRange) {
-    ++insertions_;
     hideMarkedText(); // first, or it would be put in as well
     const std::string terminated(text);
     ibus_engine_commit_text(&engine_, ibus_text_new_from_string(terminated.c_str()));

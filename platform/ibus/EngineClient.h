@@ -19,8 +19,6 @@ public:
     const std::string& name() const noexcept { return name_; }
     /// Whether the daemon or the client puts the marked text in when it is lost.
     void setFrameworkCommits(bool commits) { frameworkCommits_ = commits; }
-    /// How many texts have been inserted.
-    std::size_t insertions() const noexcept { return insertions_; }
 
     /// The program; absent where the module does not name it.
     std::optional<std::string> bundleIdentifier() const override;
@@ -35,7 +33,6 @@ private:
     std::string name_;
     bool frameworkCommits_ = true;
     bool isMarked_ = false;
-    std::size_t insertions_ = 0;
 };
 
 } // namespace vanoka::ibus

@@ -17,6 +17,9 @@ struct NamedAction {
     MenuAction action;
 };
 
+/// The client's name when no field has the focus.
+constexpr std::string_view daemonItself = "fake";
+
 constexpr std::array actions = std::to_array<NamedAction>({
     {"settings", MenuAction::showSettings},
     {"about", MenuAction::showAbout},
@@ -46,8 +49,16 @@ InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment,
 }
 
 bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
-    if (takesNoInput())
+    if (!takesNoInput() && takes(keysym, keyCode, state))
+        return true;
+    // A key without a code, such as a program can make up, would not come back as the key it was.
+    if (!delivery_.forwardsPassedKeys || keyCode == 0)
         return false;
+    ibus_engine_forward_key_event(&engine_, keysym, keyCode, state);
+    return true;
+}
+
+bool InputContext::takes(guint keysym, guint keyCode, guint state) {
     const KeyEvent event = Keysym::keyEvent(keysym, state, ibus_keyval_to_unicode(keysym));
     if (environment_.storedSettings.hasChanged())
         environment_.settings.reloadIfChanged();
@@ -55,13 +66,7 @@ bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
         controller_.commitComposition(&client_);
     if (event.type == KeyEvent::keyDown && sequence_.takes(keysym))
         return processSequenceKey(keysym, keyCode, state);
-    const std::size_t insertions = client_.insertions();
-    if (controller_.handle(&event, &client_))
-        return true;
-    if (!delivery_.forwardsPassedKeys || client_.insertions() == insertions)
-        return false;
-    ibus_engine_forward_key_event(&engine_, keysym, keyCode, state);
-    return true;
+    return controller_.handle(&event, &client_);
 }
 
 void InputContext::enable() {
@@ -76,14 +81,25 @@ void InputContext::focusIn() {
     becomesActive();
 }
 
-void InputContext::focusIn(std::string client) {
+void InputContext::focusIn(const std::string& field, std::string client) {
+    using Holder = DroppedTexts::Holder;
+    const std::string dropped =
+        droppedTexts_.enter(field, client == daemonItself ? Holder::daemon : Holder::field);
     client_.setName(std::move(client));
     updateDelivery();
     becomesActive();
+    if (!dropped.empty())
+        client_.insertText(dropped, VanokaInputController::noReplacement);
 }
 
 void InputContext::focusOut() {
     forget();
+}
+
+void InputContext::focusOut(std::string field) {
+    const std::string text = forget();
+    if (delivery_.losesTextToOthers)
+        droppedTexts_.leave(std::move(field), text);
 }
 
 void InputContext::reset() {
@@ -127,14 +143,15 @@ bool InputContext::processSequenceKey(guint keysym, guint keyCode, guint state) 
     return isConsumed;
 }
 
-/// Ends the composition whose text has been put in by others.
-void InputContext::forget() {
+/// Ends the composition whose text has been put in by others, and returns the text.
+std::string InputContext::forget() {
     ServedClient served;
     controller_.deactivateServer(&served);
     if (sequence_.isUnderway()) {
         sequence_.end();
         sequenceComposer_.reset();
     }
+    return served.text();
 }
 
 void InputContext::becomesActive() {

@@ -2,6 +2,7 @@
 
 #include "ComposeSequence.h"
 #include "Delivery.h"
+#include "DroppedTexts.h"
 #include "EngineClient.h"
 #include "FileWatch.h"
 #include "VanokaInputController.h"
@@ -38,10 +39,12 @@ public:
     bool processKeyEvent(guint keysym, guint keyCode, guint state);
     void enable();
     void disable();
+    /// In what follows `field` is the path of the client's field on the bus, and `client` the client's name;
+    /// the daemon does not tell them to an engine that has just been made.
     void focusIn();
-    /// `client` is the client's name.
-    void focusIn(std::string client);
+    void focusIn(const std::string& field, std::string client);
     void focusOut();
+    void focusOut(std::string field);
     void reset();
     void setCapabilities(guint capabilities);
     void setContentType(guint purpose);
@@ -52,8 +55,9 @@ public:
 
 private:
     bool takesNoInput() const noexcept;
+    bool takes(guint keysym, guint keyCode, guint state);
     bool processSequenceKey(guint keysym, guint keyCode, guint state);
-    void forget();
+    std::string forget();
     void becomesActive();
     void updateDelivery();
     void showMenu();
@@ -63,6 +67,7 @@ private:
     EngineClient client_;
     VanokaInputController controller_;
     Delivery delivery_;
+    DroppedTexts droppedTexts_;
     ComposeSequence sequence_;
     SequenceComposer sequenceComposer_;
     guint capabilities_ = 0;

@@ -35,6 +35,13 @@ protected:
         return made;
     }
 
+    /// A field that the engine knows to be XIM's: the daemon tells the name with every focus but the first.
+    std::unique_ptr<IBusField> newXim() {
+        auto made = newField("xim");
+        made->leaveAndReturn();
+        return made;
+    }
+
     IBusDaemon& daemon = IBusDaemon::shared();
     IBusField field{"test:editor"};
     FileUserDefaults defaults{daemon.configuration() / "vanoka"};
@@ -47,6 +54,8 @@ TEST_F(EngineTest, PlaysEveryScenario) {
             settings.reset();
             replay(scenario, *newField("test:editor", commits), settings);
         }
+        settings.reset();
+        replay(scenario, *newXim(), settings);
     }
 }
 
@@ -212,16 +221,66 @@ TEST_F(EngineTest, ComposesNothingInItsOwnWindows) {
     EXPECT_EQ(own->field().screen(), "amma.");
 }
 
-TEST_F(EngineTest, SendsAPassedKeyAfterTheTextToXim) {
-    const auto xim = newField("xim", IBusField::Commits::daemon);
-    xim->focusOut();
-    xim->focusIn();
-    const X11Key enter{.keysym = 0xFF0D};
-    xim->type("ka");
-    EXPECT_TRUE(ibus_input_context_process_key_event(xim->context(), enter.keysym, 0, 0)) << "it comes back";
-    ASSERT_TRUE(waitUntil([&] { return xim->field().text() == "\u0D9A\n"; })) << xim->field().text();
-    EXPECT_FALSE(ibus_input_context_process_key_event(xim->context(), enter.keysym, 0, 0))
-        << "no word, no detour";
+TEST_F(EngineTest, SendsEachPassedKeyBackToXimBehindTheTexts) {
+    constexpr guint enter = 0xFF0D, enterCode = 28, shift = 0xFFE1, shiftCode = 42;
+    const auto xim = newXim();
+    std::vector<std::array<guint, 3>> forwarded;
+    const gulong handler = g_signal_connect(
+        xim->context(), "forward-key-event",
+        G_CALLBACK(+[](IBusInputContext*, guint keysym, guint keyCode, guint state, gpointer all) {
+            constexpr guint mark = IBUS_FORWARD_MASK; // the daemon's, which no key of X has room for
+            EXPECT_TRUE(state & mark);
+            static_cast<decltype(forwarded)*>(all)->push_back({keysym, keyCode, state & ~mark});
+        }),
+        &forwarded);
+    const std::vector<std::array<guint, 3>> passed = {{enter, enterCode, 0},
+                                                      {enter, enterCode, IBUS_RELEASE_MASK},
+                                                      {shift, shiftCode, 0},
+                                                      {shift, shiftCode, IBUS_SHIFT_MASK | IBUS_RELEASE_MASK},
+                                                      {'1', 2, IBUS_MOD2_MASK},
+                                                      {'a', 30, IBUS_RELEASE_MASK},
+                                                      {'c', 46, IBUS_CONTROL_MASK}};
+    for (const char* before : {"", "ka"}) {
+        xim->type(before);
+        forwarded.clear();
+        for (const auto& [keysym, keyCode, state] : passed)
+            EXPECT_TRUE(ibus_input_context_process_key_event(xim->context(), keysym, keyCode, state))
+                << keysym << " comes back";
+        settle();
+        EXPECT_EQ(forwarded, passed) << "once, in order, as they were";
+    }
+    EXPECT_EQ(xim->field().text(), "\n1\u0D9A\n1");
+    EXPECT_FALSE(ibus_input_context_process_key_event(xim->context(), enter, 0, 0))
+        << "a key without a code cannot come back";
+    g_signal_handler_disconnect(xim->context(), handler);
+}
+
+TEST_F(EngineTest, KeepsAWordThatTheDaemonDropsUntilItsFieldHasTheFocusAgain) {
+    const auto from = newXim();
+    from->focusOut();
+    const auto to = newXim();
+    to->focusOut();
+    for (const int round : {1, 2}) {
+        from->field() = to->field() = TextField();
+        from->focusIn();
+        from->type("ka");
+        to->focusIn();
+        from->focusOut(); // which the daemon is told too late
+        to->type("ma.");
+        EXPECT_EQ(to->field().screen(), "\u0DB8.") << round;
+        EXPECT_EQ(from->field().screen(), "") << round;
+        to->leaveFor(*from);
+        EXPECT_TRUE(waitUntil([&] { return from->field().screen() == "\u0D9A"; })) << round;
+        from->type("la.");
+        from->leaveAndReturn();
+        EXPECT_EQ(from->field().screen(), "\u0D9A\u0DBD.") << "once";
+        from->type("ka");
+        from->leaveFor(*to);
+        to->leaveFor(*from);
+        from->type("1"); // what was sent before has come
+        EXPECT_EQ(from->field().screen(), "\u0D9A\u0DBD.\u0D9A1") << "the daemon has put this one in";
+        from->focusOut();
+    }
 }
 
 TEST_F(EngineTest, AnEditIsInForceAtTheVeryNextKey) {
