@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Types into real windows through a real input method framework and reads their texts back.
 
-    windows.py --framework ibus|fcitx5 --build FOLDER [--toolkit NAME] [--only PART] [--rounds N]
+    windows.py --framework ibus|fcitx5 --build FOLDER [--client gtk3|gtk4|qt6|xim] [--only PART] [--rounds N]
 
 Needs Xvfb, xdotool and the framework with its modules for the toolkits. Every process it starts has a home
 folder of its own and ends with it. Exit status: 0 all as expected, 1 something was lost, doubled or misplaced.
@@ -113,6 +113,7 @@ class Desk:
     # one was pressed acts later than that one, whatever the engine does; so the typist pauses after those that
     # move the focus or end a line.
     coming_back = ("Tab", "Return", "End")
+    pause = 0.15  # seconds, also after a click and when a window gets the focus
 
     def keys(self, *names):
         start = 0
@@ -120,15 +121,15 @@ class Desk:
             if name in self.coming_back or index == len(names) - 1:
                 self.processes.output("xdotool", "key", "--delay", "30", *names[start:index + 1])
                 start = index + 1
-                time.sleep(0.1)
+                time.sleep(self.pause)
 
     def click(self, x, y):
         self.processes.output("xdotool", "mousemove", str(x), str(y), "click", "1")
-        time.sleep(0.15)
+        time.sleep(self.pause)
 
     def focus(self, window):
         self.processes.output("xdotool", "windowfocus", "--sync", window)
-        time.sleep(0.15)
+        time.sleep(self.pause)
 
     def window(self, title):
         found = wait_until(lambda: self.processes.output("xdotool", "search", "--onlyvisible", "--name", title),
@@ -218,10 +219,14 @@ class Fcitx5Desk(Desk):
         self.choose("vanoka")
 
 
+DESKS = {"ibus": IBusDesk, "fcitx5": Fcitx5Desk}
+
+
 class Fields:
     """A program with two windows: fields 0 and 1 in the first, field 2 in the second."""
 
-    heights = {0: 50, 1: 150}
+    heights = {0: 50, 1: 150, 2: 550}
+    line_end = ""  # what Return types in the first
 
     def __init__(self, desk, toolkit, *arguments):
         self.desk = desk
@@ -272,7 +277,7 @@ class Fields:
 def by_keys(fields):
     fields.desk.keys(*"amma", "period", *"ka", "comma", "1", *"kra", "space", *"amma", "BackSpace", "Return", *"ab",
                      "Escape")
-    fields.expect(WORD + "." + KA + ",1" + KA + "\u0dca\u200d\u0dbb" + " \u0d85\u0db8\u0dca" + "ab", "", "")
+    fields.expect(WORD + "." + KA + ",1" + KA + "\u0dca\u200d\u0dbb" + " \u0d85\u0db8\u0dca" + fields.line_end + "ab", "", "")
 
 
 def by_click_elsewhere(fields):
@@ -291,7 +296,7 @@ def by_tab(fields):
 def by_other_window(fields):
     fields.write_word()
     fields.desk.focus(fields.two)
-    fields.desk.click(100, 550)
+    fields.click(2)
     fields.desk.keys(*"ka", "period")
     fields.expect(WORD + " " + KA, "", KA + ".")
 
@@ -405,8 +410,8 @@ def xim_at_full_speed(desk):
         desk.focus(window.window)
         if desk.name == "fcitx5":
             desk.choose_ours()
-        words = 20
-        desk.processes.output("xdotool", "key", "--delay", "1", *[*"ka", "Return", "1", *"ab", "Escape", "2", *"ma",
+        words = 8
+        desk.processes.output("xdotool", "key", "--delay", "15", *[*"ka", "Return", "1", *"ab", "Escape", "2", *"ma",
                                                                   "comma", "3", "Return"] * words)
         window.expect((KA + "\n1ab2\u0db8,3\n") * words)
     finally:
@@ -455,38 +460,39 @@ def run_part(desk, toolkit, part):
         fields.close()
 
 
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--framework", choices=["ibus", "fcitx5"], required=True)
-    parser.add_argument("--build", required=True)
-    parser.add_argument("--toolkit", action="append")
-    parser.add_argument("--only")
-    parser.add_argument("--asynchronous", action="store_true", help="IBus's modules do not wait for answers")
+def options_of(description):
+    parser = argparse.ArgumentParser(description=description.splitlines()[0])
+    parser.add_argument("--framework", choices=list(DESKS), required=True)
+    parser.add_argument("--build", required=True, help="the folder in which everything was built")
+    parser.add_argument("--client", action="append", help="instead of every one")
+    parser.add_argument("--only", help="parts whose names hold this pattern")
     parser.add_argument("--rounds", type=int, default=1)
-    options = parser.parse_args()
-    desk_type = {"ibus": IBusDesk, "fcitx5": Fcitx5Desk}[options.framework]
+    parser.add_argument("--asynchronous", action="store_true", help="IBus's modules do not wait for answers")
+    return parser.parse_args()
+
+
+def run(options, clients, parts_of, act, known):
+    """Acts every part with every client, and returns the exit status."""
     failures = 0
-    desk = desk_type(os.path.abspath(options.build), options.asynchronous)
+    desk = DESKS[options.framework](os.path.abspath(options.build), options.asynchronous)
     try:
-        for _ in range(options.rounds):
-            for toolkit in options.toolkit or ["gtk3", "gtk4", "qt6", "xim"]:
-                for part in XIM_PARTS if toolkit == "xim" else PARTS:
-                    if options.only and not re.search(options.only, part.__name__):
-                        continue
-                    known = KNOWN.get((options.framework, toolkit, part.__name__))
-                    start = time.monotonic()
-                    try:
-                        run_part(desk, toolkit, part)
-                        outcome = "ok (better than known: %s)" % known if known else "ok"
-                    except Failure as failure:
-                        outcome = "known (%s): %s" % (known, failure) if known else "FAILED: %s" % failure
-                        failures += not known
-                    print("%-6s %-5s %-28s %.1f s  %s" % (options.framework, toolkit, part.__name__,
-                                                         time.monotonic() - start, outcome), flush=True)
+        for client, part in [(client, part) for _ in range(options.rounds) for client in options.client or clients
+                             for part in parts_of(client) if re.search(options.only or "", part.__name__)]:
+            reason = known.get((options.framework, client, part.__name__))
+            start = time.monotonic()
+            try:
+                act(desk, client, part)
+                outcome = "ok (better than known: %s)" % reason if reason else "ok"
+            except Failure as failure:
+                outcome = "known (%s): %s" % (reason, failure) if reason else "FAILED: %s" % failure
+                failures += not reason
+            print("%-6s %-17s %-28s %.1f s  %s" % (options.framework, client, part.__name__, time.monotonic() - start,
+                                                 outcome), flush=True)
     finally:
         desk.close()
     return 1 if failures else 0
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(run(options_of(__doc__), ["gtk3", "gtk4", "qt6", "xim"],
+                 lambda client: XIM_PARTS if client == "xim" else PARTS, run_part, KNOWN))
