@@ -20,6 +20,11 @@ public:
     /// Whether the daemon or the client puts the marked text in when it is lost.
     void setFrameworkCommits(bool commits) { frameworkCommits_ = commits; }
 
+    /// Takes the marked text away.
+    void hideMarkedText();
+    /// Others have taken it away.
+    void forgetMarkedText() { marked_ = {}; }
+
     /// The program; absent where the module does not name it.
     std::optional<std::string> bundleIdentifier() const override;
     void insertText(std::string_view text, TextRange replacementRange) override;
@@ -27,12 +32,13 @@ public:
                        TextRange replacementRange) override;
 
 private:
-    void hideMarkedText();
+    void showMarkedText(IBusPreeditFocusMode mode);
 
     IBusEngine& engine_;
     std::string name_;
     bool frameworkCommits_ = true;
-    bool isMarked_ = false;
+    MarkedText marked_; ///< what is shown
+    guint caret_ = 0;   ///< in it, in scalars
 };
 
 } // namespace vanoka::ibus

@@ -38,18 +38,16 @@ IBusText* newText(std::string_view text) {
 
 } // namespace
 
-InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment,
-                           SequenceComposer sequenceComposer)
+InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment)
     : engine_(engine),
       environment_(environment),
       client_(engine),
-      controller_(SettingsProgram::name, environment.settings),
-      sequenceComposer_(std::move(sequenceComposer)) {
+      controller_(SettingsProgram::name, environment.settings) {
     updateDelivery();
 }
 
 bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
-    if (!takesNoInput() && takes(keysym, keyCode, state))
+    if (!takesNoInput() && takes(keysym, state))
         return true;
     // A key without a code, such as a program can make up, would not come back as the key it was.
     if (!delivery_.forwardsPassedKeys || keyCode == 0)
@@ -58,15 +56,30 @@ bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
     return true;
 }
 
-bool InputContext::takes(guint keysym, guint keyCode, guint state) {
+bool InputContext::takes(guint keysym, guint state) {
     const KeyEvent event = Keysym::keyEvent(keysym, state, ibus_keyval_to_unicode(keysym));
     if (environment_.storedSettings.hasChanged())
         environment_.settings.reloadIfChanged();
     if (delivery_.commitsBeforeShortcut && !(state & IBUS_RELEASE_MASK) && Keysym::isShortcutModifier(keysym))
         controller_.commitComposition(&client_);
-    if (event.type == KeyEvent::keyDown && sequence_.takes(keysym))
-        return processSequenceKey(keysym, keyCode, state);
-    return controller_.handle(&event, &client_);
+    return takesForSequence(keysym, event) || controller_.handle(&event, &client_);
+}
+
+/// Whether the key is part of a sequence that makes one text.
+bool InputContext::takesForSequence(guint keysym, const KeyEvent& event) {
+    if (event.type != KeyEvent::keyDown)
+        return false;
+    if (event.modifierFlags != 0) {
+        sequence_.end(); // a shortcut is none
+        return false;
+    }
+    const ComposeSequence::Result result = sequence_.press(keysym);
+    if (result.outcome == ComposeSequence::Outcome::notPart)
+        return false;
+    controller_.commitComposition(&client_); // as a key does that types nothing
+    if (!result.text.empty())
+        client_.insertText(result.text, VanokaInputController::noReplacement);
+    return true;
 }
 
 void InputContext::enable() {
@@ -103,10 +116,12 @@ void InputContext::focusOut(std::string field) {
 }
 
 void InputContext::reset() {
-    if (delivery_.commitsInReset)
-        controller_.commitComposition(&client_);
-    else
+    if (!delivery_.commitsInReset) {
         forget();
+        return;
+    }
+    client_.hideMarkedText();
+    controller_.commitComposition(&client_);
 }
 
 void InputContext::setCapabilities(guint capabilities) {
@@ -135,22 +150,12 @@ bool InputContext::takesNoInput() const noexcept {
     return purpose_ == IBUS_INPUT_PURPOSE_PASSWORD || purpose_ == IBUS_INPUT_PURPOSE_PIN;
 }
 
-bool InputContext::processSequenceKey(guint keysym, guint keyCode, guint state) {
-    controller_.commitComposition(&client_); // as a key does that types nothing
-    const bool isConsumed = sequenceComposer_.process(keysym, keyCode, state);
-    if (!sequence_.isUnderway())
-        sequenceComposer_.reset(); // the keys after a sequence that makes nothing are letters again
-    return isConsumed;
-}
-
 /// Ends the composition whose text has been put in by others, and returns the text.
 std::string InputContext::forget() {
     ServedClient served;
     controller_.deactivateServer(&served);
-    if (sequence_.isUnderway()) {
-        sequence_.end();
-        sequenceComposer_.reset();
-    }
+    client_.forgetMarkedText();
+    sequence_.end();
     return served.text();
 }
 

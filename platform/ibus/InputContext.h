@@ -21,19 +21,13 @@ struct EngineEnvironment {
     std::function<void(VanokaInputController::MenuAction)> activate; ///< of an entry of the menu
 };
 
-/// What makes one character of a dead key or the Compose key and the keys after it.
-struct SequenceComposer {
-    std::function<bool(guint keysym, guint keyCode, guint state)> process; ///< true when the key is consumed
-    std::function<void()> reset;
-};
-
 /// One engine object of the daemon and the composition in it. The daemon moves the object from client to
 /// client; a composition never moves with it, since losing the client ends it.
 ///
 /// Each operation is the daemon's call of that name. Both the engine and the environment must outlive it.
 class InputContext {
 public:
-    InputContext(IBusEngine& engine, EngineEnvironment& environment, SequenceComposer sequenceComposer);
+    InputContext(IBusEngine& engine, EngineEnvironment& environment);
 
     /// True when the key is consumed.
     bool processKeyEvent(guint keysym, guint keyCode, guint state);
@@ -55,8 +49,8 @@ public:
 
 private:
     bool takesNoInput() const noexcept;
-    bool takes(guint keysym, guint keyCode, guint state);
-    bool processSequenceKey(guint keysym, guint keyCode, guint state);
+    bool takes(guint keysym, guint state);
+    bool takesForSequence(guint keysym, const KeyEvent& event);
     std::string forget();
     void becomesActive();
     void updateDelivery();
@@ -69,7 +63,6 @@ private:
     Delivery delivery_;
     DroppedTexts droppedTexts_;
     ComposeSequence sequence_;
-    SequenceComposer sequenceComposer_;
     guint capabilities_ = 0;
     guint purpose_ = IBUS_INPUT_PURPOSE_FREE_FORM;
 };
