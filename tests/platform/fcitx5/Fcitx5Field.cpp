@@ -53,9 +53,9 @@ void Fcitx5Field::press(const KeyEvent& event) {
 
 void Fcitx5Field::press(std::uint32_t keysym, std::uint32_t state) {
     const KeyEvent event = Keysym::keyEvent(keysym, state, keysym < 0x100 ? keysym : 0);
-    if (!process(keysym, state, false) && event.type == KeyEvent::keyDown)
+    const bool isRelease = (state & Keysym::release) != 0;
+    if (!process(keysym, state & ~Keysym::release, isRelease) && event.type == KeyEvent::keyDown)
         field().apply(event);
-    process(keysym, state, true);
 }
 
 void Fcitx5Field::askForComposition() {
@@ -90,6 +90,10 @@ void Fcitx5Field::pressAtOnce(const KeyEvent& event) {
                 pressed->field->field().apply(pressed->event);
         },
         new Pressed{this, event});
+}
+
+bool Fcitx5Field::waitUntilFinished(std::size_t count) {
+    return finished_ >= count || waitUntil([&] { return finished_ >= count; });
 }
 
 void Fcitx5Field::focusIn() {

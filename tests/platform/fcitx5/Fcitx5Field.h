@@ -21,16 +21,14 @@ public:
     ~Fcitx5Field() override;
 
     void press(const KeyEvent& event) override;
-    void press(std::uint32_t keysym, std::uint32_t state);
+    void press(std::uint32_t keysym, std::uint32_t state) override;
+    void pressAtOnce(const KeyEvent& event) override;
+    bool waitUntilFinished(std::size_t count) override;
     void askForComposition() override;
     void leaveAndReturn() override;
 
-    /// The same without waiting for the answer: `finished` counts the answers.
-    void pressAtOnce(const KeyEvent& event);
-    std::size_t finished() const noexcept { return finished_; }
-
-    void focusIn();
-    void focusOut();
+    void focusIn() override;
+    void focusOut() override;
 
 private:
     bool process(std::uint32_t keysym, std::uint32_t state, bool isRelease);

@@ -1,106 +1,83 @@
-#include "FileUserDefaults.h"
+#include "FrameworkTest.h"
 #include "IBusDaemon.h"
 #include "IBusField.h"
 #include "InstalledVersions.h"
-#include "Keys.h"
-#include "Keysyms.h"
-#include "Randoms.h"
-#include "Scenario.h"
-#include "VanokaInputController.h"
 
+#include <array>
 #include <csignal>
-#include <fstream>
-#include <gtest/gtest.h>
+#include <functional>
 
 namespace vanoka::test {
 
 namespace {
 
-constexpr const char* engine = "vanoka";
-constexpr const char* plainEngine = "xkb:us::eng";
+constexpr const char *ourEngine = "vanoka", *plainXkb = "xkb:us::eng";
+
+struct IBus {
+    static constexpr const char *engine = ourEngine, *plainEngine = plainXkb,
+                                *ownProgram = "gtk3-im:vanoka-settings";
+
+    static IBusDaemon& daemon() { return IBusDaemon::shared(); }
+    static std::unique_ptr<RemoteField> newField(const std::string& name) {
+        return std::make_unique<IBusField>(name);
+    }
+    static std::vector<std::function<std::unique_ptr<RemoteField>()>> everyKindOfField() {
+        return {[] { return newField("test:editor"); },
+                [] { return std::make_unique<IBusField>("test:editor", IBusField::Commits::field); }, newXim};
+    }
+    /// A field that the engine knows to be XIM's: the daemon tells the name with every focus but the first.
+    static std::unique_ptr<IBusField> newXim() {
+        auto made = std::make_unique<IBusField>("xim");
+        EXPECT_TRUE(made->choose(ourEngine));
+        made->leaveAndReturn();
+        return made;
+    }
+    static bool choose(RemoteField& field, const char* name) {
+        return static_cast<IBusField&>(field).choose(name);
+    }
+
+    static std::vector<std::string> menu(RemoteField& field) {
+        auto& ibus = static_cast<IBusField&>(field);
+        EXPECT_TRUE(waitUntil([&] { return ibus.menu() != nullptr; }));
+        std::vector<std::string> labels;
+        for (guint index = 0; IBusProperty* item = ibus_prop_list_get(ibus.menu(), index); ++index)
+            labels.emplace_back(ibus_text_get_text(ibus_property_get_label(item)));
+        return labels;
+    }
+    static void activate(RemoteField& field, std::size_t index) {
+        auto& ibus = static_cast<IBusField&>(field);
+        IBusProperty* item = ibus_prop_list_get(ibus.menu(), static_cast<guint>(index));
+        ibus_input_context_property_activate(ibus.context(), ibus_property_get_key(item), 0);
+    }
+    template <class Condition>
+    static bool waitUntil(Condition condition) {
+        return test::waitUntil(condition);
+    }
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Engine, FrameworkTest, IBus);
 
 class EngineTest : public testing::Test {
 protected:
-    void SetUp() override {
-        std::filesystem::remove_all(daemon.configuration() / "vanoka");
-        ASSERT_TRUE(field.choose(engine));
-    }
+    void SetUp() override { ASSERT_TRUE(field.choose(ourEngine)); }
 
     /// A field with the engine chosen.
     std::unique_ptr<IBusField> newField(const std::string& name,
                                         IBusField::Commits commits = IBusField::Commits::daemon) {
         field.focusOut();
         auto made = std::make_unique<IBusField>(name, commits);
-        EXPECT_TRUE(made->choose(engine));
+        EXPECT_TRUE(made->choose(ourEngine));
         return made;
     }
 
-    /// A field that the engine knows to be XIM's: the daemon tells the name with every focus but the first.
     std::unique_ptr<IBusField> newXim() {
-        auto made = newField("xim");
-        made->leaveAndReturn();
-        return made;
+        field.focusOut();
+        return IBus::newXim();
     }
 
     IBusDaemon& daemon = IBusDaemon::shared();
     IBusField field{"test:editor"};
-    FileUserDefaults defaults{daemon.configuration() / "vanoka"};
-    SinglishSettings settings{defaults};
 };
-
-TEST_F(EngineTest, PlaysEveryScenario) {
-    for (const Scenario& scenario : allScenarios()) {
-        for (const auto commits : {IBusField::Commits::daemon, IBusField::Commits::field}) {
-            settings.reset();
-            replay(scenario, *newField("test:editor", commits), settings);
-        }
-        settings.reset();
-        replay(scenario, *newXim(), settings);
-    }
-}
-
-TEST_F(EngineTest, KeepsTenThousandKeysInOrderAtFullSpeed) {
-    Randoms randoms(41);
-    std::vector<KeyEvent> events;
-    VanokaInputController controller(std::nullopt, settings);
-    TextField expected;
-    const std::vector<std::string> ends = {"<space>", ".", "<escape>", "<return>"};
-    while (events.size() < 10000) {
-        for (const KeyEvent& event : keys(randoms.keys(6) + randoms.of(ends))) {
-            events.push_back(event);
-            if (!controller.handle(&event, &expected))
-                expected.apply(event);
-        }
-    }
-    constexpr std::size_t mostUnderway = 100; // a typist of 100 keys ahead
-    for (std::size_t pressed = 0; pressed < events.size(); ++pressed) {
-        field.pressAtOnce(events[pressed]);
-        while (field.finished() + mostUnderway < pressed)
-            g_main_context_iteration(nullptr, TRUE);
-    }
-    ASSERT_TRUE(waitUntil([&] { return field.finished() == events.size(); })) << field.finished();
-    EXPECT_EQ(field.field().text(), expected.text());
-    EXPECT_EQ(field.field().marked(), "");
-}
-
-TEST_F(EngineTest, KeepsTwoFieldsApart) {
-    const auto other = newField("test:other");
-    other->focusOut();
-    field.focusIn();
-    field.type("am");
-    field.focusOut();
-    other->focusIn();
-    EXPECT_EQ(field.field().screen(), "\u0D85\u0DB8\u0DCA") << "what stood there went in when the focus went";
-    other->type("ka");
-    other->focusOut();
-    field.focusIn();
-    field.type("ma");
-    field.focusOut();
-    other->focusIn();
-    other->type("k.");
-    EXPECT_EQ(field.field().screen(), "\u0D85\u0DB8\u0DCA\u0DB8");
-    EXPECT_EQ(other->field().screen(), "\u0D9A\u0D9A\u0DCA.");
-}
 
 TEST_F(EngineTest, PutsNothingIntoTheFieldThatGetsTheFocus) {
     for (const auto commits : {IBusField::Commits::daemon, IBusField::Commits::field}) {
@@ -115,15 +92,6 @@ TEST_F(EngineTest, PutsNothingIntoTheFieldThatGetsTheFocus) {
         EXPECT_EQ(to->field().screen(), "1");
         to->focusOut();
     }
-}
-
-TEST_F(EngineTest, LosesNothingWhenAnotherEngineIsChosen) {
-    field.type("amma");
-    ASSERT_TRUE(field.choose(plainEngine));
-    EXPECT_EQ(field.field().screen(), "\u0D85\u0DB8\u0DCA\u0DB8");
-    ASSERT_TRUE(field.choose(engine));
-    field.type("ka.");
-    EXPECT_EQ(field.field().screen(), "\u0D85\u0DB8\u0DCA\u0DB8\u0D9A.");
 }
 
 TEST_F(EngineTest, AKeyThatBeginsAShortcutPutsTheWordInWhereNobodyElseWould) {
@@ -147,7 +115,7 @@ TEST_F(EngineTest, AKeyThatBeginsAShortcutPutsTheWordInWhereNobodyElseWould) {
 
 TEST_F(EngineTest, TheClientKeepsWorkingWhenTheEngineDies) {
     for (const int signal : {SIGKILL, SIGTERM}) {
-        ASSERT_TRUE(field.choose(engine));
+        ASSERT_TRUE(field.choose(ourEngine));
         const std::string before = field.field().text();
         field.type("ka");
         const auto process = daemon.engineProcess();
@@ -159,47 +127,11 @@ TEST_F(EngineTest, TheClientKeepsWorkingWhenTheEngineDies) {
         EXPECT_EQ(field.field().text(), before + "\u0D9A") << "the word is kept, once";
         field.type("xy");
         EXPECT_EQ(field.field().text(), before + "\u0D9Axy") << "keys are the client's";
-        ASSERT_TRUE(field.choose(plainEngine));
-        ASSERT_TRUE(field.choose(engine));
+        ASSERT_TRUE(field.choose(plainXkb));
+        ASSERT_TRUE(field.choose(ourEngine));
         field.type("ka.");
         EXPECT_EQ(field.field().text(), before + "\u0D9Axy\u0D9A.") << "a new engine serves the next key";
     }
-}
-
-TEST_F(EngineTest, DeadKeysAndTheComposeKeyMakeOneCharacter) {
-    constexpr guint deadAcute = 0xFE51, deadCircumflex = 0xFE52, compose = 0xFF20, shift = 0xFFE1;
-    field.type("ka");
-    field.press(deadAcute, 0);
-    field.press('e', 0);
-    field.type("ka.");
-    EXPECT_EQ(field.field().screen(), "\u0D9A\u00E9\u0D9A.");
-    field.press(compose, 0);
-    field.press(shift, 0);
-    field.press('"', IBUS_SHIFT_MASK);
-    field.press(shift, IBUS_SHIFT_MASK | IBUS_RELEASE_MASK);
-    field.press('o', 0);
-    field.type("ka.");
-    EXPECT_EQ(field.field().screen(), "\u0D9A\u00E9\u0D9A.\u00F6\u0D9A.");
-    field.press(deadCircumflex, 0);
-    field.press(deadAcute, 0);
-    field.press('a', 0);
-    field.type("ka.");
-    EXPECT_EQ(field.field().screen(), "\u0D9A\u00E9\u0D9A.\u00F6\u0D9A.\u1EA5\u0D9A.");
-}
-
-TEST_F(EngineTest, ASequenceThatMakesNothingIsOverWithItsLastKey) {
-    constexpr guint deadAcute = 0xFE51;
-    field.press(deadAcute, 0);
-    field.type("qka.");
-    EXPECT_EQ(field.field().screen(), "q\u0D9A.") << "which is a letter";
-    field.press(deadAcute, 0);
-    field.type("<escape>ka.");
-    EXPECT_EQ(field.field().screen(), "q\u0D9A.\u0D9A.") << "unless it gives the sequence up";
-    field.press(deadAcute, 0);
-    field.leaveAndReturn();
-    field.field() = TextField();
-    field.type("ka.");
-    EXPECT_EQ(field.field().screen(), "\u0D9A.");
 }
 
 TEST_F(EngineTest, ComposesNothingInPasswordFields) {
@@ -212,14 +144,6 @@ TEST_F(EngineTest, ComposesNothingInPasswordFields) {
         field.type("ka.");
         EXPECT_EQ(field.field().screen(), before + "am1. \u0D9A.");
     }
-}
-
-TEST_F(EngineTest, ComposesNothingInItsOwnWindows) {
-    const auto own = newField("gtk3-im:vanoka-settings");
-    own->focusOut();
-    own->focusIn();
-    own->type("amma.");
-    EXPECT_EQ(own->field().screen(), "amma.");
 }
 
 TEST_F(EngineTest, SendsEachPassedKeyBackToXimBehindTheTexts) {
@@ -282,44 +206,6 @@ TEST_F(EngineTest, KeepsAWordThatTheDaemonDropsUntilItsFieldHasTheFocusAgain) {
         EXPECT_EQ(from->field().screen(), "\u0D9A\u0DBD.\u0D9A1") << "the daemon has put this one in";
         from->focusOut();
     }
-}
-
-TEST_F(EngineTest, AnEditIsInForceAtTheVeryNextKey) {
-    for (int round = 0; round < 20; ++round) {
-        field.type("q");
-        settings.add("q", "\u0D9A");
-        field.type("a<escape>");
-        field.type("q");
-        EXPECT_EQ(field.field().marked(), "\u0D9A\u0DCA");
-        settings.reset();
-        field.type("a");
-        EXPECT_EQ(field.field().marked(), "q\u0D85");
-        field.type("<escape>");
-    }
-}
-
-TEST_F(EngineTest, DamagedSettingsNeverStopTyping) {
-    settings.add("q", "\u0D9A");
-    std::ofstream(defaults.pathOf(SinglishSettings::storedName), std::ios::trunc) << "{\"addedKeys\":[";
-    field.type("ka.");
-    EXPECT_EQ(field.field().screen(), "\u0D9A.");
-}
-
-TEST_F(EngineTest, HasAMenuOfTwoItemsThatStartTheSettingsProgram) {
-    ASSERT_TRUE(waitUntil([&] { return field.menu() != nullptr; }));
-    const auto item = [&](guint index) { return ibus_prop_list_get(field.menu(), index); };
-    ASSERT_NE(item(1), nullptr);
-    EXPECT_EQ(item(2), nullptr);
-    EXPECT_STREQ(ibus_text_get_text(ibus_property_get_label(item(0))), "Vanoka Settings\u2026");
-    EXPECT_STREQ(ibus_text_get_text(ibus_property_get_label(item(1))), "About Vanoka");
-    field.type("ka");
-    for (const guint index : {0U, 1U}) {
-        ibus_input_context_property_activate(field.context(), ibus_property_get_key(item(index)), 0);
-        EXPECT_TRUE(waitUntil([&] { return daemon.settingsStarts().size() == index + 1; }));
-    }
-    EXPECT_EQ(daemon.settingsStarts(), (std::vector<std::string>{"", "--about"}));
-    field.type("la.");
-    EXPECT_EQ(field.field().screen(), "\u0D9A\u0DBD.") << "opening a window leaves the word alone";
 }
 
 TEST_F(EngineTest, ServesTheDaemonThatComesAfterACrash) {

@@ -44,12 +44,10 @@ IBusDaemon::~IBusDaemon() {
 }
 
 /// A copy of the program with a script beside it in place of the settings window.
-void IBusDaemon::installProgram() const {
+void IBusDaemon::installProgram() {
     fs::create_directory(program().parent_path());
     fs::copy_file(VANOKA_PROGRAM_FILE, program());
-    const fs::path settings = program().parent_path() / "vanoka-settings";
-    std::ofstream(settings) << "#!/bin/sh\necho \"$*\" >>" << folder_.path() / "settings-starts" << '\n';
-    fs::permissions(settings, fs::perms::owner_all);
+    settings_.emplace(program().parent_path());
     writeDescription();
 }
 
@@ -68,14 +66,6 @@ void IBusDaemon::removeDescription() const {
 
 fs::path IBusDaemon::program() const {
     return folder_.path() / "bin" / "Vanoka";
-}
-
-std::vector<std::string> IBusDaemon::settingsStarts() const {
-    std::vector<std::string> starts;
-    std::ifstream file(folder_.path() / "settings-starts");
-    for (std::string line; std::getline(file, line);)
-        starts.push_back(line);
-    return starts;
 }
 
 void IBusDaemon::setEnvironment() const {

@@ -81,7 +81,7 @@ void IBusField::press(const KeyEvent& event) {
     press(key.keysym, key.state | IBUS_RELEASE_MASK);
 }
 
-void IBusField::press(guint keysym, guint state) {
+void IBusField::press(std::uint32_t keysym, std::uint32_t state) {
     const bool isConsumed = ibus_input_context_process_key_event(context_, keysym, someKeyCode, state) != FALSE;
     settle();
     if (!isConsumed)
@@ -104,6 +104,10 @@ void IBusField::pressAtOnce(const KeyEvent& event) {
                 pressed->field->field().apply(pressed->event);
         },
         new Pressed{this, event});
+}
+
+bool IBusField::waitUntilFinished(std::size_t count) {
+    return finished_ >= count || waitUntil([&] { return finished_ >= count; });
 }
 
 void IBusField::askForComposition() {
