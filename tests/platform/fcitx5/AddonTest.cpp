@@ -60,6 +60,11 @@ TEST_F(AddonTest, PutsTheWordInWhereTheFieldShowsNoMarkedText) {
     EXPECT_EQ(plain.field().screen(), "\u0D9A");
 }
 
+TEST_F(AddonTest, ATextReplacesTheMarkedText) {
+    field.type("ka.");
+    EXPECT_EQ(field.replaced(), "\u0D9A");
+}
+
 TEST_F(AddonTest, ComposesNothingInPasswordFields) {
     field.focusOut();
     Fcitx5Field password("editor", Fcitx5Field::showsMarkedText | Fcitx5Field::isPassword);

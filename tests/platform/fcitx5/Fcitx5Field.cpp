@@ -128,6 +128,7 @@ void Fcitx5Field::onSignal(const std::string& name, GVariant* arguments) {
         return;
     const gchar* text = nullptr;
     g_variant_get(arguments, "(&s)", &text);
+    replaced_ = field().marked();
     field().insertText(text, noReplacement);
 }
 

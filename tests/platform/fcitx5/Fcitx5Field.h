@@ -27,6 +27,9 @@ public:
     void askForComposition() override;
     void leaveAndReturn() override;
 
+    /// What stood marked when the last text came, in whose place it goes.
+    const std::string& replaced() const noexcept { return replaced_; }
+
     void focusIn() override;
     void focusOut() override;
 
@@ -38,6 +41,7 @@ private:
 
     std::string path_;
     guint subscription_ = 0;
+    std::string replaced_;
     std::size_t finished_ = 0;
 };
 

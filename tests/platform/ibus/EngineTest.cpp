@@ -113,6 +113,29 @@ TEST_F(EngineTest, AKeyThatBeginsAShortcutPutsTheWordInWhereNobodyElseWould) {
     EXPECT_EQ(field.field().screen(), "[\u0D9A]") << "and elsewhere nothing happens";
 }
 
+TEST_F(EngineTest, ATextReplacesTheMarkedTextWhichNobodyElseMayPutInFromThenOn) {
+    const auto editor = newField("test:editor", IBusField::Commits::field);
+    std::vector<std::string> events;
+    g_signal_connect(editor->context(), "update-preedit-text-with-mode",
+                     G_CALLBACK(+[](IBusInputContext*, IBusText* text, guint, gboolean isVisible, guint mode,
+                                    gpointer all) {
+                         const std::string shown = isVisible ? ibus_text_get_text(text) : "nothing";
+                         const char* onLoss = mode == IBUS_ENGINE_PREEDIT_COMMIT ? ", put in" : ", dropped";
+                         static_cast<decltype(events)*>(all)->push_back(shown + onLoss);
+                     }),
+                     &events);
+    g_signal_connect(editor->context(), "commit-text",
+                     G_CALLBACK(+[](IBusInputContext*, IBusText* text, gpointer all) {
+                         static_cast<decltype(events)*>(all)->emplace_back(ibus_text_get_text(text));
+                     }),
+                     &events);
+    editor->type("ka.");
+    EXPECT_EQ(events,
+              (std::vector<std::string>{"\u0D9A\u0DCA, put in", "\u0D9A, put in", "\u0D9A, dropped",
+                                        "\u0D9A.", "nothing, dropped"}));
+    g_signal_handlers_disconnect_by_data(editor->context(), &events);
+}
+
 TEST_F(EngineTest, TheClientKeepsWorkingWhenTheEngineDies) {
     for (const int signal : {SIGKILL, SIGTERM}) {
         ASSERT_TRUE(field.choose(ourEngine));
