@@ -27,8 +27,8 @@ constexpr const char* words[] = {"amma ",     "gedhara ",        "shrii ",
 constexpr std::size_t rounds = 400, wordsInStretch = 6;
 constexpr std::size_t resamplings = 300;
 
-/// What is measured: the engine, the bare one, and the bare one again, which shows how far two measurements of
-/// the same thing are apart.
+/// What is measured: the engine, the bare one, and the bare one again, which shows how far two measurements
+/// of the same thing are apart.
 struct Arm {
     const char* engine;
     std::vector<std::vector<double>> stretches = {}; ///< times of keys, in microseconds
@@ -66,8 +66,8 @@ double quantile(const Arm& arm, const std::vector<std::size_t>& chosen, double p
     return quantile(std::move(times), part);
 }
 
-/// The ratio of the arms' quantiles, and the span in which it lies in nine of ten drawings of whole rounds, as
-/// the rounds are what is independent of each other.
+/// The ratio of the arms' quantiles, and the span in which it lies in nine of ten drawings of whole rounds,
+/// as the rounds are what is independent of each other.
 void report(const char* name, const Arm& arm, const Arm& beside, double part) {
     std::vector<std::size_t> chosen(rounds);
     std::iota(chosen.begin(), chosen.end(), 0);

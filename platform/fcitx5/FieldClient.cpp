@@ -37,8 +37,8 @@ bool FieldClient::resetsFirst() const {
 }
 
 bool FieldClient::losesTextToOtherWindows() const {
-    // The browser has ended its part in the composition when the text comes. Modules that put it in themselves
-    // are in time.
+    // The browser has ended its part in the composition when the text comes. Modules that put it in
+    // themselves are in time.
     return context_.program().starts_with("firefox") &&
            !context_.capabilityFlags().test(fcitx::CapabilityFlag::ClientUnfocusCommit);
 }
@@ -53,8 +53,8 @@ std::optional<std::string> FieldClient::bundleIdentifier() const {
 }
 
 void FieldClient::insertText(std::string_view text, TextRange) {
-    // In place of the marked text. A browser that sees that go first takes the line away with it, and puts the
-    // text into the line above.
+    // In place of the marked text. A browser that sees that go first takes the line away with it, and puts
+    // the text into the line above.
     context_.commitString(std::string(text));
     clear();
 }

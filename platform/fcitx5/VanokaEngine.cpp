@@ -119,7 +119,7 @@ bool VanokaEngine::processSequenceKey(const fcitx::KeyEvent& event, const KeyEve
     const auto made = instance_.processComposeString(context, keysym);
     const bool givesUp = keysym == FcitxKey_BackSpace || keysym == FcitxKey_Escape;
     if (made ? made->empty() : !instance_.isComposing(context) && !givesUp)
-        return false; // it knows no sequence with this key
+        return false;                                  // it knows no sequence with this key
     field.controller.commitComposition(&field.client); // as a key does that types nothing
     if (made)
         context->commitString(*made);

@@ -26,8 +26,8 @@ struct Delivery {
     bool commitsBeforeShortcut = false;
     /// The daemon drops the marked text when another client gets the focus before this one has lost it.
     bool losesTextToOthers = false;
-    /// Each key that is the client's is sent back on the road that texts take, since one that is only declined
-    /// overtakes them.
+    /// Each key that is the client's is sent back on the road that texts take, since one that is only
+    /// declined overtakes them.
     bool forwardsPassedKeys = false;
     friend bool operator==(const Delivery&, const Delivery&) = default;
 };

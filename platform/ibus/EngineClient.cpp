@@ -28,8 +28,8 @@ std::optional<std::string> EngineClient::bundleIdentifier() const {
 void EngineClient::insertText(std::string_view text, TextRange) {
     const std::string terminated(text);
     if (frameworkCommits_)
-        // Left in place: the text replaces it. A browser that sees it go takes the line away with it, and puts
-        // the text into the line above. But from now on nobody may put it in.
+        // Left in place: the text replaces it. A browser that sees it go takes the line away with it, and
+        // puts the text into the line above. But from now on nobody may put it in.
         showMarkedText(IBUS_ENGINE_PREEDIT_CLEAR);
     else
         hideMarkedText(); // or the client would put it in as well, if the text makes it move the focus

@@ -104,7 +104,8 @@ void Fcitx5Daemon::startBus() {
 }
 
 void Fcitx5Daemon::startFramework() {
-    framework_ = startProcess({"fcitx5", "--disable=all", "--enable=dbus,dbusfrontend,kimpanel,keyboard,vanoka"});
+    framework_ =
+        startProcess({"fcitx5", "--disable=all", "--enable=dbus,dbusfrontend,kimpanel,keyboard,vanoka"});
     EXPECT_TRUE(waitUntil([this] { return isOnBus(); })) << "no fcitx5";
 }
 

@@ -33,8 +33,10 @@ TEST(Delivery, FollowsTheClientAndTheVersions) {
              {"QIBusInputContext", unannounced, ordinary},
              {"xim", forwarding, losing},
          }) {
-        EXPECT_EQ(deliveryTo(row.client, {.qtCommitsUnannounced = true, .gtk4ResetsFirst = true, .ximAsksSynchronously = true}),
-                  row.old)
+        EXPECT_EQ(
+            deliveryTo(row.client,
+                       {.qtCommitsUnannounced = true, .gtk4ResetsFirst = true, .ximAsksSynchronously = true}),
+            row.old)
             << row.client;
         EXPECT_EQ(deliveryTo(row.client, {}), row.today) << row.client;
     }

@@ -130,9 +130,8 @@ TEST_F(EngineTest, ATextReplacesTheMarkedTextWhichNobodyElseMayPutInFromThenOn) 
                      }),
                      &events);
     editor->type("ka.");
-    EXPECT_EQ(events,
-              (std::vector<std::string>{"\u0D9A\u0DCA, put in", "\u0D9A, put in", "\u0D9A, dropped",
-                                        "\u0D9A.", "nothing, dropped"}));
+    EXPECT_EQ(events, (std::vector<std::string>{"\u0D9A\u0DCA, put in", "\u0D9A, put in", "\u0D9A, dropped",
+                                                "\u0D9A.", "nothing, dropped"}));
     g_signal_handlers_disconnect_by_data(editor->context(), &events);
 }
 
@@ -181,13 +180,11 @@ TEST_F(EngineTest, SendsEachPassedKeyBackToXimBehindTheTexts) {
             static_cast<decltype(forwarded)*>(all)->push_back({keysym, keyCode, state & ~mark});
         }),
         &forwarded);
-    const std::vector<std::array<guint, 3>> passed = {{enter, enterCode, 0},
-                                                      {enter, enterCode, IBUS_RELEASE_MASK},
-                                                      {shift, shiftCode, 0},
-                                                      {shift, shiftCode, IBUS_SHIFT_MASK | IBUS_RELEASE_MASK},
-                                                      {'1', 2, IBUS_MOD2_MASK},
-                                                      {'a', 30, IBUS_RELEASE_MASK},
-                                                      {'c', 46, IBUS_CONTROL_MASK}};
+    const std::vector<std::array<guint, 3>> passed = {
+        {enter, enterCode, 0},       {enter, enterCode, IBUS_RELEASE_MASK},
+        {shift, shiftCode, 0},       {shift, shiftCode, IBUS_SHIFT_MASK | IBUS_RELEASE_MASK},
+        {'1', 2, IBUS_MOD2_MASK},    {'a', 30, IBUS_RELEASE_MASK},
+        {'c', 46, IBUS_CONTROL_MASK}};
     for (const char* before : {"", "ka"}) {
         xim->type(before);
         forwarded.clear();

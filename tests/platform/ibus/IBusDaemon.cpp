@@ -79,8 +79,8 @@ void IBusDaemon::setEnvironment() const {
     set("GSETTINGS_BACKEND", "memory");
     set("NO_AT_BRIDGE", "1");
     set("LC_ALL", "C.UTF-8");
-    for (const char* name : {"IBUS_ADDRESS", "IBUS_ENABLE_SYNC_MODE", "DISPLAY", "WAYLAND_DISPLAY",
-                             "DBUS_SESSION_BUS_ADDRESS"})
+    for (const char* name :
+         {"IBUS_ADDRESS", "IBUS_ENABLE_SYNC_MODE", "DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS"})
         ::unsetenv(name);
 }
 

@@ -74,7 +74,8 @@ IBusField::~IBusField() {
 
 void IBusField::press(const KeyEvent& event) {
     const X11Key key = x11Key(event);
-    const bool isConsumed = ibus_input_context_process_key_event(context_, key.keysym, someKeyCode, key.state) != FALSE;
+    const bool isConsumed =
+        ibus_input_context_process_key_event(context_, key.keysym, someKeyCode, key.state) != FALSE;
     settle();
     if (!isConsumed)
         field().apply(event);
@@ -82,7 +83,8 @@ void IBusField::press(const KeyEvent& event) {
 }
 
 void IBusField::press(std::uint32_t keysym, std::uint32_t state) {
-    const bool isConsumed = ibus_input_context_process_key_event(context_, keysym, someKeyCode, state) != FALSE;
+    const bool isConsumed =
+        ibus_input_context_process_key_event(context_, keysym, someKeyCode, state) != FALSE;
     settle();
     if (!isConsumed)
         onForward(context_, keysym, 0, state, this);

@@ -17,8 +17,8 @@
 
 namespace vanoka::test {
 
-/// What typing is like, whichever framework of the desktop carries it: each runs these tests in a real daemon.
-/// `Framework` has
+/// What typing is like, whichever framework of the desktop carries it: each runs these tests in a real
+/// daemon. `Framework` has
 ///   - `daemon()`, with its `configuration()` folder and the `settingsStarts()` of the settings program,
 ///   - `newField(program)`, a field that has the focus, and `everyKindOfField()`, functions that make one,
 ///   - `choose(field, engine)`, true when it is in force, and `engine` and `plainEngine` to choose,
@@ -202,8 +202,8 @@ TYPED_TEST_P(FrameworkTest, HasAMenuOfTwoItemsThatStartTheSettingsProgram) {
     field.type("ka");
     for (const std::size_t index : {0U, 1U}) {
         TypeParam::activate(field, index);
-        ASSERT_TRUE(TypeParam::waitUntil(
-            [&] { return TypeParam::daemon().settingsStarts().size() == index + 1; }));
+        ASSERT_TRUE(
+            TypeParam::waitUntil([&] { return TypeParam::daemon().settingsStarts().size() == index + 1; }));
     }
     EXPECT_EQ(TypeParam::daemon().settingsStarts(), (std::vector<std::string>{"", "--about"}));
     field.type("la.");
