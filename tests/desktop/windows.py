@@ -370,9 +370,16 @@ def in_password(fields):
     fields.expect("", "amma.", "")
 
 
+def in_field_that_is_left(fields):
+    """The program moves the focus as soon as a text comes."""
+    fields.desk.keys(*"amma", "space")
+    fields.desk.keys(*"ka", "period")
+    fields.expect(WORD + " ", KA + ".", "")
+
+
 PARTS = [by_keys, by_click_elsewhere, by_tab, by_other_window, by_other_window_with_shortcut,
          by_other_window_and_back, by_click_in_the_field, by_click_before, by_shortcut, by_engine,
-         by_engine_with_shortcut, in_password]
+         by_engine_with_shortcut, in_password, in_field_that_is_left]
 
 # What no engine can mend, with the reason; it is run, and reported when it has become better.
 KNOWN = {
@@ -468,7 +475,8 @@ def run_part(desk, toolkit, part):
     if toolkit == "xim":
         part(desk)
         return
-    fields = Fields(desk, toolkit, *(["password"] if part is in_password else []))
+    mode = {in_password: ["password"], in_field_that_is_left: ["left"]}.get(part, [])
+    fields = Fields(desk, toolkit, *mode)
     try:
         part(fields)
     finally:
