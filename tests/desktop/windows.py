@@ -301,18 +301,6 @@ def by_other_window(fields):
     fields.expect(WORD + " " + KA, "", KA + ".")
 
 
-def by_other_window_with_shortcut(fields):
-    """As a person does who changes the window with Alt and Tab: the modifier is seen, the shortcut is not."""
-    fields.write_word()
-    fields.desk.processes.output("xdotool", "keydown", "Alt_L")
-    time.sleep(0.05)
-    fields.desk.focus(fields.two)
-    fields.desk.processes.output("xdotool", "keyup", "Alt_L")
-    fields.click(2)
-    fields.desk.keys(*"ka", "period")
-    fields.expect(WORD + " " + KA, "", KA + ".")
-
-
 def by_other_window_and_back(fields):
     fields.write_word()
     fields.desk.focus(fields.two)
@@ -377,9 +365,8 @@ def in_field_that_is_left(fields):
     fields.expect(WORD + " ", KA + ".", "")
 
 
-PARTS = [by_keys, by_click_elsewhere, by_tab, by_other_window, by_other_window_with_shortcut,
-         by_other_window_and_back, by_click_in_the_field, by_click_before, by_shortcut, by_engine,
-         by_engine_with_shortcut, in_password, in_field_that_is_left]
+PARTS = [by_keys, by_click_elsewhere, by_tab, by_other_window, by_other_window_and_back, by_click_in_the_field,
+         by_click_before, by_shortcut, by_engine, by_engine_with_shortcut, in_password, in_field_that_is_left]
 
 # What no engine can mend, with the reason; it is run, and reported when it has become better.
 KNOWN = {
