@@ -29,18 +29,18 @@ class FrameworkTest : public testing::Test {
 protected:
     void SetUp() override {
         std::filesystem::remove_all(Framework::daemon().configuration() / "vanoka");
-        ASSERT_TRUE(Framework::choose(*field, Framework::engine));
+        ASSERT_TRUE(Framework::choose(*remote, Framework::engine));
     }
 
     /// Another field, which gets the focus and has the engine chosen.
     std::unique_ptr<RemoteField> another(const std::string& program) {
-        field->focusOut();
+        remote->focusOut();
         std::unique_ptr<RemoteField> made = Framework::newField(program);
         EXPECT_TRUE(Framework::choose(*made, Framework::engine));
         return made;
     }
 
-    std::unique_ptr<RemoteField> field = Framework::newField("editor");
+    std::unique_ptr<RemoteField> remote = Framework::newField("editor");
     FileUserDefaults defaults{Framework::daemon().configuration() / "vanoka"};
     SinglishSettings settings{defaults};
 };
@@ -48,7 +48,7 @@ protected:
 TYPED_TEST_SUITE_P(FrameworkTest);
 
 TYPED_TEST_P(FrameworkTest, PlaysEveryScenario) {
-    this->field->focusOut();
+    this->remote->focusOut();
     for (const Scenario& scenario : allScenarios()) {
         for (const auto& makeField : TypeParam::everyKindOfField()) {
             this->settings.reset();
@@ -73,7 +73,7 @@ TYPED_TEST_P(FrameworkTest, KeepsTenThousandKeysInOrderAtFullSpeed) {
         }
     }
     constexpr std::size_t mostUnderway = 100; // a typist of 100 keys ahead
-    RemoteField& field = *this->field;
+    RemoteField& field = *this->remote;
     for (std::size_t pressed = 0; pressed < events.size(); ++pressed) {
         field.pressAtOnce(events[pressed]);
         ASSERT_TRUE(field.waitUntilFinished(pressed < mostUnderway ? 0 : pressed - mostUnderway));
@@ -85,7 +85,7 @@ TYPED_TEST_P(FrameworkTest, KeepsTenThousandKeysInOrderAtFullSpeed) {
 
 TYPED_TEST_P(FrameworkTest, KeepsTwoFieldsApart) {
     const auto other = this->another("other");
-    RemoteField& field = *this->field;
+    RemoteField& field = *this->remote;
     other->focusOut();
     field.focusIn();
     field.type("am");
@@ -104,7 +104,7 @@ TYPED_TEST_P(FrameworkTest, KeepsTwoFieldsApart) {
 }
 
 TYPED_TEST_P(FrameworkTest, LosesNothingWhenAnotherEngineIsChosen) {
-    RemoteField& field = *this->field;
+    RemoteField& field = *this->remote;
     field.type("amma");
     ASSERT_TRUE(TypeParam::choose(field, TypeParam::plainEngine));
     EXPECT_EQ(field.field().screen(), "\u0D85\u0DB8\u0DCA\u0DB8");
@@ -115,7 +115,7 @@ TYPED_TEST_P(FrameworkTest, LosesNothingWhenAnotherEngineIsChosen) {
 }
 
 TYPED_TEST_P(FrameworkTest, ModifierKeysAndReleasesLeaveTheWordAlone) {
-    RemoteField& field = *this->field;
+    RemoteField& field = *this->remote;
     field.type("k");
     for (const std::uint32_t key : {0xFFE1U, 0xFFE3U, 0xFFE9U, 0xFFEBU, 0xFFE5U, 0xFE03U, 0xFF7FU}) {
         field.press(key, 0);
@@ -128,7 +128,7 @@ TYPED_TEST_P(FrameworkTest, ModifierKeysAndReleasesLeaveTheWordAlone) {
 TYPED_TEST_P(FrameworkTest, SequencesOfKeysMakeOneText) {
     constexpr std::uint32_t deadAcute = 0xFE51, deadCircumflex = 0xFE52, compose = 0xFF20, shift = 0xFFE1,
                             shifted = 1;
-    RemoteField& field = *this->field;
+    RemoteField& field = *this->remote;
     field.type("ka");
     field.press(deadAcute, 0);
     field.press('e', 0);
@@ -154,7 +154,7 @@ TYPED_TEST_P(FrameworkTest, SequencesOfKeysMakeOneText) {
 
 TYPED_TEST_P(FrameworkTest, AKeyThatFitsNoSequenceIsItself) {
     constexpr std::uint32_t deadAcute = 0xFE51;
-    RemoteField& field = *this->field;
+    RemoteField& field = *this->remote;
     field.press(deadAcute, 0);
     field.type("qka.");
     EXPECT_EQ(field.field().screen(), "q\u0D9A.");
@@ -175,7 +175,7 @@ TYPED_TEST_P(FrameworkTest, ComposesNothingInItsOwnWindows) {
 }
 
 TYPED_TEST_P(FrameworkTest, AnEditIsInForceAtTheVeryNextKey) {
-    RemoteField& field = *this->field;
+    RemoteField& field = *this->remote;
     for (int round = 0; round < 20; ++round) {
         field.type("q");
         EXPECT_EQ(field.field().marked(), "q");
@@ -192,12 +192,12 @@ TYPED_TEST_P(FrameworkTest, AnEditIsInForceAtTheVeryNextKey) {
 TYPED_TEST_P(FrameworkTest, DamagedSettingsNeverStopTyping) {
     this->settings.add("q", "\u0D9A");
     std::ofstream(this->defaults.pathOf(SinglishSettings::storedName), std::ios::trunc) << "{\"addedKeys\":[";
-    this->field->type("ka.");
-    EXPECT_EQ(this->field->field().screen(), "\u0D9A.");
+    this->remote->type("ka.");
+    EXPECT_EQ(this->remote->field().screen(), "\u0D9A.");
 }
 
 TYPED_TEST_P(FrameworkTest, HasAMenuOfTwoItemsThatStartTheSettingsProgram) {
-    RemoteField& field = *this->field;
+    RemoteField& field = *this->remote;
     EXPECT_EQ(TypeParam::menu(field), (std::vector<std::string>{"Vanoka Settings\u2026", "About Vanoka"}));
     field.type("ka");
     for (const std::size_t index : {0U, 1U}) {
