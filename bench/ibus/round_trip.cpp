@@ -95,14 +95,8 @@ long privateMemory(pid_t process) {
 
 /// In milliseconds, from the choice of the engine, whose process does not run, to the answer to a key.
 double startTime(IBusField& field) {
-    const auto& daemon = IBusDaemon::shared();
     field.choose("xkb:us::eng");
-    if (const auto process = daemon.engineProcess()) {
-        ::kill(*process, SIGKILL);
-        // The daemon may learn of it later than the system, and would ask the dead one.
-        waitUntil([&] { return !ibus_bus_name_has_owner(daemon.bus(), "org.freedesktop.IBus.Vanoka"); });
-        g_usleep(100000); // and would not start another before it has buried the dead one
-    }
+    IBusDaemon::shared().killEngine(SIGKILL);
     const auto start = Clock::now();
     field.choose("vanoka");
     press(field, 'a');

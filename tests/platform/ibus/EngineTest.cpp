@@ -140,10 +140,7 @@ TEST_F(EngineTest, TheClientKeepsWorkingWhenTheEngineDies) {
         ASSERT_TRUE(field.choose(ourEngine));
         const std::string before = field.field().text();
         field.type("ka");
-        const auto process = daemon.engineProcess();
-        ASSERT_TRUE(process.has_value());
-        ::kill(*process, signal);
-        ASSERT_TRUE(daemon.waitForEngine(false));
+        ASSERT_TRUE(daemon.killEngine(signal));
         // The daemon takes the marked text away first, and then puts it in.
         waitUntil([&] { return field.field().text() != before && field.field().marked().empty(); });
         EXPECT_EQ(field.field().text(), before + "\u0D9A") << "the word is kept, once";

@@ -122,8 +122,16 @@ std::optional<pid_t> IBusDaemon::engineProcess() const {
     return std::nullopt;
 }
 
-bool IBusDaemon::waitForEngine(bool isThere) const {
-    return waitUntil([&] { return engineProcess().has_value() == isThere; });
+bool IBusDaemon::killEngine(int signal) const {
+    const auto engine = engineProcess();
+    if (!engine)
+        return false;
+    ::kill(*engine, signal);
+    const fs::path entry = "/proc/" + std::to_string(*engine); // goes when the daemon has asked how it ended
+    const bool isGone = waitUntil(
+        [&] { return !fs::exists(entry) && !ibus_bus_name_has_owner(bus_, "org.freedesktop.IBus.Vanoka"); });
+    g_usleep(50000); // from the asking to what the daemon does about it
+    return isGone;
 }
 
 void settle() {

@@ -41,8 +41,9 @@ public:
 
     /// The process of the engine; nothing when there is none.
     std::optional<pid_t> engineProcess() const;
-    /// Waits until that is the case; false when it takes too long.
-    bool waitForEngine(bool isThere) const;
+    /// Ends the engine's process with a signal, and waits until the daemon knows that it is gone; before, it
+    /// would ask the dead one instead of starting another. False when there is none or it does not go.
+    bool killEngine(int signal) const;
 
 private:
     IBusDaemon();
