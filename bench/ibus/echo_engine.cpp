@@ -58,6 +58,7 @@ int main() {
     IBusBus* bus = ibus_bus_new();
     if (!ibus_bus_is_connected(bus))
         return 1;
+    g_signal_connect(bus, "disconnected", G_CALLBACK(ibus_quit), nullptr);
     IBusFactory* factory = ibus_factory_new(ibus_bus_get_connection(bus));
     ibus_factory_add_engine(factory, "echo", echo_engine_get_type());
     ibus_bus_request_name(bus, "org.freedesktop.IBus.Echo", 0);

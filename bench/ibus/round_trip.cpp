@@ -5,10 +5,13 @@
 #include "IBusField.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <fstream>
+#include <numeric>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -20,7 +23,16 @@ using Microseconds = std::chrono::duration<double, std::micro>;
 
 constexpr const char* words[] = {"amma ",     "gedhara ",        "shrii ",
                                  "lankaava ", "samaajavaadhii ", "janarajaya "};
-constexpr int rounds = 40, wordsInRound = 45;
+// One stretch of keys is short, so that what else the machine does falls on each engine alike.
+constexpr std::size_t rounds = 400, wordsInStretch = 6;
+constexpr std::size_t resamplings = 300;
+
+/// What is measured: the engine, the bare one, and the bare one again, which shows how far two measurements
+/// of the same thing are apart.
+struct Arm {
+    const char* engine;
+    std::vector<std::vector<double>> stretches = {}; ///< times of keys, in microseconds
+};
 
 double press(IBusField& field, guint keysym) {
     const auto start = Clock::now();
@@ -28,10 +40,15 @@ double press(IBusField& field, guint keysym) {
     return Microseconds(Clock::now() - start).count();
 }
 
-void typeRound(IBusField& field, std::vector<double>& times) {
-    for (int word = 0; word < wordsInRound; ++word)
+void typeStretch(IBusField& field, Arm& arm) {
+    field.choose(arm.engine);
+    for (const char* key = words[0]; *key; ++key) // a new engine object has its first word behind it
+        press(field, static_cast<guint>(*key));
+    std::vector<double> times;
+    for (std::size_t word = 0; word < wordsInStretch; ++word)
         for (const char* key = words[word % std::size(words)]; *key; ++key)
             times.push_back(press(field, static_cast<guint>(*key)));
+    arm.stretches.push_back(std::move(times));
     settle();
 }
 
@@ -39,6 +56,31 @@ double quantile(std::vector<double> times, double part) {
     const auto at = times.begin() + static_cast<std::ptrdiff_t>(part * static_cast<double>(times.size() - 1));
     std::nth_element(times.begin(), at, times.end());
     return *at;
+}
+
+/// The quantile of all keys of the chosen rounds.
+double quantile(const Arm& arm, const std::vector<std::size_t>& chosen, double part) {
+    std::vector<double> times;
+    for (const std::size_t round : chosen)
+        times.insert(times.end(), arm.stretches[round].begin(), arm.stretches[round].end());
+    return quantile(std::move(times), part);
+}
+
+/// The ratio of the arms' quantiles, and the span in which it lies in nine of ten drawings of whole rounds,
+/// as the rounds are what is independent of each other.
+void report(const char* name, const Arm& arm, const Arm& beside, double part) {
+    std::vector<std::size_t> chosen(rounds);
+    std::iota(chosen.begin(), chosen.end(), 0);
+    const double time = quantile(arm, chosen, part), bare = quantile(beside, chosen, part);
+    std::mt19937 random(1);
+    std::uniform_int_distribution<std::size_t> anyRound(0, rounds - 1);
+    std::vector<double> ratios;
+    for (std::size_t i = 0; i < resamplings; ++i) {
+        std::ranges::generate(chosen, [&] { return anyRound(random); });
+        ratios.push_back(quantile(arm, chosen, part) / quantile(beside, chosen, part));
+    }
+    std::printf("  %-6s  bare %7.1f us   %-7s %7.1f us   ratio %.3f (%.3f to %.3f)\n", name, bare, arm.engine,
+                time, time / bare, quantile(ratios, 0.05), quantile(ratios, 0.95));
 }
 
 /// In kilobytes.
@@ -53,14 +95,8 @@ long privateMemory(pid_t process) {
 
 /// In milliseconds, from the choice of the engine, whose process does not run, to the answer to a key.
 double startTime(IBusField& field) {
-    const auto& daemon = IBusDaemon::shared();
     field.choose("xkb:us::eng");
-    if (const auto process = daemon.engineProcess()) {
-        ::kill(*process, SIGKILL);
-        // The daemon may learn of it later than the system, and would ask the dead one.
-        waitUntil([&] { return !ibus_bus_name_has_owner(daemon.bus(), "org.freedesktop.IBus.Vanoka"); });
-        g_usleep(100000); // and would not start another before it has buried the dead one
-    }
+    IBusDaemon::shared().killEngine(SIGKILL);
     const auto start = Clock::now();
     field.choose("vanoka");
     press(field, 'a');
@@ -74,22 +110,32 @@ double startTime(IBusField& field) {
 
 int main() {
     IBusField field("bench");
-    std::vector<double> ours, bare, starts;
-    for (int round = 0; round < rounds; ++round) {
-        // First one, then the other, so that what else the machine does falls on both.
-        for (const bool isOurs : {round % 2 == 0, round % 2 != 0}) {
-            field.choose(isOurs ? "vanoka" : "echo");
-            typeRound(field, isOurs ? ours : bare);
+    Arm bare{"echo"}, ours{"vanoka"}, again{"echo"};
+    std::array<Arm*, 3> arms = {&bare, &ours, &again};
+    std::mt19937 random(1);
+    for (std::size_t round = 0; round < rounds; ++round) {
+        std::ranges::shuffle(arms, random);
+        for (Arm* arm : arms) {
+            field.choose("xkb:us::eng"); // the same way to each
+            typeStretch(field, *arm);
         }
     }
-    std::printf("key round trip through the daemon, %zu keys each\n", ours.size());
-    for (const auto& [name, part] : {std::pair("median", 0.5), std::pair("p99", 0.99)})
-        std::printf("  %-6s  bare %7.1f us   vanoka %7.1f us   ratio %.3f\n", name, quantile(bare, part),
-                    quantile(ours, part), quantile(ours, part) / quantile(bare, part));
+    std::printf("key round trip through the daemon, %zu keys each, nine of ten ratios in brackets\n",
+                rounds * ours.stretches[0].size());
+    for (const auto& [name, part] : {std::pair("median", 0.5), std::pair("p99", 0.99)}) {
+        report(name, ours, bare, part);
+        report(name, again, bare, part);
+    }
     field.choose("vanoka");
     if (const auto process = IBusDaemon::shared().engineProcess())
         std::printf("private memory of the engine after that: %.1f MB\n",
                     static_cast<double>(privateMemory(*process)) / 1024);
+    constexpr guint deadAcute = 0xFE51;
+    press(field, deadAcute);
+    press(field, 'e');
+    if (const auto process = IBusDaemon::shared().engineProcess())
+        std::printf("and after a dead key: %.1f MB\n", static_cast<double>(privateMemory(*process)) / 1024);
+    std::vector<double> starts;
     for (int i = 0; i < 15; ++i)
         starts.push_back(startTime(field));
     std::printf("start of the process to the answer to its first key: median %.0f ms, longest %.0f ms\n",

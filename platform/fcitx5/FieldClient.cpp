@@ -36,6 +36,13 @@ bool FieldClient::resetsFirst() const {
            !flags.test(fcitx::CapabilityFlag::KeyEventOrderFix);
 }
 
+bool FieldClient::losesTextToOtherWindows() const {
+    // The browser has ended its part in the composition when the text comes. Modules that put it in
+    // themselves are in time.
+    return context_.program().starts_with("firefox") &&
+           !context_.capabilityFlags().test(fcitx::CapabilityFlag::ClientUnfocusCommit);
+}
+
 void FieldClient::clear() {
     show({});
 }
@@ -46,8 +53,10 @@ std::optional<std::string> FieldClient::bundleIdentifier() const {
 }
 
 void FieldClient::insertText(std::string_view text, TextRange) {
-    clear(); // first, or it would be put in as well
+    // In place of the marked text. A browser that sees that go first takes the line away with it, and puts
+    // the text into the line above.
     context_.commitString(std::string(text));
+    clear();
 }
 
 void FieldClient::setMarkedText(const MarkedText& marked, TextRange selectionRange, TextRange) {

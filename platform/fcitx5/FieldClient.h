@@ -18,6 +18,9 @@ public:
     bool showsMarkedText() const;
     /// Whether the field resets the input method before it has put the marked text in, and then drops it.
     bool resetsFirst() const;
+    /// Whether the field no longer takes the text that the framework puts in when another window gets the
+    /// focus.
+    bool losesTextToOtherWindows() const;
     /// Takes the marked text away.
     void clear();
 

@@ -71,6 +71,9 @@ void VanokaEngine::keyEvent(const fcitx::InputMethodEntry&, fcitx::KeyEvent& eve
     if (storedSettings_.hasChanged())
         settings_.reloadIfChanged();
     const KeyEvent key = keyEventOf(event);
+    const auto keysym = static_cast<std::uint32_t>(event.rawKey().sym());
+    if (!event.isRelease() && Keysym::isShortcutModifier(keysym) && field.client.losesTextToOtherWindows())
+        field.controller.commitComposition(&field.client); // as the shortcut may be one to another window
     if (processSequenceKey(event, key, field) || field.controller.handle(&key, &field.client))
         event.filterAndAccept();
 }
@@ -94,8 +97,10 @@ void VanokaEngine::deactivate(const fcitx::InputMethodEntry&, fcitx::InputContex
 
 void VanokaEngine::reset(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
     Field& field = fieldOf(event);
-    if (field.client.resetsFirst())
+    if (field.client.resetsFirst()) {
+        field.client.clear();
         field.controller.commitComposition(&field.client);
+    }
     forget(field);
 }
 
@@ -111,10 +116,11 @@ bool VanokaEngine::processSequenceKey(const fcitx::KeyEvent& event, const KeyEve
     const bool begins = Keysym::startsSequence(static_cast<std::uint32_t>(keysym));
     if (key.type != KeyEvent::keyDown || (!begins && !instance_.isComposing(context)))
         return false;
-    field.controller.commitComposition(&field.client); // as a key does that types nothing
     const auto made = instance_.processComposeString(context, keysym);
-    if (made && made->empty())
-        return false; // it knows no sequence with this key
+    const bool givesUp = keysym == FcitxKey_BackSpace || keysym == FcitxKey_Escape;
+    if (made ? made->empty() : !instance_.isComposing(context) && !givesUp)
+        return false;                                  // it knows no sequence with this key
+    field.controller.commitComposition(&field.client); // as a key does that types nothing
     if (made)
         context->commitString(*made);
     return true;

@@ -22,6 +22,9 @@ bool qtCommitsUnannounced(const Versions& versions) {
 bool gtk4ResetsFirst(const Versions& versions) {
     return versions.gtk4ResetsFirst;
 }
+bool ximAsksSynchronously(const Versions& versions) {
+    return versions.ximAsksSynchronously;
+}
 
 // The first row that fits counts. Clients that none fits put the marked text in themselves and have said so
 // (GTK, browsers, GNOME Shell, newer Qt), or leave it to the daemon.
@@ -33,9 +36,14 @@ constexpr std::array rows = std::to_array<Row>({
     {"QIBusInputContext", qtCommitsUnannounced, {.frameworkCommits = false, .commitsBeforeShortcut = true}},
     // Tells the daemon that it puts the text in, and on a click in the same field does not.
     {"gtk4-im:", gtk4ResetsFirst, {.commitsInReset = true}},
-    // Its server answers a declined key before it hands the text on. It may also tell that another window has
-    // the focus before it tells that this one has lost it, and then nobody puts the text in.
-    {"xim", always, {.commitsBeforeShortcut = true, .forwardsPassedKeys = true}},
+    // Its server may tell that another window has the focus before it tells that this one has lost it, and
+    // then nobody puts the text in. One that waits for each answer acts on it before it acts on what was sent
+    // earlier, however long ago: so one that waits gets every key, and every release, behind the texts.
+    // One that does not wait has the answers in order, and knows better which window each is for.
+    {"xim",
+     ximAsksSynchronously,
+     {.commitsBeforeShortcut = true, .losesTextToOthers = true, .forwardsPassedKeys = true}},
+    {"xim", always, {.commitsBeforeShortcut = true, .losesTextToOthers = true}},
 });
 
 } // namespace

@@ -10,6 +10,8 @@ struct Versions {
     bool qtCommitsUnannounced = false;
     /// The GTK 4 module resets the engine before it has put the marked text in.
     bool gtk4ResetsFirst = false;
+    /// XIM's server waits for the answer to each key, and meanwhile takes no text.
+    bool ximAsksSynchronously = false;
 };
 
 /// How a client gets a composition that ends without a key: by a click, a change of focus, another engine.
@@ -22,8 +24,10 @@ struct Delivery {
     /// The engine puts the text in as soon as a key is pressed that begins a shortcut: if the shortcut
     /// changes the engine or the window, nobody else would.
     bool commitsBeforeShortcut = false;
-    /// A key that ends a composition and is the client's is sent back after the text, since one that is only
-    /// declined overtakes it.
+    /// The daemon drops the marked text when another client gets the focus before this one has lost it.
+    bool losesTextToOthers = false;
+    /// Each key that is the client's is sent back on the road that texts take, since one that is only
+    /// declined overtakes them.
     bool forwardsPassedKeys = false;
     friend bool operator==(const Delivery&, const Delivery&) = default;
 };

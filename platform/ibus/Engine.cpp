@@ -1,21 +1,19 @@
 #include "Engine.h"
 
-#include <utility>
 #include <vector>
 
 using vanoka::ibus::InputContext;
 
 struct VanokaEngine {
-    IBusEngineSimple parent;
+    IBusEngine parent;
     InputContext* context;
 };
 
 struct VanokaEngineClass {
-    IBusEngineSimpleClass parent;
+    IBusEngineClass parent;
 };
 
-// The parent knows the dead keys and the Compose key, which the daemon leaves to engines.
-G_DEFINE_TYPE(VanokaEngine, vanoka_engine, IBUS_TYPE_ENGINE_SIMPLE)
+G_DEFINE_TYPE(VanokaEngine, vanoka_engine, IBUS_TYPE_ENGINE)
 
 namespace {
 
@@ -46,14 +44,19 @@ void focusIn(IBusEngine* engine) {
         context->focusIn();
 }
 
-void focusInWithClient(IBusEngine* engine, const gchar*, const gchar* client) {
+void focusInWithClient(IBusEngine* engine, const gchar* field, const gchar* client) {
     if (InputContext* context = contextOf(engine))
-        context->focusIn(client ? client : "");
+        context->focusIn(field, client ? client : "");
 }
 
-void focusOutWithClient(IBusEngine* engine, const gchar*) {
+void focusOut(IBusEngine* engine) {
     if (InputContext* context = contextOf(engine))
         context->focusOut();
+}
+
+void focusOutWithClient(IBusEngine* engine, const gchar* field) {
+    if (InputContext* context = contextOf(engine))
+        context->focusOut(field);
 }
 
 void setContentType(IBusEngine* engine, guint purpose, guint) {
@@ -64,16 +67,6 @@ void setContentType(IBusEngine* engine, guint purpose, guint) {
 void activateProperty(IBusEngine* engine, const gchar* name, guint) {
     if (InputContext* context = contextOf(engine))
         context->activateProperty(name);
-}
-
-vanoka::ibus::SequenceComposer sequenceComposerOf(IBusEngine* engine) {
-    const auto process = [engine, isReady = false](guint keysym, guint keyCode, guint state) mutable {
-        if (!std::exchange(isReady, true)) // it reads files, and most people never need it
-            ibus_engine_simple_add_table_by_locale(IBUS_ENGINE_SIMPLE(engine), nullptr);
-        return IBUS_ENGINE_CLASS(vanoka_engine_parent_class)
-                   ->process_key_event(engine, keysym, keyCode, state) != FALSE;
-    };
-    return {process, [engine] { IBUS_ENGINE_CLASS(vanoka_engine_parent_class)->reset(engine); }};
 }
 
 void finalize(GObject* object) {
@@ -88,11 +81,11 @@ void finalize(GObject* object) {
 
 static void vanoka_engine_class_init(VanokaEngineClass* engineClass) {
     G_OBJECT_CLASS(engineClass)->finalize = finalize;
-    IBusEngineClass& calls = engineClass->parent.parent;
+    IBusEngineClass& calls = engineClass->parent;
     calls.process_key_event = processKeyEvent;
     calls.focus_in = focusIn;
     calls.focus_in_id = focusInWithClient;
-    calls.focus_out = handOn<&InputContext::focusOut>;
+    calls.focus_out = focusOut;
     calls.focus_out_id = focusOutWithClient;
     calls.enable = handOn<&InputContext::enable>;
     calls.disable = handOn<&InputContext::disable>;
@@ -114,7 +107,7 @@ IBusEngine* newEngine(const char* name, const char* path, GDBusConnection* conne
                                                            "object-path", path, "connection", connection,
                                                            "has-focus-id", TRUE, nullptr));
     IBusEngine* parent = IBUS_ENGINE(engine);
-    engine->context = new InputContext(*parent, environment, sequenceComposerOf(parent));
+    engine->context = new InputContext(*parent, environment);
     contexts().push_back(engine->context);
     return parent;
 }

@@ -26,29 +26,39 @@ std::optional<std::string> EngineClient::bundleIdentifier() const {
 }
 
 void EngineClient::insertText(std::string_view text, TextRange) {
-    ++insertions_;
-    hideMarkedText(); // first, or it would be put in as well
     const std::string terminated(text);
+    if (frameworkCommits_)
+        // Left in place: the text replaces it. A browser that sees it go takes the line away with it, and
+        // puts the text into the line above. But from now on nobody may put it in.
+        showMarkedText(IBUS_ENGINE_PREEDIT_CLEAR);
+    else
+        hideMarkedText(); // or the client would put it in as well, if the text makes it move the focus
     ibus_engine_commit_text(&engine_, ibus_text_new_from_string(terminated.c_str()));
+    hideMarkedText();
 }
 
 void EngineClient::setMarkedText(const MarkedText& marked, TextRange selectionRange, TextRange) {
     if (marked.text.empty())
         return hideMarkedText();
-    IBusText* text = ibus_text_new_from_string(marked.text.c_str());
-    if (marked.underline == MarkedText::Underline::single)
+    marked_ = marked;
+    caret_ = scalarCount(marked.text, selectionRange.location);
+    showMarkedText(frameworkCommits_ ? IBUS_ENGINE_PREEDIT_COMMIT : IBUS_ENGINE_PREEDIT_CLEAR);
+}
+
+void EngineClient::showMarkedText(IBusPreeditFocusMode mode) {
+    if (marked_.text.empty())
+        return;
+    IBusText* text = ibus_text_new_from_string(marked_.text.c_str());
+    if (marked_.underline == MarkedText::Underline::single)
         ibus_text_append_attribute(text, IBUS_ATTR_TYPE_UNDERLINE, IBUS_ATTR_UNDERLINE_SINGLE, 0,
                                    static_cast<gint>(ibus_text_get_length(text)));
-    ibus_engine_update_preedit_text_with_mode(
-        &engine_, text, scalarCount(marked.text, selectionRange.location), TRUE,
-        frameworkCommits_ ? IBUS_ENGINE_PREEDIT_COMMIT : IBUS_ENGINE_PREEDIT_CLEAR);
-    isMarked_ = true;
+    ibus_engine_update_preedit_text_with_mode(&engine_, text, caret_, TRUE, mode);
 }
 
 void EngineClient::hideMarkedText() {
-    if (!isMarked_)
+    if (marked_.text.empty())
         return;
-    isMarked_ = false;
+    forgetMarkedText();
     ibus_engine_update_preedit_text_with_mode(&engine_, ibus_text_new_from_static_string(""), 0, FALSE,
                                               IBUS_ENGINE_PREEDIT_CLEAR);
 }

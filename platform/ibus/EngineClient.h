@@ -19,8 +19,11 @@ public:
     const std::string& name() const noexcept { return name_; }
     /// Whether the daemon or the client puts the marked text in when it is lost.
     void setFrameworkCommits(bool commits) { frameworkCommits_ = commits; }
-    /// How many texts have been inserted.
-    std::size_t insertions() const noexcept { return insertions_; }
+
+    /// Takes the marked text away.
+    void hideMarkedText();
+    /// Others have taken it away.
+    void forgetMarkedText() { marked_ = {}; }
 
     /// The program; absent where the module does not name it.
     std::optional<std::string> bundleIdentifier() const override;
@@ -29,13 +32,13 @@ public:
                        TextRange replacementRange) override;
 
 private:
-    void hideMarkedText();
+    void showMarkedText(IBusPreeditFocusMode mode);
 
     IBusEngine& engine_;
     std::string name_;
     bool frameworkCommits_ = true;
-    bool isMarked_ = false;
-    std::size_t insertions_ = 0;
+    MarkedText marked_; ///< what is shown
+    guint caret_ = 0;   ///< in it, in scalars
 };
 
 } // namespace vanoka::ibus

@@ -17,6 +17,9 @@ struct NamedAction {
     MenuAction action;
 };
 
+/// The client's name when no field has the focus.
+constexpr std::string_view daemonItself = "fake";
+
 constexpr std::array actions = std::to_array<NamedAction>({
     {"settings", MenuAction::showSettings},
     {"about", MenuAction::showAbout},
@@ -35,32 +38,47 @@ IBusText* newText(std::string_view text) {
 
 } // namespace
 
-InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment,
-                           SequenceComposer sequenceComposer)
+InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment)
     : engine_(engine),
       environment_(environment),
       client_(engine),
-      controller_(SettingsProgram::name, environment.settings),
-      sequenceComposer_(std::move(sequenceComposer)) {
+      controller_(SettingsProgram::name, environment.settings) {
     updateDelivery();
 }
 
 bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
-    if (takesNoInput())
+    if (!takesNoInput() && takes(keysym, state))
+        return true;
+    // A key without a code, such as a program can make up, would not come back as the key it was.
+    if (!delivery_.forwardsPassedKeys || keyCode == 0)
         return false;
+    ibus_engine_forward_key_event(&engine_, keysym, keyCode, state);
+    return true;
+}
+
+bool InputContext::takes(guint keysym, guint state) {
     const KeyEvent event = Keysym::keyEvent(keysym, state, ibus_keyval_to_unicode(keysym));
     if (environment_.storedSettings.hasChanged())
         environment_.settings.reloadIfChanged();
     if (delivery_.commitsBeforeShortcut && !(state & IBUS_RELEASE_MASK) && Keysym::isShortcutModifier(keysym))
         controller_.commitComposition(&client_);
-    if (event.type == KeyEvent::keyDown && sequence_.takes(keysym))
-        return processSequenceKey(keysym, keyCode, state);
-    const std::size_t insertions = client_.insertions();
-    if (controller_.handle(&event, &client_))
-        return true;
-    if (!delivery_.forwardsPassedKeys || client_.insertions() == insertions)
+    return takesForSequence(keysym, event) || controller_.handle(&event, &client_);
+}
+
+/// Whether the key is part of a sequence that makes one text.
+bool InputContext::takesForSequence(guint keysym, const KeyEvent& event) {
+    if (event.type != KeyEvent::keyDown)
         return false;
-    ibus_engine_forward_key_event(&engine_, keysym, keyCode, state);
+    if (event.modifierFlags != 0) {
+        sequence_.end(); // a shortcut is none
+        return false;
+    }
+    const ComposeSequence::Result result = sequence_.press(keysym);
+    if (result.outcome == ComposeSequence::Outcome::notPart)
+        return false;
+    controller_.commitComposition(&client_); // as a key does that types nothing
+    if (!result.text.empty())
+        client_.insertText(result.text, VanokaInputController::noReplacement);
     return true;
 }
 
@@ -76,21 +94,34 @@ void InputContext::focusIn() {
     becomesActive();
 }
 
-void InputContext::focusIn(std::string client) {
+void InputContext::focusIn(const std::string& field, std::string client) {
+    using Holder = DroppedTexts::Holder;
+    const std::string dropped =
+        droppedTexts_.enter(field, client == daemonItself ? Holder::daemon : Holder::field);
     client_.setName(std::move(client));
     updateDelivery();
     becomesActive();
+    if (!dropped.empty())
+        client_.insertText(dropped, VanokaInputController::noReplacement);
 }
 
 void InputContext::focusOut() {
     forget();
 }
 
+void InputContext::focusOut(std::string field) {
+    const std::string text = forget();
+    if (delivery_.losesTextToOthers)
+        droppedTexts_.leave(std::move(field), text);
+}
+
 void InputContext::reset() {
-    if (delivery_.commitsInReset)
-        controller_.commitComposition(&client_);
-    else
+    if (!delivery_.commitsInReset) {
         forget();
+        return;
+    }
+    client_.hideMarkedText();
+    controller_.commitComposition(&client_);
 }
 
 void InputContext::setCapabilities(guint capabilities) {
@@ -119,22 +150,13 @@ bool InputContext::takesNoInput() const noexcept {
     return purpose_ == IBUS_INPUT_PURPOSE_PASSWORD || purpose_ == IBUS_INPUT_PURPOSE_PIN;
 }
 
-bool InputContext::processSequenceKey(guint keysym, guint keyCode, guint state) {
-    controller_.commitComposition(&client_); // as a key does that types nothing
-    const bool isConsumed = sequenceComposer_.process(keysym, keyCode, state);
-    if (!sequence_.isUnderway())
-        sequenceComposer_.reset(); // the keys after a sequence that makes nothing are letters again
-    return isConsumed;
-}
-
-/// Ends the composition whose text has been put in by others.
-void InputContext::forget() {
+/// Ends the composition whose text has been put in by others, and returns the text.
+std::string InputContext::forget() {
     ServedClient served;
     controller_.deactivateServer(&served);
-    if (sequence_.isUnderway()) {
-        sequence_.end();
-        sequenceComposer_.reset();
-    }
+    client_.forgetMarkedText();
+    sequence_.end();
+    return served.text();
 }
 
 void InputContext::becomesActive() {

@@ -2,6 +2,7 @@
 
 #include "ComposeSequence.h"
 #include "Delivery.h"
+#include "DroppedTexts.h"
 #include "EngineClient.h"
 #include "FileWatch.h"
 #include "VanokaInputController.h"
@@ -20,28 +21,24 @@ struct EngineEnvironment {
     std::function<void(VanokaInputController::MenuAction)> activate; ///< of an entry of the menu
 };
 
-/// What makes one character of a dead key or the Compose key and the keys after it.
-struct SequenceComposer {
-    std::function<bool(guint keysym, guint keyCode, guint state)> process; ///< true when the key is consumed
-    std::function<void()> reset;
-};
-
 /// One engine object of the daemon and the composition in it. The daemon moves the object from client to
 /// client; a composition never moves with it, since losing the client ends it.
 ///
 /// Each operation is the daemon's call of that name. Both the engine and the environment must outlive it.
 class InputContext {
 public:
-    InputContext(IBusEngine& engine, EngineEnvironment& environment, SequenceComposer sequenceComposer);
+    InputContext(IBusEngine& engine, EngineEnvironment& environment);
 
     /// True when the key is consumed.
     bool processKeyEvent(guint keysym, guint keyCode, guint state);
     void enable();
     void disable();
+    /// In what follows `field` is the path of the client's field on the bus, and `client` the client's name;
+    /// the daemon does not tell them to an engine that has just been made.
     void focusIn();
-    /// `client` is the client's name.
-    void focusIn(std::string client);
+    void focusIn(const std::string& field, std::string client);
     void focusOut();
+    void focusOut(std::string field);
     void reset();
     void setCapabilities(guint capabilities);
     void setContentType(guint purpose);
@@ -52,8 +49,9 @@ public:
 
 private:
     bool takesNoInput() const noexcept;
-    bool processSequenceKey(guint keysym, guint keyCode, guint state);
-    void forget();
+    bool takes(guint keysym, guint state);
+    bool takesForSequence(guint keysym, const KeyEvent& event);
+    std::string forget();
     void becomesActive();
     void updateDelivery();
     void showMenu();
@@ -63,8 +61,8 @@ private:
     EngineClient client_;
     VanokaInputController controller_;
     Delivery delivery_;
+    DroppedTexts droppedTexts_;
     ComposeSequence sequence_;
-    SequenceComposer sequenceComposer_;
     guint capabilities_ = 0;
     guint purpose_ = IBUS_INPUT_PURPOSE_FREE_FORM;
 };

@@ -1,7 +1,9 @@
 #include "InstalledVersions.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <cstdlib>
 #include <dlfcn.h>
 #include <fstream>
 #include <ibus.h>
@@ -17,6 +19,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view announcement = "ClientCommitPreedit";
 constexpr int firstThatCommitsFirst = 528; // GTK 4's module puts the text in before it resets
+constexpr int firstWithThirdWay = 529;     // XIM's server asks asynchronously, and waits in its event loop
 
 /// Where distributions keep Qt's module, Qt 6 before Qt 5: where both are there and differ, programs of
 /// today are served right.
@@ -49,7 +52,9 @@ Versions find() {
     const int release =
         releaseOfLibrary(library.filename().native()).value_or(100 * IBUS_MINOR_VERSION + IBUS_MICRO_VERSION);
     return {.qtCommitsUnannounced = commitsUnannounced(qtModules(library.parent_path())),
-            .gtk4ResetsFirst = release < firstThatCommitsFirst};
+            .gtk4ResetsFirst = release < firstThatCommitsFirst,
+            // The daemon has started XIM's server and this process with the same environment.
+            .ximAsksSynchronously = ximWaits(std::getenv("IBUS_ENABLE_SYNC_MODE"), release)};
 }
 
 } // namespace
@@ -67,6 +72,14 @@ std::optional<int> releaseOfLibrary(std::string_view fileName) {
     const char* end = fileName.data() + fileName.size();
     const auto result = std::from_chars(fileName.data() + start.size(), end, release);
     return result.ec == std::errc() && result.ptr == end ? std::optional(release) : std::nullopt;
+}
+
+bool ximWaits(const char* setting, int release) {
+    constexpr std::array<std::string_view, 5> no = {"", "0", "false", "False", "FALSE"};
+    if (!setting)
+        return true;
+    const bool isThirdWay = release >= firstWithThirdWay && std::string_view(setting) == "2";
+    return !isThirdWay && std::ranges::find(no, setting) == no.end();
 }
 
 bool commitsUnannounced(std::span<const fs::path> modules) {

@@ -16,6 +16,10 @@ const Versions& installedVersions();
 /// 1.5.27. Nothing for any other name.
 std::optional<int> releaseOfLibrary(std::string_view fileName);
 
+/// Whether XIM's server waits for the answer to each key with this setting of `IBUS_ENABLE_SYNC_MODE`, which
+/// is null when there is none; `release` is IBus's.
+bool ximWaits(const char* setting, int release);
+
 /// True when the first of these modules of Qt that exists does not know the property by which a client tells
 /// the daemon that it puts the marked text in itself. False when none exists.
 bool commitsUnannounced(std::span<const std::filesystem::path> modules);

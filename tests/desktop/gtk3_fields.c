@@ -1,10 +1,18 @@
 /* Two windows, the first with two text fields and the second with one, that write their texts as one line to
- * standard output whenever one changes. With "password" the second field hides its text. */
+ * standard output whenever one changes. With "password" the second field hides its text;
+ * with "left" the first gives the focus to the second as soon as it holds a space. */
 #include <gtk/gtk.h>
 #include <stdio.h>
 #include <string.h>
 
 static GtkWidget* fields[3];
+
+/* As a form does that moves on as soon as a field is full. */
+static void leave(GtkEditable* changed, gpointer data) {
+    (void)data;
+    if (strchr(gtk_entry_get_text(GTK_ENTRY(changed)), ' '))
+        gtk_widget_grab_focus(fields[1]);
+}
 
 static void report(GtkEditable* changed, gpointer data) {
     (void)changed;
@@ -39,6 +47,8 @@ int main(int count, char** arguments) {
         gtk_entry_set_visibility(GTK_ENTRY(fields[1]), FALSE);
         gtk_entry_set_input_purpose(GTK_ENTRY(fields[1]), GTK_INPUT_PURPOSE_PASSWORD);
     }
+    if (count > 1 && strcmp(arguments[1], "left") == 0)
+        g_signal_connect(fields[0], "changed", G_CALLBACK(leave), NULL);
     report(NULL, NULL);
     gtk_main();
     return 0;

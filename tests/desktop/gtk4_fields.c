@@ -1,5 +1,6 @@
 /* Two windows, the first with two text fields and the second with one, that write their texts as one line to
- * standard output whenever one changes. With "password" the second field hides its text. */
+ * standard output whenever one changes. With "password" the second field hides its text;
+ * with "left" the first gives the focus to the second as soon as it holds a space. */
 #include <gtk/gtk.h>
 #include <stdio.h>
 #include <string.h>
@@ -13,6 +14,13 @@ static void report(GtkEditable* changed, gpointer data) {
         printf("%s%s", i ? "|" : "", gtk_editable_get_text(GTK_EDITABLE(fields[i])));
     printf("\n");
     fflush(stdout);
+}
+
+/* As a form does that moves on as soon as a field is full. */
+static void leave(GtkEditable* changed, gpointer data) {
+    (void)data;
+    if (strchr(gtk_editable_get_text(changed), ' '))
+        gtk_widget_grab_focus(fields[1]);
 }
 
 static GtkWidget* field(int index, gboolean is_password) {
@@ -39,6 +47,8 @@ int main(int count, char** arguments) {
     gtk_init();
     window("vanoka-one", 0, 2, count > 1 && strcmp(arguments[1], "password") == 0);
     window("vanoka-two", 2, 1, FALSE);
+    if (count > 1 && strcmp(arguments[1], "left") == 0)
+        g_signal_connect(fields[0], "changed", G_CALLBACK(leave), NULL);
     report(NULL, NULL);
     while (g_list_model_get_n_items(gtk_window_get_toplevels()) > 0)
         g_main_context_iteration(NULL, TRUE);

@@ -43,6 +43,11 @@ int main(int count, char** arguments) {
     fill(two, "vanoka-two", 1);
     if (count > 1 && QByteArray(arguments[1]) == "password")
         fields[1]->setEchoMode(QLineEdit::Password);
+    if (count > 1 && QByteArray(arguments[1]) == "left")
+        QObject::connect(fields[0], &QLineEdit::textChanged, [](const QString& text) {
+            if (text.contains(QLatin1Char(' ')))
+                fields[1]->setFocus();
+        });
     one.show();
     two.show();
     report();

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Types into real windows through a real input method framework and reads their texts back.
 
-    windows.py --framework ibus|fcitx5 --build FOLDER [--toolkit NAME] [--only PART] [--rounds N]
+    windows.py --framework ibus|fcitx5 --build FOLDER [--client gtk3|gtk4|qt6|xim] [--only PART] [--rounds N]
 
 Needs Xvfb, xdotool and the framework with its modules for the toolkits. Every process it starts has a home
 folder of its own and ends with it. Exit status: 0 all as expected, 1 something was lost, doubled or misplaced.
@@ -72,8 +72,9 @@ class Processes:
 class Desk:
     """A screen, a session bus, a home folder and a framework with the engine chosen."""
 
-    def __init__(self, build):
+    def __init__(self, build, is_asynchronous=False):
         self.build = build
+        self.is_asynchronous = is_asynchronous
         self.folder = tempfile.mkdtemp(prefix="vanoka-desk-")
         environment = {"PATH": os.environ["PATH"], "HOME": self.folder, "LC_ALL": "C.UTF-8",
                        "XDG_CONFIG_HOME": self.folder + "/config", "XDG_CACHE_HOME": self.folder + "/cache",
@@ -112,6 +113,7 @@ class Desk:
     # one was pressed acts later than that one, whatever the engine does; so the typist pauses after those that
     # move the focus or end a line.
     coming_back = ("Tab", "Return", "End")
+    pause = 0.15  # seconds, also after a click and when a window gets the focus
 
     def keys(self, *names):
         start = 0
@@ -119,15 +121,15 @@ class Desk:
             if name in self.coming_back or index == len(names) - 1:
                 self.processes.output("xdotool", "key", "--delay", "30", *names[start:index + 1])
                 start = index + 1
-                time.sleep(0.1)
+                time.sleep(self.pause)
 
     def click(self, x, y):
         self.processes.output("xdotool", "mousemove", str(x), str(y), "click", "1")
-        time.sleep(0.15)
+        time.sleep(self.pause)
 
     def focus(self, window):
         self.processes.output("xdotool", "windowfocus", "--sync", window)
-        time.sleep(0.15)
+        time.sleep(self.pause)
 
     def window(self, title):
         found = wait_until(lambda: self.processes.output("xdotool", "search", "--onlyvisible", "--name", title),
@@ -144,6 +146,8 @@ class IBusDesk(Desk):
             "IBUS_ADDRESS_FILE": self.folder + "/address",
             "IBUS_COMPONENT_PATH": self.build + "/component:/usr/share/ibus/component",
             "GTK_IM_MODULE": "ibus", "QT_IM_MODULE": "ibus", "XMODIFIERS": "@im=ibus"})
+        if self.is_asynchronous:
+            self.environment["IBUS_ENABLE_SYNC_MODE"] = "0"
         self.processes.start(["ibus-daemon", "--panel", "disable", "--emoji-extension", "disable", "--config",
                               "disable", "--cache", "none", "--xim"])
         wait_until(lambda: "unix:" in self.processes.output("ibus", "address"), "the daemon has an address")
@@ -215,10 +219,14 @@ class Fcitx5Desk(Desk):
         self.choose("vanoka")
 
 
+DESKS = {"ibus": IBusDesk, "fcitx5": Fcitx5Desk}
+
+
 class Fields:
     """A program with two windows: fields 0 and 1 in the first, field 2 in the second."""
 
-    heights = {0: 50, 1: 150}
+    heights = {0: 50, 1: 150, 2: 550}
+    line_end = ""  # what Return types in the first
 
     def __init__(self, desk, toolkit, *arguments):
         self.desk = desk
@@ -269,7 +277,7 @@ class Fields:
 def by_keys(fields):
     fields.desk.keys(*"amma", "period", *"ka", "comma", "1", *"kra", "space", *"amma", "BackSpace", "Return", *"ab",
                      "Escape")
-    fields.expect(WORD + "." + KA + ",1" + KA + "\u0dca\u200d\u0dbb" + " \u0d85\u0db8\u0dca" + "ab", "", "")
+    fields.expect(WORD + "." + KA + ",1" + KA + "\u0dca\u200d\u0dbb" + " \u0d85\u0db8\u0dca" + fields.line_end + "ab", "", "")
 
 
 def by_click_elsewhere(fields):
@@ -288,7 +296,7 @@ def by_tab(fields):
 def by_other_window(fields):
     fields.write_word()
     fields.desk.focus(fields.two)
-    fields.desk.click(100, 550)
+    fields.click(2)
     fields.desk.keys(*"ka", "period")
     fields.expect(WORD + " " + KA, "", KA + ".")
 
@@ -318,7 +326,9 @@ def by_click_before(fields):
 
 def by_shortcut(fields):
     fields.write_word()
-    fields.desk.keys("ctrl+a", "ctrl+c", "End", "period")
+    fields.desk.keys("ctrl+a", "ctrl+c", "End")
+    time.sleep(0.3)  # a caret that is late would let the next key replace everything
+    fields.desk.keys("period")
     fields.expect(WORD + " " + KA + ".", "", "")
 
 
@@ -348,15 +358,20 @@ def in_password(fields):
     fields.expect("", "amma.", "")
 
 
+def in_field_that_is_left(fields):
+    """The program moves the focus as soon as a text comes."""
+    fields.desk.keys(*"amma", "space")
+    fields.desk.keys(*"ka", "period")
+    fields.expect(WORD + " ", KA + ".", "")
+
+
 PARTS = [by_keys, by_click_elsewhere, by_tab, by_other_window, by_other_window_and_back, by_click_in_the_field,
-         by_click_before, by_shortcut, by_engine, by_engine_with_shortcut, in_password]
+         by_click_before, by_shortcut, by_engine, by_engine_with_shortcut, in_password, in_field_that_is_left]
 
 # What no engine can mend, with the reason; it is run, and reported when it has become better.
 KNOWN = {
     ("ibus", "qt6", "by_engine"):
         "where Qt puts the word in unannounced, the daemon must not, and drops it when a program changes the engine",
-    ("ibus", "xim", "xim_by_window"):
-        "now and then XIM's server tells of the new window first, and the daemon drops the word",
 }
 
 
@@ -397,6 +412,21 @@ def xim_by_keys(desk):
         window.close()
 
 
+def xim_at_full_speed(desk):
+    """Texts and keys that are passed on come in one order, however fast they follow each other."""
+    window = XimWindow(desk, "vanoka-xterm")
+    try:
+        desk.focus(window.window)
+        if desk.name == "fcitx5":
+            desk.choose_ours()
+        words = 8
+        desk.processes.output("xdotool", "key", "--delay", "15", *[*"ka", "Return", "1", *"ab", "Escape", "2", *"ma",
+                                                                  "comma", "3", "Return"] * words)
+        window.expect((KA + "\n1ab2\u0db8,3\n") * words)
+    finally:
+        window.close()
+
+
 def xim_by_window_with_shortcut(desk):
     """As a person does who changes the window with Alt and Tab."""
     xim_by_window(desk, "Alt_L")
@@ -418,57 +448,62 @@ def xim_by_window(desk, modifier=None):
             desk.processes.output("xdotool", "keyup", modifier)
         desk.keys(*"ma", "period")
         two.expect("\u0db8.")
+        desk.focus(one.window)  # where the word waits if it could not be put in before
         one.expect(KA)
     finally:
         one.close()
         two.close()
 
 
-XIM_PARTS = [xim_by_keys, xim_by_window, xim_by_window_with_shortcut]
+XIM_PARTS = [xim_by_keys, xim_at_full_speed, xim_by_window, xim_by_window_with_shortcut]
 
 
 def run_part(desk, toolkit, part):
     if toolkit == "xim":
         part(desk)
         return
-    fields = Fields(desk, toolkit, *(["password"] if part is in_password else []))
+    mode = {in_password: ["password"], in_field_that_is_left: ["left"]}.get(part, [])
+    fields = Fields(desk, toolkit, *mode)
     try:
         part(fields)
     finally:
         fields.close()
 
 
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("--framework", choices=["ibus", "fcitx5"], required=True)
-    parser.add_argument("--build", required=True)
-    parser.add_argument("--toolkit", action="append")
-    parser.add_argument("--only")
+def options_of(description):
+    parser = argparse.ArgumentParser(description=description.splitlines()[0])
+    parser.add_argument("--framework", choices=list(DESKS), required=True)
+    parser.add_argument("--build", required=True, help="the folder in which everything was built")
+    parser.add_argument("--client", action="append", help="instead of every one")
+    parser.add_argument("--only", help="parts whose names hold this pattern")
     parser.add_argument("--rounds", type=int, default=1)
-    options = parser.parse_args()
-    desk_type = {"ibus": IBusDesk, "fcitx5": Fcitx5Desk}[options.framework]
+    parser.add_argument("--asynchronous", action="store_true", help="IBus's modules do not wait for answers")
+    return parser.parse_args()
+
+
+def run(options, clients, parts_of, act, known):
+    """Acts every part with every client, and returns the exit status."""
     failures = 0
-    desk = desk_type(os.path.abspath(options.build))
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # what was started is ended then, too
+    desk = DESKS[options.framework](os.path.abspath(options.build), options.asynchronous)
     try:
-        for _ in range(options.rounds):
-            for toolkit in options.toolkit or ["gtk3", "gtk4", "qt6", "xim"]:
-                for part in XIM_PARTS if toolkit == "xim" else PARTS:
-                    if options.only and not re.search(options.only, part.__name__):
-                        continue
-                    known = KNOWN.get((options.framework, toolkit, part.__name__))
-                    start = time.monotonic()
-                    try:
-                        run_part(desk, toolkit, part)
-                        outcome = "ok (better than known: %s)" % known if known else "ok"
-                    except Failure as failure:
-                        outcome = "known (%s): %s" % (known, failure) if known else "FAILED: %s" % failure
-                        failures += not known
-                    print("%-6s %-5s %-28s %.1f s  %s" % (options.framework, toolkit, part.__name__,
-                                                         time.monotonic() - start, outcome), flush=True)
+        for client, part in [(client, part) for _ in range(options.rounds) for client in options.client or clients
+                             for part in parts_of(client) if re.search(options.only or "", part.__name__)]:
+            reason = known.get((options.framework, client, part.__name__))
+            start = time.monotonic()
+            try:
+                act(desk, client, part)
+                outcome = "ok (better than known: %s)" % reason if reason else "ok"
+            except Failure as failure:
+                outcome = "known (%s): %s" % (reason, failure) if reason else "FAILED: %s" % failure
+                failures += not reason
+            print("%-6s %-17s %-28s %.1f s  %s" % (options.framework, client, part.__name__, time.monotonic() - start,
+                                                 outcome), flush=True)
     finally:
         desk.close()
     return 1 if failures else 0
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(run(options_of(__doc__), ["gtk3", "gtk4", "qt6", "xim"],
+                 lambda client: XIM_PARTS if client == "xim" else PARTS, run_part, KNOWN))

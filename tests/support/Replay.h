@@ -5,6 +5,7 @@
 #include "TextField.h"
 #include "settings/SinglishSettings.h"
 
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -17,10 +18,18 @@ public:
 
     /// Presses and releases a key, and lets the field have it if nobody consumed it.
     virtual void press(const KeyEvent& event) = 0;
+    /// One event of a key as X has it, with `Keysym::release` in the state or without.
+    virtual void press(std::uint32_t keysym, std::uint32_t state) = 0;
+    /// Presses a key and does not wait until the framework has answered.
+    virtual void pressAtOnce(const KeyEvent& event) = 0;
+    /// Waits until so many of these have been answered; false when it takes too long.
+    virtual bool waitUntilFinished(std::size_t count) = 0;
     /// The field asks for the composition, as it does when it is clicked.
     virtual void askForComposition() = 0;
     /// The field loses the focus and gets it back.
     virtual void leaveAndReturn() = 0;
+    virtual void focusIn() = 0;
+    virtual void focusOut() = 0;
 
     void type(std::string_view text);
     void type(const std::vector<KeyEvent>& events);

@@ -37,17 +37,6 @@ void endProcess(pid_t process) {
     ::waitpid(process, nullptr, 0);
 }
 
-template <class Condition>
-bool waitUntil(Condition condition) {
-    const gint64 end = g_get_monotonic_time() + 10 * G_USEC_PER_SEC;
-    while (!condition()) {
-        if (g_get_monotonic_time() > end)
-            return false;
-        g_usleep(5000);
-    }
-    return true;
-}
-
 } // namespace
 
 Fcitx5Daemon& Fcitx5Daemon::shared() {
@@ -56,6 +45,7 @@ Fcitx5Daemon& Fcitx5Daemon::shared() {
 }
 
 Fcitx5Daemon::Fcitx5Daemon() {
+    installAddon();
     writeConfiguration();
     startBus();
     startFramework();
@@ -67,6 +57,14 @@ Fcitx5Daemon::~Fcitx5Daemon() {
     endProcess(bus_);
 }
 
+/// A copy of the add-on with a script beside it in place of the settings window.
+void Fcitx5Daemon::installAddon() {
+    const fs::path addon = folder_.path() / "addon";
+    fs::create_directory(addon);
+    fs::copy_file(VANOKA_ADDON_FOLDER "/vanoka.so", addon / "vanoka.so");
+    settings_.emplace(addon);
+}
+
 void Fcitx5Daemon::writeConfiguration() const {
     const auto set = [](const char* name, const std::string& value) { ::setenv(name, value.c_str(), 1); };
     set("HOME", folder_.path());
@@ -74,7 +72,7 @@ void Fcitx5Daemon::writeConfiguration() const {
     set("XDG_DATA_HOME", folder_.path() / "data");
     set("XDG_CACHE_HOME", folder_.path() / "cache");
     set("XDG_RUNTIME_DIR", folder_.path());
-    set("FCITX_ADDON_DIRS", VANOKA_ADDON_FOLDER ":" VANOKA_FRAMEWORK_ADDON_FOLDER);
+    set("FCITX_ADDON_DIRS", (folder_.path() / "addon").native() + ":" VANOKA_FRAMEWORK_ADDON_FOLDER);
     set("FCITX_DATA_DIRS", VANOKA_ADDON_DATA_FOLDER ":/usr/share/fcitx5");
     set("LC_ALL", "C.UTF-8");
     ::unsetenv("DISPLAY");
@@ -106,7 +104,8 @@ void Fcitx5Daemon::startBus() {
 }
 
 void Fcitx5Daemon::startFramework() {
-    framework_ = startProcess({"fcitx5", "--disable=all", "--enable=dbus,dbusfrontend,keyboard,vanoka"});
+    framework_ =
+        startProcess({"fcitx5", "--disable=all", "--enable=dbus,dbusfrontend,kimpanel,keyboard,vanoka"});
     EXPECT_TRUE(waitUntil([this] { return isOnBus(); })) << "no fcitx5";
 }
 

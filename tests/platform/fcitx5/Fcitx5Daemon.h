@@ -1,11 +1,14 @@
 #pragma once
 
+#include "SettingsStandIn.h"
 #include "TemporaryFolder.h"
 
 #include <filesystem>
 #include <gio/gio.h>
+#include <optional>
 #include <string>
 #include <sys/types.h>
+#include <vector>
 
 namespace vanoka::test {
 
@@ -22,6 +25,9 @@ public:
     /// The folder that stands for the user's configuration folder.
     std::filesystem::path configuration() const;
 
+    /// The arguments of each start of the settings program, for which a script stands in.
+    std::vector<std::string> settingsStarts() const { return settings_->starts(); }
+
     /// Chooses the input method of the field that has focus; true when it is in force.
     bool choose(const char* inputMethod) const;
 
@@ -32,17 +38,32 @@ public:
 private:
     Fcitx5Daemon();
     ~Fcitx5Daemon();
+    void installAddon();
     void writeConfiguration() const;
     void startBus();
     void startFramework();
     bool isOnBus() const;
 
     TemporaryFolder folder_;
+    std::optional<SettingsStandIn> settings_;
     pid_t bus_ = 0, framework_ = 0;
     GDBusConnection* connection_ = nullptr;
 };
 
 /// Lets everything happen that has been sent to this program.
 void settle();
+
+/// Lets things happen until `condition` holds; false when it takes too long.
+template <class Condition>
+bool waitUntil(Condition condition) {
+    const gint64 end = g_get_monotonic_time() + 10 * G_USEC_PER_SEC;
+    while (!condition()) {
+        if (g_get_monotonic_time() > end)
+            return false;
+        settle();
+        g_usleep(500);
+    }
+    return true;
+}
 
 } // namespace vanoka::test

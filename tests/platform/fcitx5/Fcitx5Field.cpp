@@ -53,9 +53,9 @@ void Fcitx5Field::press(const KeyEvent& event) {
 
 void Fcitx5Field::press(std::uint32_t keysym, std::uint32_t state) {
     const KeyEvent event = Keysym::keyEvent(keysym, state, keysym < 0x100 ? keysym : 0);
-    if (!process(keysym, state, false) && event.type == KeyEvent::keyDown)
+    const bool isRelease = (state & Keysym::release) != 0;
+    if (!process(keysym, state & ~Keysym::release, isRelease) && event.type == KeyEvent::keyDown)
         field().apply(event);
-    process(keysym, state, true);
 }
 
 void Fcitx5Field::askForComposition() {
@@ -92,6 +92,10 @@ void Fcitx5Field::pressAtOnce(const KeyEvent& event) {
         new Pressed{this, event});
 }
 
+bool Fcitx5Field::waitUntilFinished(std::size_t count) {
+    return finished_ >= count || waitUntil([&] { return finished_ >= count; });
+}
+
 void Fcitx5Field::focusIn() {
     call("FocusIn");
 }
@@ -124,6 +128,7 @@ void Fcitx5Field::onSignal(const std::string& name, GVariant* arguments) {
         return;
     const gchar* text = nullptr;
     g_variant_get(arguments, "(&s)", &text);
+    replaced_ = field().marked();
     field().insertText(text, noReplacement);
 }
 

@@ -21,16 +21,17 @@ public:
     ~Fcitx5Field() override;
 
     void press(const KeyEvent& event) override;
-    void press(std::uint32_t keysym, std::uint32_t state);
+    void press(std::uint32_t keysym, std::uint32_t state) override;
+    void pressAtOnce(const KeyEvent& event) override;
+    bool waitUntilFinished(std::size_t count) override;
     void askForComposition() override;
     void leaveAndReturn() override;
 
-    /// The same without waiting for the answer: `finished` counts the answers.
-    void pressAtOnce(const KeyEvent& event);
-    std::size_t finished() const noexcept { return finished_; }
+    /// What stood marked when the last text came, in whose place it goes.
+    const std::string& replaced() const noexcept { return replaced_; }
 
-    void focusIn();
-    void focusOut();
+    void focusIn() override;
+    void focusOut() override;
 
 private:
     bool process(std::uint32_t keysym, std::uint32_t state, bool isRelease);
@@ -40,6 +41,7 @@ private:
 
     std::string path_;
     guint subscription_ = 0;
+    std::string replaced_;
     std::size_t finished_ = 0;
 };
 

@@ -14,7 +14,9 @@ namespace {
 constexpr Delivery ordinary;
 constexpr Delivery unannounced = {.frameworkCommits = false, .commitsBeforeShortcut = true};
 constexpr Delivery inReset = {.commitsInReset = true};
-constexpr Delivery forwarding = {.commitsBeforeShortcut = true, .forwardsPassedKeys = true};
+constexpr Delivery losing = {.commitsBeforeShortcut = true, .losesTextToOthers = true};
+constexpr Delivery forwarding = {
+    .commitsBeforeShortcut = true, .losesTextToOthers = true, .forwardsPassedKeys = true};
 
 TEST(Delivery, FollowsTheClientAndTheVersions) {
     struct Row {
@@ -29,9 +31,12 @@ TEST(Delivery, FollowsTheClientAndTheVersions) {
              {"gtk4-im:(123)", inReset, ordinary},
              {"gnome-shell", ordinary, ordinary},
              {"QIBusInputContext", unannounced, ordinary},
-             {"xim", forwarding, forwarding},
+             {"xim", forwarding, losing},
          }) {
-        EXPECT_EQ(deliveryTo(row.client, {.qtCommitsUnannounced = true, .gtk4ResetsFirst = true}), row.old)
+        EXPECT_EQ(
+            deliveryTo(row.client,
+                       {.qtCommitsUnannounced = true, .gtk4ResetsFirst = true, .ximAsksSynchronously = true}),
+            row.old)
             << row.client;
         EXPECT_EQ(deliveryTo(row.client, {}), row.today) << row.client;
     }
@@ -43,6 +48,27 @@ TEST(InstalledVersions, ReadsTheReleaseInTheNameOfTheLibrary) {
     for (const char* name :
          {"", "libibus-1.0.so.5", "libibus-1.0.so.5.0.", "libibus-1.0.so.5.0.52x", "libibus.so"})
         EXPECT_EQ(releaseOfLibrary(name), std::nullopt) << name;
+}
+
+TEST(InstalledVersions, KnowsWhetherXimWaits) {
+    struct Row {
+        const char* setting;
+        bool in27, in29;
+    };
+    for (const Row& row : std::vector<Row>{
+             {nullptr, true, true},
+             {"1", true, true},
+             {"true", true, true},
+             {"2", true, false},
+             {"0", false, false},
+             {"false", false, false},
+             {"False", false, false},
+             {"FALSE", false, false},
+             {"", false, false},
+         }) {
+        EXPECT_EQ(ximWaits(row.setting, 527), row.in27) << (row.setting ? row.setting : "none");
+        EXPECT_EQ(ximWaits(row.setting, 529), row.in29) << (row.setting ? row.setting : "none");
+    }
 }
 
 TEST(InstalledVersions, FindsOutWhetherQtAnnouncesItsCommits) {

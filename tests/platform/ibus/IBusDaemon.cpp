@@ -44,12 +44,10 @@ IBusDaemon::~IBusDaemon() {
 }
 
 /// A copy of the program with a script beside it in place of the settings window.
-void IBusDaemon::installProgram() const {
+void IBusDaemon::installProgram() {
     fs::create_directory(program().parent_path());
     fs::copy_file(VANOKA_PROGRAM_FILE, program());
-    const fs::path settings = program().parent_path() / "vanoka-settings";
-    std::ofstream(settings) << "#!/bin/sh\necho \"$*\" >>" << folder_.path() / "settings-starts" << '\n';
-    fs::permissions(settings, fs::perms::owner_all);
+    settings_.emplace(program().parent_path());
     writeDescription();
 }
 
@@ -70,14 +68,6 @@ fs::path IBusDaemon::program() const {
     return folder_.path() / "bin" / "Vanoka";
 }
 
-std::vector<std::string> IBusDaemon::settingsStarts() const {
-    std::vector<std::string> starts;
-    std::ifstream file(folder_.path() / "settings-starts");
-    for (std::string line; std::getline(file, line);)
-        starts.push_back(line);
-    return starts;
-}
-
 void IBusDaemon::setEnvironment() const {
     const auto set = [](const char* name, const std::string& value) { ::setenv(name, value.c_str(), 1); };
     set("HOME", folder_.path());
@@ -89,7 +79,8 @@ void IBusDaemon::setEnvironment() const {
     set("GSETTINGS_BACKEND", "memory");
     set("NO_AT_BRIDGE", "1");
     set("LC_ALL", "C.UTF-8");
-    for (const char* name : {"IBUS_ADDRESS", "DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS"})
+    for (const char* name :
+         {"IBUS_ADDRESS", "IBUS_ENABLE_SYNC_MODE", "DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS"})
         ::unsetenv(name);
 }
 
@@ -131,8 +122,16 @@ std::optional<pid_t> IBusDaemon::engineProcess() const {
     return std::nullopt;
 }
 
-bool IBusDaemon::waitForEngine(bool isThere) const {
-    return waitUntil([&] { return engineProcess().has_value() == isThere; });
+bool IBusDaemon::killEngine(int signal) const {
+    const auto engine = engineProcess();
+    if (!engine)
+        return false;
+    ::kill(*engine, signal);
+    const fs::path entry = "/proc/" + std::to_string(*engine); // goes when the daemon has asked how it ended
+    const bool isGone = waitUntil(
+        [&] { return !fs::exists(entry) && !ibus_bus_name_has_owner(bus_, "org.freedesktop.IBus.Vanoka"); });
+    g_usleep(50000); // from the asking to what the daemon does about it
+    return isGone;
 }
 
 void settle() {

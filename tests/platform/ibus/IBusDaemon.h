@@ -1,5 +1,6 @@
 #pragma once
 
+#include "SettingsStandIn.h"
 #include "TemporaryFolder.h"
 
 #include <filesystem>
@@ -36,20 +37,22 @@ public:
     /// The engine's program, as the daemon starts it.
     std::filesystem::path program() const;
     /// The arguments of each start of the settings program, for which a script stands in.
-    std::vector<std::string> settingsStarts() const;
+    std::vector<std::string> settingsStarts() const { return settings_->starts(); }
 
     /// The process of the engine; nothing when there is none.
     std::optional<pid_t> engineProcess() const;
-    /// Waits until that is the case; false when it takes too long.
-    bool waitForEngine(bool isThere) const;
+    /// Ends the engine's process with a signal, and waits until the daemon knows that it is gone; before, it
+    /// would ask the dead one instead of starting another. False when there is none or it does not go.
+    bool killEngine(int signal) const;
 
 private:
     IBusDaemon();
     ~IBusDaemon();
-    void installProgram() const;
+    void installProgram();
     void setEnvironment() const;
 
     TemporaryFolder folder_;
+    std::optional<SettingsStandIn> settings_;
     pid_t process_ = 0;
     IBusBus* bus_ = nullptr;
 };

@@ -12,6 +12,7 @@ namespace vanoka::test {
 
 namespace {
 
+constexpr guint someKeyCode = 30; // of a key that is there; no field here looks which
 constexpr TextRange noReplacement = VanokaInputController::noReplacement;
 
 void onCommit(IBusInputContext*, IBusText* text, gpointer field) {
@@ -73,15 +74,17 @@ IBusField::~IBusField() {
 
 void IBusField::press(const KeyEvent& event) {
     const X11Key key = x11Key(event);
-    const bool isConsumed = ibus_input_context_process_key_event(context_, key.keysym, 0, key.state) != FALSE;
+    const bool isConsumed =
+        ibus_input_context_process_key_event(context_, key.keysym, someKeyCode, key.state) != FALSE;
     settle();
     if (!isConsumed)
         field().apply(event);
     press(key.keysym, key.state | IBUS_RELEASE_MASK);
 }
 
-void IBusField::press(guint keysym, guint state) {
-    const bool isConsumed = ibus_input_context_process_key_event(context_, keysym, 0, state) != FALSE;
+void IBusField::press(std::uint32_t keysym, std::uint32_t state) {
+    const bool isConsumed =
+        ibus_input_context_process_key_event(context_, keysym, someKeyCode, state) != FALSE;
     settle();
     if (!isConsumed)
         onForward(context_, keysym, 0, state, this);
@@ -94,7 +97,7 @@ void IBusField::pressAtOnce(const KeyEvent& event) {
         KeyEvent event;
     };
     ibus_input_context_process_key_event_async(
-        context_, key.keysym, 0, key.state, -1, nullptr,
+        context_, key.keysym, someKeyCode, key.state, -1, nullptr,
         [](GObject* context, GAsyncResult* result, gpointer data) {
             const std::unique_ptr<Pressed> pressed(static_cast<Pressed*>(data));
             ++pressed->field->finished_;
@@ -103,6 +106,10 @@ void IBusField::pressAtOnce(const KeyEvent& event) {
                 pressed->field->field().apply(pressed->event);
         },
         new Pressed{this, event});
+}
+
+bool IBusField::waitUntilFinished(std::size_t count) {
+    return finished_ >= count || waitUntil([&] { return finished_ >= count; });
 }
 
 void IBusField::askForComposition() {

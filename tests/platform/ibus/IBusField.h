@@ -23,13 +23,11 @@ public:
     void askForComposition() override;
     void leaveAndReturn() override;
 
-    void press(guint keysym, guint state);
-    /// The same without waiting for the answer: `finished` counts the answers.
-    void pressAtOnce(const KeyEvent& event);
-    std::size_t finished() const noexcept { return finished_; }
-
-    void focusIn();
-    void focusOut();
+    void press(std::uint32_t keysym, std::uint32_t state) override;
+    void pressAtOnce(const KeyEvent& event) override;
+    bool waitUntilFinished(std::size_t count) override;
+    void focusIn() override;
+    void focusOut() override;
     /// The focus goes from here to another field without a pause, as a click there makes it go.
     void leaveFor(IBusField& other);
     /// Chooses an engine; true when it is in force.

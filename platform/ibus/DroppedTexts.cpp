@@ -1,0 +1,19 @@
+#include "DroppedTexts.h"
+
+#include <utility>
+
+namespace vanoka::ibus {
+
+void DroppedTexts::leave(std::string field, std::string text) {
+    left_ = {std::move(field), std::move(text)};
+}
+
+std::string DroppedTexts::enter(const std::string& field, Holder holder) {
+    const std::optional<Left> left = std::exchange(left_, std::nullopt);
+    if (left && !left->text.empty() && holder == Holder::field && left->field != field)
+        dropped_[left->field] += left->text;
+    const auto waiting = dropped_.extract(field);
+    return waiting ? waiting.mapped() : std::string();
+}
+
+} // namespace vanoka::ibus

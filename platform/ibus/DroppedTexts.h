@@ -1,0 +1,34 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+namespace vanoka::ibus {
+
+/// The marked texts that the daemon has dropped on the way of the focus from one field straight to another.
+/// Nobody can put them in while their field has no focus, so they wait until it has. Fields are known by
+/// their paths on the bus, which are never given twice.
+class DroppedTexts {
+public:
+    /// The field loses the focus while it shows this text, which may be empty.
+    void leave(std::string field, std::string text);
+
+    /// Whether the daemon itself holds the focus, or a field does.
+    enum class Holder : bool { daemon, field };
+
+    /// The field gets the focus. Returns what is to be put in, which may be empty, and forgets it.
+    ///
+    /// A daemon that is told that a field loses the focus puts the text in and takes the focus itself. One
+    /// that is told only which field gets it drops the text.
+    std::string enter(const std::string& field, Holder holder);
+
+private:
+    struct Left {
+        std::string field, text;
+    };
+    std::optional<Left> left_;
+    std::map<std::string, std::string> dropped_;
+};
+
+} // namespace vanoka::ibus
