@@ -309,7 +309,7 @@ TEST_F(VanokaInputControllerTest, AnEmojiWithAJoinerGoesToTheClientByItself) {
 }
 
 /// A field that asks the controller itself.
-class NearField final : public test::RemoteField {
+class NearField final : public test::ServedField {
 public:
     explicit NearField(SinglishSettings& settings) : controller_(ownIdentifier, settings) {}
 

@@ -8,11 +8,11 @@ namespace vanoka::test {
 
 namespace {
 
-void operate(const std::vector<std::string>& words, RemoteField& remote, SinglishSettings& settings) {
+void operate(const std::vector<std::string>& words, ServedField& served, SinglishSettings& settings) {
     if (words[0] == "commit")
-        remote.askForComposition();
+        served.askForComposition();
     else if (words[0] == "leave")
-        remote.leaveAndReturn();
+        served.leaveAndReturn();
     else if (words[0] == "add")
         EXPECT_EQ(settings.add(words.at(1), words.at(2)), std::nullopt);
     else if (words[0] == "remove")
@@ -27,21 +27,21 @@ void operate(const std::vector<std::string>& words, RemoteField& remote, Singlis
 
 } // namespace
 
-void RemoteField::type(std::string_view text) {
+void ServedField::type(std::string_view text) {
     type(keys(text));
 }
 
-void RemoteField::type(const std::vector<KeyEvent>& events) {
+void ServedField::type(const std::vector<KeyEvent>& events) {
     for (const KeyEvent& event : events)
         press(event);
 }
 
-void replay(const Scenario& scenario, RemoteField& remote, SinglishSettings& settings) {
+void replay(const Scenario& scenario, ServedField& served, SinglishSettings& settings) {
     for (const ScenarioStep& step : scenario.steps) {
         if (!step.operation.empty())
-            operate(step.operation, remote, settings);
-        remote.type(step.events);
-        EXPECT_EQ(remote.field().screen(), step.screen)
+            operate(step.operation, served, settings);
+        served.type(step.events);
+        EXPECT_EQ(served.field().screen(), step.screen)
             << scenario.name << ".scenario, line " << step.lineNumber;
     }
 }

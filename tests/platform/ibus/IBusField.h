@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Replay.h"
+#include "RemoteField.h"
 
 #include <ibus.h>
 #include <string>

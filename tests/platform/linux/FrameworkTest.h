@@ -4,7 +4,7 @@
 #include "Keys.h"
 #include "Keysym.h"
 #include "Randoms.h"
-#include "Replay.h"
+#include "RemoteField.h"
 #include "Scenario.h"
 #include "VanokaInputController.h"
 
