@@ -13,6 +13,9 @@ class EngineClient final : public TextInputClient {
 public:
     /// The engine must outlive the client.
     explicit EngineClient(IBusEngine& engine) : engine_(engine) {}
+    EngineClient(const EngineClient&) = delete;
+    EngineClient& operator=(const EngineClient&) = delete;
+    ~EngineClient() override { cancelHiding(); }
 
     /// The name of the client as the daemon tells it: "module:program", or a module alone.
     void setName(std::string name) { name_ = std::move(name); }
@@ -23,7 +26,10 @@ public:
     /// Takes the marked text away.
     void hideMarkedText();
     /// Others have taken it away.
-    void forgetMarkedText() { marked_ = {}; }
+    void forgetMarkedText();
+    /// Takes away at once what was put in and else is taken away after the answer to the key: before the
+    /// client gets a key itself.
+    void finishHiding();
 
     /// The program; absent where the module does not name it.
     std::optional<std::string> bundleIdentifier() const override;
@@ -33,12 +39,16 @@ public:
 
 private:
     void showMarkedText(IBusPreeditFocusMode mode);
+    void showForTheLastTime();
+    void hideAfterTheAnswer();
+    void cancelHiding();
 
     IBusEngine& engine_;
     std::string name_;
     bool frameworkCommits_ = true;
     MarkedText marked_; ///< what is shown
     guint caret_ = 0;   ///< in it, in scalars
+    guint hiding_ = 0;  ///< the source that takes away what was put in; 0 for none
 };
 
 } // namespace vanoka::ibus

@@ -49,6 +49,7 @@ InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment)
 bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
     if (!takesNoInput() && takes(keysym, state))
         return true;
+    client_.finishHiding(); // the key is the client's, which shall find no marked text
     // A key without a code, such as a program can make up, would not come back as the key it was.
     if (!delivery_.forwardsPassedKeys || keyCode == 0)
         return false;
@@ -116,6 +117,7 @@ void InputContext::focusOut(std::string field) {
 }
 
 void InputContext::reset() {
+    client_.finishHiding();
     if (!delivery_.commitsInReset) {
         forget();
         return;

@@ -129,10 +129,36 @@ TEST_F(EngineTest, ATextReplacesTheMarkedTextWhichNobodyElseMayPutInFromThenOn) 
                          static_cast<decltype(events)*>(all)->emplace_back(ibus_text_get_text(text));
                      }),
                      &events);
+    g_signal_connect(editor->context(), "hide-preedit-text", G_CALLBACK(+[](IBusInputContext*, gpointer all) {
+                         static_cast<decltype(events)*>(all)->emplace_back("hidden");
+                     }),
+                     &events);
     editor->type("ka.");
     EXPECT_EQ(events, (std::vector<std::string>{"\u0D9A\u0DCA, put in", "\u0D9A, put in", "\u0D9A, dropped",
-                                                "\u0D9A.", "nothing, dropped"}));
+                                                "\u0D9A.", "hidden"}));
     g_signal_handlers_disconnect_by_data(editor->context(), &events);
+}
+
+/// The marked text has been taken away when the client is told that a key is its own.
+TEST_F(EngineTest, AKeyOfTheClientFindsNoMarkedText) {
+    std::vector<std::string> events;
+    field.type("ka");
+    g_signal_connect(field.context(), "hide-preedit-text", G_CALLBACK(+[](IBusInputContext*, gpointer all) {
+                         static_cast<decltype(events)*>(all)->emplace_back("hidden");
+                     }),
+                     &events);
+    ibus_input_context_process_key_event_async(
+        field.context(), IBUS_KEY_Return, 28, 0, -1, nullptr,
+        [](GObject* context, GAsyncResult* result, gpointer all) {
+            const bool isConsumed = ibus_input_context_process_key_event_async_finish(
+                                        IBUS_INPUT_CONTEXT(context), result, nullptr) != FALSE;
+            static_cast<decltype(events)*>(all)->emplace_back(isConsumed ? "consumed" : "passed");
+        },
+        &events);
+    waitUntil([&] { return events.size() == 2; });
+    EXPECT_EQ(events, (std::vector<std::string>{"hidden", "passed"}));
+    EXPECT_EQ(field.field().screen(), "\u0D9A");
+    g_signal_handlers_disconnect_by_data(field.context(), &events);
 }
 
 TEST_F(EngineTest, TheClientKeepsWorkingWhenTheEngineDies) {
