@@ -483,6 +483,9 @@ def options_of(description):
 
 def run(options, clients, parts_of, act, known):
     """Acts every part with every client, and returns the exit status."""
+    unknown = set(options.client or []) - set(clients)
+    if unknown:
+        sys.exit("There is no client %s; there are: %s" % (", ".join(sorted(unknown)), ", ".join(clients)))
     failures = 0
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # what was started is ended then, too
     desk = DESKS[options.framework](os.path.abspath(options.build), options.asynchronous)
