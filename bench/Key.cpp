@@ -47,10 +47,10 @@ void keyVanoka(benchmark::State& state) {
         for (VanokaInputController& controller : controllers)
             type(std::string_view(word).substr(0, word.size() - 1), controller, client);
         const std::size_t before = allocations();
-        const double start = processorTime();
+        const double start = processorSeconds();
         for (VanokaInputController& controller : controllers)
             controller.handle(&last, &client);
-        state.SetIterationTime((processorTime() - start) / batch);
+        state.SetIterationTime((processorSeconds() - start) / batch);
         allocated = std::max(allocated, allocations() - before);
     }
     state.counters["allocations"] = static_cast<double>(allocated) / batch;
@@ -65,10 +65,10 @@ void keyM17n(benchmark::State& state) {
         return state.SkipWithError("no hi-itrans here");
     const std::string word = sampleWord(static_cast<std::size_t>(state.range(0)));
     for (auto _ : state) {
-        const double start = processorTime();
+        const double start = processorSeconds();
         for (const char key : word)
             benchmark::DoNotOptimize(peer.press(key));
-        state.SetIterationTime((processorTime() - start) / static_cast<double>(word.size()));
+        state.SetIterationTime((processorSeconds() - start) / static_cast<double>(word.size()));
         peer.reset();
     }
 }

@@ -66,9 +66,9 @@ void decodeEach(benchmark::State& state, std::size_t count, Decode decode) {
         double total = 0;
         seconds.clear();
         for (const Stroke& stroke : all) {
-            const double start = processorTime();
+            const double start = processorSeconds();
             benchmark::DoNotOptimize(decode(stroke));
-            seconds.push_back(processorTime() - start);
+            seconds.push_back(processorSeconds() - start);
             total += seconds.back();
         }
         state.SetIterationTime(total / static_cast<double>(count));

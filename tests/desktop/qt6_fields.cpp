@@ -1,5 +1,6 @@
 // Two windows, the first with two text fields and the second with one, that write their texts as one line to
-// standard output whenever one changes. With "password" the second field hides its text.
+// standard output whenever one changes. With "password" the second field hides its text; with "left" the
+// first gives the focus to the second as soon as it holds a space.
 #include <QApplication>
 #include <QLineEdit>
 #include <QVBoxLayout>
