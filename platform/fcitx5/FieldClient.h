@@ -3,6 +3,7 @@
 #include "TextInputClient.h"
 
 #include <fcitx/inputcontext.h>
+#include <fcitx/text.h>
 #include <optional>
 #include <string>
 
