@@ -144,11 +144,8 @@ void IBusField::leaveFor(IBusField& other) {
 bool IBusField::choose(const char* engine) {
     if (chosen() == engine)
         return true; // choosing it again would make another engine object
-    // With an answer, which comes when the engine is in force.
-    GVariant* answer =
-        g_dbus_proxy_call_sync(G_DBUS_PROXY(context_), "SetEngine", g_variant_new("(s)", engine),
-                               G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr);
-    g_clear_pointer(&answer, g_variant_unref);
+    // The answer comes when the engine is in force. Newer daemons take no engine for one field alone.
+    ibus_bus_set_global_engine(IBusDaemon::shared().bus(), engine);
     settle();
     return chosen() == engine;
 }

@@ -55,7 +55,7 @@ class Tmux:
 
     def shows_underlined(self, text):
         """Waits until the underlined part of the last row is this."""
-        pattern = re.compile("\x1b\\[(0;)?4m(\x1b\\[[34]9m)*" + text + "$", re.MULTILINE)
+        pattern = re.compile("\x1b\\[(0;)?4m(\x1b\\[[34]9m)*" + text + "(\x1b\\[0m)?$", re.MULTILINE)
         until(lambda: pattern.search(self.tmux("capture-pane", "-pe")),
               lambda: repr(self.tmux("capture-pane", "-pe")))
 

@@ -83,6 +83,12 @@ def has(node, state):
     return node.getState().contains(state)
 
 
+def role_of(node):
+    """What kind of thing it is. Newer libraries say "button" for what older ones call "push button"."""
+    name = node.getRoleName()
+    return "push button" if name == "button" else name
+
+
 class Program:
     """A program that this run has started, and that ends with it at the latest."""
 
@@ -115,7 +121,7 @@ class Program:
             return [
                 node
                 for node in walk(self.tree() or [])
-                if node.getRoleName() == role
+                if role_of(node) == role
                 and has(node, pyatspi.STATE_SHOWING)
                 and (name is None or node.name == name)
             ]
