@@ -1,5 +1,6 @@
 #include "SettingsView.h"
 
+#include "StoredKeys.h"
 #include "product/VanokaCompany.h"
 #include "product/VanokaProduct.h"
 #include "product/VanokaWebsite.h"
@@ -26,6 +27,21 @@ SettingsView::SettingsView(SinglishSettings& settings)
 
 Subscription SettingsView::observe(std::function<void()> observer) {
     return changes_.subscribe(std::move(observer));
+}
+
+std::optional<StyledText> SettingsView::notice() const {
+    for (const auto& tell : {StoredKeys::storingProblem, StoredKeys::readingProblem})
+        if (std::string text = tell(settings_); !text.empty())
+            return StyledText{std::move(text), {}, ColourRole::red};
+    if (std::string text = StoredKeys::setAside(settings_); !text.empty())
+        return StyledText{std::move(text), {}, ColourRole::orange};
+    return std::nullopt;
+}
+
+/// How the keys are stored may be different though they are the same.
+void SettingsView::reload() {
+    settings_.reloadIfChanged();
+    changes_.announce();
 }
 
 std::vector<SettingsView::Section> SettingsView::sidebar() const {
@@ -71,11 +87,13 @@ void SettingsView::setDraft(std::string draft) {
 void SettingsView::addDraft() {
     if (!editor_)
         return;
+    const auto edit = settings_.beginEdit();
     editor_->add();
     changes_.announce();
 }
 
 void SettingsView::perform(const KeyEdit& edit) {
+    const auto begun = settings_.beginEdit();
     vanoka::perform(edit, settings_);
 }
 
@@ -94,6 +112,7 @@ void SettingsView::askToReset() {
 }
 
 void SettingsView::confirmReset() {
+    const auto edit = settings_.beginEdit();
     settings_.reset();
     cancelReset();
 }

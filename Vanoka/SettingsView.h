@@ -18,6 +18,7 @@ namespace vanoka {
 /// The content of the settings window, without a toolkit: a sidebar of all letters beside the editor of the
 /// chosen one, a toolbar, and a dialog. A toolkit draws it and passes on what the user does.
 ///
+///     +- notice() ----------------------------------------+
 ///     +- toolbar ------------------- [Reset to Defaults] -+
 ///     | sidebar()          | editor(), or placeholder()   |
 ///     |   section title    |   letter, kind and example   |
@@ -43,6 +44,12 @@ public:
 
     /// Calls `observer` whenever the content changes.
     [[nodiscard]] Subscription observe(std::function<void()> observer);
+
+    /// Across the window, above everything else: what is wrong with the stored keys. Mostly nothing.
+    std::optional<StyledText> notice() const;
+
+    /// Adopts what other programs have stored meanwhile.
+    void reload();
 
     struct Section {
         std::string_view title;

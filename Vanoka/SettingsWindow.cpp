@@ -8,9 +8,14 @@ SettingsWindow::SettingsWindow(SinglishSettings& settings, WindowToolkit& toolki
 void SettingsWindow::show(bool quitWhenClosed) {
     if (!window_)
         make(quitWhenClosed);
-    settings_.reloadIfChanged();
+    reload();
     toolkit_.activateApplication();
     window_->makeKeyAndBringToFront();
+}
+
+void SettingsWindow::reload() {
+    if (view_)
+        view_->reload();
 }
 
 void SettingsWindow::make(bool quitWhenClosed) {

@@ -31,6 +31,9 @@ public:
     /// nothing.
     void show(bool quitWhenClosed);
 
+    /// Shows the keys that are stored by now, if the window has been shown.
+    void reload();
+
 private:
     void make(bool quitWhenClosed);
 

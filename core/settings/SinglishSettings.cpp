@@ -6,18 +6,13 @@
 #include "text/Utf8.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vanoka {
 
 namespace {
 
 using KeyProblem = SinglishSettings::KeyProblem;
-
-SinglishCustomization decoded(const std::optional<std::string>& stored) {
-    if (!stored)
-        return {};
-    return SinglishCustomization::decode(*stored).value_or(SinglishCustomization());
-}
 
 std::optional<KeyProblem> problemOfSpelling(std::string_view key) {
     if (key.empty())
@@ -72,7 +67,7 @@ std::string message(KeyProblem problem) {
 SinglishSettings::SinglishSettings(UserDefaults& defaults)
     : defaults_(defaults),
       savedData_(defaults.data(storedName)),
-      customization_(decoded(savedData_)),
+      customization_(decodeSaved()),
       transliterator_(customization_) {}
 
 Subscription SinglishSettings::observeWillChange(std::function<void()> observer) {
@@ -85,12 +80,18 @@ SinglishSettings::observeCustomization(std::function<void(const SinglishCustomiz
     return values_.subscribe(std::move(observer));
 }
 
+UserDefaults::Lock SinglishSettings::beginEdit() {
+    auto lock = defaults_.lock(storedName);
+    reloadIfChanged();
+    return lock;
+}
+
 void SinglishSettings::reloadIfChanged() {
     auto stored = defaults_.data(storedName);
     if (stored == savedData_)
         return;
     savedData_ = std::move(stored);
-    apply(decoded(savedData_), Save::no);
+    apply(decodeSaved(), Save::no);
 }
 
 std::vector<SinglishKeyState> SinglishSettings::keysFor(const SinglishScheme::Letter& letter) const {
@@ -163,6 +164,16 @@ void SinglishSettings::reset() {
     apply({}, Save::yes);
 }
 
+void SinglishSettings::replace(SinglishCustomization customization) {
+    apply(std::move(customization), Save::yes);
+}
+
+SinglishCustomization SinglishSettings::decodeSaved() {
+    auto decoded = savedData_ ? SinglishCustomization::decode(*savedData_) : SinglishCustomization();
+    isStoredDamaged_ = !decoded;
+    return std::move(decoded).value_or(SinglishCustomization());
+}
+
 /// The only writer of the customization.
 void SinglishSettings::apply(SinglishCustomization customization, Save save) {
     transliterator_ = SinglishTransliterator(customization);
@@ -175,6 +186,8 @@ void SinglishSettings::apply(SinglishCustomization customization, Save save) {
 
 void SinglishSettings::store() {
     auto document = customization_.isEmpty() ? std::nullopt : customization_.encode();
+    if (std::exchange(isStoredDamaged_, false))
+        defaults_.setAside(storedName);
     defaults_.setData(storedName, document);
     savedData_ = std::move(document);
 }

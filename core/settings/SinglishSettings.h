@@ -33,6 +33,10 @@ struct SinglishKeyState {
 /// The keys in force: the user's customization, the transliterator built from it, and the place where it is
 /// stored. Every edit is checked, takes effect at once, is announced and is stored.
 ///
+/// An edit replaces what is stored. Where other programs edit, too, it begins by `beginEdit`:
+///     const auto edit = settings.beginEdit();
+///     settings.add(key, letter);
+///
 /// Not for several threads at once. Views of texts that it hands out are views into the scheme's tables.
 class SinglishSettings {
 public:
@@ -78,6 +82,10 @@ public:
     [[nodiscard]] Subscription
     observeCustomization(std::function<void(const SinglishCustomization&)> observer);
 
+    /// Waits until no other program edits the keys, adopts what it has stored, and keeps all others from
+    /// editing until the result is gone.
+    [[nodiscard]] UserDefaults::Lock beginEdit();
+
     /// Adopts the stored customization if something else has changed it since this object last read or wrote
     /// it. Stores nothing.
     void reloadIfChanged();
@@ -101,6 +109,13 @@ public:
     void setBuiltIn(std::string_view key, bool on);
     /// Drops every customization.
     void reset();
+    /// Replaces every customization by this one, unchecked.
+    void replace(SinglishCustomization customization);
+
+    /// How the customization is stored.
+    UserDefaults::Condition condition() const { return defaults_.condition(storedName); }
+    /// True when what is stored does not decode. The next edit sets it aside.
+    bool isStoredDamaged() const noexcept { return isStoredDamaged_; }
 
     /// The letters that `key` may stand for while it is held down, likeliest first, each once and only if a
     /// key types it at present.
@@ -109,11 +124,13 @@ public:
 private:
     enum class Save : bool { no, yes };
 
+    SinglishCustomization decodeSaved();
     void apply(SinglishCustomization customization, Save save);
     void store();
 
     UserDefaults& defaults_;
     std::optional<std::string> savedData_; ///< the stored bytes as last read or written
+    bool isStoredDamaged_ = false;
     SinglishCustomization customization_;
     SinglishTransliterator transliterator_;
     Announcer<> willChange_;

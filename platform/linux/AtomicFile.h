@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -14,9 +15,12 @@ struct Contents {
     std::error_code error;            ///< why what stands there could not be read
 };
 
+/// Makes the folder and those above it that are not there, for their owner only.
+std::error_code makeFolder(const std::filesystem::path& folder);
+
 /// What the regular file at `path` holds. That there is none is no error; anything else at `path`, and a file
-/// that is larger than any settings file, is one.
-Contents read(const std::filesystem::path& path);
+/// of more than `most` bytes, is one.
+Contents read(const std::filesystem::path& path, std::size_t most);
 
 /// Puts a file with `bytes`, readable by its owner only, in the place of whatever stands at `path`, through a
 /// symbolic link if there is one, even to a file that is not there yet; makes the folders above it. On an
@@ -26,5 +30,13 @@ std::error_code write(const std::filesystem::path& path, std::string_view bytes)
 /// Removes the file at `path`, or the one behind a symbolic link, which stays. That there is none is no
 /// error.
 std::error_code remove(const std::filesystem::path& path);
+
+/// Gives whatever stands at `path`, or behind a symbolic link there, another name beside it, so that the
+/// place is free and nothing is lost.
+struct NewPlace {
+    std::filesystem::path path; ///< empty when nothing stood there, and after an error
+    std::error_code error;
+};
+NewPlace setAside(const std::filesystem::path& path);
 
 } // namespace vanoka::AtomicFile

@@ -43,7 +43,8 @@ std::string fileName(std::string_view name) {
 
 } // namespace
 
-FileUserDefaults::FileUserDefaults(fs::path folder) : folder_(std::move(folder)) {}
+FileUserDefaults::FileUserDefaults(fs::path folder, std::chrono::milliseconds patience)
+    : folder_(std::move(folder)), patience_(patience) {}
 
 FileUserDefaults& FileUserDefaults::standard() {
     static FileUserDefaults defaults(standardFolder());
@@ -66,10 +67,11 @@ fs::path FileUserDefaults::pathOf(std::string_view name) const {
 }
 
 std::optional<std::string> FileUserDefaults::data(std::string_view name) {
-    const auto contents = read(name);
     const auto found = unsaved_.find(name);
     if (found == unsaved_.end())
-        return given(name, contents);
+        return given(name, read(name));
+    const Lock edit = lockWithin(std::chrono::milliseconds::zero());
+    const auto contents = read(name);
     Unsaved& unsaved = found->second;
     if (contents.error)
         return unsaved.value;
@@ -87,20 +89,59 @@ std::optional<std::string> FileUserDefaults::data(std::string_view name) {
 void FileUserDefaults::setData(std::string_view name, const std::optional<std::string>& value) {
     const auto contents = read(name);
     AtomicFile::Contents& last = seen(name, contents);
-    const std::error_code error = last.error ? last.error : write(name, value);
-    if (!error) {
-        last.bytes = value;
-        if (const auto unsaved = unsaved_.find(name); unsaved != unsaved_.end())
-            unsaved_.erase(unsaved);
+    if (!value && contents.error && last.error) { // who drops everything drops this, too
+        setAside(name);
+        last.error.clear();
+    }
+    std::string reason = last.error ? last.error.message() : store(name, value);
+    if (!reason.empty()) {
+        const auto left = read(name);
+        unsaved_.insert_or_assign(std::string(name),
+                                  Unsaved{value, left.error ? last : left, std::move(reason)});
         return;
     }
-    unsaved_.insert_or_assign(std::string(name),
-                              Unsaved{value, contents.error ? last : contents, error.message()});
+    last.bytes = value;
+    if (const auto unsaved = unsaved_.find(name); unsaved != unsaved_.end())
+        unsaved_.erase(unsaved);
+}
+
+UserDefaults::Lock FileUserDefaults::lock(std::string_view) {
+    return lockWithin(patience_);
+}
+
+void FileUserDefaults::setAside(std::string_view name) {
+    toSetAside_.emplace(name);
+}
+
+UserDefaults::Condition FileUserDefaults::condition(std::string_view name) const {
+    Condition condition;
+    if (!folder_.empty())
+        condition.place = pathOf(name).string();
+    if (const auto last = last_.find(name); last != last_.end() && last->second.error)
+        condition.unreadable = last->second.error.message();
+    if (const auto unsaved = unsaved_.find(name); unsaved != unsaved_.end())
+        condition.unstored = unsaved->second.reason;
+    if (const auto moved = setAside_.find(name); moved != setAside_.end())
+        condition.setAside = moved->second;
+    return condition;
+}
+
+/// One lock for all names, as an edit takes no time to speak of. Within an edit it is the edit's.
+std::shared_ptr<FolderLock> FileUserDefaults::lockWithin(std::chrono::milliseconds patience) {
+    auto lock = lock_.lock();
+    if (lock || folder_.empty())
+        return lock;
+    AtomicFile::makeFolder(folder_); // why it cannot be made, storing tells
+    lock = std::make_shared<FolderLock>(folder_, patience);
+    lock_ = lock;
+    return lock;
 }
 
 /// Hands out what was read, or what it was when that could not be done now.
 std::optional<std::string> FileUserDefaults::given(std::string_view name,
                                                    const AtomicFile::Contents& contents) {
+    if (const auto mark = toSetAside_.find(name); mark != toSetAside_.end())
+        toSetAside_.erase(mark); // it was for what stood there before
     AtomicFile::Contents& last = seen(name, contents);
     if (!contents.error)
         last = contents;
@@ -119,19 +160,26 @@ AtomicFile::Contents& FileUserDefaults::seen(std::string_view name, const Atomic
 }
 
 AtomicFile::Contents FileUserDefaults::read(std::string_view name) const {
-    return folder_.empty() ? AtomicFile::Contents() : AtomicFile::read(pathOf(name));
+    return folder_.empty() ? AtomicFile::Contents() : AtomicFile::read(pathOf(name), largestValue);
 }
 
-std::error_code FileUserDefaults::write(std::string_view name,
-                                        const std::optional<std::string>& value) const {
+/// Puts the value into its file; the reason if that cannot be done.
+std::string FileUserDefaults::store(std::string_view name, const std::optional<std::string>& value) {
     if (folder_.empty())
-        return std::make_error_code(std::errc::no_such_file_or_directory);
-    return value ? AtomicFile::write(pathOf(name), *value) : AtomicFile::remove(pathOf(name));
-}
-
-std::string FileUserDefaults::failure(std::string_view name) const {
-    const auto unsaved = unsaved_.find(name);
-    return unsaved == unsaved_.end() ? std::string() : unsaved->second.failure;
+        return "there is no home folder";
+    if (const auto lock = lock_.lock(); lock && lock->outcome() == FolderLock::Outcome::busy)
+        return "another program is changing it and does not finish";
+    if (value && value->size() > largestValue)
+        return std::make_error_code(std::errc::file_too_large).message();
+    if (const auto mark = toSetAside_.find(name); mark != toSetAside_.end()) {
+        const auto moved = AtomicFile::setAside(pathOf(name));
+        if (moved.error)
+            return moved.error.message();
+        setAside_.insert_or_assign(*mark, moved.path.string());
+        toSetAside_.erase(mark);
+    }
+    const auto error = value ? AtomicFile::write(pathOf(name), *value) : AtomicFile::remove(pathOf(name));
+    return error ? error.message() : std::string();
 }
 
 } // namespace vanoka

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "AtomicFile.h"
+#include "FolderLock.h"
 #include "settings/UserDefaults.h"
 
+#include <chrono>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -21,11 +25,17 @@ namespace vanoka {
 ///
 /// While a file is there and cannot be read, the value last read or written counts. One that this object
 /// could never read is not written over: nobody has seen what would be lost. An edit stays in force in this
-/// process.
+/// process. Only storing nothing sets it aside, so that there is always a way out.
+///
+/// Edits of several programs are kept apart by a lock on the folder. One that is not to be had for long,
+/// because its holder is suspended, is like a disk that is full.
 class FileUserDefaults final : public UserDefaults {
 public:
+    /// How long an edit waits for others. An edit takes milliseconds, on a busy disk a second or two.
+    static constexpr std::chrono::milliseconds longestWait{5000};
+
     /// Values in `folder`; an empty path stores nothing on disk.
-    explicit FileUserDefaults(std::filesystem::path folder);
+    explicit FileUserDefaults(std::filesystem::path folder, std::chrono::milliseconds patience = longestWait);
 
     /// The defaults of the user who runs this process, in "vanoka" in the user's configuration folder.
     static FileUserDefaults& standard();
@@ -35,28 +45,33 @@ public:
 
     std::optional<std::string> data(std::string_view name) override;
     void setData(std::string_view name, const std::optional<std::string>& value) override;
+    Lock lock(std::string_view name) override;
+    void setAside(std::string_view name) override;
+    Condition condition(std::string_view name) const override;
 
     /// Where the value of `name` is kept.
     std::filesystem::path pathOf(std::string_view name) const;
-
-    /// Why the value of `name` could not be stored for good; empty when it was.
-    std::string failure(std::string_view name) const;
 
 private:
     struct Unsaved {
         std::optional<std::string> value;
         AtomicFile::Contents stored; ///< what the file held when it could not be written
-        std::string failure;
+        std::string reason;          ///< why it could not be
     };
 
+    std::shared_ptr<FolderLock> lockWithin(std::chrono::milliseconds patience);
     AtomicFile::Contents read(std::string_view name) const;
-    std::error_code write(std::string_view name, const std::optional<std::string>& value) const;
+    std::string store(std::string_view name, const std::optional<std::string>& value);
     std::optional<std::string> given(std::string_view name, const AtomicFile::Contents& contents);
     AtomicFile::Contents& seen(std::string_view name, const AtomicFile::Contents& contents);
 
     std::filesystem::path folder_;
+    std::chrono::milliseconds patience_;
+    std::weak_ptr<FolderLock> lock_;                                ///< while an edit is made
     std::map<std::string, AtomicFile::Contents, std::less<>> last_; ///< as handed out or written
     std::map<std::string, Unsaved, std::less<>> unsaved_;
+    std::set<std::string, std::less<>> toSetAside_;            ///< names whose file must not be written over
+    std::map<std::string, std::string, std::less<>> setAside_; ///< the files that were
 };
 
 } // namespace vanoka

@@ -215,6 +215,14 @@ void examineLocale(const DoctorSystem& system, Findings& findings) {
                   "Choose a UTF-8 locale in the language settings, and log in again.");
 }
 
+/// Without them the built-in keys type.
+void examineKeys(const DoctorSystem& system, Findings& findings) {
+    if (const std::string problem = system.keysProblem(); !problem.empty())
+        findings.note(problem);
+    else
+        findings.good("Your own keys can be read.");
+}
+
 std::string_view markOf(Kind kind) {
     switch (kind) {
     case Kind::good:
@@ -244,6 +252,7 @@ std::vector<Finding> examine(const DoctorSystem& system) {
     }
     examineFonts(system, findings);
     examineLocale(system, findings);
+    examineKeys(system, findings);
     return findings.take();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "settings/SinglishSettings.h"
+
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -18,9 +20,11 @@ struct DoctorSystem {
     std::function<bool(const std::string& pattern)> hasFile;
     /// The output of a command; nothing when it is not installed, fails or takes too long.
     std::function<std::optional<std::string>(const std::vector<std::string>& command)> output;
+    /// Why the user's own keys cannot be read; empty when they can.
+    std::function<std::string()> keysProblem;
 
-    /// The system that this process runs on.
-    static DoctorSystem real();
+    /// The system that this process runs on, with its user's `settings`, which must outlive it.
+    static DoctorSystem real(const SinglishSettings& settings);
 };
 
 /// One thing that was looked at.

@@ -1,5 +1,7 @@
 #include "Doctor.h"
 
+#include "StoredKeys.h"
+
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -82,8 +84,8 @@ std::optional<std::string> outputOf(const std::vector<std::string>& command) {
 
 } // namespace
 
-DoctorSystem DoctorSystem::real() {
-    return {valueOf, isFileThere, outputOf};
+DoctorSystem DoctorSystem::real(const SinglishSettings& settings) {
+    return {valueOf, isFileThere, outputOf, [&settings] { return StoredKeys::readingProblem(settings); }};
 }
 
 } // namespace vanoka

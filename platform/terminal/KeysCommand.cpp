@@ -2,7 +2,9 @@
 
 #include "Chart.h"
 #include "ExitStatus.h"
+#include "ImportedKeys.h"
 #include "LetterEditor.h"
+#include "StoredKeys.h"
 
 #include <algorithm>
 #include <array>
@@ -23,15 +25,17 @@ bool isBuiltIn(std::string_view key) {
     return SinglishTransliterator::builtInTokens().contains(key);
 }
 
-/// Read by the stream, which turns what its buffer throws (a folder does that) into a state.
-std::optional<std::string> contentsOf(std::istream& stream) {
+/// All that the stream gives, or more than keys may be: it may have no end. Read by the stream, which turns
+/// what its buffer throws (a folder does that) into a state.
+std::optional<std::string> beginningOf(std::istream& stream) {
     std::string contents;
     std::array<char, 4096> piece;
-    while (stream) {
+    while (stream && contents.size() <= UserDefaults::largestValue) {
         stream.read(piece.data(), piece.size());
         contents.append(piece.data(), static_cast<std::size_t>(stream.gcount()));
     }
-    return stream.bad() || !stream.eof() ? std::nullopt : std::optional(std::move(contents));
+    return stream.bad() || (stream.fail() && !stream.eof()) ? std::nullopt
+                                                            : std::optional(std::move(contents));
 }
 
 /// What of `customization` types nothing: keys for letters that the scheme does not have, and built-in keys
@@ -47,31 +51,11 @@ std::vector<std::vector<std::string>> unknownEntries(const SinglishCustomization
     return rows;
 }
 
-/// Does to `settings`, which are empty, what makes them `wanted`; returns what was refused, line by line. A
-/// key that its letter has already is no reason to refuse.
-std::string replay(const SinglishCustomization& wanted, SinglishSettings& settings) {
-    std::string problems;
-    for (const std::string& key : wanted.disabledKeys)
-        settings.setBuiltIn(key, false);
-    for (const auto& added : wanted.addedKeys) {
-        const auto problem = settings.add(added.key, added.letter);
-        if (problem && problem != SinglishSettings::KeyProblem::alreadyThisLetter)
-            problems += added.key + ": " + message(*problem) + "\n";
-    }
-    return problems;
-}
-
 } // namespace
 
-KeysCommand::KeysCommand(SinglishSettings& settings, UserDefaults& defaults,
-                         std::function<std::string()> storeFailure, std::istream& input, std::ostream& output,
+KeysCommand::KeysCommand(SinglishSettings& settings, std::istream& input, std::ostream& output,
                          std::ostream& errors)
-    : settings_(settings),
-      defaults_(defaults),
-      storeFailure_(std::move(storeFailure)),
-      input_(input),
-      output_(output),
-      errors_(errors) {}
+    : settings_(settings), input_(input), output_(output), errors_(errors) {}
 
 int KeysCommand::run(Arguments arguments) {
     const std::string_view verb = arguments.empty() ? "list" : arguments.front();
@@ -104,6 +88,8 @@ int KeysCommand::run(Arguments arguments) {
 }
 
 int KeysCommand::list() {
+    if (const int status = unread())
+        return status;
     std::vector<std::vector<std::string>> rows;
     for (const auto& letter : SinglishScheme::letters()) {
         for (const SinglishKeyState& state : settings_.keysFor(letter)) {
@@ -124,6 +110,8 @@ int KeysCommand::list() {
 }
 
 int KeysCommand::check(std::string_view key, std::string_view letterText) {
+    if (const int status = unread())
+        return status;
     const auto* letter = letterOf(letterText);
     if (!letter)
         return ExitStatus::refused;
@@ -134,24 +122,31 @@ int KeysCommand::check(std::string_view key, std::string_view letterText) {
 }
 
 int KeysCommand::add(std::string_view key, std::string_view letterText) {
+    const auto edit = settings_.beginEdit();
     const auto* letter = letterOf(letterText);
     if (!letter)
         return ExitStatus::refused;
     if (const auto problem = settings_.add(key, letter->id))
         return refuse(message(*problem));
-    output_ << letter->example(key) << '\n';
-    return stored();
+    const int status = stored();
+    if (status == ExitStatus::done)
+        output_ << letter->example(key) << '\n';
+    return status;
 }
 
 int KeysCommand::remove(std::string_view key) {
+    const auto edit = settings_.beginEdit();
     const auto& added = settings_.customization().addedKeys;
-    if (std::ranges::none_of(added, [key](const auto& entry) { return text::equal(entry.key, key); }))
-        return refuse("You have added no key " + std::string(key));
+    if (std::ranges::none_of(added, [key](const auto& entry) { return text::equal(entry.key, key); })) {
+        const int status = unread();
+        return status != ExitStatus::done ? status : refuse("You have added no key " + std::string(key));
+    }
     settings_.remove(key);
     return stored();
 }
 
 int KeysCommand::setBuiltIn(std::string_view key, bool on) {
+    const auto edit = settings_.beginEdit();
     const bool isOff = settings_.customization().disabledKeys.contains(key);
     if (!isBuiltIn(key) && !(on && isOff))
         return refuse(std::string(key) + " is not a built-in key");
@@ -160,11 +155,14 @@ int KeysCommand::setBuiltIn(std::string_view key, bool on) {
 }
 
 int KeysCommand::reset() {
+    const auto edit = settings_.beginEdit();
     settings_.reset();
     return stored();
 }
 
 int KeysCommand::exportDocument() {
+    if (const int status = unread())
+        return status;
     const auto document = settings_.customization().encode();
     if (!document)
         return refuse("The keys hold text that is not UTF-8");
@@ -172,33 +170,42 @@ int KeysCommand::exportDocument() {
     return ExitStatus::done;
 }
 
-/// All or nothing, but what export gives is never refused for being unknown here: the document is tried on
-/// empty settings first, and stored only if nothing was refused.
+/// All or nothing, but what export gives is never refused for being unknown here.
 int KeysCommand::importDocument(const std::string& path) {
+    const auto document = documentFrom(path);
+    if (!document)
+        return ExitStatus::failed;
+    if (document->size() > UserDefaults::largestValue)
+        return refuse(path + " is larger than keys may be; your keys stay as they are");
+    const auto wanted = SinglishCustomization::decode(*document);
+    if (!wanted)
+        return refuse(path + " is not a document of keys, as export writes it; your keys stay as they are");
+    ImportedKeys keys = imported(*wanted);
+    if (!keys.problems.empty())
+        return refuse("Your keys stay as they are, because of\n" + keys.problems);
+    const auto edit = settings_.beginEdit();
+    settings_.replace(std::move(keys.keys));
+    const int status = stored();
+    const auto unknown = unknownEntries(settings_.customization());
+    if (status == ExitStatus::done && !unknown.empty()) {
+        errors_ << "singlish: Imported, though without an effect:\n";
+        writeColumns(errors_, unknown);
+    }
+    return status;
+}
+
+/// What stands there, as far as it may be keys; nothing, and why, when it cannot be read.
+std::optional<std::string> KeysCommand::documentFrom(const std::string& path) {
     std::ifstream file;
     errno = 0; // standard streams tell no reason of their own, and need not set this one
     if (path != "-")
         file.open(path, std::ios::binary);
-    const auto document = path == "-" ? contentsOf(input_) : file ? contentsOf(file) : std::nullopt;
+    auto document = path == "-" ? beginningOf(input_) : file ? beginningOf(file) : std::nullopt;
     if (!document) {
         const std::string reason = errno != 0 ? std::string(": ") + std::strerror(errno) : "";
         errors_ << "singlish: Cannot read " << path << reason << '\n';
-        return ExitStatus::failed;
     }
-    const auto wanted = SinglishCustomization::decode(*document);
-    if (!wanted)
-        return refuse(path + " is not a document of keys, as export writes it; your keys stay as they are");
-    MemoryUserDefaults scratch;
-    SinglishSettings tried(scratch);
-    if (const std::string problems = replay(*wanted, tried); !problems.empty())
-        return refuse("Your keys stay as they are, because of\n" + problems);
-    defaults_.setData(SinglishSettings::storedName, scratch.data(SinglishSettings::storedName));
-    settings_.reloadIfChanged();
-    if (const auto unknown = unknownEntries(settings_.customization()); !unknown.empty()) {
-        errors_ << "singlish: Imported, though without an effect:\n";
-        writeColumns(errors_, unknown);
-    }
-    return stored();
+    return document;
 }
 
 /// A letter is named by itself, by the way it is shown, or by a key that types it.
@@ -212,17 +219,27 @@ const SinglishScheme::Letter* KeysCommand::letterOf(std::string_view text) {
     return nullptr;
 }
 
+/// What became of an edit.
 int KeysCommand::stored() {
-    const std::string failure = storeFailure_();
-    if (failure.empty())
-        return ExitStatus::done;
-    errors_ << "singlish: Your keys could not be stored: " << failure << '\n';
-    return ExitStatus::failed;
+    if (const std::string place = StoredKeys::setAside(settings_); !place.empty())
+        tell(place, ExitStatus::done);
+    const std::string problem = StoredKeys::storingProblem(settings_);
+    return problem.empty() ? ExitStatus::done : tell(problem, ExitStatus::failed);
+}
+
+/// Says why what is shown would not be what is stored, if so.
+int KeysCommand::unread() {
+    const std::string problem = StoredKeys::readingProblem(settings_);
+    return problem.empty() ? ExitStatus::done : tell(problem, ExitStatus::failed);
 }
 
 int KeysCommand::refuse(std::string_view message) {
+    return tell(message, ExitStatus::refused);
+}
+
+int KeysCommand::tell(std::string_view message, int status) {
     errors_ << "singlish: " << message << '\n';
-    return ExitStatus::refused;
+    return status;
 }
 
 } // namespace vanoka

@@ -2,8 +2,8 @@
 
 #include "settings/SinglishSettings.h"
 
-#include <functional>
 #include <iosfwd>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -14,10 +14,8 @@ namespace vanoka {
 /// messages. Each call does one thing and returns an exit status.
 class KeysCommand {
 public:
-    /// Edits `settings`, which stand over `defaults`; `storeFailure` says why the last edit could not be
-    /// stored and is empty when it was.
-    KeysCommand(SinglishSettings& settings, UserDefaults& defaults, std::function<std::string()> storeFailure,
-                std::istream& input, std::ostream& output, std::ostream& errors);
+    /// Shows and edits `settings`, which must outlive it.
+    KeysCommand(SinglishSettings& settings, std::istream& input, std::ostream& output, std::ostream& errors);
 
     /// Runs with the arguments after "keys".
     int run(std::span<const std::string_view> arguments);
@@ -33,12 +31,13 @@ private:
     int importDocument(const std::string& path);
 
     const SinglishScheme::Letter* letterOf(std::string_view text);
+    std::optional<std::string> documentFrom(const std::string& path);
     int stored();
+    int unread();
     int refuse(std::string_view message);
+    int tell(std::string_view message, int status);
 
     SinglishSettings& settings_;
-    UserDefaults& defaults_;
-    std::function<std::string()> storeFailure_;
     std::istream& input_;
     std::ostream& output_;
     std::ostream& errors_;

@@ -1,7 +1,6 @@
 #include "Chart.h"
 #include "Doctor.h"
 #include "ExitStatus.h"
-#include "FileUserDefaults.h"
 #include "Filter.h"
 #include "KeysCommand.h"
 #include "LineSession.h"
@@ -117,9 +116,7 @@ int runChart() {
 }
 
 int runKeys(Arguments arguments) {
-    FileUserDefaults& defaults = FileUserDefaults::standard();
-    const auto failure = [&defaults] { return defaults.failure(SinglishSettings::storedName); };
-    KeysCommand command(SinglishSettings::shared(), defaults, failure, std::cin, std::cout, std::cerr);
+    KeysCommand command(SinglishSettings::shared(), std::cin, std::cout, std::cerr);
     return command.run(arguments);
 }
 
@@ -132,7 +129,7 @@ int run(Arguments arguments) {
     if (arguments.size() == 1 && command == "chart")
         return runChart();
     if (arguments.size() == 1 && command == "doctor")
-        return runDoctor(DoctorSystem::real(), std::cout);
+        return runDoctor(DoctorSystem::real(SinglishSettings::shared()), std::cout);
     if (arguments.size() == 1 && (command == "--help" || command == "-h")) {
         std::cout << help;
         return ExitStatus::done;

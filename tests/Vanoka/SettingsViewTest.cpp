@@ -1,9 +1,11 @@
 #include "SettingsView.h"
 
+#include "TroubledDefaults.h"
 #include "product/VanokaCompany.h"
 #include "product/VanokaProduct.h"
 #include "product/VanokaWebsite.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace vanoka {
@@ -198,6 +200,67 @@ TEST_F(SettingsViewTest, ResetsAfterAsking) {
         for (const LetterRow& shown : section.rows)
             EXPECT_EQ(shown.keys,
                       std::vector<std::string>(shown.letter.keys.begin(), shown.letter.keys.end()));
+}
+
+TEST_F(SettingsViewTest, EveryEditKeepsWhatOthersHaveStored) {
+    SinglishSettings others(defaults);
+    const std::vector<std::function<void()>> edits = {
+        [this] {
+            view.setDraft("wq");
+            view.addDraft();
+        },
+        [this] {
+            view.perform(SetBuiltIn{"k", false});
+        },
+        [this] {
+            view.perform(AddKey{"kh", a});
+        },
+        [this] { view.perform(RemoveKey{"kh"}); },
+    };
+    std::size_t count = 0;
+    for (const auto& edit : edits) {
+        others.reloadIfChanged();
+        others.add(std::string("zz") + static_cast<char>('a' + count), ka);
+        ++count;
+        edit();
+        others.reloadIfChanged();
+        const auto& added = others.customization().addedKeys;
+        EXPECT_EQ(std::ranges::count(added, ka, &SinglishCustomization::AddedKey::letter),
+                  static_cast<std::ptrdiff_t>(count));
+        EXPECT_EQ(others.customization(), settings.customization());
+    }
+    others.add("zzz", ka);
+    view.confirmReset();
+    others.reloadIfChanged();
+    EXPECT_TRUE(others.customization().isEmpty()) << "all that there is goes";
+}
+
+TEST_F(SettingsViewTest, ReloadingShowsWhatOthersHaveStored) {
+    SinglishSettings(defaults).add("q", ka);
+    view.reload();
+    EXPECT_EQ(row(ka).keysText().text, "k  q");
+    const int before = changes;
+    view.reload();
+    EXPECT_GT(changes, before) << "how the keys are stored may have changed";
+}
+
+TEST(SettingsViewNotice, SaysTheWorstOfHowTheKeysAreStored) {
+    test::TroubledDefaults defaults;
+    SinglishSettings settings(defaults);
+    const SettingsView view(settings);
+    EXPECT_EQ(view.notice(), std::nullopt);
+    defaults.said.setAside = "/home/keys.kept";
+    EXPECT_EQ(view.notice(),
+              (StyledText{"What could not be read is kept as /home/keys.kept.", {}, ColourRole::orange}));
+    defaults.setData(SinglishSettings::storedName, "{");
+    settings.reloadIfChanged();
+    EXPECT_EQ(view.notice(),
+              (StyledText{"Your keys cannot be read: It is damaged. Your next change sets it aside.",
+                          {},
+                          ColourRole::red}));
+    defaults.said.unstored = "No space left on device";
+    EXPECT_EQ(view.notice(),
+              (StyledText{"Your keys could not be stored: No space left on device.", {}, ColourRole::red}));
 }
 
 } // namespace

@@ -39,6 +39,36 @@ private:
     MemoryUserDefaults stored_;
 };
 
+/// Defaults that several programs edit, which write down what is done to them.
+class SharedDefaults final : public UserDefaults {
+public:
+    std::optional<std::string> data(std::string_view name) override {
+        log += 'r';
+        return stored_.data(name);
+    }
+    void setData(std::string_view name, const std::optional<std::string>& value) override {
+        log += 'w';
+        stored_.setData(name, value);
+    }
+    Lock lock(std::string_view name) override {
+        EXPECT_EQ(name, SinglishSettings::storedName);
+        log += '(';
+        return {this, [this](void*) { log += ')'; }};
+    }
+    void setAside(std::string_view name) override {
+        EXPECT_EQ(name, SinglishSettings::storedName);
+        log += 'a';
+    }
+    Condition condition(std::string_view name) const override {
+        return {.place = std::string(name), .unreadable = {}, .unstored = "No room", .setAside = {}};
+    }
+
+    std::string log;
+
+private:
+    MemoryUserDefaults stored_;
+};
+
 class SinglishSettingsTest : public testing::Test {
 protected:
     static const SinglishScheme::Letter& letter(const char* id) { return *SinglishScheme::letter(id); }
@@ -350,6 +380,64 @@ TEST(SinglishSettings, WhatDoesNotDecodeIsLeftUntilTheNextEdit) {
     settings.reloadIfChanged();
     EXPECT_TRUE(settings.customization().isEmpty());
     EXPECT_EQ(defaults.document(), "[");
+}
+
+TEST(SinglishSettings, AnEditBeginsWithWhatOthersHaveStored) {
+    SharedDefaults defaults;
+    SinglishSettings ours(defaults), others(defaults);
+    others.add("q", ka);
+    defaults.log.clear();
+    {
+        const auto edit = ours.beginEdit();
+        EXPECT_EQ(ours.customization().addedKeys.size(), 1U);
+        ours.add("w", ka);
+    }
+    EXPECT_EQ(defaults.log, "(rw)") << "locked, read, written, unlocked";
+    others.reloadIfChanged();
+    EXPECT_EQ(others.customization().addedKeys,
+              (std::vector<SinglishCustomization::AddedKey>{{"q", ka}, {"w", ka}}));
+}
+
+TEST(SinglishSettings, WhatDoesNotDecodeIsSetAsideBeforeItIsWrittenOver) {
+    SharedDefaults defaults;
+    SinglishSettings settings(defaults);
+    EXPECT_FALSE(settings.isStoredDamaged());
+    for (const auto& edit : std::vector<std::function<void()>>{
+             [&] { settings.add("q", ka); }, [&] { settings.reset(); }, [&] { settings.replace({}); }}) {
+        defaults.setData(SinglishSettings::storedName, "not JSON");
+        settings.reloadIfChanged();
+        EXPECT_TRUE(settings.isStoredDamaged());
+        defaults.log.clear();
+        edit();
+        EXPECT_FALSE(settings.isStoredDamaged());
+        settings.remove("q");
+        EXPECT_EQ(defaults.log, "aww") << "once";
+    }
+    EXPECT_TRUE(settings.add("q1", ka).has_value());
+    EXPECT_EQ(defaults.log, "aww") << "a refused edit does nothing";
+}
+
+TEST_F(SinglishSettingsTest, ReplacesEverythingInOneEdit) {
+    settings.add("w", kha);
+    defaults.writes = 0;
+    int announced = 0;
+    const Subscription subscription = settings.observeWillChange([&] { ++announced; });
+    settings.replace({.addedKeys = {{"q", ka}, {"zz", ka}}, .disabledKeys = {"k"}});
+    EXPECT_EQ(keysOf(ka), "-k +q +zz");
+    EXPECT_EQ(keysOf(kha), "kh K");
+    EXPECT_EQ(settings.transliterator().transliterate("qa"), ka);
+    EXPECT_EQ(announced, 1);
+    EXPECT_EQ(defaults.writes, 1);
+    settings.replace({});
+    EXPECT_EQ(defaults.document(), std::nullopt);
+}
+
+TEST(SinglishSettings, TellHowTheyAreStored) {
+    SharedDefaults defaults;
+    EXPECT_EQ(SinglishSettings(defaults).condition(), defaults.condition(SinglishSettings::storedName));
+    MemoryUserDefaults nothingToTell;
+    EXPECT_EQ(SinglishSettings(nothingToTell).condition(), UserDefaults::Condition());
+    EXPECT_EQ(SinglishSettings(nothingToTell).beginEdit(), nullptr) << "and nobody to keep out";
 }
 
 TEST(SinglishSettings, StoredKeysAreInForceFromTheStart) {

@@ -36,12 +36,31 @@ std::size_t filesIn(const fs::path& folder) {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
 }
 
+/// No file can be opened while this lives, whoever asks.
+class NoMoreFiles {
+public:
+    NoMoreFiles() {
+        ::getrlimit(RLIMIT_NOFILE, &before_);
+        const rlimit none = {0, before_.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &none);
+    }
+    NoMoreFiles(const NoMoreFiles&) = delete;
+    NoMoreFiles& operator=(const NoMoreFiles&) = delete;
+    ~NoMoreFiles() { ::setrlimit(RLIMIT_NOFILE, &before_); }
+
+private:
+    rlimit before_ = {};
+};
+
 class FileUserDefaultsTest : public testing::Test {
 protected:
     test::TemporaryFolder temporary;
     fs::path folder = temporary.path() / "above" / "vanoka";
     fs::path file = folder / name;
     FileUserDefaults defaults{folder};
+
+    /// Why the value in force is not stored.
+    std::string reason() const { return defaults.condition(name).unstored; }
 };
 
 TEST_F(FileUserDefaultsTest, KeepsValuesAsFiles) {
@@ -59,7 +78,7 @@ TEST_F(FileUserDefaultsTest, KeepsValuesAsFiles) {
     EXPECT_EQ(defaults.data(name), std::nullopt);
     EXPECT_FALSE(fs::exists(file));
     defaults.setData(name, std::nullopt);
-    EXPECT_EQ(defaults.failure(name), "");
+    EXPECT_EQ(reason(), "");
 }
 
 TEST_F(FileUserDefaultsTest, OnlyTheOwnerCanReadThem) {
@@ -85,12 +104,12 @@ TEST_F(FileUserDefaultsTest, NamesCannotLeaveTheFolder) {
 TEST_F(FileUserDefaultsTest, AValueThatCannotBeStoredStaysInForce) {
     std::ofstream(temporary.path() / "above") << "a file where a folder is needed";
     defaults.setData(name, "one");
-    EXPECT_NE(defaults.failure(name), "");
+    EXPECT_NE(reason(), "");
     EXPECT_EQ(defaults.data(name), "one");
     EXPECT_EQ(FileUserDefaults(folder).data(name), std::nullopt);
     fs::remove(temporary.path() / "above");
     EXPECT_EQ(defaults.data(name), "one");
-    EXPECT_EQ(defaults.failure(name), "") << "stored as soon as it can be";
+    EXPECT_EQ(reason(), "") << "stored as soon as it can be";
     EXPECT_EQ(contentsOf(file), "one");
 }
 
@@ -107,7 +126,7 @@ TEST_F(FileUserDefaultsTest, TheFileStaysWhenWritingFails) {
     ::signal(SIGXFSZ, SIG_DFL);
     EXPECT_EQ(contentsOf(file), "the last good value");
     EXPECT_EQ(filesIn(folder), 1U);
-    EXPECT_NE(defaults.failure(name), "");
+    EXPECT_NE(reason(), "");
     EXPECT_EQ(defaults.data(name), "a value that does not fit");
     EXPECT_EQ(contentsOf(file), "a value that does not fit") << "stored when there was room again";
 }
@@ -133,25 +152,141 @@ TEST_F(FileUserDefaultsTest, WhatIsNoFileIsNoValue) {
     EXPECT_EQ(defaults.data(name), std::nullopt);
     fs::remove(file);
     std::ofstream(file) << "";
-    fs::resize_file(file, 17 * 1024 * 1024);
+    fs::resize_file(file, UserDefaults::largestValue + 1);
     EXPECT_EQ(defaults.data(name), std::nullopt) << "no customization is as large as this";
 }
 
-/// No file can be opened while this lives, whoever asks.
-class NoMoreFiles {
-public:
-    NoMoreFiles() {
-        ::getrlimit(RLIMIT_NOFILE, &before_);
-        const rlimit none = {0, before_.rlim_max};
-        ::setrlimit(RLIMIT_NOFILE, &none);
-    }
-    NoMoreFiles(const NoMoreFiles&) = delete;
-    NoMoreFiles& operator=(const NoMoreFiles&) = delete;
-    ~NoMoreFiles() { ::setrlimit(RLIMIT_NOFILE, &before_); }
+TEST_F(FileUserDefaultsTest, WhatIsReadCanBeWrittenAndTheOtherWayRound) {
+    const std::string largest(UserDefaults::largestValue, 'x'), larger = largest + "x";
+    defaults.setData(name, largest);
+    EXPECT_EQ(reason(), "");
+    EXPECT_TRUE(FileUserDefaults(folder).data(name) == largest);
+    defaults.setData(name, larger);
+    EXPECT_EQ(reason(), "File too large");
+    EXPECT_TRUE(defaults.data(name) == larger) << "in force";
+    EXPECT_TRUE(FileUserDefaults(folder).data(name) == largest);
+    defaults.setData(name, std::nullopt);
+    EXPECT_EQ(reason(), "");
+    EXPECT_FALSE(fs::exists(file));
+}
 
-private:
-    rlimit before_ = {};
-};
+TEST_F(FileUserDefaultsTest, TellHowAValueIsStored) {
+    EXPECT_EQ(defaults.condition(name),
+              (UserDefaults::Condition{.place = file, .unreadable = {}, .unstored = {}, .setAside = {}}));
+    fs::create_directories(file);
+    defaults.data(name);
+    EXPECT_EQ(defaults.condition(name).unreadable, "Is a directory");
+    defaults.setData(name, "one");
+    EXPECT_EQ(reason(), "Is a directory");
+    fs::remove(file);
+    defaults.data(name);
+    EXPECT_EQ(defaults.condition(name).unreadable, "");
+    EXPECT_EQ(reason(), "");
+}
+
+TEST_F(FileUserDefaultsTest, NothingCanAlwaysBeStored) {
+    fs::create_directories(file);
+    std::ofstream(file / "inside") << "somebody's";
+    for (const char* kept : {".kept", ".kept-2", ".kept-3"}) {
+        defaults.data(name);
+        defaults.setData(name, "in vain");
+        EXPECT_NE(reason(), "");
+        defaults.setData(name, std::nullopt);
+        EXPECT_EQ(defaults.condition(name),
+                  (UserDefaults::Condition{
+                      .place = file, .unreadable = {}, .unstored = {}, .setAside = file.string() + kept}));
+        EXPECT_FALSE(fs::exists(file));
+        EXPECT_TRUE(fs::exists(file.string() + kept));
+        std::ofstream(file) << "";
+        fs::resize_file(file, UserDefaults::largestValue + 1);
+    }
+    EXPECT_EQ(contentsOf(file.string() + ".kept/inside"), "somebody's");
+}
+
+TEST_F(FileUserDefaultsTest, WhatIsOfNoUseIsSetAsideBeforeItIsWrittenOver) {
+    for (const bool isLinked : {false, true}) {
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+        const fs::path real = isLinked ? temporary.path() / "real" : file;
+        if (isLinked)
+            fs::create_symlink(real, file);
+        std::ofstream(real) << "damaged";
+        EXPECT_EQ(defaults.data(name), "damaged");
+        defaults.setAside(name);
+        EXPECT_EQ(contentsOf(file), "damaged") << "until there is a value to store";
+        defaults.setData(name, "one");
+        EXPECT_EQ(contentsOf(file), "one");
+        EXPECT_EQ(defaults.condition(name).setAside, real.string() + ".kept");
+        EXPECT_EQ(contentsOf(real.string() + ".kept"), "damaged");
+        defaults.setData(name, "two");
+        EXPECT_FALSE(fs::exists(real.string() + ".kept-2")) << "once";
+    }
+}
+
+TEST_F(FileUserDefaultsTest, OnlyWhatWasOfNoUseIsSetAside) {
+    defaults.setData(name, "damaged");
+    defaults.setAside(name);
+    FileUserDefaults(folder).setData(name, "mended");
+    EXPECT_EQ(defaults.data(name), "mended");
+    defaults.setData(name, "one");
+    EXPECT_EQ(filesIn(folder), 1U);
+}
+
+TEST_F(FileUserDefaultsTest, AnEditWaitsForAnother) {
+    FileUserDefaults other(folder);
+    auto othersEdit = other.lock(name);
+    std::thread ending([&] {
+        other.setData(name, "other");
+        othersEdit.reset();
+    });
+    const auto edit = defaults.lock(name);
+    EXPECT_EQ(defaults.data(name), "other");
+    EXPECT_EQ(defaults.lock(name), edit) << "one that is in it already waits for nobody";
+    ending.join();
+}
+
+TEST_F(FileUserDefaultsTest, AnEditThatDoesNotEndIsLikeAFullDisk) {
+    FileUserDefaults impatient(folder, std::chrono::milliseconds(1));
+    auto othersEdit = defaults.lock(name);
+    defaults.setData(name, "before");
+    {
+        const auto edit = impatient.lock(name);
+        impatient.setData(name, "one");
+    }
+    EXPECT_EQ(impatient.condition(name).unstored, "another program is changing it and does not finish");
+    EXPECT_EQ(impatient.data(name), "one") << "in force";
+    EXPECT_EQ(contentsOf(file), "before");
+    othersEdit.reset();
+    EXPECT_EQ(impatient.data(name), "one");
+    EXPECT_EQ(impatient.condition(name).unstored, "");
+    EXPECT_EQ(contentsOf(file), "one") << "stored at the next occasion";
+}
+
+TEST_F(FileUserDefaultsTest, AValueThatWasNotStoredIsNotStoredIntoAnothersEdit) {
+    defaults.setData(name, "before");
+    {
+        const NoMoreFiles limit;
+        defaults.setData(name, "one");
+    }
+    FileUserDefaults other(folder);
+    auto othersEdit = other.lock(name);
+    EXPECT_EQ(other.data(name), "before");
+    EXPECT_EQ(defaults.data(name), "one");
+    EXPECT_EQ(contentsOf(file), "before") << "what the other has read";
+    other.setData(name, "other");
+    othersEdit.reset();
+    EXPECT_EQ(defaults.data(name), "other");
+}
+
+TEST_F(FileUserDefaultsTest, AFolderThatCannotBeLockedIsEditedAllTheSame) {
+    std::ofstream(temporary.path() / "above") << "a file where a folder is needed";
+    const auto edit = defaults.lock(name);
+    defaults.setData(name, "one");
+    EXPECT_EQ(reason(), "Not a directory") << "what storing says counts";
+    fs::remove(temporary.path() / "above");
+    EXPECT_EQ(defaults.data(name), "one");
+    EXPECT_EQ(reason(), "");
+}
 
 TEST_F(FileUserDefaultsTest, AReadThatFailsGivesTheLastValue) {
     defaults.setData(name, "one");
@@ -165,7 +300,7 @@ TEST_F(FileUserDefaultsTest, AReadThatFailsGivesTheLastValue) {
     EXPECT_EQ(defaults.data(name), "two") << "as read";
     defaults.setData(name, "three");
     EXPECT_EQ(defaults.data(name), "three");
-    EXPECT_NE(defaults.failure(name), "");
+    EXPECT_NE(reason(), "");
 }
 
 TEST_F(FileUserDefaultsTest, AnEditIsStoredWhenTheFileCanBeReadAgain) {
@@ -175,7 +310,7 @@ TEST_F(FileUserDefaultsTest, AnEditIsStoredWhenTheFileCanBeReadAgain) {
         defaults.setData(name, "two");
     }
     EXPECT_EQ(defaults.data(name), "two");
-    EXPECT_EQ(defaults.failure(name), "");
+    EXPECT_EQ(reason(), "");
     EXPECT_EQ(contentsOf(file), "two");
 }
 
@@ -198,7 +333,7 @@ TEST_F(FileUserDefaultsTest, AFileThatWasNeverReadIsNotWrittenOver) {
     for (const char* value : {"one", "two"}) {
         defaults.setData(name, value);
         EXPECT_EQ(defaults.data(name), value) << "in force";
-        EXPECT_EQ(defaults.failure(name), "Too many open files");
+        EXPECT_EQ(reason(), "Too many open files");
         EXPECT_EQ(contentsOf(file), "good");
     }
     defaults.setData(name, std::nullopt);
@@ -217,7 +352,7 @@ TEST_F(FileUserDefaultsTest, AFileThatOthersMayNotReadIsNotWrittenOver) {
         GTEST_SKIP() << "root may read everything";
     EXPECT_EQ(defaults.data(name), std::nullopt);
     defaults.setData(name, "one");
-    EXPECT_EQ(defaults.failure(name), "Permission denied");
+    EXPECT_EQ(reason(), "Permission denied");
     EXPECT_EQ(defaults.data(name), "one");
     ASSERT_EQ(::chmod(file.c_str(), 0600), 0);
     EXPECT_EQ(contentsOf(file), "good");
@@ -229,11 +364,11 @@ TEST_F(FileUserDefaultsTest, WhatCouldNeverBeReadIsNoHindranceWhenItIsGone) {
     EXPECT_EQ(defaults.data(name), std::nullopt);
     defaults.setData(name, "one");
     EXPECT_EQ(defaults.data(name), "one");
-    EXPECT_NE(defaults.failure(name), "");
+    EXPECT_NE(reason(), "");
     EXPECT_TRUE(fs::is_fifo(file));
     fs::remove(file);
     EXPECT_EQ(defaults.data(name), "one");
-    EXPECT_EQ(defaults.failure(name), "");
+    EXPECT_EQ(reason(), "");
     EXPECT_EQ(contentsOf(file), "one");
 }
 
@@ -277,7 +412,7 @@ TEST_F(FileUserDefaultsTest, LinksInACircleAreLeft) {
     fs::create_symlink(file, folder / "other");
     EXPECT_EQ(defaults.data(name), std::nullopt);
     defaults.setData(name, "one");
-    EXPECT_NE(defaults.failure(name), "");
+    EXPECT_NE(reason(), "");
     EXPECT_EQ(defaults.data(name), "one");
     EXPECT_TRUE(fs::is_symlink(file));
 }
@@ -286,8 +421,9 @@ TEST_F(FileUserDefaultsTest, WithoutAFolderValuesLastAsLongAsTheProcess) {
     FileUserDefaults nowhere{fs::path()};
     nowhere.setData(name, "one");
     EXPECT_EQ(nowhere.data(name), "one");
-    EXPECT_NE(nowhere.failure(name), "");
+    EXPECT_NE(nowhere.condition(name).unstored, "");
     EXPECT_FALSE(fs::exists(name));
+    EXPECT_EQ(nowhere.lock(name), nullptr);
 }
 
 TEST_F(FileUserDefaultsTest, AReaderNeverSeesHalfAValue) {
@@ -324,6 +460,8 @@ TEST_F(FileUserDefaultsTest, AKillAtAnyInstantLeavesAWholeValue) {
         const auto seen = defaults.data(name);
         ASSERT_TRUE(seen == values[0] || seen == values[1]);
     }
+    defaults.setData(name, values[0]);
+    EXPECT_EQ(filesIn(folder), 1U) << "what the killed writers left is gone";
 }
 
 class Environment {

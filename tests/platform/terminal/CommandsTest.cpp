@@ -4,6 +4,7 @@
 #include "KeysCommand.h"
 #include "Randoms.h"
 #include "TemporaryFolder.h"
+#include "TroubledDefaults.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -22,17 +23,16 @@ protected:
     int run(std::vector<std::string_view> arguments, const std::string& typed = "") {
         std::istringstream input(typed);
         std::ostringstream outputStream, errorStream;
-        KeysCommand command(
-            settings, defaults, [this] { return failure; }, input, outputStream, errorStream);
+        KeysCommand command(settings, input, outputStream, errorStream);
         const int status = command.run(arguments);
         output = outputStream.str();
         errors = errorStream.str();
         return status;
     }
 
-    MemoryUserDefaults defaults;
+    test::TroubledDefaults defaults;
     SinglishSettings settings{defaults};
-    std::string failure, output, errors;
+    std::string output, errors;
 };
 
 TEST_F(KeysCommandTest, ListsWhatWasChanged) {
@@ -189,10 +189,75 @@ TEST_F(KeysCommandTest, TellsWhatCannotBeImported) {
     EXPECT_EQ(settings.customization(), before);
 }
 
-TEST_F(KeysCommandTest, TellsWhenKeysCouldNotBeStored) {
-    failure = "No space left on device";
-    EXPECT_EQ(run({"add", "q", "\u0D9A"}), ExitStatus::failed);
-    EXPECT_EQ(errors, "singlish: Your keys could not be stored: No space left on device\n");
+TEST_F(KeysCommandTest, TellsOfNoSuccessBeforeKeysAreStored) {
+    defaults.said.unstored = "No space left on device";
+    const std::vector<std::vector<std::string_view>> edits = {
+        {"add", "q", "\u0D9A"}, {"off", "k"}, {"on", "k"}, {"remove", "q"}, {"reset"}, {"import", "-"}};
+    for (const auto& edit : edits) {
+        EXPECT_EQ(run(edit, "{\"addedKeys\":[],\"disabledKeys\":[\"none\"]}"), ExitStatus::failed) << edit[0];
+        EXPECT_EQ(output, "") << edit[0];
+        EXPECT_EQ(errors, "singlish: Your keys could not be stored: No space left on device.\n") << edit[0];
+    }
+}
+
+TEST_F(KeysCommandTest, KeysThatCannotBeReadAreNotShownAsNone) {
+    const std::vector<std::vector<std::string_view>> looks = {
+        {}, {"list"}, {"export"}, {"check", "q", "\u0D9A"}, {"remove", "q"}};
+    defaults.said.unreadable = "Permission denied";
+    for (const auto& look : looks) {
+        EXPECT_EQ(run(look), ExitStatus::failed);
+        EXPECT_EQ(output, "");
+        EXPECT_TRUE(errors.starts_with("singlish: Your keys cannot be read: Permission denied. ")) << errors;
+    }
+    defaults.said.unreadable = "";
+    defaults.setData(SinglishSettings::storedName, "{");
+    settings.reloadIfChanged();
+    for (const auto& look : looks) {
+        EXPECT_EQ(run(look), ExitStatus::failed);
+        EXPECT_EQ(output, "");
+        EXPECT_TRUE(errors.starts_with("singlish: Your keys cannot be read: It is damaged. ")) << errors;
+    }
+}
+
+TEST_F(KeysCommandTest, TellsWhatIsKeptOfKeysThatCouldNotBeRead) {
+    defaults.said.setAside = "/home/keys.kept";
+    EXPECT_EQ(run({"add", "q", "\u0D9A"}), ExitStatus::done);
+    EXPECT_EQ(errors, "singlish: What could not be read is kept as /home/keys.kept.\n");
+    EXPECT_EQ(output, "qa \u2192 \u0D9A\n");
+}
+
+TEST_F(KeysCommandTest, EditsWhatOthersHaveStoredMeanwhile) {
+    SinglishSettings others(defaults);
+    others.add("w", "\u0D9A");
+    EXPECT_EQ(run({"add", "q", "\u0D9A"}), ExitStatus::done);
+    others.reloadIfChanged();
+    EXPECT_EQ(others.customization().addedKeys.size(), 2U);
+}
+
+TEST_F(KeysCommandTest, ImportsManyKeysInOneEdit) {
+    SinglishCustomization many;
+    for (int number = 0; number < 20'000; ++number) {
+        std::string key = "Z";
+        for (int rest = number; key.size() < 5; rest /= 26)
+            key += static_cast<char>('a' + rest % 26);
+        many.addedKeys.push_back({key, "\u0D9A"});
+    }
+    int edits = 0;
+    const Subscription subscription = settings.observeWillChange([&] { ++edits; });
+    EXPECT_EQ(run({"import", "-"}, *many.encode()), ExitStatus::done);
+    EXPECT_EQ(edits, 1);
+    EXPECT_EQ(settings.customization(), many);
+    EXPECT_EQ(settings.transliterator().transliterate("Zzzaaa"), "\u0D9A");
+}
+
+TEST_F(KeysCommandTest, RefusesWhatCouldNotBeReadAgain) {
+    run({"add", "q", "\u0D9A"});
+    const SinglishCustomization before = settings.customization();
+    const std::string padding(UserDefaults::largestValue, ' ');
+    EXPECT_EQ(run({"import", "-"}, "{\"addedKeys\":[],\"disabledKeys\":[]}" + padding), ExitStatus::refused);
+    EXPECT_EQ(errors, "singlish: - is larger than keys may be; your keys stay as they are\n");
+    EXPECT_EQ(run({"import", "/dev/zero"}), ExitStatus::refused) << "which has no end";
+    EXPECT_EQ(settings.customization(), before);
 }
 
 TEST(Chart, ShowsEveryLetterInAlignedColumns) {

@@ -30,6 +30,7 @@ struct Desktop {
         {"ibus list-engine", "language: Sinhala\n  vanoka - Sinhala (Vanoka)\n"},
         {"fc-list --format %{capability}\\n :lang=si", "otlayout:latn otlayout:sinh\n"},
     };
+    std::string keysProblem;
 
     DoctorSystem system() const {
         return {[this](std::string_view name) {
@@ -49,7 +50,8 @@ struct Desktop {
                         line += (line.empty() ? "" : " ") + word;
                     const auto found = outputs.find(line);
                     return found == outputs.end() ? std::nullopt : std::optional(found->second);
-                }};
+                },
+                [this] { return keysProblem; }};
     }
 
     std::string report(int status) const {
@@ -133,6 +135,8 @@ TEST(Doctor, OnlyNotesWhatSomeProgramsDoWithout) {
              {[](Desktop& desktop) { desktop.variables.erase("LANG"); }, "The locale is not UTF-8"},
              {[](Desktop& desktop) { desktop.outputs.erase("fc-list --format %{capability}\\n :lang=si"); },
               "Which fonts there are could not be found out."},
+             {[](Desktop& desktop) { desktop.keysProblem = "Your keys cannot be read: It is damaged."; },
+              "Your keys cannot be read: It is damaged."},
          }) {
         Desktop desktop;
         row.take(desktop);
@@ -159,7 +163,9 @@ TEST(Doctor, KnowsFcitx5) {
 }
 
 TEST(Doctor, AsksTheRealSystem) {
-    const DoctorSystem system = DoctorSystem::real();
+    MemoryUserDefaults defaults;
+    const SinglishSettings settings(defaults);
+    const DoctorSystem system = DoctorSystem::real(settings);
     ::setenv("VANOKA_TEST_VARIABLE", "value", 1);
     EXPECT_EQ(system.variable("VANOKA_TEST_VARIABLE"), "value");
     EXPECT_EQ(system.variable("VANOKA_NO_SUCH_VARIABLE"), "");
@@ -171,6 +177,11 @@ TEST(Doctor, AsksTheRealSystem) {
     const auto much = system.output({"sh", "-c", "yes | head -c 300000"});
     ASSERT_TRUE(much.has_value());
     EXPECT_EQ(much->size(), 300000U);
+    EXPECT_EQ(system.keysProblem(), "");
+    defaults.setData(SinglishSettings::storedName, "{");
+    const SinglishSettings damaged(defaults);
+    EXPECT_EQ(DoctorSystem::real(damaged).keysProblem(),
+              "Your keys cannot be read: It is damaged. Your next change sets it aside.");
 }
 
 } // namespace
