@@ -41,6 +41,10 @@ std::string fileName(std::string_view name) {
     return result;
 }
 
+bool isBusy(const std::shared_ptr<FolderLock>& lock) {
+    return lock && lock->outcome() == FolderLock::Outcome::busy;
+}
+
 } // namespace
 
 FileUserDefaults::FileUserDefaults(fs::path folder, std::chrono::milliseconds patience)
@@ -70,10 +74,10 @@ std::optional<std::string> FileUserDefaults::data(std::string_view name) {
     const auto found = unsaved_.find(name);
     if (found == unsaved_.end())
         return given(name, read(name));
-    const Lock edit = lockWithin(std::chrono::milliseconds::zero());
+    const auto edit = lockWithin(std::chrono::milliseconds::zero());
     const auto contents = read(name);
     Unsaved& unsaved = found->second;
-    if (contents.error)
+    if (contents.error || isBusy(edit))
         return unsaved.value;
     if (unsaved.stored.error) // it can be read at last
         unsaved.stored = contents;
@@ -167,7 +171,7 @@ AtomicFile::Contents FileUserDefaults::read(std::string_view name) const {
 std::string FileUserDefaults::store(std::string_view name, const std::optional<std::string>& value) {
     if (folder_.empty())
         return "there is no home folder";
-    if (const auto lock = lock_.lock(); lock && lock->outcome() == FolderLock::Outcome::busy)
+    if (isBusy(lock_.lock()))
         return "another program is changing it and does not finish";
     if (value && value->size() > largestValue)
         return std::make_error_code(std::errc::file_too_large).message();

@@ -1,5 +1,7 @@
 #include "AboutPanel.h"
 #include "Appearance.h"
+#include "FileChanges.h"
+#include "FileUserDefaults.h"
 #include "Identity.h"
 #include "PlainInput.h"
 #include "QtWindowToolkit.h"
@@ -10,6 +12,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQuickWindow>
+#include <QTimer>
 
 #include <cstdio>
 #include <optional>
@@ -28,6 +31,8 @@ Usage:
 A second start brings the window of the first to the front.
 Exit status: 0 when the window is closed, 2 not understood.
 )";
+
+constexpr int timeToStoreAgain = 2000; // in milliseconds
 
 const QString about = QStringLiteral("about"); // the action of the about panel; the window's has no name
 
@@ -101,10 +106,22 @@ int main(int count, char** values) {
             window.show(true);
     };
     QObject::connect(&instance, &SingleInstance::asked, &application, show);
-    // Keys that were edited elsewhere meanwhile are shown, and not overwritten by the next edit here.
+    // Keys that are edited elsewhere are shown: when they change, and, as another machine's changes may not
+    // be told, when somebody comes back to look.
+    const FileChanges changes(FileUserDefaults::standard().pathOf(SinglishSettings::storedName));
+    QObject::connect(&changes, &FileChanges::changed, &application, [&] { window.reload(); });
     QObject::connect(&application, &QGuiApplication::focusWindowChanged, &application, [&](QWindow* focused) {
         if (focused)
-            settings.reloadIfChanged();
+            window.reload();
+    });
+    // What could not be stored is stored as soon as it can be.
+    QTimer again;
+    const Subscription edits = settings.observeWillChange([&] { again.start(timeToStoreAgain); });
+    QObject::connect(&again, &QTimer::timeout, &application, [&] {
+        if (settings.condition().unstored.empty())
+            again.stop();
+        else
+            window.reload();
     });
     appearance.settle();
     show(*action);

@@ -1,5 +1,7 @@
 #include "Appearance.h"
 
+#include "DarkDesktop.h"
+
 #include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
@@ -7,6 +9,7 @@
 #include <QDBusMetaType>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QEvent>
 #include <QQmlEngine>
 
 namespace vanoka {
@@ -20,6 +23,7 @@ const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearanceGroup = QStringLiteral("org.freedesktop.appearance");
 const QString colourScheme = QStringLiteral("color-scheme");
 const QString contrast = QStringLiteral("contrast");
+constexpr uint noPreference = 0;
 constexpr uint preferDark = 1;
 constexpr uint highContrast = 1;
 
@@ -41,7 +45,9 @@ QDBusPendingCall readAll(int timeout) {
 
 } // namespace
 
-Appearance::Appearance(QObject* parent) : QObject(parent), first_(readAll(momentToSettle)) {
+Appearance::Appearance(QObject* parent)
+    : QObject(parent), first_(readAll(momentToSettle)), isDesktopDark_(isDesktopDark()) {
+    QCoreApplication::instance()->installEventFilter(this);
     QDBusConnection::sessionBus().connect(service, path, interface, QStringLiteral("SettingChanged"), this,
                                           SLOT(adopt(QString, QString, QDBusVariant)));
     follow(first_);
@@ -57,9 +63,21 @@ Appearance* Appearance::create(QQmlEngine*, QJSEngine*) {
     return &shared();
 }
 
+bool Appearance::isDark() const {
+    return colourScheme_ == noPreference ? isDesktopDark_ : colourScheme_ == preferDark;
+}
+
 void Appearance::settle() {
     first_.waitForFinished();
     adoptAll(first_);
+}
+
+bool Appearance::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ApplicationPaletteChange) {
+        isDesktopDark_ = isDesktopDark();
+        emit changed();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 /// A portal that is only being started answers too late the first time, and is asked again without haste.
@@ -79,7 +97,7 @@ void Appearance::adopt(const QString& group, const QString& name, const QDBusVar
     if (group != appearanceGroup)
         return;
     if (name == colourScheme)
-        isDark_ = value.variant().toUInt() == preferDark;
+        colourScheme_ = value.variant().toUInt();
     if (name == contrast)
         isHighContrast_ = value.variant().toUInt() == highContrast;
     emit changed();

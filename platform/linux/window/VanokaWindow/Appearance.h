@@ -10,8 +10,9 @@ class QQmlEngine;
 
 namespace vanoka {
 
-/// Whether the desktop wants dark windows, and high contrast, as its settings portal tells. It follows the
-/// desktop's settings for as long as it lives; a desktop without a portal is light.
+/// Whether the desktop wants dark windows, and high contrast, as its settings portal tells. Where it tells of
+/// neither dark nor light, other signs of the desktop count. It follows the portal and the toolkit's palette
+/// for as long as it lives.
 class Appearance : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -26,7 +27,7 @@ public:
     static Appearance& shared();
     static Appearance* create(QQmlEngine* engine, QJSEngine* scripts);
 
-    bool isDark() const { return isDark_; }
+    bool isDark() const;
     bool isHighContrast() const { return isHighContrast_; }
 
     /// Waits until the portal has told the present settings, for a moment at most, so that a window need not
@@ -36,6 +37,9 @@ public:
 signals:
     void changed();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     Q_SLOT void adopt(const QString& group, const QString& name, const QDBusVariant& value);
     void follow(const QDBusPendingCall& call);
@@ -43,7 +47,8 @@ private:
 
     QDBusPendingCall first_;
     bool isAskedAgain_ = false;
-    bool isDark_ = false;
+    uint colourScheme_ = 0; ///< as the portal tells it
+    bool isDesktopDark_;
     bool isHighContrast_ = false;
 };
 

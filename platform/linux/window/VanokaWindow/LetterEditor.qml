@@ -2,39 +2,18 @@ import QtQuick
 import VanokaWindow
 
 // The keys of one letter.
-Flickable {
+ScrollArea {
     id: editor
 
     required property SettingsModel settings
 
     contentHeight: page.implicitHeight
-    boundsBehavior: Flickable.StopAtBounds
-    clip: true
 
     property Item usedRow: null // until the content has changed
     Connections {
         target: editor.settings
         function onChanged() {
             editor.usedRow = null
-        }
-    }
-
-    /// Scrolls so that the item that has the keyboard is seen.
-    function reveal(item: Item) {
-        const top = item.mapToItem(page, 0, 0).y - 12
-        const bottom = top + item.height + 24
-        if (top < contentY)
-            contentY = Math.max(0, top)
-        else if (bottom > contentY + height)
-            contentY = Math.min(contentHeight - height, bottom - height)
-    }
-
-    Connections {
-        target: editor.Window.window
-        function onActiveFocusItemChanged() {
-            for (let item = target.activeFocusItem; item; item = item.parent)
-                if (item === page)
-                    editor.reveal(target.activeFocusItem)
         }
     }
 
@@ -101,15 +80,5 @@ Flickable {
             content: editor.settings.footnote
             wrapMode: Text.Wrap
         }
-    }
-    ThinScrollBar {
-        parent: editor
-        anchors.top: parent.top
-        anchors.bottom: parent.bottom
-        anchors.right: parent.right
-        orientation: Qt.Vertical
-        size: editor.visibleArea.heightRatio
-        position: editor.visibleArea.yPosition
-        onPositionChanged: if (pressed) editor.contentY = position * editor.contentHeight
     }
 }

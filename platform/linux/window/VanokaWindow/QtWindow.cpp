@@ -8,7 +8,7 @@
 #include <QQuickWindow>
 #include <QScreen>
 
-#include <algorithm>
+#include <utility>
 
 namespace vanoka {
 
@@ -24,11 +24,27 @@ Qt::WindowFlags flagsOf(const WindowDescription& description) {
     return flags;
 }
 
-/// In the middle of the screen; on a screen that is too small, with its title and first letters in sight.
+/// What there is for a window on its screen, beside the frame that it has by now.
+QSize roomFor(const QWindow& window) {
+    return window.screen()->availableGeometry().marginsRemoved(window.frameMargins()).size();
+}
+
+/// The least size that the content asks for, or what a smaller screen allows: there, the content scrolls.
+void limit(QWindow& window) {
+    const QSizeF least(SettingsView::minimumWidth, SettingsView::minimumHeight);
+    window.setMinimumSize(least.toSize().boundedTo(roomFor(window)));
+}
+
+/// Makes a window that is larger than its screen as large as that.
+void fit(QWindow& window) {
+    limit(window);
+    window.resize(window.size().boundedTo(roomFor(window)));
+}
+
 void centre(QWindow& window) {
-    const QRect screen = window.screen()->availableGeometry();
-    const QPoint middle = screen.center() - QRect(QPoint(), window.size()).center();
-    window.setPosition(std::max(screen.left(), middle.x()), std::max(screen.top(), middle.y()));
+    QRect frame = window.frameGeometry();
+    frame.moveCenter(window.screen()->availableGeometry().center());
+    window.setFramePosition(frame.topLeft());
 }
 
 } // namespace
@@ -60,12 +76,12 @@ QtWindow::QtWindow(QQmlEngine& engine, const WindowDescription& description, Set
                               {{QStringLiteral("settings"), QVariant::fromValue(&model_)},
                                {QStringLiteral("title"), qtText(description.title)},
                                {QStringLiteral("width"), description.width},
-                               {QStringLiteral("height"), description.height},
-                               {QStringLiteral("minimumWidth"), SettingsView::minimumWidth},
-                               {QStringLiteral("minimumHeight"), SettingsView::minimumHeight}})) {
+                               {QStringLiteral("height"), description.height}})) {
     window_->setFlags(flagsOf(description));
+    fit(*window_);
     if (description.isCentred)
         centre(*window_);
+    connect(window_.get(), &QWindow::screenChanged, this, [this] { limit(*window_); });
     window_->installEventFilter(this);
 }
 
@@ -79,9 +95,21 @@ Subscription QtWindow::observeWillClose(std::function<void()> observer) {
     return willClose_.subscribe(std::move(observer));
 }
 
+/// The frame takes a part of the screen, too, and is known only when the window is seen for the first time.
+void QtWindow::meetFrame() {
+    if (std::exchange(hasBeenSeen_, true))
+        return;
+    const QSize before = window_->size();
+    fit(*window_);
+    if (window_->size() != before)
+        centre(*window_);
+}
+
 bool QtWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == window_.get() && event->type() == QEvent::Close)
         willClose_.announce();
+    if (watched == window_.get() && event->type() == QEvent::Expose && window_->isExposed())
+        meetFrame();
     return QObject::eventFilter(watched, event);
 }
 

@@ -29,8 +29,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void meetFrame();
+
     SettingsModel model_;
     std::unique_ptr<QQuickWindow> window_;
+    bool hasBeenSeen_ = false;
     Announcer<> willClose_;
 };
 

@@ -74,6 +74,7 @@ bool SettingsModel::canAdd() const {
 
 void SettingsModel::setDraft(const QString& draft) {
     view_.setDraft(draft.toStdString());
+    refreshIfPending();
 }
 
 void SettingsModel::select(int row) {
@@ -82,10 +83,12 @@ void SettingsModel::select(int row) {
         view_.select(std::nullopt);
     else
         view_.select(std::string(rows[static_cast<std::size_t>(row)].letter.letter.id));
+    refreshIfPending();
 }
 
 void SettingsModel::addDraft() {
     view_.addDraft();
+    refreshIfPending();
 }
 
 void SettingsModel::use(int row) {
@@ -113,11 +116,15 @@ TextValue SettingsModel::textOf(StyledText (LetterEditor::*part)() const) const 
 void SettingsModel::refreshSoon() {
     if (std::exchange(isRefreshPending_, true))
         return;
-    QMetaObject::invokeMethod(this, &SettingsModel::refresh, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &SettingsModel::refreshIfPending, Qt::QueuedConnection);
+}
+
+void SettingsModel::refreshIfPending() {
+    if (std::exchange(isRefreshPending_, false))
+        refresh();
 }
 
 void SettingsModel::refresh() {
-    isRefreshPending_ = false;
     letters_.assign(sidebarRows(view_));
     keys_.assign(editorRows(view_));
     emit changed();

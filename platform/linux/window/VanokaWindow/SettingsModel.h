@@ -12,12 +12,14 @@
 namespace vanoka {
 
 /// The settings window's content for QML: reads it from the view, and passes on what the user does. Every
-/// property is read from the view when it is asked for; `changed` comes once for all changes of one turn of
-/// the event loop.
+/// property is read from the view when it is asked for. `changed` comes at once when the user has typed,
+/// chosen or added something, as the next event may be waiting already; else, once for all changes of one
+/// turn of the event loop.
 class SettingsModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made by the window's toolkit")
+    Q_PROPERTY(vanoka::TextValue notice READ notice NOTIFY changed FINAL)
     Q_PROPERTY(vanoka::LetterRowsModel* letters READ letters CONSTANT FINAL)
     Q_PROPERTY(double letterWidth READ letterWidth CONSTANT FINAL)
     Q_PROPERTY(double sidebarWidth READ sidebarWidth CONSTANT FINAL)
@@ -56,6 +58,8 @@ public:
     /// The content of `view`, which must outlive this.
     explicit SettingsModel(SettingsView& view, QObject* parent = nullptr);
 
+    /// Empty when there is nothing to tell.
+    TextValue notice() const { return TextValue(view_.notice()); }
     LetterRowsModel* letters() { return &letters_; }
     double letterWidth() const { return LetterRow::letterWidth; }
     double sidebarWidth() const { return SettingsView::sidebarWidth; }
@@ -107,6 +111,7 @@ signals:
 private:
     TextValue textOf(StyledText (LetterEditor::*part)() const) const;
     void refreshSoon();
+    void refreshIfPending();
     void refresh();
 
     SettingsView& view_;

@@ -1,10 +1,11 @@
 #include "AboutPanel.h"
 #include "QtWindowToolkit.h"
 #include "SettingsModel.h"
+#include "TroubledDefaults.h"
 #include "Typography.h"
-#include "settings/UserDefaults.h"
 
 #include <QGuiApplication>
+#include <QPalette>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickWindow>
@@ -47,12 +48,21 @@ public:
         content_->settings.setBuiltIn(key.toStdString(), on);
     }
 
+    /// The next edits cannot be stored for this reason, if it is not empty.
+    Q_INVOKABLE void haveTrouble(const QString& reason) {
+        content_->defaults.said.unstored = reason.toStdString();
+    }
+    /// The desktop's palette changes.
+    Q_INVOKABLE void makePaletteDark(bool isDark) {
+        QGuiApplication::setPalette(isDark ? QPalette(Qt::black) : QPalette());
+    }
+
 signals:
     void renewed();
 
 private:
     struct Content {
-        MemoryUserDefaults defaults;
+        test::TroubledDefaults defaults;
         SinglishSettings settings{defaults};
         SettingsView view{settings};
     };

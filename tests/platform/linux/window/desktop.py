@@ -3,7 +3,9 @@ and mouse events, and looked at on the screen. Nothing here reaches into a progr
 
 A desktop is started by the shell script beside this file. Everything that waits gives up after a while."""
 
+import contextlib
 import os
+import pathlib
 import subprocess
 import sys
 import time
@@ -14,6 +16,9 @@ import pyatspi
 gi.require_version("GLib", "2.0")
 
 PATIENCE = 10.0  # seconds
+SCALE = int(os.environ.get("QT_SCALE_FACTOR", "1"))  # pixels of the screen to one of a program's
+
+ORANGE, LIGHT, DARK = "964200", "FAFAFB", "222226"  # what the window takes for orange text and for its paper
 
 
 class Failure(Exception):
@@ -45,16 +50,22 @@ def type_text(text):
     run("xdotool", "type", "--delay", "8", text)
 
 
+def box(node):
+    """Where something is on the screen, in its pixels: left, top, width and height."""
+    place = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    return tuple(side * SCALE for side in (place.x, place.y, place.width, place.height))
+
+
 def click(node):
     """Clicks the middle of something."""
-    box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-    run("xdotool", "mousemove", str(box.x + box.width // 2), str(box.y + box.height // 2), "click", "1")
+    x, y, width, height = box(node)
+    run("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "click", "1")
 
 
 def colours(node):
     """The colours that are seen where something is, with the number of their pixels, as "#RRGGBB"."""
-    box = node.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-    area = f"{box.width}x{box.height}+{box.x}+{box.y}"
+    x, y, width, height = box(node)
+    area = f"{width}x{height}+{x}+{y}"
     text = run("sh", "-c", f"import -window root -crop {area} +repage -depth 8 -format %c histogram:info:-")
     counts = {}
     for line in text.splitlines():
@@ -63,12 +74,33 @@ def colours(node):
     return counts
 
 
+def paper(node):
+    """The colour that most of it has."""
+    seen = colours(node)
+    return max(seen, key=seen.get)
+
+
 def photograph(path, crop=None):
     """Keeps what the screen shows as a picture."""
     command = ["import", "-window", "root"]
     if crop:
         command += ["-crop", crop, "+repage"]
     run(*command, "-strip", path)
+
+
+@contextlib.contextmanager
+def portal(scheme):
+    """A settings portal that tells this, and anything else that is written to it."""
+    program = str(pathlib.Path(__file__).parent / "portal.py")
+    process = subprocess.Popen(
+        [sys.executable, program, scheme], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, bufsize=1
+    )
+    try:
+        until("the portal", lambda: process.stdout.readline() == "ready\n")
+        yield process.stdin
+    finally:
+        process.stdin.close()
+        process.wait(PATIENCE)
 
 
 def walk(node):

@@ -1,5 +1,6 @@
-"""A desktop's settings portal that tells dark or light, as a real one would: start it with "dark" or "light",
-and write either word to its standard input to change the setting. It says "ready" once it can be asked."""
+"""A desktop's settings portal that tells dark, light or that nobody has chosen, as a real one would: start it
+with "dark", "light" or "default", and write such a word to its standard input to change the setting. It says
+"ready" once it can be asked."""
 
 import sys
 import threading
@@ -11,7 +12,7 @@ INTERFACE = """<node><interface name="org.freedesktop.portal.Settings">
 <signal name="SettingChanged"><arg type="s"/><arg type="s"/><arg type="v"/></signal>
 </interface></node>"""
 PATH, GROUP, NAME = "/org/freedesktop/portal/desktop", "org.freedesktop.appearance", "color-scheme"
-VALUES = {"dark": 1, "light": 2}
+VALUES = {"default": 0, "dark": 1, "light": 2}
 
 
 def scheme():

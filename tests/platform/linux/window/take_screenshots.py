@@ -3,23 +3,19 @@
     take_screenshots.py VANOKA-SETTINGS SINGLISH FOLDER
 """
 
-import pathlib
-import subprocess
 import sys
 import time
 
-import pyatspi
-from desktop import Program, click, photograph, press, run, type_text, until
+from desktop import Program, box, click, photograph, portal, press, run, type_text
 
 PROGRAM, SINGLISH, FOLDER = sys.argv[1:4]
-PORTAL = str(pathlib.Path(__file__).parent / "portal.py")
 CHANGED = ", You changed this letter's keys"
 
 
 def picture(program, title, name):
     time.sleep(0.3)  # the caret, the switch and the tips have come to rest
-    box = program.find("frame", title).queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
-    photograph(f"{FOLDER}/{name}.png", f"{box.width}x{box.height}+{box.x}+{box.y}")
+    x, y, width, height = box(program.find("frame", title))
+    photograph(f"{FOLDER}/{name}.png", f"{width}x{height}+{x}+{y}")
 
 
 def out_of_the_way():
@@ -70,12 +66,5 @@ def take(scheme):
 
 
 for scheme in ("light", "dark"):
-    portal = subprocess.Popen(
-        [sys.executable, PORTAL, scheme], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True
-    )
-    try:
-        until("the portal", lambda: portal.stdout.readline() == "ready\n")
+    with portal(scheme):
         take(scheme)
-    finally:
-        portal.stdin.close()
-        portal.wait(10)

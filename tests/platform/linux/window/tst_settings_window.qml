@@ -163,6 +163,15 @@ TestCase {
         compare(bench.stored(), "")
     }
 
+    function test_theFieldIsEmptyBeforeTheNextKeyComes() {
+        type("zaw")
+        settings.addDraft()
+        compare(part("field").text, "")
+        type("zbw")
+        settings.select(3)
+        compare(part("field").text, "", "the other letter has its own")
+    }
+
     function test_anotherLetterEmptiesTheField() {
         type("q")
         settings.select(3)
@@ -256,10 +265,56 @@ TestCase {
         }
     }
 
+    function test_everythingIsReachedOnATinyScreen() {
+        window.minimumWidth = 0
+        window.minimumHeight = 0
+        window.width = 398
+        window.height = 200
+        bench.haveTrouble("No space left on device")
+        bench.add("qq", "\u0D85")
+        type("q")
+        tryCompare(part("add"), "enabled", true)
+        verify(part("field").width >= 100, `${part("field").width}`)
+        for (const name of ["letters", "field", "add", "reset", "letters"]) {
+            const item = part(name)
+            item.forceActiveFocus()
+            wait(0)
+            const corner = item.mapToItem(null, 0, 0)
+            const top = part("notice").mapToItem(null, 0, part("notice").height).y
+            verify(corner.x >= 0 && corner.x + item.width <= window.width, `${name} at ${corner}`)
+            verify(corner.y >= top && corner.y < window.height, `${name} at ${corner}, under ${top}`)
+        }
+    }
+
+    function test_whatCouldNotBeStoredIsSaidAbove() {
+        const notice = part("notice")
+        verify(!notice.visible)
+        bench.haveTrouble("No space left on device")
+        type("q")
+        keyClick(Qt.Key_Return)
+        tryCompare(notice, "text", "Your keys could not be stored: No space left on device.")
+        verify(notice.visible)
+        verify(notice.mapToItem(null, 0, notice.height).y <= part("reset").mapToItem(null, 0, 0).y)
+        bench.haveTrouble("")
+        type("w")
+        tryCompare(notice, "visible", false)
+    }
+
+    function test_aDarkPaletteMakesADarkWindow() {
+        verify(!Appearance.isDark)
+        bench.makePaletteDark(true)
+        tryVerify(() => Appearance.isDark)
+        bench.makePaletteDark(false)
+        tryVerify(() => !Appearance.isDark)
+    }
+
     function test_noTextIsCutShort_data() {
-        return [{tag: "ideal", width: 720, height: 520}, {tag: "smallest", width: 660, height: 460}]
+        return [{tag: "ideal", width: 720, height: 520}, {tag: "smallest", width: 660, height: 460},
+            {tag: "on a small screen", width: 636, height: 376}]
     }
     function test_noTextIsCutShort(row) {
+        window.minimumWidth = 0
+        window.minimumHeight = 0
         window.width = row.width
         window.height = row.height
         bench.add("a", "\u0D83")

@@ -9,17 +9,23 @@ import json
 import os
 import pathlib
 import pty
+import signal
 import subprocess
 import sys
 
 import pyatspi
 from desktop import (
+    DARK,
+    LIGHT,
+    ORANGE,
     Failure,
     Program,
     click,
     colours,
     has,
     main,
+    paper,
+    portal,
     press,
     run,
     type_text,
@@ -31,11 +37,9 @@ OPEN = [sys.argv[3], "--settings"] if len(sys.argv) > 3 else [PROGRAM]
 HOME = pathlib.Path(os.environ["HOME"])
 STORED = pathlib.Path(os.environ["XDG_CONFIG_HOME"]) / "vanoka" / "vanoka.customization.v1"
 OPENED = HOME / "opened-links"
-PORTAL = str(pathlib.Path(__file__).parent / "portal.py")
 
 I, U, KA, BINDUWA = "\u0d89", "\u0d8b", "\u0d9a", "\u0d82"
 CHANGED = ", You changed this letter's keys"
-ORANGE, LIGHT, DARK = "964200", "FAFAFB", "222226"
 
 
 def check(claim, what):
@@ -233,28 +237,43 @@ def see_edits_made_elsewhere():
     row(f"{I}, i  w{CHANGED}")
 
 
+def see_edits_while_looking():
+    """the window shows an edit that is made elsewhere while it has the keyboard"""
+    run(SINGLISH, "keys", "add", "v", I)
+    row(f"{I}, i  w  v{CHANGED}")
+    run(SINGLISH, "keys", "remove", "v")
+    row(f"{I}, i  w{CHANGED}")
+
+
+def keep_edits_of_both():
+    """what is typed at once, into a window that is busy, is all stored, beside what is edited elsewhere"""
+    click(window.find("list item", f"{I}, i  w{CHANGED}"))
+    click(window.find("text", "New key"))
+    until("the keyboard", lambda: has(window.find("text", "New key"), pyatspi.STATE_FOCUSED))
+    window.process.send_signal(signal.SIGSTOP)
+    run("xdotool", "key", "--delay", "0", *"zaw", "Return", *"zbw", "Return")
+    run(SINGLISH, "keys", "add", "v", I)
+    window.process.send_signal(signal.SIGCONT)
+    row(f"{I}, i  w  v  zaw  zbw{CHANGED}")
+    check(stored_keys() == ["w", "v", "zaw", "zbw"], f"stored: {stored_keys()}")
+    for key in ("v", "zaw", "zbw"):
+        run(SINGLISH, "keys", "remove", key)
+    row(f"{I}, i  w{CHANGED}")
+
+
+def stored_keys():
+    return [added["key"] for added in json.loads(STORED.read_text())["addedKeys"]]
+
+
 def follow_dark_and_light():
     """the open window follows the desktop's dark setting"""
     frame = window.find("frame", "Vanoka Settings")
     check(paper(frame) == LIGHT, "it is light")
-    portal = subprocess.Popen([sys.executable, PORTAL, "light"], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
-    try:
-        check(portal.stdout.readline() == "ready\n", "there is a portal")
-        portal.stdin.write("dark\n")
-        portal.stdin.flush()
+    with portal("light") as tell:
+        tell.write("dark\n")
         until("a dark window", lambda: paper(frame) == DARK)
-        portal.stdin.write("light\n")
-        portal.stdin.flush()
+        tell.write("light\n")
         until("a light window", lambda: paper(frame) == LIGHT)
-    finally:
-        portal.stdin.close()
-        portal.wait(10)
-
-
-def paper(frame):
-    """The colour that most of the window has."""
-    seen = colours(frame)
-    return max(seen, key=seen.get)
 
 
 def open_links():
@@ -327,6 +346,8 @@ try:
             reset,
             start_again,
             see_edits_made_elsewhere,
+            see_edits_while_looking,
+            keep_edits_of_both,
             follow_dark_and_light,
             keep_input_methods_out,
             open_links,
