@@ -4,7 +4,7 @@
 
 #include <string>
 
-/// What a person is told of how their keys are stored, in sentences that end without a line end. Each is
+/// What a person is told of how their keys are stored, in whole sentences on one line. Each is
 /// empty when there is nothing to tell.
 namespace vanoka::StoredKeys {
 

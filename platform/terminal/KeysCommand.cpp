@@ -188,7 +188,7 @@ int KeysCommand::importDocument(const std::string& path) {
     const int status = stored();
     const auto unknown = unknownEntries(settings_.customization());
     if (status == ExitStatus::done && !unknown.empty()) {
-        errors_ << "singlish: Imported, though without an effect:\n";
+        tell("Imported, though without an effect:", status);
         writeColumns(errors_, unknown);
     }
     return status;
@@ -203,7 +203,7 @@ std::optional<std::string> KeysCommand::documentFrom(const std::string& path) {
     auto document = path == "-" ? beginningOf(input_) : file ? beginningOf(file) : std::nullopt;
     if (!document) {
         const std::string reason = errno != 0 ? std::string(": ") + std::strerror(errno) : "";
-        errors_ << "singlish: Cannot read " << path << reason << '\n';
+        tell("Cannot read " + path + reason, ExitStatus::failed);
     }
     return document;
 }
@@ -215,7 +215,7 @@ const SinglishScheme::Letter* KeysCommand::letterOf(std::string_view text) {
             return &letter;
     if (const auto typed = settings_.transliterator().letterTypedBy(text))
         return SinglishScheme::letter(*typed);
-    errors_ << "singlish: No such letter: " << text << '\n';
+    refuse("No such letter: " + std::string(text));
     return nullptr;
 }
 
