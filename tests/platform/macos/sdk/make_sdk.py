@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Lays out a folder in the shape of Apple's SDK, enough to compile and link the program without a Mac:
-make_sdk.py ZIG-FOLDER SDK-FOLDER
+make_sdk.py ZIG-FOLDER C++-HEADERS SDK-FOLDER
 
-The C and C++ libraries' headers and libSystem's symbols are those that Zig's package brings; the C++ library's symbols
-are those of LLVM's own build for this system. The frameworks are the declarations beside this script: what a framework
+The C library's headers and libSystem's symbols are those that Zig's package brings; the C++ library's symbols are
+those of LLVM's own build for this system. The frameworks are the declarations beside this script: what a framework
 exports to the linker is read from its declarations, so that the two cannot differ, and what is declared nowhere can be
 neither compiled nor linked.
 """
@@ -14,7 +14,9 @@ import subprocess
 import sys
 
 here = os.path.dirname(os.path.abspath(__file__))
-zig, sdk = map(os.path.abspath, sys.argv[1:])
+zig, cxx_headers, sdk = map(os.path.abspath, sys.argv[1:])
+# Where all tools of LLVM stand side by side, and its libraries beside them.
+llvm = os.path.dirname(os.path.dirname(os.path.realpath(shutil.which("llvm-nm"))))
 
 OBJC = "/usr/lib/libobjc.A.dylib"
 # Version of the folder inside the framework, compatibility version, and what else comes with it.
@@ -53,7 +55,7 @@ def listed(name):
 
 def exported(*libraries):
     """What libraries of this system export, in the spelling of macOS."""
-    names = subprocess.run(["llvm-nm-14", "-D", "--defined-only", "--format=just-symbols", *libraries], check=True,
+    names = subprocess.run([f"{llvm}/bin/llvm-nm", "-D", "--defined-only", "--format=just-symbols", *libraries], check=True,
                            stdout=subprocess.PIPE, text=True).stdout.split()
     return sorted("_" + name for name in names if not name.endswith(":"))
 
@@ -89,20 +91,32 @@ def link(target, path):
     os.symlink(target, path)
 
 
+def copy_cxx_headers(folder):
+    """As Apple configures them: with the version of macOS that brought each name."""
+    shutil.copytree(cxx_headers, folder)
+    path = os.path.join(folder, "__config_site")
+    with open(path, encoding="utf-8") as file:
+        text = file.read()
+    annotated = text.replace("#define _LIBCPP_HAS_NO_VENDOR_AVAILABILITY_ANNOTATIONS\n", "")
+    assert annotated != text
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(annotated)
+    shutil.copystat(os.path.join(cxx_headers, "__config_site"), path) # no newer: nothing is compiled for it again
+
+
 shutil.rmtree(sdk, ignore_errors=True)
 
 headers = os.path.join(zig, "lib/libc/include/any-macos-any")
 for name in os.listdir(headers):
     link(os.path.join(headers, name), os.path.join(sdk, "usr/include", name))
-link(os.path.join(zig, "lib/libcxx/include"), os.path.join(sdk, "usr/include/c++/v1"))
+copy_cxx_headers(os.path.join(sdk, "usr/include/c++/v1"))
 link(os.path.join(zig, "lib/libc/darwin/libSystem.tbd"), os.path.join(sdk, "usr/lib/libSystem.tbd"))
 
 stub(os.path.join(sdk, "usr/lib/libobjc.A.tbd"), OBJC, 1, listed("libobjc.txt"), RUNTIME_CLASSES)
 link("libobjc.A.tbd", os.path.join(sdk, "usr/lib/libobjc.tbd"))
 # The library that macOS has too. What its headers know to be newer than the oldest macOS is an error there.
-llvm = "/usr/lib/llvm-14/lib"
 stub(os.path.join(sdk, "usr/lib/libc++.tbd"), "/usr/lib/libc++.1.dylib", 1,
-     exported(f"{llvm}/libc++.so.1", f"{llvm}/libc++abi.so.1"))
+     exported(f"{llvm}/lib/libc++.so.1", f"{llvm}/lib/libc++abi.so.1"))
 for name, (version, compatibility, others) in FRAMEWORKS.items():
     folder = os.path.join(sdk, f"System/Library/Frameworks/{name}.framework")
     header = os.path.join(here, name, name + ".h")
@@ -118,6 +132,6 @@ for name, (version, compatibility, others) in FRAMEWORKS.items():
 clang = f'exec "{zig}/zig" clang -resource-dir "{zig}/lib" -B "{sdk}/bin"'
 program("clang", f'#!/bin/sh\n{clang} "$@"\n')
 program("clang++", f'#!/bin/sh\n{clang} --driver-mode=g++ "$@"\n')
-for name, tool in {"ld64.lld": "ld64.lld-14", "lipo": "llvm-lipo-14", "libtool": "llvm-libtool-darwin-14",
-                   "install_name_tool": "llvm-install-name-tool-14"}.items():
-    link(shutil.which(tool), os.path.join(sdk, "bin", name))
+for name, tool in {"ld64.lld": "ld64.lld", "lipo": "llvm-lipo", "libtool": "llvm-libtool-darwin",
+                   "install_name_tool": "llvm-install-name-tool"}.items():
+    link(f"{llvm}/bin/{tool}", os.path.join(sdk, "bin", name))

@@ -16,8 +16,6 @@ foreach(language C CXX OBJCXX)
 endforeach()
 set(CMAKE_EXE_LINKER_FLAGS_INIT -fuse-ld=lld)
 
-# The C++ library as Apple builds it; and whatever the oldest macOS that is served lacks is an error.
-string(CONCAT flags "-D_LIBCPP_ABI_VERSION=1 -D_LIBCPP_ABI_NAMESPACE=__1"
-    " -D_LIBCPP_PSTL_CPU_BACKEND_SERIAL -D_LIBCPP_HAS_NO_INCOMPLETE_PSTL -Wunguarded-availability")
-set(CMAKE_CXX_FLAGS_INIT "${flags}")
-set(CMAKE_OBJCXX_FLAGS_INIT "${flags} -Wundeclared-selector")
+# Whatever the oldest macOS that is served lacks is an error.
+set(CMAKE_CXX_FLAGS_INIT -Wunguarded-availability)
+set(CMAKE_OBJCXX_FLAGS_INIT "-Wunguarded-availability -Wundeclared-selector")
