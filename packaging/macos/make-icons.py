@@ -102,9 +102,11 @@ def png(size):
 
 
 def icns():
-    images = {size: png(size) for size in (16, 32, 64, 128, 256, 512, 1024)}
-    kinds = [(b"icp4", 16), (b"icp5", 32), (b"ic11", 32), (b"ic12", 64), (b"ic07", 128), (b"ic13", 256),
-             (b"ic08", 256), (b"ic14", 512), (b"ic09", 512), (b"ic10", 1024)]
+    images = {size: png(size) for size in (32, 64, 128, 256, 512, 1024)}
+    # None for 16 and 32 pixels on plain screens: their kinds are shown garbled in a bundle when they hold a PNG.
+    # The system takes the next larger one.
+    kinds = [(b"ic11", 32), (b"ic12", 64), (b"ic07", 128), (b"ic13", 256), (b"ic08", 256), (b"ic14", 512),
+             (b"ic09", 512), (b"ic10", 1024)]
     body = b"".join(kind + struct.pack(">I", 8 + len(images[size])) + images[size] for kind, size in kinds)
     return b"icns" + struct.pack(">I", 8 + len(body)) + body
 

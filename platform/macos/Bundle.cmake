@@ -11,13 +11,11 @@ find_package(Python3 REQUIRED COMPONENTS Interpreter)
 set(sources "${PROJECT_SOURCE_DIR}/packaging/macos")
 set(resources "${CMAKE_CURRENT_BINARY_DIR}/resources")
 
+include("${sources}/BundleFiles.cmake")
 foreach(language en si)
-    configure_file("${sources}/${language}.lproj/InfoPlist.strings.in"
-        "${resources}/${language}.lproj/InfoPlist.strings" @ONLY)
     set_source_files_properties("${resources}/${language}.lproj/InfoPlist.strings" PROPERTIES
         MACOSX_PACKAGE_LOCATION "Resources/${language}.lproj")
 endforeach()
-configure_file("${sources}/Info.plist.in" "${resources}/Info.plist" @ONLY)
 
 set(icons "${resources}/MenuIcon.pdf" "${resources}/Vanoka.icns")
 add_custom_command(OUTPUT ${icons}

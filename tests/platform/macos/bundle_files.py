@@ -2,7 +2,6 @@
 """Checks what the bundle is made of, as far as that needs no Mac: bundle_files.py SOURCE-FOLDER"""
 import os
 import plistlib
-import re
 import subprocess
 import sys
 import tempfile
@@ -11,25 +10,22 @@ import bundle
 
 source = sys.argv[1]
 folder = os.path.join(source, "packaging/macos")
-values = {"VANOKA_BUNDLE_IDENTIFIER": "example.vanoka.inputmethod.Vanoka", "PROJECT_VERSION": "1.2.3",
-          "VANOKA_COMPANY_NAME": "A maker", "VANOKA_SINHALA_NAME": "\u0dc0"}
-identifier = values["VANOKA_BUNDLE_IDENTIFIER"]
+identifier, version = "example.vanoka.inputmethod.Vanoka", "1.2.3"
+company, sinhala_name = "<Maker> & Sons, \"M\"", "\u0dc0 \"\\\""
 
-
-def configured(name):
-    with open(os.path.join(folder, name), encoding="utf-8") as file:
-        text = re.sub(r"@(\w+)@", lambda match: values[match[1]], file.read())
-    assert "@" not in text
-    return text
-
-
-info = plistlib.loads(configured("Info.plist.in").encode())
-bundle.check_information(info, identifier, values["PROJECT_VERSION"], values["VANOKA_COMPANY_NAME"])
+with tempfile.TemporaryDirectory() as resources:
+    subprocess.run(["cmake", f"-Dresources={resources}", f"-DVANOKA_BUNDLE_IDENTIFIER={identifier}",
+                    f"-DPROJECT_VERSION={version}", f"-DVANOKA_COMPANY_NAME={company}",
+                    f"-DVANOKA_SINHALA_NAME={sinhala_name}", "-P", os.path.join(folder, "BundleFiles.cmake")],
+                   check=True)
+    with open(os.path.join(resources, "Info.plist"), "rb") as file:
+        info = plistlib.load(file)
+    bundle.check_information(info, identifier, version, company)
+    for language, name in (("en", "Vanoka"), ("si", sinhala_name)):
+        with open(os.path.join(resources, f"{language}.lproj/InfoPlist.strings"), encoding="utf-8") as file:
+            bundle.check_names(file.read(), identifier, name)
 with open(os.path.join(source, "platform/macos/InputController.h"), encoding="utf-8") as file:
     assert "@interface " + info["InputMethodServerControllerClass"] + " :" in file.read()
-
-for language, name in (("en", "Vanoka"), ("si", values["VANOKA_SINHALA_NAME"])):
-    bundle.check_names(configured(f"{language}.lproj/InfoPlist.strings.in"), identifier, name)
 
 with tempfile.TemporaryDirectory() as made:
     menu, application = os.path.join(made, "menu.pdf"), os.path.join(made, "application.icns")
