@@ -10,9 +10,25 @@ namespace vanoka {
 
 namespace mac {
 
+namespace {
+
+/// AppKit keeps the about panel to itself. No other panel is shown here that is not a sheet.
+void bringPanelsToFront() {
+    for (NSWindow* window in [[NSApplication sharedApplication] windows]) {
+        if (![window isKindOfClass:[NSPanel class]] || ![window isVisible] || [window isSheet])
+            continue;
+        [window setCollectionBehavior:NSWindowCollectionBehaviorMoveToActiveSpace];
+        [window orderFrontRegardless];
+    }
+}
+
+} // namespace
+
 void AppKitToolkit::activateApplication() {
-    // From macOS 14 on activation is a request; before that it has to be insisted on.
     NSApplication* application = [NSApplication sharedApplication];
+    // While the user has it hidden, no order brings its windows up.
+    [application unhideWithoutActivation];
+    // From macOS 14 on activation is a request; before that it has to be insisted on.
     if ([application respondsToSelector:@selector(activate)])
         [application performSelector:@selector(activate)];
     else
@@ -34,6 +50,7 @@ void AppKitToolkit::openAboutPanel(const std::string& applicationName, const Att
         NSAboutPanelOptionCredits : attributedString(credits),
     };
     [[NSApplication sharedApplication] orderFrontStandardAboutPanelWithOptions:options];
+    bringPanelsToFront();
 }
 
 } // namespace mac

@@ -1,7 +1,6 @@
 #import "AppKitWindow.h"
 
-#import "CloseObserver.h"
-#import "ExceptionBoundary.h"
+#import "NotificationObserver.h"
 #import "SettingsController.h"
 #import "Strings.h"
 
@@ -24,6 +23,8 @@ NSWindow* makeWindow(const WindowDescription& description) {
                                         defer:NO];
     [window setTitle:string(description.title)];
     [window setReleasedWhenClosed:description.isReleasedWhenClosed];
+    // Shown again, it comes to where the user is, not the user to where it was.
+    [window setCollectionBehavior:NSWindowCollectionBehaviorMoveToActiveSpace];
     return window;
 }
 
@@ -45,10 +46,12 @@ AppKitWindow::~AppKitWindow() {
 
 void AppKitWindow::makeKeyAndBringToFront() {
     [window_.get() makeKeyAndOrderFront:nil];
+    // The front of this application is not that of the screen when the system does not activate it.
+    [window_.get() orderFrontRegardless];
 }
 
 Subscription AppKitWindow::observeWillClose(std::function<void()> observer) {
-    return mac::observeWillClose(window_.get(), std::move(observer));
+    return observe(NSWindowWillCloseNotification, window_.get(), std::move(observer));
 }
 
 } // namespace vanoka::mac

@@ -38,8 +38,8 @@ namespace mac = vanoka::mac;
     }
 }
 
-- (void)resizeSubviewsWithOldSize:(NSSize)oldSize {
-    (void)oldSize;
+- (void)setFrameSize:(NSSize)size {
+    [super setFrameSize:size];
     [self placeSubviews];
 }
 

@@ -13,9 +13,16 @@
     return self;
 }
 
+- (void)setOnSelection:(BOOL)isOnSelection {
+    _isOnSelection = isOnSelection;
+    [self setNeedsDisplay:YES];
+}
+
 - (void)drawRect:(NSRect)dirtyRect {
     (void)dirtyRect;
-    [vanoka::mac::colour(_colour) set];
+    NSColor* colour =
+        _isOnSelection ? [NSColor alternateSelectedControlTextColor] : vanoka::mac::colour(_colour);
+    [colour set];
     [[NSBezierPath bezierPathWithOvalInRect:[self bounds]] fill];
 }
 

@@ -59,8 +59,7 @@ struct ControlMaker {
         _content = content;
         _keyLabel = mac::retained(mac::label(row.keyText()));
         _noteLabel = mac::retained(mac::label({}));
-        _control = mac::retained(std::visit(
-            ControlMaker { self, @selector(useControl:) }, row.control()));
+        _control = mac::retained(std::visit(ControlMaker { self, @selector(useControl:) }, row.control()));
         [self addSubview:_keyLabel.get()];
         [self addSubview:_noteLabel.get()];
         [self addSubview:_control.get()];
@@ -94,8 +93,8 @@ struct ControlMaker {
     mac::guarded([&] { _content->perform(_row->edit()); });
 }
 
-- (void)resizeSubviewsWithOldSize:(NSSize)oldSize {
-    (void)oldSize;
+- (void)setFrameSize:(NSSize)size {
+    [super setFrameSize:size];
     [self placeSubviews];
 }
 

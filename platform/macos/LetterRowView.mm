@@ -27,14 +27,25 @@ namespace mac = vanoka::mac;
     _dot = {};
     if (const auto dot = row.dot()) {
         _dot = mac::Owned([[VanokaDotView alloc] initWithDot:*dot]);
+        [self showDotOnBackground];
         [self addSubview:_dot.get()];
     }
     [self setAccessibilityLabel:mac::string(row.spokenText())];
     [self placeSubviews];
 }
 
-- (void)resizeSubviewsWithOldSize:(NSSize)oldSize {
-    (void)oldSize;
+/// The table says so when the row is selected, and texts take their colours by themselves.
+- (void)setBackgroundStyle:(NSBackgroundStyle)style {
+    [super setBackgroundStyle:style];
+    [self showDotOnBackground];
+}
+
+- (void)showDotOnBackground {
+    [_dot.get() setOnSelection:[self backgroundStyle] == NSBackgroundStyleEmphasized];
+}
+
+- (void)setFrameSize:(NSSize)size {
+    [super setFrameSize:size];
     [self placeSubviews];
 }
 

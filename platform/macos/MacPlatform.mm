@@ -1,6 +1,7 @@
 #import "MacPlatform.h"
 
 #import "MainMenu.h"
+#import "NotificationObserver.h"
 #import "Strings.h"
 
 #include "SettingsWindow.h"
@@ -15,10 +16,13 @@ std::int32_t MacPlatform::registerInputSource() {
 }
 
 int MacPlatform::runSettings() {
-    [[NSApplication sharedApplication] setActivationPolicy:NSApplicationActivationPolicyRegular];
+    NSApplication* application = [NSApplication sharedApplication];
+    [application setActivationPolicy:NSApplicationActivationPolicyRegular];
     installMainMenu(MainMenuFor::application);
-    SettingsWindow::shared().show(true);
-    [NSApp run];
+    // Not before: started by a terminal, an application that is still launching does not come to the front.
+    const Subscription launching = observe(NSApplicationDidFinishLaunchingNotification, application,
+                                           [] { SettingsWindow::shared().show(true); });
+    [application run];
     return 0;
 }
 

@@ -43,14 +43,10 @@ public:
 #if __has_feature(objc_arc)
     ~Owned() = default;
 #else
-    ~Owned() {
-        [object_ release];
-    }
+    ~Owned() { [object_ release]; }
 #endif
 
-    Object* get() const noexcept {
-        return object_;
-    }
+    Object* get() const noexcept { return object_; }
 
 private:
     Object* object_ = nil;

@@ -52,8 +52,8 @@ NSBox* divider() {
     return [self placeSubviewsInWidth:[self bounds].size.width];
 }
 
-- (void)resizeSubviewsWithOldSize:(NSSize)oldSize {
-    (void)oldSize;
+- (void)setFrameSize:(NSSize)size {
+    [super setFrameSize:size];
     [self placeSubviewsInWidth:[self bounds].size.width];
 }
 

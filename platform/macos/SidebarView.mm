@@ -1,6 +1,7 @@
 #import "SidebarView.h"
 
 #import "ExceptionBoundary.h"
+#import "GroupTitleView.h"
 #import "LetterRowView.h"
 #import "Strings.h"
 #import "Widgets.h"
@@ -136,9 +137,7 @@ NSTableView* letterTable() {
     const SidebarRow& shown = [self rowAt:row];
     if (const auto* letter = std::get_if<vanoka::LetterRow>(&shown))
         return mac::autoreleased([[VanokaLetterRowView alloc] initWithRow:*letter]);
-    return mac::label({std::get<std::string>(shown),
-                       {.role = vanoka::FontRole::subheadline, .isSemibold = true},
-                       vanoka::ColourRole::secondary});
+    return mac::autoreleased([[VanokaGroupTitleView alloc] initWithTitle:std::get<std::string>(shown)]);
 }
 
 - (void)tableViewSelectionDidChange:(NSNotification*)notification {
@@ -146,8 +145,8 @@ NSTableView* letterTable() {
     mac::guarded([&] { _content->select([self selectedLetter]); });
 }
 
-- (void)resizeSubviewsWithOldSize:(NSSize)oldSize {
-    (void)oldSize;
+- (void)setFrameSize:(NSSize)size {
+    [super setFrameSize:size];
     [self placeSubviews];
 }
 

@@ -1,177 +1,19 @@
-#import "AppKitToolkit.h"
 #import "InputController.h"
 #import "LinkButton.h"
 #import "MainMenu.h"
 #import "Memory.h"
+#import "RecordingApplication.h"
+#import "ShownSettings.h"
 #import "Strings.h"
-#import "Styles.h"
-
-#include "AboutPanel.h"
-#include "SettingsWindow.h"
-
-#import <AppKit/AppKit.h>
-
-#include <gtest/gtest.h>
-
-/// Writes down what the panel is asked for.
-@interface RecordingApplication : NSApplication {
-@public
-    NSMutableArray* aboutOptions;
-    NSInteger activations;
-}
-@end
-
-@implementation RecordingApplication
-- (void)orderFrontStandardAboutPanelWithOptions:(NSDictionary*)options {
-    if (!aboutOptions)
-        aboutOptions = [[NSMutableArray alloc] init];
-    [aboutOptions addObject:options];
-}
-- (void)activateIgnoringOtherApps:(BOOL)flag {
-    (void)flag;
-    ++activations;
-}
-@end
 
 /// The platform's; `vanoka` has one of the same name.
 typedef VanokaInputController Controller;
 
-namespace vanoka {
+namespace vanoka::test {
 
 namespace {
 
-constexpr const char* ka = "\u0D9A";
-
-RecordingApplication* application() {
-    return (RecordingApplication*)[RecordingApplication sharedApplication];
-}
-
-void collect(NSView* view, Class kind, NSMutableArray* found) {
-    if ([view isHidden])
-        return;
-    if ([view isKindOfClass:kind])
-        [found addObject:view];
-    for (NSView* inner in [view subviews])
-        collect(inner, kind, found);
-}
-
-class SettingsWindowMacTest : public testing::Test {
-protected:
-    SettingsWindowMacTest() {
-        (void)application();
-        mac::installMainMenu(mac::MainMenuFor::server);
-        window.emplace(settings, toolkit);
-        window->show(false);
-        shown = [[NSApp windows] lastObject];
-        for (NSWindow* each in [NSApp windows])
-            if ([[each title] isEqualToString:@"Vanoka Settings"] && [each isVisible])
-                shown = each;
-        for (NSInteger row = 0; row < [table() numberOfRows]; ++row) // as if all were in sight
-            [table() viewAtColumn:0 row:row makeIfNecessary:YES];
-        turn();
-    }
-    ~SettingsWindowMacTest() override {
-        window.reset();
-        [pool drain];
-    }
-
-    /// Lets the event loop turn, so that what is due is drawn.
-    void turn() { [[NSRunLoop currentRunLoop] runUntilDate:[NSDate dateWithTimeIntervalSinceNow:0.02]]; }
-
-    NSArray* all(Class kind) {
-        NSMutableArray* found = [NSMutableArray array];
-        collect([shown contentView], kind, found);
-        return found;
-    }
-    NSTextField* label(const std::string& text) {
-        for (NSTextField* field in all([NSTextField class]))
-            if (![field isEditable] && mac::utf8([field stringValue]) == text)
-                return field;
-        return nil;
-    }
-    NSTextField* field() {
-        for (NSTextField* each in all([NSTextField class]))
-            if ([each isEditable])
-                return each;
-        return nil;
-    }
-    NSButton* button(NSString* title) {
-        for (NSButton* each in all([NSButton class]))
-            if ([[each title] isEqualToString:title])
-                return each;
-        return nil;
-    }
-    NSControl* spoken(const std::string& name) {
-        for (NSControl* each in all([NSControl class]))
-            if (mac::utf8([each accessibilityLabel]) == name)
-                return each;
-        return nil;
-    }
-    NSButton* resetButton() {
-        for (NSToolbarItem* item in [[shown toolbar] items])
-            if ([[item view] isKindOfClass:[NSButton class]])
-                return (NSButton*)[item view];
-        return nil;
-    }
-    NSTableView* table() { return [all([NSTableView class]) lastObject]; }
-    void send(NSControl* control) { [NSApp sendAction:[control action] to:[control target] from:control]; }
-    void choose(const std::string& letter) {
-        NSInteger row = 0;
-        for (const auto& section : SettingsView(settings).sidebar()) {
-            ++row;
-            for (const auto& each : section.rows) {
-                if (each.letter.id == letter)
-                    [table() selectRowIndexes:[NSIndexSet indexSetWithIndex:static_cast<NSUInteger>(row)]
-                         byExtendingSelection:NO];
-                ++row;
-            }
-        }
-        turn();
-    }
-    void enter(const std::string& text) {
-        [field() setStringValue:mac::string(text)];
-        [(id)[field() delegate]
-            controlTextDidChange:[NSNotification notificationWithName:NSControlTextDidChangeNotification
-                                                               object:field()]];
-        turn();
-    }
-    void expectShown(const StyledText& text) {
-        for (NSTextField* each in all([NSTextField class]))
-            if (mac::utf8([each stringValue]) == text.text && looksLike(each, text))
-                return;
-        ADD_FAILURE() << text.text << " is not shown, or not with its looks";
-    }
-    static bool looksLike(NSTextField* label, const StyledText& text) {
-        NSFont* font = mac::font(text.font);
-        return [[[label font] fontName] isEqual:[font fontName]] &&
-               [[label font] pointSize] == [font pointSize] &&
-               [[label textColor] isEqual:mac::colour(text.colour)];
-    }
-    /// Everything that the editor of the content says is on the screen.
-    void expectEditorShown(const LetterEditor& editor) {
-        for (const StyledText& text :
-             {editor.letterText(), editor.kind(), editor.example(), editor.message(), editor.footnote()})
-            expectShown(text);
-        for (const KeyRow& row : editor.keyRows()) {
-            expectShown(row.keyText());
-            if (row.note())
-                expectShown(*row.note());
-            ASSERT_NE(spoken(row.spokenControl()), nil) << row.spokenControl();
-            EXPECT_NE([spoken(row.spokenControl()) action], static_cast<SEL>(nullptr));
-        }
-        EXPECT_EQ(mac::utf8([field() stringValue]), editor.draft());
-        EXPECT_EQ([button(@"Add") isEnabled], editor.addButton().isEnabled);
-    }
-
-    NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
-    MemoryUserDefaults defaults;
-    SinglishSettings settings{defaults};
-    mac::AppKitToolkit toolkit;
-    std::optional<SettingsWindow> window;
-    NSWindow* shown = nil;
-};
-
-TEST_F(SettingsWindowMacTest, HasItsTitleStyleAndSize) {
+TEST_F(ShownSettings, HasItsTitleStyleAndSize) {
     EXPECT_EQ(mac::utf8([shown title]), "Vanoka Settings");
     EXPECT_EQ([shown styleMask] & 15U, 15U) << "titled, closable, miniaturizable, resizable";
     EXPECT_FALSE([shown isReleasedWhenClosed]);
@@ -180,7 +22,17 @@ TEST_F(SettingsWindowMacTest, HasItsTitleStyleAndSize) {
     EXPECT_TRUE([shown isVisible]);
 }
 
-TEST_F(SettingsWindowMacTest, ShowsEveryLetterUnderItsGroup) {
+TEST_F(ShownSettings, ComesToTheFrontAndToWhereTheUserIsWhetherOrNotTheApplicationIsActivated) {
+    EXPECT_EQ([shown collectionBehavior], NSWindowCollectionBehaviorMoveToActiveSpace);
+    auto& orders = [RecordingApplication shared]->frontOrders;
+    orders.clear();
+    window->show(false);
+    EXPECT_EQ(orders, (std::vector<std::string>{"unhidden application", "application",
+                                                "Vanoka Settings: key and front",
+                                                "Vanoka Settings: front regardless"}));
+}
+
+TEST_F(ShownSettings, ShowsEveryLetterUnderItsGroup) {
     SettingsView content(settings);
     for (const auto& section : content.sidebar()) {
         EXPECT_NE([table() delegate], nil);
@@ -191,7 +43,7 @@ TEST_F(SettingsWindowMacTest, ShowsEveryLetterUnderItsGroup) {
     }
 }
 
-TEST_F(SettingsWindowMacTest, ShowsTheFooterWithItsLinks) {
+TEST_F(ShownSettings, ShowsTheFooterWithItsLinks) {
     const auto footer = SettingsView(settings).footer();
     expectShown(footer.name);
     expectShown(footer.sinhalaName);
@@ -205,14 +57,14 @@ TEST_F(SettingsWindowMacTest, ShowsTheFooterWithItsLinks) {
     }
 }
 
-TEST_F(SettingsWindowMacTest, ShowsTheEditorOfEachLetter) {
+TEST_F(ShownSettings, ShowsTheEditorOfEachLetter) {
     for (const auto& letter : SinglishScheme::letters()) {
         choose(std::string(letter.id));
         expectEditorShown(LetterEditor(letter, settings));
     }
 }
 
-TEST_F(SettingsWindowMacTest, NothingIsCutOffAtTheSides) {
+TEST_F(ShownSettings, NothingIsCutOffAtTheSides) {
     NSRect pane = [[shown contentView] bounds];
     for (NSTextField* each in all([NSTextField class])) {
         const NSRect frame = [each convertRect:[each bounds] toView:[shown contentView]];
@@ -226,7 +78,7 @@ TEST_F(SettingsWindowMacTest, NothingIsCutOffAtTheSides) {
     EXPECT_GT(NSMaxX(frame), pane.size.width - 60) << "the pane is as wide as the window leaves it";
 }
 
-TEST_F(SettingsWindowMacTest, WithoutALetterItAsksForOne) {
+TEST_F(ShownSettings, WithoutALetterItAsksForOne) {
     [table() deselectAll:nil];
     turn();
     expectShown(SettingsView::placeholder());
@@ -236,7 +88,7 @@ TEST_F(SettingsWindowMacTest, WithoutALetterItAsksForOne) {
     EXPECT_NE(field(), nil);
 }
 
-TEST_F(SettingsWindowMacTest, AddsTheDraftByButtonAndByReturn) {
+TEST_F(ShownSettings, AddsTheDraftByButtonAndByReturn) {
     choose(ka);
     enter("zq");
     EXPECT_TRUE([button(@"Add") isEnabled]);
@@ -259,7 +111,7 @@ TEST_F(SettingsWindowMacTest, AddsTheDraftByButtonAndByReturn) {
     expectShown(LetterEditor(*SinglishScheme::letter(ka), settings, "1").message());
 }
 
-TEST_F(SettingsWindowMacTest, EachKindOfKeyControlDoesItsEdit) {
+TEST_F(ShownSettings, EachKindOfKeyControlDoesItsEdit) {
     choose(ka);
     settings.add("zq", ka);
     turn();
@@ -286,7 +138,7 @@ TEST_F(SettingsWindowMacTest, EachKindOfKeyControlDoesItsEdit) {
     EXPECT_NE(spoken("On, k"), nil);
 }
 
-TEST_F(SettingsWindowMacTest, ResetsAfterAsking) {
+TEST_F(ShownSettings, ResetsAfterAsking) {
     EXPECT_FALSE([resetButton() isEnabled]);
     settings.add("zq", ka);
     turn();
@@ -308,7 +160,7 @@ TEST_F(SettingsWindowMacTest, ResetsAfterAsking) {
     }
 }
 
-TEST_F(SettingsWindowMacTest, ClosingHidesItAndShowingBringsItBack) {
+TEST_F(ShownSettings, ClosingHidesItAndShowingBringsItBack) {
     choose(ka);
     enter("zq");
     [shown close];
@@ -321,7 +173,7 @@ TEST_F(SettingsWindowMacTest, ClosingHidesItAndShowingBringsItBack) {
 
 TEST(InputMenu, HasTwoItemsWhoseActionsReachTheController) {
     NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
-    RecordingApplication* recording = application();
+    RecordingApplication* recording = [RecordingApplication shared];
     mac::Owned<Controller> controller([[Controller alloc] init]);
     NSMenu* menu = [controller.get() menu];
     EXPECT_NE([controller.get() menu], menu) << "a new one each time";
@@ -363,7 +215,7 @@ TEST(InputMenu, HasTwoItemsWhoseActionsReachTheController) {
 
 TEST(MainMenu, HasEditAndWindowItemsAndQuitsOnlyAnApplication) {
     NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
-    (void)application();
+    (void)[RecordingApplication shared];
     for (const bool quits : {true, false}) {
         mac::installMainMenu(quits ? mac::MainMenuFor::application : mac::MainMenuFor::server);
         NSMenu* bar = [NSApp mainMenu];
@@ -381,40 +233,6 @@ TEST(MainMenu, HasEditAndWindowItemsAndQuitsOnlyAnApplication) {
     [pool drain];
 }
 
-TEST(StandardAboutPanel, GetsTheNameAndTheCreditsAndNothingElse) {
-    NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
-    RecordingApplication* recording = application();
-    [recording->aboutOptions removeAllObjects];
-    const NSInteger before = recording->activations;
-    mac::AppKitToolkit toolkit;
-    AboutPanel::show(toolkit);
-    EXPECT_EQ(recording->activations, before + 1);
-    ASSERT_EQ([recording->aboutOptions count], 1U);
-    NSDictionary* options = [recording->aboutOptions objectAtIndex:0];
-    ASSERT_EQ([options count], 2U);
-    EXPECT_EQ(mac::utf8([options objectForKey:@"ApplicationName"]), AboutPanel::applicationName());
-    NSAttributedString* credits = [options objectForKey:@"Credits"];
-    const AttributedText expected = AboutPanel::credits();
-    std::string whole;
-    NSUInteger at = 0;
-    for (const AttributedPiece& piece : expected) {
-        NSDictionary* attributes = [credits attributesAtIndex:at effectiveRange:nullptr];
-        NSURL* link = [attributes objectForKey:NSLinkAttributeName];
-        EXPECT_EQ(mac::utf8([link absoluteString]), piece.attributes.link) << piece.text;
-        EXPECT_EQ([(NSFont*)[attributes objectForKey:NSFontAttributeName] pointSize],
-                  [NSFont smallSystemFontSize]);
-        EXPECT_TRUE(
-            [[attributes objectForKey:NSForegroundColorAttributeName] isEqual:[NSColor secondaryLabelColor]]);
-        NSParagraphStyle* style = [attributes objectForKey:NSParagraphStyleAttributeName];
-        EXPECT_EQ([style alignment], NSTextAlignmentCenter);
-        EXPECT_EQ([style paragraphSpacing], 4);
-        at += [mac::string(piece.text) length];
-        whole += piece.text;
-    }
-    EXPECT_EQ(mac::utf8([credits string]), whole);
-    [pool drain];
-}
-
 } // namespace
 
-} // namespace vanoka
+} // namespace vanoka::test

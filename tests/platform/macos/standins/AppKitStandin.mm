@@ -51,6 +51,35 @@ void note(id object, NSString* name, id value) {
 
 @end
 
+namespace {
+
+/// Windows are not kept for good: GNUstep lets the toolbars of all windows that there are have the same
+/// items.
+struct WindowNotes {
+    NSWindowCollectionBehavior collectionBehavior = NSWindowCollectionBehaviorDefault;
+    bool isSheet = false;
+};
+std::map<NSWindow*, WindowNotes> windowNotes;
+
+} // namespace
+
+@implementation NSWindow (Standin)
+
+- (void)setCollectionBehavior:(NSWindowCollectionBehavior)behavior {
+    windowNotes[self].collectionBehavior = behavior;
+}
+- (NSWindowCollectionBehavior)collectionBehavior {
+    return windowNotes[self].collectionBehavior;
+}
+- (void)setSheet:(BOOL)isSheet {
+    windowNotes[self].isSheet = isSheet;
+}
+- (BOOL)isSheet {
+    return windowNotes[self].isSheet;
+}
+
+@end
+
 @implementation NSFont (Standin)
 
 // The sizes of macOS.
@@ -111,6 +140,12 @@ void note(id object, NSString* name, id value) {
 @end
 
 @implementation NSView (Standin)
+
+/// As on macOS, a new frame is an origin and a size, whoever overrides one of them.
+- (void)setFrame:(NSRect)frame {
+    [self setFrameOrigin:frame.origin];
+    [self setFrameSize:frame.size];
+}
 
 - (void)setAccessibilityLabel:(NSString*)label {
     note(self, @"accessibilityLabel", label);
@@ -191,6 +226,14 @@ ShownAlert shownAlert;
 @end
 
 @implementation NSTableCellView
+
+- (void)setBackgroundStyle:(NSBackgroundStyle)style {
+    _backgroundStyle = style;
+}
+- (NSBackgroundStyle)backgroundStyle {
+    return _backgroundStyle;
+}
+
 @end
 
 /// GNUstep asks for values and draws cells; these cells are empty.

@@ -4,28 +4,37 @@
 @interface StartUpTestHelp : NSObject
 @end
 
-/// While the environment variable VANOKA_TEST_CLOSE is set, closes the settings window as soon as the event
-/// loop runs, as a user does who has seen enough, and says what it was.
+/// While the environment variable VANOKA_TEST_CLOSE is set, closes the settings window when it is shown, as a
+/// user does who has seen enough, and says what it was, and whether it was there before the program had been
+/// launched.
 @implementation StartUpTestHelp
 + (void)load {
     if (!getenv("VANOKA_TEST_CLOSE"))
         return;
     NSAutoreleasePool* pool = [[NSAutoreleasePool alloc] init];
     [[NSNotificationCenter defaultCenter] addObserver:self
-                                             selector:@selector(close:)
+                                             selector:@selector(launched:)
                                                  name:NSApplicationDidFinishLaunchingNotification
                                                object:nil];
     [pool drain];
 }
-+ (void)close:(NSNotification*)notification {
++ (NSWindow*)settingsWindow {
+    for (NSWindow* window in [NSApp windows])
+        if ([[window title] isEqualToString:@"Vanoka Settings"] && [window isVisible])
+            return window;
+    return nil;
+}
++ (void)launched:(NSNotification*)notification {
     (void)notification;
-    for (NSWindow* window in [NSApp windows]) {
-        if (![[window title] isEqualToString:@"Vanoka Settings"] || ![window isVisible])
-            continue;
-        printf("closing %s, policy %d\n", [[window title] UTF8String], (int)[NSApp activationPolicy]);
-        fflush(stdout);
-        [window performSelector:@selector(close) withObject:nil afterDelay:0.05];
-    }
+    if ([self settingsWindow])
+        printf("shown too early\n");
+    [self performSelector:@selector(close) withObject:nil afterDelay:0.05];
+}
++ (void)close {
+    NSWindow* window = [self settingsWindow];
+    printf("closing %s, policy %d\n", [[window title] UTF8String], (int)[NSApp activationPolicy]);
+    fflush(stdout);
+    [window close];
 }
 @end
 

@@ -77,6 +77,7 @@ APPKIT_EXTERN const NSFontWeight NSFontWeightSemibold;
 @property(class, readonly, strong) NSColor* secondaryLabelColor API_AVAILABLE(macos(10.10));
 @property(class, readonly, strong) NSColor* systemRedColor API_AVAILABLE(macos(10.10));
 @property(class, readonly, strong) NSColor* systemOrangeColor API_AVAILABLE(macos(10.10));
+@property(class, readonly, strong) NSColor* alternateSelectedControlTextColor;
 @property(class, readonly, strong) NSColor* controlAccentColor API_AVAILABLE(macos(10.14));
 - (void)set;
 @end
@@ -147,6 +148,7 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) { NSApplicationActivat
 typedef NSString* NSAboutPanelOptionKey;
 APPKIT_EXTERN NSAboutPanelOptionKey const NSAboutPanelOptionApplicationName API_AVAILABLE(macos(10.13));
 APPKIT_EXTERN NSAboutPanelOptionKey const NSAboutPanelOptionCredits API_AVAILABLE(macos(10.13));
+APPKIT_EXTERN NSNotificationName const NSApplicationDidFinishLaunchingNotification;
 APPKIT_EXTERN NSRunLoopMode const NSEventTrackingRunLoopMode;
 APPKIT_EXTERN NSRunLoopMode const NSModalPanelRunLoopMode;
 
@@ -155,9 +157,11 @@ APPKIT_EXTERN NSRunLoopMode const NSModalPanelRunLoopMode;
 @property(nullable, strong) NSMenu* mainMenu;
 @property(nullable, strong) NSMenu* windowsMenu;
 @property(strong) NSImage* applicationIconImage;
+@property(readonly, copy) NSArray<NSWindow*>* windows;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy;
 - (void)activate API_AVAILABLE(macos(14.0));
 - (void)activateIgnoringOtherApps:(BOOL)ignores;
+- (void)unhideWithoutActivation;
 - (void)orderFrontStandardAboutPanelWithOptions:(NSDictionary<NSAboutPanelOptionKey, id>*)options;
 - (void)run;
 - (void)terminate:(nullable id)sender;
@@ -196,11 +200,11 @@ APPKIT_EXTERN NSAccessibilityRole const NSAccessibilityLinkRole;
 @property(getter=isFlipped, readonly) BOOL flipped;
 @property NSAutoresizingMaskOptions autoresizingMask;
 @property(nullable, copy) NSString* toolTip;
+@property BOOL needsDisplay;
 - (instancetype)initWithFrame:(NSRect)frame;
 - (void)setFrameSize:(NSSize)size;
 - (void)addSubview:(NSView*)view;
 - (void)removeFromSuperview;
-- (void)resizeSubviewsWithOldSize:(NSSize)oldSize;
 - (void)scrollPoint:(NSPoint)point;
 - (void)drawRect:(NSRect)dirtyRect;
 - (void)addCursorRect:(NSRect)rect cursor:(NSCursor*)cursor;
@@ -213,6 +217,9 @@ typedef NS_OPTIONS(NSUInteger, NSWindowStyleMask) {
     NSWindowStyleMaskMiniaturizable = 1 << 2,
     NSWindowStyleMaskResizable = 1 << 3,
 };
+typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
+    NSWindowCollectionBehaviorMoveToActiveSpace = 1 << 1,
+};
 typedef NS_ENUM(NSUInteger, NSBackingStoreType) { NSBackingStoreBuffered = 2 };
 APPKIT_EXTERN NSNotificationName const NSWindowWillCloseNotification;
 
@@ -222,6 +229,9 @@ APPKIT_EXTERN NSNotificationName const NSWindowWillCloseNotification;
 @property(nullable, strong) NSToolbar* toolbar;
 @property(getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
 @property NSSize contentMinSize;
+@property NSWindowCollectionBehavior collectionBehavior;
+@property(getter=isVisible, readonly) BOOL visible;
+@property(getter=isSheet, readonly) BOOL sheet;
 - (instancetype)initWithContentRect:(NSRect)rect
                           styleMask:(NSWindowStyleMask)style
                             backing:(NSBackingStoreType)backing
@@ -230,10 +240,14 @@ APPKIT_EXTERN NSNotificationName const NSWindowWillCloseNotification;
 - (void)center;
 - (void)close;
 - (void)makeKeyAndOrderFront:(nullable id)sender;
+- (void)orderFrontRegardless;
 - (BOOL)makeFirstResponder:(nullable NSResponder*)responder;
 - (void)performClose:(nullable id)sender;
 - (void)performMiniaturize:(nullable id)sender;
 - (void)performZoom:(nullable id)sender;
+@end
+
+@interface NSPanel : NSWindow
 @end
 
 typedef NS_ENUM(NSInteger, NSVisualEffectMaterial) { NSVisualEffectMaterialTitlebar = 3 };
@@ -427,7 +441,14 @@ typedef NSString* NSUserInterfaceItemIdentifier;
 - (void)tableViewSelectionDidChange:(NSNotification*)notification;
 @end
 
+// What a row's views stand on: the second is a selection in the selection's own colour.
+typedef NS_ENUM(NSInteger, NSBackgroundStyle) {
+    NSBackgroundStyleNormal = 0,
+    NSBackgroundStyleEmphasized = 1,
+};
+
 @interface NSTableCellView : NSView
+@property NSBackgroundStyle backgroundStyle;
 @end
 
 // MARK: Toolbars and alerts

@@ -77,7 +77,20 @@ enum : NSStringEncoding { NSUTF8StringEncoding = 4 };
 + (NSNumber*)numberWithInteger:(NSInteger)value;
 @end
 
-@interface NSArray<__covariant ObjectType> : NSObject
+typedef struct {
+    unsigned long state;
+    id __unsafe_unretained _Nullable* _Nullable itemsPtr;
+    unsigned long* _Nullable mutationsPtr;
+    unsigned long extra[5];
+} NSFastEnumerationState;
+
+@protocol NSFastEnumeration
+- (NSUInteger)countByEnumeratingWithState:(NSFastEnumerationState*)state
+                                  objects:(id __unsafe_unretained _Nullable[_Nonnull])buffer
+                                    count:(NSUInteger)length;
+@end
+
+@interface NSArray<__covariant ObjectType> : NSObject <NSFastEnumeration>
 + (instancetype)arrayWithObjects:(const ObjectType _Nonnull[_Nonnull])objects count:(NSUInteger)count;
 @end
 

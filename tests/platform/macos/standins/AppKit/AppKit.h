@@ -46,6 +46,14 @@ extern NSString* const NSAboutPanelOptionCredits;
 - (NSApplicationActivationPolicy)activationPolicy;
 @end
 
+@interface NSWindow (Standin)
+- (void)setCollectionBehavior:(NSWindowCollectionBehavior)behavior;
+- (NSWindowCollectionBehavior)collectionBehavior;
+/// What a test says of it.
+- (void)setSheet:(BOOL)isSheet;
+- (BOOL)isSheet;
+@end
+
 @interface NSFont (Standin)
 + (NSFont*)preferredFontForTextStyle:(NSFontTextStyle)style options:(NSDictionary*)options;
 + (NSFont*)monospacedSystemFontOfSize:(CGFloat)size weight:(NSFontWeight)weight;
@@ -92,7 +100,14 @@ extern NSString* const NSAboutPanelOptionCredits;
 
 typedef NS_ENUM(NSInteger, NSTableViewStyle) { NSTableViewStyleAutomatic, NSTableViewStyleSourceList = 3 };
 
-@interface NSTableCellView : NSView
+enum : NSInteger { NSBackgroundStyleNormal = 0, NSBackgroundStyleEmphasized = 1 };
+
+@interface NSTableCellView : NSView {
+@private
+    NSBackgroundStyle _backgroundStyle;
+}
+- (void)setBackgroundStyle:(NSBackgroundStyle)style;
+- (NSBackgroundStyle)backgroundStyle;
 @end
 
 /// Views as cells: `reloadData` makes one for every row and puts it into the table.

@@ -1,4 +1,4 @@
-#import "CloseObserver.h"
+#import "NotificationObserver.h"
 
 #import "ExceptionBoundary.h"
 #import "Memory.h"
@@ -6,16 +6,16 @@
 #include <memory>
 #include <utility>
 
-/// Keeps what is called when a window is about to close.
-@interface VanokaCloseObserver : NSObject {
+/// Keeps what is called.
+@interface VanokaNotificationObserver : NSObject {
 @private
     std::function<void()> _observer;
 }
 - (instancetype)initWithObserver:(std::function<void()>)observer;
-- (void)windowWillClose:(NSNotification*)notification;
+- (void)take:(NSNotification*)notification;
 @end
 
-@implementation VanokaCloseObserver
+@implementation VanokaNotificationObserver
 
 - (instancetype)initWithObserver:(std::function<void()>)observer {
     if ((self = [super init]))
@@ -23,7 +23,7 @@
     return self;
 }
 
-- (void)windowWillClose:(NSNotification*)notification {
+- (void)take:(NSNotification*)notification {
     (void)notification;
     vanoka::mac::guarded(_observer);
 }
@@ -37,25 +37,25 @@ namespace {
 /// A registration with the notification centre that ends with this object.
 class Registration {
 public:
-    Registration(NSWindow* window, std::function<void()> observer)
-        : observer_([[VanokaCloseObserver alloc] initWithObserver:std::move(observer)]) {
+    Registration(NSString* name, id sender, std::function<void()> observer)
+        : observer_([[VanokaNotificationObserver alloc] initWithObserver:std::move(observer)]) {
         [[NSNotificationCenter defaultCenter] addObserver:observer_.get()
-                                                 selector:@selector(windowWillClose:)
-                                                     name:NSWindowWillCloseNotification
-                                                   object:window];
+                                                 selector:@selector(take:)
+                                                     name:name
+                                                   object:sender];
     }
     Registration(const Registration&) = delete;
     Registration& operator=(const Registration&) = delete;
     ~Registration() { [[NSNotificationCenter defaultCenter] removeObserver:observer_.get()]; }
 
 private:
-    Owned<VanokaCloseObserver> observer_;
+    Owned<VanokaNotificationObserver> observer_;
 };
 
 } // namespace
 
-Subscription observeWillClose(NSWindow* window, std::function<void()> observer) {
-    return Subscription(std::make_shared<Registration>(window, std::move(observer)));
+Subscription observe(NSString* name, id sender, std::function<void()> observer) {
+    return Subscription(std::make_shared<Registration>(name, sender, std::move(observer)));
 }
 
 } // namespace vanoka::mac
