@@ -99,15 +99,15 @@ struct ControlMaker {
 }
 
 - (void)placeSubviews {
-    constexpr CGFloat gap = 8;
+    constexpr CGFloat space = 8;
     const NSSize size = [self bounds].size;
     const CGFloat middle = size.height / 2;
     const NSSize controlSize = [_control.get() frame].size;
     const CGFloat controlStart = size.width - controlSize.width;
     const CGFloat keyWidth = std::max<CGFloat>(vanoka::KeyRow::keyWidth, mac::widthOfLabel(_keyLabel.get()));
-    const CGFloat noteWidth = std::max<CGFloat>(0, controlStart - keyWidth - 2 * gap);
+    const CGFloat noteWidth = std::max<CGFloat>(0, controlStart - keyWidth - 2 * space);
     mac::placeAt(_keyLabel.get(), 0, middle, NSMakeSize(keyWidth, mac::heightOfLabel(_keyLabel.get(), 1000)));
-    mac::placeAt(_noteLabel.get(), keyWidth + gap, middle,
+    mac::placeAt(_noteLabel.get(), keyWidth + space, middle,
                  NSMakeSize(noteWidth, mac::heightOfLabel(_noteLabel.get(), 1000)));
     mac::placeAt(_control.get(), controlStart, middle, controlSize);
 }

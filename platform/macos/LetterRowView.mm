@@ -50,18 +50,18 @@ namespace mac = vanoka::mac;
 }
 
 - (void)placeSubviews {
-    constexpr CGFloat gap = 8;
+    constexpr CGFloat space = 8;
     const NSSize size = [self bounds].size;
     const CGFloat middle = size.height / 2;
     const NSSize dotSize = [_dot.get() frame].size;
-    const CGFloat keysStart = vanoka::LetterRow::letterWidth + gap;
-    const CGFloat keysEnd = size.width - gap - (_dot.get() ? dotSize.width + gap : 0);
+    const CGFloat keysStart = vanoka::LetterRow::letterWidth + space;
+    const CGFloat keysEnd = size.width - space - (_dot.get() ? dotSize.width + space : 0);
     const CGFloat keysWidth = std::max<CGFloat>(0, keysEnd - keysStart);
     mac::placeAt(_letterLabel.get(), 0, middle,
                  NSMakeSize(vanoka::LetterRow::letterWidth, mac::heightOfLabel(_letterLabel.get(), 1000)));
     mac::placeAt(_keysLabel.get(), keysStart, middle,
                  NSMakeSize(keysWidth, mac::heightOfLabel(_keysLabel.get(), 1000)));
-    mac::placeAt(_dot.get(), size.width - gap - dotSize.width, middle, dotSize);
+    mac::placeAt(_dot.get(), size.width - space - dotSize.width, middle, dotSize);
 }
 
 @end

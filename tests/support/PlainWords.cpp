@@ -318,7 +318,7 @@ std::vector<std::string> SinhalaWords::suggestionsFor(std::string_view text, std
 EnglishWords EnglishWords::read(std::string_view tsv) {
     EnglishWords list;
     for (const auto& [word, field] : rowsOf(tsv)) {
-        const auto isSame = [&word = word](const auto& other) { return text::equal(other, word); };
+        const auto isSame = [&listed = word](const auto& other) { return text::equal(other, listed); };
         if (field == "chat") {
             if (std::ranges::none_of(list.chat, isSame))
                 list.chat.push_back(word);

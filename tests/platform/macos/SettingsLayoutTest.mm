@@ -3,6 +3,7 @@
 #import "GroupTitleView.h"
 #import "LetterRowView.h"
 #import "Memory.h"
+#import "ReplacedMethod.h"
 #import "ShownSettings.h"
 #import "SidebarView.h"
 
@@ -41,24 +42,9 @@ TEST_F(ShownSettings, GroupTitlesAreInTheMiddleOfTheirRows) {
     }
 }
 
-/// Nothing tells any view of this kind to resize its subviews, as the layout by constraints does not on
-/// macOS.
-class WithoutResizing {
-public:
-    explicit WithoutResizing(Class kind)
-        : method_(class_getInstanceMethod(kind, @selector(resizeSubviewsWithOldSize:))),
-          resize_(method_setImplementation(method_, reinterpret_cast<IMP>(nothing))) {}
-    WithoutResizing(const WithoutResizing&) = delete;
-    WithoutResizing& operator=(const WithoutResizing&) = delete;
-    ~WithoutResizing() { method_setImplementation(method_, resize_); }
+void doNothing(NSView*, SEL, NSSize) {}
 
-private:
-    static void nothing(id, SEL, NSSize) {}
-
-    Method method_;
-    IMP resize_;
-};
-
+/// A layout by constraints gives views their sizes; it need not tell them to resize their subviews.
 TEST_F(ShownSettings, ViewsPlaceWhatIsInThemWhereverTheirSizeComesFrom) {
     Class const kinds[] = {[VanokaDetailView class],  [VanokaGroupTitleView class],
                            [VanokaKeyRowView class],  [VanokaLetterRowView class],
@@ -72,7 +58,7 @@ TEST_F(ShownSettings, ViewsPlaceWhatIsInThemWhereverTheirSizeComesFrom) {
                 right = std::max(right, NSMaxX([inner frame]));
             return right;
         };
-        const WithoutResizing only(kind);
+        const ReplacedMethod resizing(kind, @selector(resizeSubviewsWithOldSize:), doNothing);
         const CGFloat before = end();
         [view setFrameSize:NSMakeSize([view frame].size.width + 40, [view frame].size.height)];
         EXPECT_NEAR(end(), before + 40, 1) << [NSStringFromClass(kind) UTF8String];

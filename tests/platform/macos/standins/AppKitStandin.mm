@@ -225,6 +225,8 @@ ShownAlert shownAlert;
 
 @end
 
+#if GNUSTEP_GUI_MINOR_VERSION < 32
+
 @implementation NSTableCellView
 
 - (void)setBackgroundStyle:(NSBackgroundStyle)style {
@@ -235,6 +237,8 @@ ShownAlert shownAlert;
 }
 
 @end
+
+#endif
 
 /// GNUstep asks for values and draws cells; these cells are empty.
 @interface NSObject (TableValues)

@@ -1,5 +1,7 @@
 #import "RecordingApplication.h"
 
+#import "ReplacedMethod.h"
+
 #include <utility>
 
 namespace {
@@ -15,23 +17,32 @@ void noteWindow(NSWindow* window, const char* order) {
     note(std::string([[window title] UTF8String]) + ": " + order);
 }
 
-void (*makeKeyAndOrderFront)(id, SEL, id);
-void (*orderFrontRegardless)(id, SEL);
+void makeKeyAndOrderFront(NSWindow* window, SEL selector, id sender);
+void orderFrontRegardless(NSWindow* window, SEL selector);
 
-void noteMakeKeyAndOrderFront(NSWindow* window, SEL selector, id sender) {
+/// Windows that write down their orders.
+struct RecordingWindows {
+    vanoka::test::ReplacedMethod<decltype(makeKeyAndOrderFront)> keyAndFront = {
+        [NSWindow class], @selector(makeKeyAndOrderFront:), makeKeyAndOrderFront};
+    vanoka::test::ReplacedMethod<decltype(orderFrontRegardless)> frontRegardless = {
+        [NSWindow class], @selector(orderFrontRegardless), orderFrontRegardless};
+};
+
+const RecordingWindows& windows() {
+    static const RecordingWindows recording;
+    return recording;
+}
+
+void makeKeyAndOrderFront(NSWindow* window, SEL selector, id sender) {
     noteWindow(window, "key and front");
     isCarriedOut = true;
-    makeKeyAndOrderFront(window, selector, sender);
+    windows().keyAndFront.original()(window, selector, sender);
     isCarriedOut = false;
 }
 
-void noteOrderFrontRegardless(NSWindow* window, SEL selector) {
+void orderFrontRegardless(NSWindow* window, SEL selector) {
     noteWindow(window, "front regardless");
-    orderFrontRegardless(window, selector);
-}
-
-IMP replace(SEL selector, IMP replacement) {
-    return method_setImplementation(class_getInstanceMethod([NSWindow class], selector), replacement);
+    windows().frontRegardless.original()(window, selector);
 }
 
 } // namespace
@@ -45,10 +56,7 @@ IMP replace(SEL selector, IMP replacement) {
 - (id)init {
     if ((self = [super init])) {
         aboutOptions = [[NSMutableArray alloc] init];
-        makeKeyAndOrderFront = reinterpret_cast<decltype(makeKeyAndOrderFront)>(
-            replace(@selector(makeKeyAndOrderFront:), reinterpret_cast<IMP>(noteMakeKeyAndOrderFront)));
-        orderFrontRegardless = reinterpret_cast<decltype(orderFrontRegardless)>(
-            replace(@selector(orderFrontRegardless), reinterpret_cast<IMP>(noteOrderFrontRegardless)));
+        (void)windows();
     }
     return self;
 }

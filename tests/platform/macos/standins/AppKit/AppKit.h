@@ -2,11 +2,14 @@
 
 // AppKit as GNUstep has it, and what Vanoka uses of macOS that it lacks or calls by an older name.
 #include_next <AppKit/AppKit.h>
+#include <GNUstepGUI/GSVersion.h>
 
-enum : NSUInteger {
-    NSEventTypeKeyDown = NSKeyDown,
-    NSEventMaskKeyDown = NSKeyDownMask,
-};
+enum : NSUInteger { NSEventMaskKeyDown = NSKeyDownMask };
+
+// What GNUstep has by itself from version 0.32 on.
+#if GNUSTEP_GUI_MINOR_VERSION < 32
+
+enum : NSUInteger { NSEventTypeKeyDown = NSKeyDown };
 typedef NSUInteger NSEventModifierFlags;
 enum : NSUInteger {
     NSEventModifierFlagCapsLock = NSAlphaShiftKeyMask,
@@ -17,6 +20,18 @@ enum : NSUInteger {
     NSEventModifierFlagNumericPad = NSNumericPadKeyMask,
     NSEventModifierFlagFunction = NSFunctionKeyMask,
 };
+
+enum : NSInteger { NSBackgroundStyleNormal = 0, NSBackgroundStyleEmphasized = 1 };
+
+@interface NSTableCellView : NSView {
+@private
+    NSBackgroundStyle _backgroundStyle;
+}
+- (void)setBackgroundStyle:(NSBackgroundStyle)style;
+- (NSBackgroundStyle)backgroundStyle;
+@end
+
+#endif
 
 #define NSButtonTypeMomentaryPushIn NSMomentaryPushInButton
 #define NSButtonTypeMomentaryChange NSMomentaryChangeButton
@@ -99,16 +114,6 @@ extern NSString* const NSAboutPanelOptionCredits;
 @end
 
 typedef NS_ENUM(NSInteger, NSTableViewStyle) { NSTableViewStyleAutomatic, NSTableViewStyleSourceList = 3 };
-
-enum : NSInteger { NSBackgroundStyleNormal = 0, NSBackgroundStyleEmphasized = 1 };
-
-@interface NSTableCellView : NSView {
-@private
-    NSBackgroundStyle _backgroundStyle;
-}
-- (void)setBackgroundStyle:(NSBackgroundStyle)style;
-- (NSBackgroundStyle)backgroundStyle;
-@end
 
 /// Views as cells: `reloadData` makes one for every row and puts it into the table.
 @interface NSTableView (Standin)
