@@ -20,7 +20,7 @@ def configure(version):
     return result.returncode, " ".join(result.stdout.split())
 
 
-for version, is_served in ((14, False), (15, True), (16, True)):
+for version, is_served in ((14, False), (15, True)):
     status, output = configure(version)
     assert f"AppleClang {version}." in output, output
     assert (status == 0) == is_served, output

@@ -55,8 +55,8 @@ def listed(name):
 
 def exported(*libraries):
     """What libraries of this system export, in the spelling of macOS."""
-    names = subprocess.run([f"{llvm}/bin/llvm-nm", "-D", "--defined-only", "--format=just-symbols", *libraries], check=True,
-                           stdout=subprocess.PIPE, text=True).stdout.split()
+    names = subprocess.run([f"{llvm}/bin/llvm-nm", "-D", "--defined-only", "--format=just-symbols", *libraries],
+                           check=True, stdout=subprocess.PIPE, text=True).stdout.split()
     return sorted("_" + name for name in names if not name.endswith(":"))
 
 

@@ -28,7 +28,7 @@
     (void)notification;
     if ([self settingsWindow])
         printf("shown too early\n");
-    [self performSelector:@selector(close) withObject:nil afterDelay:0.05];
+    [self performSelector:@selector(close) withObject:nil afterDelay:0];
 }
 + (void)close {
     NSWindow* window = [self settingsWindow];
