@@ -17,6 +17,16 @@ constexpr std::string_view pasteEnd = "\x1B[201~";
 constexpr int pasteStartCode = 200;
 constexpr std::size_t longestSequence = 64; // in bytes; anything longer is noise
 
+using std::chrono::milliseconds;
+/// The bytes of one special key come together; what comes later is another key.
+constexpr milliseconds sequenceTime(50);
+/// No key sends a part of a scalar, so there is no hurry.
+constexpr milliseconds scalarTime(1000);
+/// Longer than a paste halts within itself, as a rule; shorter than from one press of a key to the next.
+constexpr milliseconds pasteTime(100);
+/// Control with C, D, Z and \, by which people get away when nothing else does.
+constexpr std::string_view waysOut = "\x03\x04\x1A\x1C";
+
 struct SequenceKey {
     char final; // the byte that ends the sequence
     int code;   // the number before a final "~"; 0 for the others
@@ -110,42 +120,64 @@ KeyEvent keyEvent(std::string characters, std::uint64_t modifierFlags) {
 } // namespace
 
 std::optional<KeyParser::Input> KeyParser::next() {
-    if (pasted_)
-        return nextPasted();
+    if (paste_)
+        return nextPaste();
     if (bytes_.empty())
         return std::nullopt;
     return bytes_.front() == escape ? nextAfterEscape() : nextScalar(0);
 }
 
-std::optional<KeyParser::Input> KeyParser::flush() {
-    if (bytes_.empty() || pasted_)
+std::optional<milliseconds> KeyParser::patience() const noexcept {
+    if (paste_)
+        return paste_->silentAt == bytes_.size() ? std::nullopt : std::optional(pasteTime);
+    if (bytes_.empty())
         return std::nullopt;
-    return keyEvent(take(1), 0);
+    const bool isSequence = bytes_ == "\x1B" || bytes_.starts_with("\x1B[") || bytes_.starts_with("\x1BO");
+    return isSequence ? sequenceTime : scalarTime;
+}
+
+std::optional<KeyParser::Input> KeyParser::flush() {
+    if (paste_)
+        return flushPaste();
+    if (bytes_.empty())
+        return std::nullopt;
+    return keyEvent(text::utf8(text::firstScalar(take(1)).value), 0);
+}
+
+std::optional<KeyParser::Input> KeyParser::flushPaste() {
+    const std::size_t before = paste_->silentAt.value_or(bytes_.size());
+    paste_->silentAt = bytes_.size();
+    if (before == bytes_.size() || bytes_.find_first_not_of(waysOut, before) != std::string::npos)
+        return std::nullopt;
+    return endPaste(before);
 }
 
 std::optional<Paste> KeyParser::takeUnfinishedPaste() {
-    if (!pasted_)
+    if (!paste_)
         return std::nullopt;
-    std::size_t endLength = std::min(bytes_.size(), pasteEnd.size() - 1); // of what has come of its end
-    while (!bytes_.ends_with(pasteEnd.substr(0, endLength)))
-        --endLength;
-    *pasted_ += take(bytes_.size() - endLength);
-    bytes_.clear();
-    return Paste{*std::exchange(pasted_, std::nullopt)};
+    return endPaste(bytes_.size());
 }
 
-std::optional<KeyParser::Input> KeyParser::nextPasted() {
-    const std::size_t end = bytes_.find(pasteEnd);
+/// The first `length` bytes are the paste, but for the beginning of its end that may have come.
+Paste KeyParser::endPaste(std::size_t length) {
+    paste_.reset();
+    std::string text = take(length);
+    std::size_t endLength = pasteEnd.size() - 1;
+    while (!text.ends_with(pasteEnd.substr(0, endLength)))
+        --endLength;
+    text.resize(text.size() - endLength);
+    return {std::move(text)};
+}
+
+std::optional<KeyParser::Input> KeyParser::nextPaste() {
+    const std::size_t end = bytes_.find(pasteEnd, paste_->searched);
     if (end == std::string::npos) {
-        // All but what may be the beginning of the end.
-        const std::size_t kept = std::min(bytes_.size(), pasteEnd.size() - 1);
-        *pasted_ += take(bytes_.size() - kept);
+        paste_->searched = bytes_.size() - std::min(bytes_.size(), pasteEnd.size() - 1);
         return std::nullopt;
     }
-    *pasted_ += take(end);
+    paste_.reset();
+    Paste paste{take(end)};
     take(pasteEnd.size());
-    Paste paste{std::move(*pasted_)};
-    pasted_.reset();
     return paste;
 }
 
@@ -171,7 +203,7 @@ std::optional<KeyParser::Input> KeyParser::nextSequence() {
     const Sequence sequence = parsed({begin, end}, *end);
     take(static_cast<std::size_t>(end + 1 - bytes_.begin()));
     if (sequence.final == '~' && sequence.code == pasteStartCode) {
-        pasted_.emplace();
+        paste_.emplace();
         return next();
     }
     return keyEvent(text::utf8(scalarOf(sequence)), sequence.modifierFlags);

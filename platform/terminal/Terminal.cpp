@@ -1,5 +1,6 @@
 #include "Terminal.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -58,6 +59,18 @@ extern "C" void restoreAndCrash(int signal) {
     raiseByDefault(signal);
 }
 
+bool ends(int signal) {
+    return signal != SIGTSTP && std::ranges::find(noticedSignals, signal) == noticedSignals.end();
+}
+
+/// The terminal that `output` is, opened once more: a setting on `output` itself, not to wait for a terminal
+/// that takes nothing, would count for every process that has it open. `output` where that is not allowed.
+int openedAnew(int output) {
+    const std::string path = "/proc/self/fd/" + std::to_string(output);
+    const int opened = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    return opened < 0 ? ::fcntl(output, F_DUPFD_CLOEXEC, 0) : opened;
+}
+
 void handle(int signal, void (*handler)(int)) {
     struct sigaction action = {};
     action.sa_handler = handler;
@@ -85,7 +98,7 @@ void handleAll() {
 
 } // namespace
 
-Terminal::Terminal(int input, int output) : input_(input), output_(output) {
+Terminal::Terminal(int input, int output) : input_(input), output_(openedAnew(output)) {
     if (::pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         signalPipe = {-1, -1};
     inputOfHandler = input_;
@@ -103,6 +116,7 @@ Terminal::~Terminal() {
         ::sigaction(static_cast<int>(signal), &actionsBefore_[signal], nullptr);
     for (const int end : signalPipe)
         ::close(end);
+    ::close(output_);
 }
 
 void Terminal::enter() {
@@ -111,41 +125,72 @@ void Terminal::enter() {
     mode.c_lflag &= ~static_cast<tcflag_t>(ICANON | ECHO | ISIG | IEXTEN);
     mode.c_cc[VMIN] = 1;
     mode.c_cc[VTIME] = 0;
-    ::tcsetattr(input_, TCSADRAIN, &mode); // keys typed ahead stay
+    ::tcsetattr(input_, TCSANOW, &mode); // keys typed ahead stay
     write(enterBytes);
 }
 
 void Terminal::leave() {
     write(leaveBytes);
-    ::tcsetattr(input_, TCSADRAIN, &modeBefore);
+    ::tcsetattr(input_, TCSANOW, &modeBefore);
 }
 
 Terminal::Event Terminal::wait(std::optional<std::chrono::milliseconds> time) {
-    if (Event held = std::exchange(held_, {}); held.signal != 0 || !held.bytes.empty())
-        return held;
+    if (!held_.empty())
+        return {.bytes = std::exchange(held_, {})};
     std::array<pollfd, 2> sources = {pollfd{input_, POLLIN, 0}, pollfd{signalPipe[0], POLLIN, 0}};
-    const int ready = ::poll(sources.data(), sources.size(), time ? static_cast<int>(time->count()) : -1);
+    int ready = -1;
+    if (signals_.empty()) {
+        ready = ::poll(sources.data(), sources.size(), time ? static_cast<int>(time->count()) : -1);
+        takeSignals();
+    }
+    if (!signals_.empty()) {
+        const char signal = signals_.front();
+        signals_.erase(0, 1);
+        return {.signal = signal};
+    }
     if (ready == 0)
         return {.isTimeout = true};
-    char signal = 0;
-    if (::read(signalPipe[0], &signal, 1) == 1)
-        return {.signal = signal};
-    if (ready < 0 || sources[0].revents == 0)
-        return {};
+    return ready < 0 || sources[0].revents == 0 ? Event() : read();
+}
+
+Terminal::Event Terminal::read() {
     std::array<char, 4096> bytes;
     const ssize_t count = ::read(input_, bytes.data(), bytes.size());
     if (count > 0)
         return {.bytes = std::string(bytes.data(), static_cast<std::size_t>(count))};
-    return {.hasEnded = count == 0 || (errno != EINTR && errno != EAGAIN)};
+    if (count < 0 && (errno == EINTR || errno == EAGAIN))
+        return {};
+    return {.hasEnded = true, .error = count < 0 ? errno : 0};
+}
+
+/// Signals that have come since they were last taken, in their order.
+void Terminal::takeSignals() {
+    for (char signal = 0; ::read(signalPipe[0], &signal, 1) == 1;) {
+        signals_ += signal;
+        isEnding_ = isEnding_ || ends(signal);
+    }
 }
 
 void Terminal::write(std::string_view bytes) {
-    while (!bytes.empty()) {
+    while (!bytes.empty() && waitForRoom()) {
         const ssize_t written = ::write(output_, bytes.data(), bytes.size());
         if (written < 0 && errno != EINTR && errno != EAGAIN)
             return; // the terminal is gone; reading from it says so
         if (written > 0)
             bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+/// Waits until the terminal takes something; false when it does not and a signal ends the process.
+bool Terminal::waitForRoom() {
+    for (;;) {
+        takeSignals();
+        std::array<pollfd, 2> sources = {pollfd{output_, POLLOUT, 0}, pollfd{signalPipe[0], POLLIN, 0}};
+        ::poll(sources.data(), sources.size(), isEnding_ ? 0 : -1);
+        if (sources[0].revents != 0)
+            return true;
+        if (isEnding_)
+            return false;
     }
 }
 
@@ -160,13 +205,13 @@ bool Terminal::showsUtf8() {
     write("\r\u00E9\x1B[6n");
     std::string typed;
     std::size_t start = std::string::npos, end = std::string::npos;
-    int signal = 0;
-    while (end == std::string::npos && signal == 0) {
+    while (end == std::string::npos && signals_.empty()) {
         const Event event = wait(answerTime);
         if (event.isTimeout || event.hasEnded)
             break;
         typed += event.bytes;
-        signal = event.signal;
+        if (event.signal != 0)
+            signals_.insert(signals_.begin(), static_cast<char>(event.signal));
         start = typed.find("\x1B["); // the answer: ESC [ row ; column R
         end = start == std::string::npos ? start : typed.find('R', start);
     }
@@ -175,7 +220,7 @@ bool Terminal::showsUtf8() {
     const bool isSecondColumn = isAnswered && typed.substr(start, end - start).ends_with(";2");
     if (isAnswered)
         typed.erase(start, end + 1 - start);
-    held_ = {.bytes = std::move(typed), .signal = signal};
+    held_ = std::move(typed);
     return isSecondColumn;
 }
 

@@ -18,6 +18,9 @@ namespace vanoka {
 ///
 /// Signals that were ignored before stay ignored. SIGPIPE is ignored as well, so that writing to a pipe that
 /// nobody reads fails and can be told. All are what they were before when this object goes.
+///
+/// A terminal may stop taking what is written. That is waited for, until a signal comes that ends the
+/// process: from then on what the terminal does not take at once is not written.
 class Terminal {
 public:
     /// What ended a wait.
@@ -25,6 +28,7 @@ public:
         std::string bytes;      ///< typed since the last wait
         int signal = 0;         ///< a signal that has come; 0 for none
         bool hasEnded = false;  ///< nothing will be typed any more
+        int error = 0;          ///< why, as `errno` says it; 0 for the end of what is typed
         bool isTimeout = false; ///< the time is over
     };
 
@@ -54,11 +58,16 @@ public:
 private:
     void enter();
     void leave();
+    Event read();
+    bool waitForRoom();
+    void takeSignals();
 
     int input_;
     int output_;
     std::array<struct sigaction, NSIG> actionsBefore_ = {}; ///< by number of the signal
-    Event held_;                                            ///< what came while an answer was awaited
+    std::string signals_;                                   ///< that have come and were not told yet
+    bool isEnding_ = false;                                 ///< a signal that ends the process has come
+    std::string held_;                                      ///< typed while an answer was awaited
 };
 
 } // namespace vanoka

@@ -1,52 +1,35 @@
 #include "TerminalSession.h"
 
-#include <chrono>
 #include <csignal>
 
 namespace vanoka {
 
-namespace {
-
-/// The bytes of one special key come together; what comes later is another key.
-constexpr std::chrono::milliseconds sequenceTime(50);
-
-} // namespace
-
-void TerminalSession::run() {
+int TerminalSession::run() {
     Outcome outcome = Outcome::goesOn;
+    int error = 0;
     draw();
     while (outcome == Outcome::goesOn) {
-        using Time = std::optional<std::chrono::milliseconds>;
-        const Terminal::Event event = terminal_.wait(parser_.isWaiting() ? Time(sequenceTime) : Time());
+        const Terminal::Event event = terminal_.wait(parser_.patience());
         prepare();
         parser_.feed(event.bytes);
-        outcome = handleInputs();
-        if (event.isTimeout && outcome == Outcome::goesOn)
-            if (const auto input = parser_.flush())
-                outcome = handleInput(*input);
+        outcome = handleInputs(event.isTimeout ? parser_.flush() : parser_.next());
         if (event.signal != 0)
             handleSignal(event.signal);
         if (event.hasEnded)
             outcome = Outcome::ends;
+        error = event.error;
         if (outcome == Outcome::goesOn)
             draw();
     }
     finish();
+    return error;
 }
 
-TerminalSession::Outcome TerminalSession::handleInputs() {
+TerminalSession::Outcome TerminalSession::handleInputs(std::optional<KeyParser::Input> input) {
     Outcome outcome = Outcome::goesOn;
-    while (outcome == Outcome::goesOn) {
-        const auto input = parser_.next();
-        if (!input)
-            break;
-        outcome = handleInput(*input);
-    }
+    for (; input && outcome == Outcome::goesOn; input = parser_.next())
+        outcome = std::visit([this](const auto& value) { return handle(value); }, *input);
     return outcome;
-}
-
-TerminalSession::Outcome TerminalSession::handleInput(const KeyParser::Input& input) {
-    return std::visit([this](const auto& value) { return handle(value); }, input);
 }
 
 void TerminalSession::handleSignal(int signal) {

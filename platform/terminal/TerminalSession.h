@@ -15,8 +15,9 @@ public:
     TerminalSession(const TerminalSession&) = delete;
     TerminalSession& operator=(const TerminalSession&) = delete;
 
-    /// Runs until the user ends it. A signal ends the process as it would have, after finish().
-    void run();
+    /// Runs until the user ends it, or nothing can be typed any more; returns the error number of the reading
+    /// that failed then, otherwise 0. A signal ends the process as it would have, after finish().
+    int run();
 
 protected:
     enum class Outcome : std::uint8_t { goesOn, ends };
@@ -41,8 +42,7 @@ protected:
     std::optional<Paste> takeUnfinishedPaste() { return parser_.takeUnfinishedPaste(); }
 
 private:
-    Outcome handleInputs();
-    Outcome handleInput(const KeyParser::Input& input);
+    Outcome handleInputs(std::optional<KeyParser::Input> input);
 
     Terminal& terminal_;
     KeyParser parser_;

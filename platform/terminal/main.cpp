@@ -106,7 +106,8 @@ int runLine() {
         if (!isShownThere && std::cout && !(std::cout << line << std::endl))
             writeError = errno;
     });
-    session.run();
+    if (const int readError = session.run())
+        return fail("Cannot read", std::strerror(readError));
     return std::cout ? ExitStatus::done : fail("Cannot write", std::strerror(writeError));
 }
 

@@ -85,7 +85,7 @@ TEST(KeyParser, DoesNotCareHowTheBytesCome) {
             text += inputsOf(parser);
         }
         EXPECT_EQ(text, row.keys) << testing::PrintToString(row.bytes);
-        EXPECT_FALSE(parser.isWaiting());
+        EXPECT_EQ(parser.patience(), std::nullopt);
     }
 }
 
@@ -93,9 +93,9 @@ TEST(KeyParser, TellsEscapeFromWhatItBegins) {
     KeyParser parser;
     parser.feed("k\x1B");
     EXPECT_EQ(inputsOf(parser), "k");
-    EXPECT_TRUE(parser.isWaiting());
+    EXPECT_NE(parser.patience(), std::nullopt);
     EXPECT_EQ(describe(*parser.flush()), "<escape>");
-    EXPECT_FALSE(parser.isWaiting());
+    EXPECT_EQ(parser.patience(), std::nullopt);
     EXPECT_EQ(parser.flush(), std::nullopt);
     parser.feed("[A");
     EXPECT_EQ(inputsOf(parser), "[A") << "too late to be an arrow";
@@ -113,15 +113,20 @@ TEST(KeyParser, AnUnfinishedSequenceBecomesKeys) {
 
 TEST(KeyParser, AnUnfinishedScalarWaits) {
     KeyParser parser;
+    parser.feed("\x1B");
+    const auto forSequences = parser.patience();
     parser.feed("\xE0\xB6");
     EXPECT_EQ(inputsOf(parser), "");
-    EXPECT_TRUE(parser.isWaiting());
+    EXPECT_GT(parser.patience(), forSequences) << "no key sends a part of a scalar";
     parser.feed("\x9A");
-    EXPECT_EQ(inputsOf(parser), "\u0D9A");
+    EXPECT_EQ(inputsOf(parser), "<A-\u0D9A>");
     parser.feed("\xE0");
     EXPECT_EQ(inputsOf(parser), "");
     parser.feed("k");
     EXPECT_EQ(inputsOf(parser), "\uFFFDk");
+    parser.feed("\xE0");
+    EXPECT_EQ(inputsOf(parser), "");
+    EXPECT_EQ(describe(*parser.flush()), "\uFFFD") << "nothing has followed";
 }
 
 TEST(KeyParser, APasteMayBeLong) {
@@ -133,10 +138,66 @@ TEST(KeyParser, APasteMayBeLong) {
         parser.feed(piece);
         pasted += piece;
         ASSERT_EQ(parser.next(), std::nullopt);
-        ASSERT_FALSE(parser.isWaiting()) << "the end of a paste is not hurried";
+        ASSERT_EQ(parser.flush(), std::nullopt) << "the end of a paste is not hurried";
+        ASSERT_EQ(parser.patience(), std::nullopt) << "it is silent already";
     }
     parser.feed("\x1B[201~");
     EXPECT_EQ(std::get<Paste>(*parser.next()).text, pasted);
+}
+
+/// A test's notation of silence: nothing comes for as long as the parser asks for, if it does.
+constexpr std::string_view silence = "<silence>";
+
+std::string parsedInTime(const std::vector<std::string_view>& pieces) {
+    KeyParser parser;
+    std::string text;
+    for (const std::string_view piece : pieces) {
+        if (piece != silence) {
+            parser.feed(piece);
+        } else if (parser.patience()) {
+            const auto input = parser.flush();
+            text += input ? describe(*input) : "";
+        }
+        text += inputsOf(parser);
+    }
+    const auto unfinished = parser.takeUnfinishedPaste();
+    return text + (unfinished ? describe(*unfinished) + " unfinished" : "");
+}
+
+TEST(KeyParser, AWayOutThatIsTypedByItselfEndsAPaste) {
+    for (const char* wayOut : {"\x03", "\x04", "\x1A", "\x1C"}) {
+        const std::string key = parsed(wayOut);
+        const auto pressed = [&](const std::vector<std::string_view>& pieces) {
+            std::vector<std::string_view> all = {"\x1B[200~amma"};
+            all.insert(all.end(), pieces.begin(), pieces.end());
+            return parsedInTime(all);
+        };
+        const std::string_view typed = wayOut;
+        EXPECT_EQ(pressed({silence, typed, silence, "k"}), "{amma}" + key + "k");
+        EXPECT_EQ(pressed({silence, typed, typed, typed, silence}), "{amma}" + key + key + key)
+            << "held down";
+        EXPECT_EQ(pressed({"\x1B[201", silence, typed, silence}), "{amma}" + key)
+            << "a part of the end has come";
+        EXPECT_EQ(pressed({silence, typed, silence, "\x1B[201~"}), "{amma}" + key + "\uF8FF")
+            << "the end was late";
+    }
+}
+
+TEST(KeyParser, AWayOutWithinAPasteIsAPartOfIt) {
+    EXPECT_EQ(parsedInTime({"\x1B[200~a\x03", silence, "b\x1B[201~k"}), "{a\x03"
+                                                                        "b}k");
+    EXPECT_EQ(parsedInTime({"\x1B[200~a", silence,
+                            "\x03"
+                            "b",
+                            silence, "\x1B[201~k"}),
+              "{a\x03"
+              "b}k");
+    EXPECT_EQ(parsedInTime({"\x1B[200~a", silence, "\x03\x1B[201~", silence, "k"}), "{a\x03}k");
+    EXPECT_EQ(parsedInTime({"\x1B[200~a", "\x03", silence, "b\x1B[201~k"}), "{a\x03"
+                                                                            "b}k");
+    EXPECT_EQ(parsedInTime({"\x1B[200~", "\x03", silence, "\x1B[201~k"}), "{\x03}k");
+    EXPECT_EQ(parsedInTime({"\x1B[200~a", silence, "b", silence, "\x03", "c", silence}), "{ab\x03"
+                                                                                         "c} unfinished");
 }
 
 } // namespace
