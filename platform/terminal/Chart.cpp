@@ -1,6 +1,7 @@
 #include "Chart.h"
 
 #include "Clusters.h"
+#include "text/Visible.h"
 
 #include <algorithm>
 
@@ -39,7 +40,9 @@ std::vector<std::size_t> widthsOf(const std::vector<Row>& rows) {
 
 } // namespace
 
-void writeColumns(std::ostream& output, const std::vector<Row>& rows) {
+void writeColumns(std::ostream& output, std::vector<Row> rows) {
+    for (Row& row : rows)
+        std::ranges::transform(row, row.begin(), text::visible);
     const auto widths = widthsOf(rows);
     for (const Row& row : rows) {
         output << indent;

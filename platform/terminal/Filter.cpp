@@ -3,6 +3,7 @@
 #include "singlish/SinglishStream.h"
 #include "text/Characters.h"
 #include "text/Utf8.h"
+#include "text/Visible.h"
 
 #include <array>
 #include <cerrno>
@@ -48,6 +49,7 @@ bool writeAll(int output, std::string_view bytes) {
 } // namespace
 
 FilterOutcome filter(int input, int output, const SinglishTransliterator& transliterator) {
+    const bool isShown = ::isatty(output) != 0;
     SinglishStream stream(transliterator);
     std::string text, sinhala;
     std::array<char, pieceSize> piece;
@@ -64,7 +66,7 @@ FilterOutcome filter(int input, int output, const SinglishTransliterator& transl
         text.erase(0, complete);
         if (isLast)
             stream.finish(sinhala);
-        if (!writeAll(output, sinhala))
+        if (!writeAll(output, isShown ? text::visibleLines(sinhala) : sinhala))
             return FilterOutcome::cannotWrite;
         if (isLast) {
             errno = readError;

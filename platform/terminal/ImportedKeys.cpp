@@ -2,6 +2,7 @@
 
 #include "settings/SinglishSettings.h"
 #include "text/Equivalence.h"
+#include "text/Visible.h"
 
 #include <map>
 #include <optional>
@@ -36,7 +37,7 @@ private:
     void add(std::size_t place) {
         const auto& [key, letter] = wanted_[place];
         if (const auto problem = builtIn_.check(key, {}).problem) {
-            problems_ += key + ": " + message(*problem) + "\n";
+            problems_ += text::visible(key) + ": " + message(*problem) + "\n";
             return;
         }
         const auto typed = letterTypedBy(key);

@@ -5,6 +5,7 @@
 #include "ImportedKeys.h"
 #include "LetterEditor.h"
 #include "StoredKeys.h"
+#include "text/Visible.h"
 
 #include <algorithm>
 #include <array>
@@ -117,7 +118,7 @@ int KeysCommand::check(std::string_view key, std::string_view letterText) {
         return ExitStatus::refused;
     if (const auto problem = settings_.check(key, letter->id).problem)
         return refuse(message(*problem));
-    output_ << LetterEditor(*letter, settings_, std::string(key)).message().text << '\n';
+    output_ << text::visible(LetterEditor(*letter, settings_, std::string(key)).message().text) << '\n';
     return ExitStatus::done;
 }
 
@@ -238,7 +239,7 @@ int KeysCommand::refuse(std::string_view message) {
 }
 
 int KeysCommand::tell(std::string_view message, int status) {
-    errors_ << "singlish: " << message << '\n';
+    errors_ << "singlish: " << text::visibleLines(message) << '\n';
     return status;
 }
 

@@ -1,6 +1,7 @@
 #include "LineSession.h"
 
 #include "FunctionKey.h"
+#include "text/Category.h"
 #include "text/Utf8.h"
 
 #include <csignal>
@@ -21,7 +22,7 @@ bool isReturn(std::string_view characters) {
 std::string cleaned(std::string_view text) {
     std::string result;
     for (const text::Scalar& scalar : text::Scalars(text))
-        if ((scalar.value >= 0x20 && scalar.value != 0x7F) || scalar.value == '\t')
+        if (!text::isControl(scalar.value) || scalar.value == '\t')
             result += text::utf8(scalar.value);
     return result;
 }

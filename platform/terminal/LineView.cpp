@@ -1,6 +1,7 @@
 #include "LineView.h"
 
 #include "Clusters.h"
+#include "text/Visible.h"
 
 #include <algorithm>
 
@@ -19,12 +20,9 @@ std::string up(std::size_t rows) {
     return rows == 0 ? "" : "\x1B[" + std::to_string(rows) + "A";
 }
 
-/// A cluster as it may be sent to a terminal: no control character reaches it.
+/// A cluster as it may be sent to a terminal.
 std::string drawable(std::string_view cluster) {
-    std::string result(cluster);
-    std::ranges::replace_if(
-        result, [](char byte) { return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F; }, ' ');
-    return result;
+    return cluster == "\t" ? " " : text::visible(cluster);
 }
 
 } // namespace
@@ -35,14 +33,15 @@ public:
     explicit Rows(std::size_t columns) : columns_(columns), rows_(1) {}
 
     void append(std::string_view cluster, bool isUnderlined) {
-        const std::size_t width = Clusters::width(cluster);
+        const std::string drawn = drawable(cluster);
+        const std::size_t width = Clusters::width(drawn);
         if (rows_.back().width > 0 &&
             rows_.back().width + width >= columns_) { // the last cell is the caret's
             underline(false);
             rows_.emplace_back();
         }
         underline(isUnderlined);
-        rows_.back().text += drawable(cluster);
+        rows_.back().text += drawn;
         rows_.back().width += width;
     }
 

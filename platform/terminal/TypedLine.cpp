@@ -15,10 +15,6 @@ namespace {
 constexpr char32_t controlA = 0x01, controlB = 0x02, controlD = 0x04, controlE = 0x05, controlF = 0x06,
                    controlH = 0x08, tab = 0x09, controlK = 0x0B, controlU = 0x15, controlW = 0x17;
 
-bool isControl(char32_t scalar) noexcept {
-    return scalar < 0x20 || scalar == 0x7F;
-}
-
 bool isSinhala(char32_t scalar) noexcept {
     return scalar >= 0x0D80 && scalar <= 0x0DFF;
 }
@@ -60,7 +56,7 @@ bool TypedLine::apply(const KeyEvent& event) {
         return applyControl(scalar.value);
     if (event.modifierFlags & (KeyEvent::option | KeyEvent::command) || characters.empty())
         return false;
-    if (isControl(scalar.value) && scalar.value != tab)
+    if (text::isControl(scalar.value) && scalar.value != tab)
         return false;
     if (scalar.value >= FunctionKey::upArrow && scalar.value <= FunctionKey::other)
         return applyFunctionKey(scalar.value);

@@ -6,6 +6,8 @@
 #include "LineSession.h"
 #include "Terminal.h"
 #include "Version.h"
+#include "VisibleOutput.h"
+#include "text/Visible.h"
 
 #include <cerrno>
 #include <clocale>
@@ -139,13 +141,16 @@ int run(Arguments arguments) {
         std::cout << "singlish " << version << '\n';
         return ExitStatus::done;
     }
-    std::cerr << "singlish: Not understood: " << command << "\nsinglish --help tells what is.\n";
+    std::cerr << "singlish: Not understood: " << text::visible(command)
+              << "\nsinglish --help tells what is.\n";
     return ExitStatus::usage;
 }
 
 } // namespace
 
 int main(int count, char** values) {
+    std::ios::sync_with_stdio(false); // so that a standard input that fails is told from one that ends
+    const VisibleOutput output(std::cout, STDOUT_FILENO);
     const std::vector<std::string_view> arguments(values + 1, values + count);
     const int status = run(arguments);
     if (status == ExitStatus::failed || std::cout.flush())

@@ -170,6 +170,47 @@ TEST_F(KeysCommandTest, KeepsWhatItDoesNotKnow) {
                       "  \u0D9A   q    your key\n");
 }
 
+/// Keys come in files of others, and arguments out of scripts: what would act on a terminal is spelled out.
+TEST_F(KeysCommandTest, SpellsOutControlCharacters) {
+    defaults.setData(
+        SinglishSettings::storedName,
+        R"({"addedKeys":[{"key":"q\u001b[2J","letter":"x\u0000\n"}],"disabledKeys":["\u009b"]})");
+    settings.reloadIfChanged();
+    EXPECT_EQ(run({}), ExitStatus::done);
+    EXPECT_EQ(output, "  x\\u{0}\\n   q\\u{1B}[2J   no such letter\n"
+                      "             \\u{9B}       switched off; no built-in key\n");
+
+    struct Row {
+        std::vector<std::string_view> arguments;
+        std::string errors;
+    };
+    const std::vector<Row> rows = {
+        {{"add", "q", "\x1B"}, "No such letter: \\u{1B}\n"},
+        {{"remove", "\x1Bq\n"}, "You have added no key \\u{1B}q\\n\n"},
+        {{"off", "\x9B"}, "\\x9B is not a built-in key\n"},
+        {{"import", "/no/\x1B"}, "Cannot read /no/\\u{1B}: No such file or directory\n"},
+        {{"import", "-"}, "Your keys stay as they are, because of\n\\u{1B}: Use English letters only\n\n"},
+    };
+    for (const Row& row : rows) {
+        run(row.arguments, R"({"addedKeys":[{"key":"\u001b","letter":"x"}],"disabledKeys":[]})");
+        EXPECT_EQ(errors, "singlish: " + row.errors);
+    }
+    const test::TemporaryFolder folder;
+    const std::string path = (folder.path() / "a\x1B").string();
+    std::ofstream(path) << "{";
+    run({"import", path});
+    EXPECT_TRUE(errors.starts_with("singlish: " + (folder.path() / "a\\u{1B} is not a").string())) << errors;
+}
+
+TEST_F(KeysCommandTest, ExportsControlCharactersAsTheyAre) {
+    const std::string document =
+        "{\"addedKeys\":[{\"key\":\"q\u009B\u007F\",\"letter\":\"x\"}],\"disabledKeys\":[]}";
+    defaults.setData(SinglishSettings::storedName, document);
+    settings.reloadIfChanged();
+    EXPECT_EQ(run({"export"}), ExitStatus::done);
+    EXPECT_EQ(output, document + "\n");
+}
+
 TEST_F(KeysCommandTest, TakesAKeyThatItsLetterHasAlready) {
     EXPECT_EQ(run({"import", "-"}, "{\"addedKeys\":[{\"key\":\"k\",\"letter\":\"\u0D9A\"},"
                                    "{\"key\":\"q\",\"letter\":\"\u0D9A\"}],\"disabledKeys\":[]}"),

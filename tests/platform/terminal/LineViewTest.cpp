@@ -177,7 +177,9 @@ TEST_P(LineViewTest, LeavesTheFinishedLineAndBeginsARow) {
 }
 
 TEST_P(LineViewTest, SendsNoControlCharacterOfTheText) {
-    EXPECT_EQ(drawn(lineOf("a\tb\x1B[31mc")), "a b [31mc|");
+    EXPECT_EQ(drawn(lineOf("a\tb\x1B[m")), "a b\\u{1B}/[m|") << "as wide as it is spelled";
+    EXPECT_EQ(drawn(lineOf("\u009Bm\u202E")), "\\u{9B}m/\\u{202E}|");
+    EXPECT_NE(view.finish("\u009D").find("\\u{9D}"), std::string::npos);
 }
 
 TEST_P(LineViewTest, DrawsAnythingTyped) {

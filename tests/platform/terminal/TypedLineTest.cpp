@@ -70,7 +70,8 @@ TEST(TypedLine, DoesWithKeysWhatTextFieldsDo) {
 
 TEST(TypedLine, TellsWhichKeysAreNotForIt) {
     TypedLine line;
-    for (const char* key : {"<escape>", "<return>", "<up>", "<f1>", "<A-x>", "<D-c>", "<dead>", "<C-c>"})
+    for (const char* key :
+         {"<escape>", "<return>", "<up>", "<f1>", "<A-x>", "<D-c>", "<dead>", "<C-c>", "\u009B"})
         EXPECT_FALSE(line.apply(*test::keyNamed(key))) << key;
     for (const char* key : {"a", "<space>", "<tab>", "<left>", "<delete>", "<C-\x01>", "\u0D9A", "\u200D"})
         EXPECT_TRUE(line.apply(*test::keyNamed(key))) << key;

@@ -13,6 +13,7 @@ import unittest
 
 SINGLISH = os.path.abspath(sys.argv.pop(1))
 PATIENCE = 10  # seconds; everything here takes milliseconds
+SILENCE = 0.3  # seconds; longer than a paste halts within itself
 
 
 def until(condition, describe):
@@ -303,57 +304,180 @@ class LineOnATerminal(unittest.TestCase):
                    "what it is, or pipe text through singlish", "status 3")
 
 
-class TheEndOfATerminal(unittest.TestCase):
-    def paste_and_end(self, end):
-        """Types, begins a paste without ending it, and calls `end` with the process and the terminal. Returns
-        the lines that were finished and the exit status."""
-        with tempfile.TemporaryDirectory() as folder:
-            out = os.path.join(folder, "out")
-            environment = {**os.environ, "TERM": "xterm", "LC_ALL": "C.UTF-8", "XDG_CONFIG_HOME": folder}
-            child, terminal = pty.fork()
-            if child == 0:
-                os.dup2(os.open(out, os.O_CREAT | os.O_WRONLY, 0o600), 1)
-                os.execve(SINGLISH, [SINGLISH], environment)
-            try:
-                self.read_until(terminal, "Ctrl-D")
-                os.write(terminal, b"amma")
-                self.read_until(terminal, "\u0d85\u0db8\u0dca\u0db8")
-                os.write(terminal, b" \x1b[200~one\nkya two")
-                self.read_until(terminal, "\u0d85\u0db8\u0dca\u0db8 ")
-                end(child, terminal)
-                limit = time.monotonic() + PATIENCE
-                ended, status = os.waitpid(child, os.WNOHANG)
-                while not ended and time.monotonic() < limit:
-                    time.sleep(0.01)
-                    ended, status = os.waitpid(child, os.WNOHANG)
-                self.assertTrue(ended)
-                child = None
-            finally:
-                if child:
-                    os.kill(child, signal.SIGKILL)
-                    os.waitpid(child, 0)
-            with open(out, encoding="utf-8") as file:
-                return file.read(), os.waitstatus_to_exitcode(status)
+def read_in_vain():
+    """Puts this process into the background of its terminal and has it ignore that: reading fails from then on."""
+    for number in (signal.SIGTTIN, signal.SIGTTOU):
+        signal.signal(number, signal.SIG_IGN)
+    foreground = os.fork()
+    if foreground == 0:
+        signal.pause()  # until the session ends
+    os.setpgid(foreground, foreground)
+    os.tcsetpgrp(0, foreground)
 
-    def read_until(self, terminal, text):
-        shown = b""
+
+class TypingByBytes:
+    """singlish on a pseudo-terminal of its own, to which bytes are sent as a test has them, and its finished lines
+    in a file."""
+
+    def __init__(self, prepare=lambda: None):
+        self.folder = tempfile.TemporaryDirectory(prefix="vanoka-typing-")
+        self.out = os.path.join(self.folder.name, "out")
+        self.shown = b""
+        self.status = None
+        self.child, self.terminal = pty.fork()
+        if self.child == 0:
+            environment = {**os.environ, "TERM": "xterm", "LC_ALL": "C.UTF-8", "XDG_CONFIG_HOME": self.folder.name}
+            prepare()
+            os.dup2(os.open(self.out, os.O_CREAT | os.O_WRONLY, 0o600), 1)
+            os.execve(SINGLISH, [SINGLISH], environment)
+        self.shows("Ctrl-D")
+
+    def type(self, data):
+        os.write(self.terminal, data if isinstance(data, bytes) else data.encode())
+
+    def shows(self, text):
+        """Waits until the terminal has been sent this since the last time."""
+        wanted = text.encode()
         end = time.monotonic() + PATIENCE
-        while text.encode() not in shown:
-            self.assertLess(time.monotonic(), end, shown)
-            if select.select([terminal], [], [], 0.1)[0]:
-                shown += os.read(terminal, 4096)
+        while wanted not in self.shown:
+            if time.monotonic() > end:
+                raise AssertionError(f"{text!r} is not in {self.shown!r}")
+            if select.select([self.terminal], [], [], 0.1)[0]:
+                self.shown += os.read(self.terminal, 4096)
+        drawn, self.shown = self.shown, b""
+        return drawn
+
+    def hang_up(self):
+        os.close(self.terminal)
+        self.terminal = None
+
+    def ends(self):
+        """Waits for the end; the finished lines and the exit status."""
+        end = time.monotonic() + PATIENCE
+        while self.status is None:
+            if time.monotonic() > end:
+                raise AssertionError("it does not end")
+            process, status = os.waitpid(self.child, os.WNOHANG)
+            if process:
+                self.status = os.waitstatus_to_exitcode(status)
+            elif self.terminal is not None and select.select([self.terminal], [], [], 0.01)[0]:
+                try:
+                    os.read(self.terminal, 4096)
+                except OSError:  # the other end has been closed
+                    time.sleep(0.01)
+        return self.lines(), self.status
+
+    def ends_unread(self):
+        """The same while nobody reads what it draws."""
+        until(lambda: self.has_ended(), lambda: "it does not end")
+        return self.lines(), self.status
+
+    def has_ended(self):
+        process, status = os.waitpid(self.child, os.WNOHANG)
+        if process:
+            self.status = os.waitstatus_to_exitcode(status)
+        return bool(process)
+
+    def lines(self):
+        with open(self.out, encoding="utf-8") as file:
+            return file.read()
+
+    def close(self):
+        if self.status is None:
+            os.kill(self.child, signal.SIGKILL)
+            os.waitpid(self.child, 0)
+        if self.terminal is not None:
+            os.close(self.terminal)
+        self.folder.cleanup()
+
+
+class BytesOnATerminal(unittest.TestCase):
+    def start(self, **options):
+        typing = TypingByBytes(**options)
+        self.addCleanup(typing.close)
+        return typing
+
+    def begin_paste(self):
+        typing = self.start()
+        typing.type("amma")
+        typing.shows("\u0d85\u0db8\u0dca\u0db8")
+        typing.type(" \x1b[200~one\nkya two")
+        typing.shows("\u0d85\u0db8\u0dca\u0db8 ")
+        return typing
 
     def test_what_has_come_of_a_paste_is_kept(self):
-        def hang_up(_, terminal):
-            os.close(terminal)
+        for end, status in ((lambda typing: os.kill(typing.child, signal.SIGTERM), -signal.SIGTERM),
+                            (TypingByBytes.hang_up, -signal.SIGHUP)):
+            with self.subTest(status=status):
+                typing = self.begin_paste()
+                end(typing)
+                self.assertEqual(typing.ends(), ("\u0d85\u0db8\u0dca\u0db8 one\nkya two\n", status))
 
-        def end_by_signal(child, terminal):
-            os.kill(child, signal.SIGTERM)
-            self.addCleanup(os.close, terminal)
+    def test_a_paste_whose_end_is_lost_lets_the_user_out(self):
+        for key, status in ((b"\x03", -signal.SIGINT), (b"\x1c", -signal.SIGQUIT)):
+            with self.subTest(key=key):
+                typing = self.begin_paste()
+                time.sleep(SILENCE)
+                typing.type(key)
+                self.assertEqual(typing.ends(), ("\u0d85\u0db8\u0dca\u0db8 one\nkya two\n", status))
 
-        for end, status in ((end_by_signal, -signal.SIGTERM), (hang_up, -signal.SIGHUP)):
-            with self.subTest(end=end.__name__):
-                self.assertEqual(self.paste_and_end(end), ("අම්ම one\nkya two\n", status))
+    def test_a_paste_whose_end_is_lost_can_be_gone_on_from(self):
+        for key in (b"\x04", b"\x1a"):  # nothing to delete; nothing to stop this process with
+            with self.subTest(key=key):
+                typing = self.begin_paste()
+                time.sleep(SILENCE)
+                typing.type(key)
+                typing.shows("kya two")
+                typing.type(" kya\r\x04")
+                self.assertEqual(typing.ends(), ("\u0d85\u0db8\u0dca\u0db8 one\nkya two \u0d9a\u0dca\u200d\u0dba\n", 0))
+
+    def test_control_characters_within_a_paste_end_nothing(self):
+        typing = self.start()
+        typing.type("\x1b[200~one\x03")
+        time.sleep(SILENCE)
+        typing.type("two\x1c three")
+        time.sleep(SILENCE)
+        typing.type("\x04\x1b[201~\r\x04")
+        self.assertEqual(typing.ends(), ("onetwo three\n", 0))
+
+    def test_no_control_character_is_drawn_or_put_in(self):
+        typing = self.start()
+        typing.type("\x1b[200~a\u009b31mb\u009d0;title\u009c\u0007c\u202ed\x1b[201~")
+        drawn = typing.shows("\\u{202E}d")
+        typing.type("\u009b1")
+        drawn += typing.shows("\\u{202E}d1")
+        self.assertNotIn("\u009b".encode(), drawn)
+        self.assertNotIn("\u009d".encode(), drawn)
+        self.assertNotIn("\u202e".encode(), drawn)
+        typing.type("\r\x04")
+        self.assertEqual(typing.ends(), ("a31mb0;titlec\u202ed1\n", 0))
+
+    def test_the_bytes_of_a_letter_may_come_one_by_one(self):
+        typing = self.start()
+        for byte in "k\u0d9a\U0001f600\r\x04".encode():
+            typing.type(bytes([byte]))
+            time.sleep(0.12)
+        self.assertEqual(typing.ends(), ("\u0d9a\u0dca\u0d9a\U0001f600\n", 0))
+
+    def test_a_signal_counts_while_the_terminal_takes_nothing(self):
+        for number in (signal.SIGTERM, signal.SIGHUP):
+            with self.subTest(signal=number):
+                typing = self.start()
+                os.set_blocking(typing.terminal, False)
+                typed = 0
+                while select.select([], [typing.terminal], [], 0.5)[1]:  # until what it draws has nowhere to go
+                    typed += os.write(typing.terminal, b"1" * 16)
+                os.kill(typing.child, number)
+                lines, status = typing.ends_unread()
+                self.assertEqual(status, -number)
+                self.assertRegex(lines, "^1+\n$")
+                self.assertLessEqual(len(lines) - 1, typed)
+
+    def test_a_terminal_that_cannot_be_read_is_told(self):
+        typing = self.start(prepare=read_in_vain)
+        typing.type("a")
+        typing.shows("singlish: Cannot read: Input/output error")
+        self.assertEqual(typing.ends(), ("", 3))
 
 
 class Utf8IsAskedFor(unittest.TestCase):
