@@ -1,16 +1,21 @@
 #include "Command.h"
 
 #include "Drawing.h"
+#include "ExitStatus.h"
 #include "Explanation.h"
 #include "KeyboardFile.h"
+#include "ListReading.h"
 #include "Measurement.h"
 #include "Reading.h"
 #include "SimulatedFinger.h"
 #include "StrokeFile.h"
 #include "WordFile.h"
+#include "text/Visible.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <cstring>
 #include <fstream>
 #include <functional>
 #include <iostream>
@@ -55,11 +60,9 @@ constexpr std::string_view habitsHelp = R"(The habits of the simulated finger:
 They are guesses about hands, not measurements of people.
 )";
 
-enum Status : int { done = 0, refused = 1, usage = 2, failed = 3 };
-
 /// An outcome to tell and to leave with.
 struct Failure {
-    Status status;
+    int status; ///< see "ExitStatus.h"
     std::string message;
 };
 
@@ -75,7 +78,7 @@ Number option(Options& options, std::string_view name, Number standard, Number l
     options.erase(found);
     const auto value = number<Number>(text);
     if (!value || !(*value >= least && *value <= most))
-        throw Failure{usage, "--" + std::string(name) + " cannot be " + text};
+        throw Failure{ExitStatus::usage, "--" + std::string(name) + " cannot be " + text};
     return *value;
 }
 
@@ -90,38 +93,48 @@ std::string option(Options& options, std::string_view name) {
 
 void expectNoMore(const Options& options) {
     if (!options.empty())
-        throw Failure{usage, "Not understood: --" + options.begin()->first};
+        throw Failure{ExitStatus::usage, "Not understood: --" + options.begin()->first};
 }
 
 /// Opens a file, or standard input for -, and hands it on.
 template <class Read>
 auto readFile(const std::string& path, Read read) {
-    if (path == "-")
-        return read(std::cin);
-    std::ifstream file(path);
+    std::ifstream file;
+    if (path != "-")
+        file.open(path);
+    std::istream& input = path == "-" ? std::cin : file;
+    const auto cannotRead = [&path] {
+        return Failure{ExitStatus::failed, "Cannot read " + path + ": " + std::strerror(errno)};
+    };
     if (!file)
-        throw Failure{failed, "Cannot read " + path};
-    auto result = read(file);
-    if (file.bad())
-        throw Failure{failed, "Cannot read " + path};
+        throw cannotRead();
+    auto result = read(input);
+    if (input.bad())
+        throw cannotRead();
     return result;
 }
 
 template <class Value>
 Value orRefuse(std::variant<Value, BadLine> read, const std::string& path) {
     if (const auto* bad = std::get_if<BadLine>(&read))
-        throw Failure{refused, path + ":" + std::to_string(bad->line) + ": " + bad->problem};
+        throw Failure{ExitStatus::refused, path + ":" + std::to_string(bad->line) + ": " + bad->problem};
     return std::get<Value>(std::move(read));
 }
 
 CountedWords wordsIn(const std::string& path) {
-    return readFile(path, readWords);
+    CountedWords words = readFile(path, readWords);
+    if (words.empty())
+        throw Failure{ExitStatus::refused, path + " has no line of a word, a tab and its count"};
+    return words;
 }
 Keyboard keyboardIn(const std::string& path) {
     return orRefuse(readFile(path, readKeyboard), path);
 }
 std::vector<MeantStroke> strokesIn(const std::string& path) {
-    return orRefuse(readFile(path, readStrokes), path);
+    auto strokes = orRefuse(readFile(path, readStrokes), path);
+    if (strokes.empty())
+        throw Failure{ExitStatus::refused, path + " has no stroke"};
+    return strokes;
 }
 
 SwipeDecoder::Personal personalIn(const std::string& path) {
@@ -134,10 +147,8 @@ SwipeDecoder::Personal personalIn(const std::string& path) {
 
 using Files = std::vector<std::string>;
 
-constexpr std::int64_t mostResults = 1'000'000;
-
 void runMeasure(const Files& files, Options options, std::ostream& output) {
-    const auto limit = option<std::int64_t>(options, "limit", 5, 1, mostResults);
+    const auto limit = option<std::int64_t>(options, "limit", 5, 1, ListReading::mostResults);
     const std::string personalPath = option(options, "personal");
     expectNoMore(options);
     const CountedWords words = wordsIn(files[0]);
@@ -199,7 +210,7 @@ void runSimulate(const Files& files, Options options, std::ostream& output) {
     std::erase_if(words, [&](const auto& word) { return !SimulatedFinger::canSwipe(word.first, centers); });
     const Urn urn(words, isEven);
     if (urn.isEmpty())
-        throw Failure{refused, "No word of " + files[0] + " can be swiped on " + files[1]};
+        throw Failure{ExitStatus::refused, "No word of " + files[0] + " can be swiped on " + files[1]};
     for (std::int64_t written = 0; written < count; ++written) {
         const std::string& word = urn.draw(finger.fraction());
         writeStroke(output, {word, keyboard.keyWidth, finger.swipe(word, layout, keyboard.keyWidth).value()});
@@ -208,7 +219,7 @@ void runSimulate(const Files& files, Options options, std::ostream& output) {
 
 void runDraw(const Files& files, Options options, std::ostream& output) {
     const auto which = option<std::size_t>(options, "stroke", 1, 1, ~std::size_t{0});
-    const auto limit = option<std::int64_t>(options, "limit", 5, 1, mostResults);
+    const auto limit = option<std::int64_t>(options, "limit", 5, 1, ListReading::mostResults);
     const std::string personalPath = option(options, "personal");
     expectNoMore(options);
     const CountedWords words = wordsIn(files[0]);
@@ -216,7 +227,8 @@ void runDraw(const Files& files, Options options, std::ostream& output) {
     const auto strokes = strokesIn(files[2]);
     const auto personal = personalIn(personalPath);
     if (which > strokes.size())
-        throw Failure{refused, files[2] + " has only " + std::to_string(strokes.size()) + " strokes"};
+        throw Failure{ExitStatus::refused,
+                      files[2] + " has only " + std::to_string(strokes.size()) + " strokes"};
     const MeantStroke& stroke = strokes[which - 1];
     const SwipeKeys layout = keyboard.layout();
     const auto list = views(words);
@@ -242,23 +254,23 @@ void run(std::span<const std::string_view> arguments, std::ostream& output) {
         return;
     }
     if (arguments.empty())
-        throw Failure{usage, "What is to be done?"};
+        throw Failure{ExitStatus::usage, "What is to be done?"};
     const auto* subcommand = std::ranges::find(subcommands, arguments[0], &Subcommand::name);
     if (subcommand == subcommands.end())
-        throw Failure{usage, "Not understood: " + std::string(arguments[0])};
+        throw Failure{ExitStatus::usage, "Not understood: " + std::string(arguments[0])};
     Files files;
     Options options;
     for (std::size_t i = 1; i < arguments.size(); ++i) {
         if (!arguments[i].starts_with("--"))
             files.emplace_back(arguments[i]);
         else if (i + 1 == arguments.size())
-            throw Failure{usage, std::string(arguments[i]) + " needs a value"};
+            throw Failure{ExitStatus::usage, std::string(arguments[i]) + " needs a value"};
         else
             options[std::string(arguments[i].substr(2))] = arguments[i + 1], ++i;
     }
     if (files.size() != subcommand->files)
-        throw Failure{usage, std::string(subcommand->name) + " needs " + std::to_string(subcommand->files) +
-                                 " files"};
+        throw Failure{ExitStatus::usage, std::string(subcommand->name) + " needs " +
+                                             std::to_string(subcommand->files) + " files"};
     subcommand->run(files, std::move(options), output);
 }
 
@@ -267,10 +279,10 @@ void run(std::span<const std::string_view> arguments, std::ostream& output) {
 int runSwipeCommand(std::span<const std::string_view> arguments, std::ostream& output, std::ostream& errors) {
     try {
         run(arguments, output);
-        return done;
+        return ExitStatus::done;
     } catch (const Failure& failure) {
-        errors << "vanoka-swipe: " << failure.message << '\n';
-        if (failure.status == usage)
+        errors << "vanoka-swipe: " << text::visible(failure.message) << '\n';
+        if (failure.status == ExitStatus::usage)
             errors << "vanoka-swipe --help tells what is understood.\n";
         return failure.status;
     }

@@ -82,17 +82,16 @@ SwipeKeys Keyboard::layout() const {
 
 std::variant<Keyboard, BadLine> readKeyboard(std::istream& input) {
     KeyboardReader reader;
-    std::size_t line = 0;
-    for (std::string text; std::getline(input, text);) {
-        ++line;
+    Lines lines(input);
+    for (std::string text; lines.next(text);) {
         const Fields fields = parts(text, " \t\r");
         if (fields.empty() || fields[0].starts_with('#'))
             continue;
         if (std::string problem = reader.read(fields); !problem.empty())
-            return BadLine{line, problem};
+            return BadLine{lines.number(), problem};
     }
     if (std::string problem = reader.finish(); !problem.empty())
-        return BadLine{line, problem};
+        return BadLine{lines.number(), problem};
     return reader.take();
 }
 

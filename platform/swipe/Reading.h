@@ -1,6 +1,9 @@
 #pragma once
 
+#include "ListReading.h"
+
 #include <charconv>
+#include <istream>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,6 +17,28 @@ namespace vanoka {
 struct BadLine {
     std::size_t line = 0; ///< counted from 1
     std::string problem;
+};
+
+/// The lines of a text file, without the byte order mark that it may begin with.
+class Lines {
+public:
+    explicit Lines(std::istream& input) : input_(input) {}
+
+    /// Reads the next line into `line`; false at the end.
+    bool next(std::string& line) {
+        if (!std::getline(input_, line))
+            return false;
+        if (++number_ == 1)
+            line.erase(0, line.size() - ListReading::withoutByteOrderMark(line).size());
+        return true;
+    }
+
+    /// The number of the line that was read last, counted from 1; 0 before the first.
+    std::size_t number() const noexcept { return number_; }
+
+private:
+    std::istream& input_;
+    std::size_t number_ = 0;
 };
 
 /// The whole text as a number; nothing when it is none or does not fit.

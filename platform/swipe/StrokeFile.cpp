@@ -43,14 +43,13 @@ std::string shortest(double number) {
 
 std::variant<std::vector<MeantStroke>, BadLine> readStrokes(std::istream& input) {
     std::vector<MeantStroke> strokes;
-    std::size_t line = 0;
-    for (std::string text; std::getline(input, text);) {
-        ++line;
+    Lines lines(input);
+    for (std::string text; lines.next(text);) {
         if (text.starts_with('#') || parts(text, "\t\r ").empty())
             continue;
         auto read = stroke(text);
         if (const auto* problem = std::get_if<std::string>(&read))
-            return BadLine{line, *problem};
+            return BadLine{lines.number(), *problem};
         strokes.push_back(std::get<MeantStroke>(std::move(read)));
     }
     return strokes;

@@ -1,17 +1,19 @@
 #include "WordFile.h"
 
 #include "Reading.h"
+#include "text/Rows.h"
 
 namespace vanoka {
 
 CountedWords readWords(std::istream& input) {
     CountedWords words;
-    for (std::string line; std::getline(input, line);) {
+    Lines lines(input);
+    for (std::string line; lines.next(line);) {
         const auto fields = parts(line, "\t\r");
         if (line.starts_with('#') || line.starts_with('\t') || fields.size() != 2)
             continue;
-        if (const auto count = number<std::int64_t>(fields[1]))
-            words.emplace_back(fields[0], *count);
+        if (const auto count = text::integer(fields[1]))
+            words.emplace_back(fields[0], ListReading::held(*count));
     }
     return words;
 }

@@ -1,7 +1,9 @@
 #include "ListCheck.h"
 
+#include "ListReading.h"
 #include "text/Rows.h"
 #include "text/Utf8.h"
+#include "text/Visible.h"
 #include "words/SinhalaSpelling.h"
 
 #include <algorithm>
@@ -13,6 +15,8 @@ namespace vanoka {
 namespace {
 
 constexpr std::array<std::string_view, 3> names = {"sinhala", "english", "emoji"};
+constexpr std::string_view byteOrderMarkWarning = "it begins with a byte order mark, which is passed over "
+                                                  "here; a keyboard may take it as a part of the word";
 
 bool isSinhala(std::string_view word) {
     for (const text::Scalar& scalar : text::Scalars(word))
@@ -33,20 +37,11 @@ std::size_t illFormedByte(std::string_view line) {
 
 /// A field as it can be shown within a line.
 std::string quoted(std::string_view field) {
-    std::string result = "\"";
-    for (const char byte : field) {
-        if (byte == '\r' || byte == '\n')
-            result += byte == '\r' ? "\\r" : "\\n";
-        else
-            result += byte;
-    }
-    return result + '"';
+    return '"' + text::visible(field) + '"';
 }
 
 /// Why a field is no count; empty when it is one.
 std::string countProblem(std::string_view field) {
-    if (text::integer(field))
-        return {};
     const bool isSigned = field.starts_with('-') || field.starts_with('+');
     const std::string_view digits = field.substr(isSigned ? 1 : 0);
     if (!digits.empty() && digits.find_first_not_of("0123456789") == std::string_view::npos)
@@ -62,13 +57,28 @@ std::string joined(std::string_view line, std::size_t number, std::size_t inside
                : ": lines " + std::to_string(number) + " to " + std::to_string(number + others) + " are one";
 }
 
+/// All but the first of the lines that CR LF keeps together are lost even when the line loads.
+LineProblem joinedProblem(const LineProblem& problem, std::string_view line, std::size_t inside) {
+    std::string reason = "it ends in CR LF, which ends no line" + joined(line, problem.number, inside);
+    if (!problem.reason.empty())
+        reason.append("; ").append(problem.reason);
+    return {problem.number, std::move(reason)};
+}
+
 class Checker {
 public:
     explicit Checker(ListKind kind) : kind_(kind) {}
 
-    /// Why the line with this number is skipped; empty when it is not.
-    std::string problemOf(std::string_view line, std::size_t number) {
+    /// What is wrong with the line with this number; the reason is empty when nothing is.
+    LineProblem problemOf(std::string_view line, std::size_t number) {
         const text::Row row = text::rowOf(line);
+        if (std::string reason = skippedBecause(row, line, number); !reason.empty())
+            return {number, std::move(reason)};
+        return {number, warningOf(row), LineProblem::Kind::warning};
+    }
+
+private:
+    std::string skippedBecause(const text::Row& row, std::string_view line, std::size_t number) {
         switch (row.kind) {
         case text::Row::Kind::empty:
         case text::Row::Kind::comment:
@@ -80,18 +90,26 @@ public:
         case text::Row::Kind::tooManyFields:
             return "there are more than two fields";
         case text::Row::Kind::fields:
-            return problemOf(row, number);
+            return skippedBecause(row, number);
         }
         return {};
     }
 
-private:
-    std::string problemOf(const text::Row& row, std::size_t number) {
+    std::string skippedBecause(const text::Row& row, std::size_t number) {
         if (kind_ == ListKind::emoji)
             return emojiProblem(row.first, number);
-        if (kind_ == ListKind::english && row.second == "chat")
+        const bool isCount = text::integer(row.second) || isChat(row);
+        return isCount ? std::string() : countProblem(row.second);
+    }
+
+    bool isChat(const text::Row& row) const { return kind_ == ListKind::english && row.second == "chat"; }
+
+    std::string warningOf(const text::Row& row) const {
+        const auto count = text::integer(row.second);
+        if (kind_ == ListKind::emoji || !count || ListReading::held(*count) == *count)
             return {};
-        return countProblem(row.second);
+        return "the count is held to " + std::to_string(ListReading::held(*count)) +
+               " here; a keyboard that adds up larger ones stops";
     }
 
     std::string emojiProblem(std::string_view word, std::size_t number) {
@@ -132,26 +150,28 @@ ListKind guessListKind(std::string_view list) {
     return static_cast<ListKind>(std::ranges::max_element(rows) - rows.begin());
 }
 
-std::vector<SkippedLine> skippedLines(std::string_view list, ListKind kind) {
-    std::vector<SkippedLine> skipped;
+std::vector<LineProblem> problemsOf(std::string_view list, ListKind kind) {
+    std::vector<LineProblem> problems;
     Checker checker(kind);
     std::size_t number = 1;
+    if (list.starts_with(ListReading::byteOrderMark))
+        problems.push_back({number, std::string(byteOrderMarkWarning), LineProblem::Kind::warning});
+    list = ListReading::withoutByteOrderMark(list);
     while (!list.empty()) {
         const std::string_view line = text::takeLine(list);
         const auto inside = static_cast<std::size_t>(std::ranges::count(line, '\n'));
-        std::string problem = checker.problemOf(line, number);
-        // All but the first of the lines that CR LF keeps together are lost even when the line loads.
-        if (inside > 0) {
-            std::string ending = "it ends in CR LF, which ends no line" + joined(line, number, inside);
-            if (!problem.empty())
-                ending.append("; ").append(problem);
-            problem = std::move(ending);
-        }
-        if (!problem.empty())
-            skipped.push_back({number, std::move(problem)});
+        LineProblem problem = checker.problemOf(line, number);
+        if (inside > 0)
+            problem = joinedProblem(problem, line, inside);
+        if (!problem.reason.empty())
+            problems.push_back(std::move(problem));
         number += inside + 1;
     }
-    return skipped;
+    return problems;
+}
+
+std::size_t countOf(LineProblem::Kind kind, const std::vector<LineProblem>& problems) {
+    return static_cast<std::size_t>(std::ranges::count(problems, kind, &LineProblem::kind));
 }
 
 } // namespace vanoka

@@ -3,11 +3,13 @@
 #include "EmojiAnnotations.h"
 #include "ExitStatus.h"
 #include "ListCheck.h"
+#include "ListReading.h"
+#include "SinhalaList.h"
 #include "WordCounter.h"
 #include "Words.h"
 #include "text/LetterCase.h"
 #include "text/Rows.h"
-#include "text/Utf8.h"
+#include "text/Visible.h"
 #include "words/EmojiWords.h"
 #include "words/EnglishWordList.h"
 #include "words/SinhalaWordList.h"
@@ -69,12 +71,12 @@ std::optional<int> ListsCommand::run(Arguments arguments) {
 }
 
 int ListsCommand::misuse(const std::string& problem) {
-    errors_ << "vanoka-lists: " << problem << "\nvanoka-lists --help tells what it does.\n";
+    errors_ << "vanoka-lists: " << text::visible(problem) << "\nvanoka-lists --help tells what it does.\n";
     return ExitStatus::usage;
 }
 
 int ListsCommand::cannotRead(const std::string& path) {
-    errors_ << "vanoka-lists: Cannot read " << path << ": " << std::strerror(errno) << '\n';
+    errors_ << "vanoka-lists: Cannot read " << text::visible(path) << ": " << std::strerror(errno) << '\n';
     return ExitStatus::failed;
 }
 
@@ -143,7 +145,7 @@ int ListsCommand::count(const Options& options, Language language) {
     for (const auto& [word, count] : words.ranked(*minimum))
         output_ << word << '\t' << count << '\n';
 
-    for (std::string_view rest = chat; !rest.empty();)
+    for (std::string_view rest = ListReading::withoutByteOrderMark(chat); !rest.empty();)
         if (const std::string_view line = text::takeLine(rest); !line.starts_with('#'))
             forEachEnglishWord(line, [&](std::string_view word) { output_ << word << "\tchat\n"; });
     return ExitStatus::done;
@@ -167,7 +169,7 @@ int ListsCommand::emoji(const Options& options) {
         }
         auto annotations = readEmojiAnnotations(*xml);
         if (!annotations) {
-            errors_ << "vanoka-lists: " << folder << name << " is not well-formed XML\n";
+            errors_ << "vanoka-lists: " << text::visible(folder) << name << " is not well-formed XML\n";
             return ExitStatus::refused;
         }
         languages.push_back(std::move(*annotations));
@@ -182,15 +184,21 @@ int ListsCommand::check(const Options& options) {
         return misuse("check takes one list");
     if (name && !listKind(*name))
         return misuse("--as is sinhala, english or emoji");
-    const auto list = contentsOf(options.operands()[0]);
+    const std::string& path = options.operands()[0];
+    const auto list = contentsOf(path);
     if (!list)
         return ExitStatus::failed;
     const ListKind kind = name ? *listKind(*name) : guessListKind(*list);
-    const auto skipped = skippedLines(*list, kind);
-    for (const SkippedLine& line : skipped)
-        output_ << options.operands()[0] << ':' << line.number << ": " << line.reason << '\n';
-    output_ << "Read as a list of " << nameOf(kind) << " words; lines skipped: " << skipped.size() << '\n';
-    return skipped.empty() ? ExitStatus::done : ExitStatus::refused;
+    const auto problems = problemsOf(*list, kind);
+    for (const LineProblem& problem : problems) {
+        const bool isWarning = problem.kind == LineProblem::Kind::warning;
+        output_ << text::visible(path) << ':' << problem.number << ": " << (isWarning ? "warning: " : "")
+                << problem.reason << '\n';
+    }
+    output_ << "Read as a list of " << nameOf(kind)
+            << " words; lines skipped: " << countOf(LineProblem::Kind::skipped, problems)
+            << "; warnings: " << countOf(LineProblem::Kind::warning, problems) << '\n';
+    return problems.empty() ? ExitStatus::done : ExitStatus::refused;
 }
 
 int ListsCommand::stats(const Options& options) {
@@ -202,27 +210,28 @@ int ListsCommand::stats(const Options& options) {
     const auto text = contentsOf(options.operands()[0]);
     if (!text)
         return ExitStatus::failed;
-    const ListKind kind = name ? *listKind(*name) : guessListKind(*text);
+    const std::string_view list = ListReading::withoutByteOrderMark(*text);
+    const ListKind kind = name ? *listKind(*name) : guessListKind(list);
     output_ << "kind                " << nameOf(kind) << '\n';
     if (kind == ListKind::emoji) {
-        output_ << "words               " << EmojiWords(*text).count() << '\n';
+        output_ << "words               " << EmojiWords(list).count() << '\n';
     } else if (kind == ListKind::english) {
-        output_ << "words               " << EnglishWordList(*text).count() << '\n';
+        output_ << "words               " << EnglishWordList(list).count() << '\n';
     } else {
-        const SinhalaWordList list(*text);
+        const SinhalaWordList words = readSinhalaList(list);
         std::size_t bytes = 0;
         std::int64_t largest = 0;
-        for (const auto& [word, count] : list.words()) {
+        for (const auto& [word, count] : words.words()) {
             bytes += word.size();
             largest = std::max(largest, count);
         }
-        output_ << "words               " << list.size() << '\n'
+        output_ << "words               " << words.size() << '\n'
                 << "largest count       " << largest << '\n'
-                << "typical count       " << list.typicalCount() << '\n'
+                << "typical count       " << words.typicalCount() << '\n'
                 << "bytes of the words  " << bytes << '\n'
-                << "bytes in memory     " << list.memory() << '\n';
+                << "bytes in memory     " << words.memory() << '\n';
     }
-    output_ << "lines skipped       " << skippedLines(*text, kind).size() << '\n';
+    output_ << "lines skipped       " << countOf(LineProblem::Kind::skipped, problemsOf(list, kind)) << '\n';
     return ExitStatus::done;
 }
 

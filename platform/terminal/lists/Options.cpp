@@ -41,12 +41,12 @@ std::optional<std::string> Options::value(std::string_view option) const {
 }
 
 std::optional<std::int64_t> Options::number(std::string_view option, std::int64_t fallback,
-                                            std::int64_t least) const {
+                                            std::int64_t least, std::int64_t most) const {
     const auto given = value(option);
     if (!given)
         return fallback;
     const auto number = text::integer(*given);
-    return number && *number >= least ? number : std::nullopt;
+    return number && *number >= least && *number <= most ? number : std::nullopt;
 }
 
 } // namespace vanoka

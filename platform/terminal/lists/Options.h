@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <map>
 #include <optional>
 #include <span>
@@ -21,9 +22,9 @@ public:
     const std::vector<std::string>& operands() const noexcept { return operands_; }
     std::optional<std::string> value(std::string_view option) const;
     /// The whole number that an option is, `fallback` when it is not given; nothing when it is no number from
-    /// `least` up.
-    std::optional<std::int64_t> number(std::string_view option, std::int64_t fallback,
-                                       std::int64_t least) const;
+    /// `least` to `most`.
+    std::optional<std::int64_t> number(std::string_view option, std::int64_t fallback, std::int64_t least,
+                                       std::int64_t most = std::numeric_limits<std::int64_t>::max()) const;
 
 private:
     std::map<std::string, std::string, std::less<>> values_;

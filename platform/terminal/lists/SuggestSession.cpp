@@ -2,8 +2,8 @@
 
 #include "text/Category.h"
 #include "text/Utf8.h"
+#include "text/Visible.h"
 
-#include <algorithm>
 #include <istream>
 #include <ostream>
 
@@ -36,9 +36,10 @@ std::string Suggester::row(std::string_view typed) const {
     return row;
 }
 
-void suggestForLines(const Suggester& suggester, std::istream& input, std::ostream& output) {
+bool suggestForLines(const Suggester& suggester, std::istream& input, std::ostream& output) {
     for (std::string line; std::getline(input, line);)
         output << suggester.row(line) << std::endl;
+    return !input.bad();
 }
 
 SuggestSession::SuggestSession(Terminal& terminal, const Suggester& suggester)
@@ -73,12 +74,19 @@ void SuggestSession::finish() {
 }
 
 void SuggestSession::draw() {
-    std::string row = suggester_.row(composer_.raw());
-    const std::size_t typed = std::min(row.find('\t'), row.size());
+    const std::string row = suggester_.row(composer_.raw());
+    std::string_view rest = row;
+    const auto takeText = [&rest] {
+        const std::string_view text = rest.substr(0, rest.find('\t'));
+        rest.remove_prefix(text.size());
+        return text::visible(text);
+    };
     std::string drawn(clearRow);
-    drawn.append("\x1B[4m").append(row, 0, typed).append("\x1B[24m");
-    for (const char byte : std::string_view(row).substr(typed))
-        drawn += byte == '\t' ? std::string("   ") : std::string(1, byte);
+    drawn.append("\x1B[4m").append(takeText()).append("\x1B[24m");
+    while (!rest.empty()) {
+        rest.remove_prefix(1);
+        drawn.append("   ").append(takeText());
+    }
     terminal().write(drawn);
 }
 

@@ -22,8 +22,8 @@ struct Suggester {
     std::string row(std::string_view typed) const;
 };
 
-/// Writes a row for every line of `input`.
-void suggestForLines(const Suggester& suggester, std::istream& input, std::ostream& output);
+/// Writes a row for every line of `input`; false when reading fails, `errno` tells why then.
+bool suggestForLines(const Suggester& suggester, std::istream& input, std::ostream& output);
 
 /// A line on a terminal that shows the suggestions for the word that is being typed. Space and Return keep
 /// the row and begin another word; Escape forgets the word; Ctrl-C and Ctrl-D end.

@@ -1,9 +1,12 @@
 #include "ExitStatus.h"
 #include "FileUserDefaults.h"
+#include "ListReading.h"
 #include "ListsCommand.h"
+#include "SinhalaList.h"
 #include "SuggestSession.h"
 #include "Terminal.h"
 #include "Version.h"
+#include "VisibleOutput.h"
 #include "settings/SinglishSettings.h"
 
 #include <cerrno>
@@ -29,7 +32,7 @@ Usage:
   vanoka-lists emoji [--annotations FOLDER] [--emoji-test FILE]
                                the emoji for Sinhala and English words, from Unicode's data
   vanoka-lists check [--as KIND] LIST
-                               every line that is skipped when the list is loaded, and why
+                               every line that does not load as it is written, and why
   vanoka-lists stats [--as KIND] LIST
                                how many words it has and what it takes
   vanoka-lists suggest [--personal LIST] [--limit N] LIST
@@ -40,7 +43,7 @@ Texts are UTF-8; without a FILE, or with -, they come from standard input. Lists
 A KIND is sinhala, english or emoji; without one it is guessed. The option --minimum leaves out words that
 come less often.
 
-Exit status: 0 done, 1 lines are skipped or a file is damaged, 2 not understood, 3 something could not be read
+Exit status: 0 done, 1 lines do not load as they are or a file is damaged, 2 not understood, 3 something could not be read
 or written.
 )";
 
@@ -81,7 +84,8 @@ int runOnTerminal(const Suggester& suggester) {
     if (output < 0)
         return fail("No terminal to type on", std::strerror(errno));
     Terminal terminal(STDIN_FILENO, output);
-    SuggestSession(terminal, suggester).run();
+    if (const int error = SuggestSession(terminal, suggester).run())
+        return fail("Cannot read", std::strerror(error));
     return ExitStatus::done;
 }
 
@@ -91,25 +95,27 @@ int runSuggest(ListsCommand& command, Arguments arguments) {
     const auto options = Options::read(arguments, known, problem);
     if (!options)
         return command.misuse(problem);
-    const auto limit = options->number("--limit", 5, 1);
+    const auto limit = options->number("--limit", 5, 1, ListReading::mostResults);
     if (!limit)
-        return command.misuse("--limit is a whole number from 1 up");
+        return command.misuse("--limit is a whole number from 1 to " +
+                              std::to_string(ListReading::mostResults));
     if (options->operands().size() != 1)
         return command.misuse("suggest takes one list");
     const auto list = command.contentsOf(options->operands()[0]);
     if (!list)
         return ExitStatus::failed;
     const SinglishSettings settings(FileUserDefaults::standard());
-    Suggester suggester = {SinhalaWordList(*list), std::nullopt, *limit, settings.transliterator()};
+    Suggester suggester = {readSinhalaList(*list), std::nullopt, *limit, settings.transliterator()};
     if (const auto path = options->value("--personal")) {
         const auto personal = command.contentsOf(*path);
         if (!personal)
             return ExitStatus::failed;
-        suggester.personal.emplace(*personal);
+        suggester.personal = readSinhalaList(*personal);
     }
     if (::isatty(STDIN_FILENO))
         return runOnTerminal(suggester);
-    suggestForLines(suggester, std::cin, std::cout);
+    if (!suggestForLines(suggester, std::cin, std::cout))
+        return fail("Cannot read", std::strerror(errno));
     return ExitStatus::done;
 }
 
@@ -137,6 +143,7 @@ int run(Arguments arguments) {
 
 int main(int count, char** values) {
     std::ios::sync_with_stdio(false);
+    const VisibleOutput output(std::cout, STDOUT_FILENO);
     const std::vector<std::string_view> arguments(values + 1, values + count);
     const int status = run(arguments);
     if (std::cout.flush())

@@ -82,6 +82,16 @@ TEST_F(SwipeCommandTest, APersonalListIsUsed) {
     EXPECT_NE(output.find("top-1      100.0 %"), std::string::npos) << output;
 }
 
+TEST_F(SwipeCommandTest, AddsUpTheLargestCounts) {
+    const std::string list = file("list", "mama\t9223372036854775807\npapa\t-9223372036854775808\n");
+    ASSERT_EQ(run({"simulate", words, layoutPath, "--strokes", "5"}), 0);
+    const std::string strokes = file("strokes", output);
+    for (const std::string_view command : {"measure", "draw"})
+        for (const std::string& own : {list, words})
+            EXPECT_EQ(run({command, list, layoutPath, strokes, "--personal", own}), 0) << errors;
+    EXPECT_EQ(run({"measure", words, layoutPath, strokes, "--personal", list}), 0) << errors;
+}
+
 TEST_F(SwipeCommandTest, DrawsAStrokeAndItsBestWords) {
     run({"simulate", file("one", "hello\t1\n"), layoutPath, "--strokes", "2"});
     const std::string strokes = file("strokes", output);
@@ -111,7 +121,8 @@ TEST_F(SwipeCommandTest, DrawsOddStrokesToo) {
 }
 
 TEST_F(SwipeCommandTest, SaysWhatIsWrong) {
-    const std::string strokes = file("strokes", "hello\t36\t1,1 2,2\n"), bad = file("bad", "width\n");
+    const std::string strokes = file("strokes", "hello\t36\t1,1 2,2\n"), bad = file("bad", "width\n"),
+                      odd = file("odd", "it's\t7\n");
     struct Row {
         std::vector<std::string_view> arguments;
         int status;
@@ -128,15 +139,28 @@ TEST_F(SwipeCommandTest, SaysWhatIsWrong) {
              {{"measure", words, layoutPath, strokes, "--seed", "5"}, 2, "Not understood: --seed\n" + hint},
              {{"simulate", words, layoutPath, "--lag", "nan"}, 2, "--lag cannot be nan\n" + hint},
              {{"simulate", words, layoutPath, "--chat", "2"}, 2, "--chat cannot be 2\n" + hint},
-             {{"measure", "/no/such", layoutPath, strokes}, 3, "Cannot read /no/such\n"},
+             {{"measure", "/no/such", layoutPath, strokes},
+              3,
+              "Cannot read /no/such: No such file or directory\n"},
+             {{"measure", "/", layoutPath, strokes}, 3, "Cannot read /: Is a directory\n"},
+             {{"measure", "\x1B", layoutPath, strokes},
+              3,
+              "Cannot read \\u{1B}: No such file or directory\n"},
+             {{"measure", bad, layoutPath, strokes},
+              1,
+              bad + " has no line of a word, a tab and its count\n"},
+             {{"measure", words, layoutPath, strokes, "--personal", bad},
+              1,
+              bad + " has no line of a word, a tab and its count\n"},
+             {{"measure", words, layoutPath, "/dev/null"}, 1, "/dev/null has no stroke\n"},
              {{"measure", words, bad, strokes}, 1, bad + ":1: Not a length greater than 0\n"},
              {{"measure", words, layoutPath, bad},
               1,
               bad + ":1: Not a word, a key width and points with tabs between\n"},
              {{"draw", words, layoutPath, strokes, "--stroke", "2"}, 1, strokes + " has only 1 strokes\n"},
-             {{"simulate", bad, layoutPath},
+             {{"simulate", odd, layoutPath},
               1,
-              "No word of " + bad + " can be swiped on " + layoutPath + "\n"},
+              "No word of " + odd + " can be swiped on " + layoutPath + "\n"},
          }) {
         EXPECT_EQ(run(row.arguments), row.status) << row.message;
         EXPECT_EQ(errors, "vanoka-swipe: " + row.message);

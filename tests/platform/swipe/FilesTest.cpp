@@ -134,6 +134,19 @@ TEST(StrokeFile, CoordinatesMayBeNoNumbers) {
     EXPECT_EQ(strokes[0].points[1].y, -std::numeric_limits<double>::infinity());
 }
 
+TEST(WordFile, HoldsCountsToTheRange) {
+    EXPECT_EQ(wordsOf("mama\t4000000000000000000\npapa\t-4000000000\nhello\t+5\n"),
+              (CountedWords{
+                  {"mama", ListReading::largestCount}, {"papa", -ListReading::largestCount}, {"hello", 5}}));
+}
+
+TEST(Files, AByteOrderMarkIsPassedOver) {
+    EXPECT_EQ(wordsOf("\uFEFFmama\t1\n\uFEFFpapa\t1\n"), (CountedWords{{"mama", 1}, {"\uFEFFpapa", 1}}));
+    EXPECT_TRUE(std::holds_alternative<Keyboard>(keyboardOf("\uFEFFwidth 1\nheight 1\nrow 0 a\n")));
+    const auto strokes = strokesOf("\uFEFFmama\t36\t1,1 2,2\n");
+    EXPECT_EQ(std::get<std::vector<MeantStroke>>(strokes).at(0).word, "mama");
+}
+
 TEST(WordFile, PassesOverOtherLines) {
     EXPECT_EQ(
         wordsOf(

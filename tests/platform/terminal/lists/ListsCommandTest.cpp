@@ -3,7 +3,9 @@
 #include "EmojiAnnotations.h"
 #include "ExitStatus.h"
 #include "ListCheck.h"
+#include "ListReading.h"
 #include "Randoms.h"
+#include "SinhalaList.h"
 #include "SuggestSession.h"
 #include "TemporaryFolder.h"
 #include "WordLists.h"
@@ -70,10 +72,10 @@ TEST_F(ListsCommandTest, WhatItMakesLoadsWithoutSkippedLines) {
     for (int i = 0; i < 3000; ++i)
         text += test::strangeWord(randoms, 6) + " ";
     EXPECT_EQ(run({"count"}, text), ExitStatus::done);
-    EXPECT_TRUE(skippedLines(output, ListKind::sinhala).empty());
+    EXPECT_TRUE(problemsOf(output, ListKind::sinhala).empty());
     EXPECT_EQ(SinhalaWordList(output).size(), std::ranges::count(output, '\n'));
     EXPECT_EQ(run({"english"}, text), ExitStatus::done);
-    EXPECT_TRUE(skippedLines(output, ListKind::english).empty());
+    EXPECT_TRUE(problemsOf(output, ListKind::english).empty());
 }
 
 TEST_F(ListsCommandTest, ChecksEveryLine) {
@@ -85,29 +87,67 @@ TEST_F(ListsCommandTest, ChecksEveryLine) {
                           ":6: \"1x\" is not a whole decimal number\n" + list +
                           ":7: byte 4 is not well-formed UTF-8\n" + list +
                           ":8: the count does not fit into 64 bits\n" +
-                          "Read as a list of sinhala words; lines skipped: 5\n");
+                          "Read as a list of sinhala words; lines skipped: 5; warnings: 0\n");
     EXPECT_EQ(run({"check", file("good", "ok\tchat\nme\t4\n")}), ExitStatus::done);
-    EXPECT_EQ(output, "Read as a list of english words; lines skipped: 0\n");
+    EXPECT_EQ(output, "Read as a list of english words; lines skipped: 0; warnings: 0\n");
     EXPECT_EQ(run({"check", "--as", "sinhala", file("good", "ok\tchat\n")}), ExitStatus::refused);
 }
 
+TEST_F(ListsCommandTest, WarnsOfCountsThatAreHeldToTheRange) {
+    const std::string tsv = "\u0D9A\t2147483647\n\u0D9A\t2147483648\n\u0D9A\t-2147483648\n",
+                      list = file("list", tsv);
+    EXPECT_EQ(run({"check", list}), ExitStatus::refused);
+    const std::string rest = " here; a keyboard that adds up larger ones stops\n";
+    EXPECT_EQ(output, list + ":2: warning: the count is held to 2147483647" + rest + list +
+                          ":3: warning: the count is held to -2147483647" + rest +
+                          "Read as a list of sinhala words; lines skipped: 0; warnings: 2\n");
+    EXPECT_EQ(problemsOf("ok\t3000000000\n", ListKind::english).size(), 1U);
+    EXPECT_TRUE(problemsOf("ok\t3000000000\n", ListKind::emoji).empty()) << "no count";
+}
+
+TEST_F(ListsCommandTest, WarnsOfAByteOrderMark) {
+    const std::string list = file("list", "\uFEFF# words\n\u0D9A\t1\n");
+    EXPECT_EQ(run({"check", list}), ExitStatus::refused);
+    EXPECT_EQ(output,
+              list + ":1: warning: it begins with a byte order mark, which is passed over here; a keyboard "
+                     "may take it as a part of the word\n"
+                     "Read as a list of sinhala words; lines skipped: 0; warnings: 1\n");
+    EXPECT_EQ(readSinhalaList("\uFEFF\u0D9A\t1\n").words(), (std::vector<WordCount>{{"\u0D9A", 1}}));
+    EXPECT_EQ(run({"stats", file("emoji", "\uFEFFcat\tx\n")}), ExitStatus::done);
+    EXPECT_NE(output.find("lines skipped       0\n"), std::string::npos) << output;
+    EXPECT_EQ(run({"english", "--chat", file("chat", "\uFEFF# comment\nlol\n")}), ExitStatus::done);
+    EXPECT_EQ(output, "lol\tchat\n");
+}
+
+TEST_F(ListsCommandTest, SpellsOutControlCharacters) {
+    const std::string list = file("a\x1B", std::string("\u0D9A\t1\x1B]0;\0\x07\n", 11)),
+                      shown = folder.path() / "a\\u{1B}";
+    EXPECT_EQ(run({"check", "--as", "sinhala", list}), ExitStatus::refused);
+    EXPECT_TRUE(output.starts_with(shown + ":1: \"1\\u{1B}]0;\\u{0}\\u{7}\" is not a whole decimal number\n"))
+        << output;
+    EXPECT_EQ(run({"check", list + "\x1B"}), ExitStatus::failed);
+    EXPECT_EQ(errors, "vanoka-lists: Cannot read " + shown + "\\u{1B}: No such file or directory\n");
+    run({"count", "--\x1B"});
+    EXPECT_TRUE(errors.starts_with("vanoka-lists: No such option: --\\u{1B}\n")) << errors;
+}
+
 TEST_F(ListsCommandTest, ChecksLineEnds) {
-    using Lines = std::vector<SkippedLine>;
+    using Lines = std::vector<LineProblem>;
     EXPECT_EQ(
-        skippedLines("\u0D9A\t1\r\n\u0DB8\t2\r\n\u0DBB\t3\n\u0DBB\n", ListKind::sinhala),
+        problemsOf("\u0D9A\t1\r\n\u0DB8\t2\r\n\u0DBB\t3\n\u0DBB\n", ListKind::sinhala),
         (Lines{
             {1, "it ends in CR LF, which ends no line: lines 1 to 3 are one; there are more than two fields"},
             {4, "there is no tab between two fields"}}));
     EXPECT_EQ(
-        skippedLines("\u0D9A\t1\r\n", ListKind::sinhala),
+        problemsOf("\u0D9A\t1\r\n", ListKind::sinhala),
         (Lines{{1, "it ends in CR LF, which ends no line; \"1\\r\\n\" is not a whole decimal number"}}));
-    EXPECT_EQ(skippedLines("#\r\n\u0DB8\t2\n\u0DB8\t2\n", ListKind::sinhala),
+    EXPECT_EQ(problemsOf("#\r\n\u0DB8\t2\n\u0DB8\t2\n", ListKind::sinhala),
               (Lines{{1, "it ends in CR LF, which ends no line: lines 1 to 2 are one"}}));
 }
 
 TEST_F(ListsCommandTest, ChecksTheWordsOfEmojiLists) {
-    using Lines = std::vector<SkippedLine>;
-    EXPECT_EQ(skippedLines("\u0D9A\tx\n\u0DB8\t \nok\tx\nOK\ty\n\u0D9B\u0DCF\tz\n", ListKind::emoji),
+    using Lines = std::vector<LineProblem>;
+    EXPECT_EQ(problemsOf("\u0D9A\tx\n\u0DB8\t \nok\tx\nOK\ty\n\u0D9B\u0DCF\tz\n", ListKind::emoji),
               (Lines{{5, "line 1 has the same Sinhala word, loosely"}}));
 }
 
@@ -115,13 +155,14 @@ TEST_F(ListsCommandTest, TheCheckAgreesWithTheReader) {
     test::Randoms randoms(32);
     for (int i = 0; i < 1000; ++i) {
         // One line at a time: it is skipped, or it is a word.
-        std::string tsv = test::strangeTsv(randoms, 1);
-        const auto loaded = SinhalaWordList(tsv).size();
-        const auto skipped = skippedLines(tsv, ListKind::sinhala);
+        const std::string written = test::strangeTsv(randoms, 1);
+        const std::string tsv(ListReading::withoutByteOrderMark(written));
+        const auto loaded = readSinhalaList(written).size();
+        const auto skipped = countOf(LineProblem::Kind::skipped, problemsOf(written, ListKind::sinhala));
         const bool isNothing = tsv.empty() || tsv.find_first_not_of("\r\n") == std::string::npos ||
                                (tsv[0] == '#' && tsv.substr(1, 2) != "\u0301");
         if (tsv.find('\n') == tsv.size() - 1 && !isNothing) {
-            ASSERT_EQ(skipped.empty(), loaded == 1) << testing::PrintToString(tsv);
+            ASSERT_EQ(skipped == 0, loaded == 1) << testing::PrintToString(tsv);
         }
     }
 }
@@ -168,7 +209,7 @@ TEST_F(ListsCommandTest, MakesEmojiListsFromAnnotations) {
     EXPECT_EQ(run({"emoji", "--annotations", folderPath, "--emoji-test", test}), ExitStatus::done) << errors;
     EXPECT_EQ(output, "\u0DC4\u0DAF\t\u2764\uFE0F\n\u0DC4\u0DAF\u0DC0\u0DAD\t\u2764\uFE0F\n"
                       "cat\t\U0001F408 \U0001F431\npet\t\U0001F408\n");
-    EXPECT_TRUE(skippedLines(output, ListKind::emoji).empty());
+    EXPECT_TRUE(problemsOf(output, ListKind::emoji).empty());
     file("si.xml", "<ldml>");
     EXPECT_EQ(run({"emoji", "--annotations", folderPath, "--emoji-test", test}), ExitStatus::refused);
     EXPECT_EQ(run({"emoji", "--annotations", missing, "--emoji-test", test}), ExitStatus::failed);
@@ -205,12 +246,20 @@ TEST(Suggester, ReadsSinglishAndSinhala) {
     suggester.list = SinhalaWordList("\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\t5\n\u0D85\u0DB8\u0DD4\t9\n");
     std::istringstream input("am\n\u0D85\u0DB8\n\nq\n");
     std::ostringstream output;
-    suggestForLines(suggester, input, output);
+    EXPECT_TRUE(suggestForLines(suggester, input, output));
     EXPECT_EQ(output.str(), "\u0D85\u0DB8\u0DCA\t\u0D85\u0DB8\u0DD4\t\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\n"
                             "\u0D85\u0DB8\t\u0D85\u0DB8\u0DD4\t\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\n\nq\n");
     suggester.personal.emplace("\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\t8\n");
     suggester.limit = 2;
     EXPECT_EQ(suggester.row("a"), "\u0D85\t\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\t\u0D85\u0DB8\u0DD4");
+}
+
+TEST(Suggester, AddsUpTheLargestCounts) {
+    std::string list;
+    for (int i = 0; i < 1000; ++i)
+        list += "\u0D9C\u0DB8\t9223372036854775807\n\u0D9C\u0DB8\u0DB1\t-9223372036854775808\n";
+    const Suggester suggester = {readSinhalaList(list), readSinhalaList(list), ListReading::mostResults};
+    EXPECT_EQ(suggester.row("\u0D9C\u0DCF\u0DB8"), "\u0D9C\u0DCF\u0DB8\t\u0D9C\u0DB8\t\u0D9C\u0DB8\u0DB1");
 }
 
 } // namespace

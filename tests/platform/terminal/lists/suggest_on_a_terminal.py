@@ -22,7 +22,7 @@ class SuggestOnATerminal(unittest.TestCase):
         self.addCleanup(self.folder.cleanup)
         path = os.path.join(self.folder.name, "list.tsv")
         with open(path, "w", encoding="utf-8") as file:
-            file.write(f"{AMMA}\t5\n{AMU}\t9\n")
+            file.write(f"{AMMA}\t5\n{AMU}\t9\n\u0d9a\x1b]0;title\x07\u009b\x00\t1\n")
         self.process, self.terminal = pty.fork()
         if self.process == 0:
             environment = {**os.environ, "TERM": "xterm", "XDG_CONFIG_HOME": self.folder.name}
@@ -84,6 +84,10 @@ class SuggestOnATerminal(unittest.TestCase):
         self.shows(f"   {AMU}   {AMMA}")
         self.type("\x04")
         self.ends(0)
+
+    def test_no_control_character_of_the_list_is_drawn(self):
+        self.type("k")
+        self.shows("\x1b[4m\u0d9a\u0dca\x1b[24m   \u0d9a\\u{1B}]0;title\\u{7}\\u{9B}\\u{0}")
 
     def test_ends_by_a_signal_as_others_do(self):
         self.type("a")
