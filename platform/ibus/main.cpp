@@ -3,17 +3,37 @@
 #include "Server.h"
 #include "SettingsProgram.h"
 #include "StartUp.h"
+#include "text/Visible.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <iostream>
 #include <memory>
+#include <optional>
+#include <span>
+#include <string_view>
 #include <unistd.h>
 #include <vector>
 
 namespace {
 
 using namespace vanoka;
+using Arguments = std::span<const std::string_view>;
+
+constexpr std::string_view help = R"(Write Sinhala with English letters in every program.
+
+Usage:
+  Vanoka               serve the engine to IBus, whose daemon starts it
+  Vanoka --register    make the running IBus daemon know the engine
+  Vanoka --settings    show the settings window
+  Vanoka --help, --version
+
+Exit status: 0 done, 1 the engine could not be registered or the settings window is not installed, 2 not
+understood. A server that cannot start stops with a message and a signal.
+)";
+
+constexpr int notUnderstood = 2; // the exit status
 
 class Platform final : public StartUpPlatform {
 public:
@@ -47,10 +67,37 @@ private:
     std::unique_ptr<ibus::Server> server_;
 };
 
+bool has(Arguments arguments, std::string_view option) {
+    return std::ranges::find(arguments, option) != arguments.end();
+}
+
+/// Answers options that choose no way of starting up, and returns the exit status; nothing when there are
+/// none.
+std::optional<int> answer(Arguments options) {
+    if (has(options, "--help") || has(options, "-h")) {
+        std::cout << help;
+        return 0;
+    }
+    if (has(options, "--version")) {
+        std::cout << "Vanoka " VANOKA_VERSION "\n";
+        return 0;
+    }
+    const auto unknown =
+        std::ranges::find_if(options, [](std::string_view argument) { return argument.starts_with('-'); });
+    if (unknown == options.end())
+        return std::nullopt;
+    std::cerr << "Vanoka: Not understood: " << text::visible(*unknown) << "\nVanoka --help tells what is.\n";
+    return notUnderstood;
+}
+
 } // namespace
 
 int main(int count, char** values) {
     const std::vector<std::string_view> arguments(values, values + count);
+    const bool isModeChosen = has(arguments, "--register") || has(arguments, "--settings");
+    if (!isModeChosen && !arguments.empty())
+        if (const auto status = answer(Arguments(arguments).subspan(1)))
+            return *status;
     Platform platform;
     return startUp(arguments, platform, std::cout);
 }

@@ -91,6 +91,26 @@ TEST_F(StartUpModesTest, StopsWithoutADescriptionOrADaemon) {
     }
 }
 
+TEST_F(StartUpModesTest, OptionsThatAreNoneOfTheModesAreAnswered) {
+    const auto engine = daemon.engineProcess();
+    for (const char* option : {"--help", "-h", "other --help"}) {
+        const Ended help = run("", option);
+        EXPECT_EQ(help.status, 0) << option;
+        EXPECT_NE(help.output.find("Vanoka --register "), std::string::npos) << help.output;
+        EXPECT_EQ(help.errors, "");
+    }
+    EXPECT_EQ(run("", "--version").output, "Vanoka " VANOKA_VERSION "\n");
+    for (const char* option : {"--what", "--settings=1", "--Register"}) {
+        const Ended refused = run("", option);
+        EXPECT_EQ(WEXITSTATUS(refused.status), 2) << option;
+        EXPECT_EQ(refused.output, "");
+        EXPECT_EQ(refused.errors,
+                  "Vanoka: Not understood: " + std::string(option) + "\nVanoka --help tells what is.\n");
+    }
+    EXPECT_EQ(run("", "--help --register").output, "Registered Vanoka input source\n");
+    EXPECT_EQ(daemon.engineProcess(), engine);
+}
+
 TEST_F(StartUpModesTest, ASecondServerLeavesTheFirstAlone) {
     const auto engine = daemon.engineProcess();
     const Ended ended = run("", "");
