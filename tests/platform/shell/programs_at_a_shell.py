@@ -94,6 +94,12 @@ class WhatIsPrinted(AtAShell):
             self.assertEqual(printed, shown.replace("\r\n", "\n").replace("\n", "\r\n"))
             self.assertIsNone(CONTROL.search(printed.replace("\r\n", "\n")), repr(printed))
 
+    def test_a_picture_on_a_terminal_acts_on_nothing(self):
+        words, strokes = self.file("words", "mama\t5\n"), self.file("strokes", "\u009b2J\t36\t1,1 9,9\n")
+        printed = self.printed_on_a_terminal([VANOKA_SWIPE, "draw", words, LAYOUT, strokes], b"")
+        self.assertIn("Meant: \\u{9B}2J", printed)
+        self.assertIsNone(CONTROL.search(printed.replace("\r\n", "\n")))
+
     def printed_on_a_terminal(self, command, typed):
         master, slave = pty.openpty()
         self.addCleanup(os.close, master)
