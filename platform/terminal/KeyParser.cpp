@@ -20,8 +20,6 @@ constexpr std::size_t longestSequence = 64; // in bytes; anything longer is nois
 using std::chrono::milliseconds;
 /// The bytes of one special key come together; what comes later is another key.
 constexpr milliseconds sequenceTime(50);
-/// No key sends a part of a scalar, so there is no hurry.
-constexpr milliseconds scalarTime(1000);
 /// Longer than a paste halts within itself, as a rule; shorter than from one press of a key to the next.
 constexpr milliseconds pasteTime(100);
 /// Control with C, D, Z and \, by which people get away when nothing else does.
@@ -130,18 +128,19 @@ std::optional<KeyParser::Input> KeyParser::next() {
 std::optional<milliseconds> KeyParser::patience() const noexcept {
     if (paste_)
         return paste_->silentAt == bytes_.size() ? std::nullopt : std::optional(pasteTime);
-    if (bytes_.empty())
-        return std::nullopt;
-    const bool isSequence = bytes_ == "\x1B" || bytes_.starts_with("\x1B[") || bytes_.starts_with("\x1BO");
-    return isSequence ? sequenceTime : scalarTime;
+    return mayBeSequence() ? std::optional(sequenceTime) : std::nullopt;
 }
 
 std::optional<KeyParser::Input> KeyParser::flush() {
     if (paste_)
         return flushPaste();
-    if (bytes_.empty())
+    if (!mayBeSequence())
         return std::nullopt;
-    return keyEvent(text::utf8(text::firstScalar(take(1)).value), 0);
+    return keyEvent(take(1), 0);
+}
+
+bool KeyParser::mayBeSequence() const noexcept {
+    return bytes_ == "\x1B" || bytes_.starts_with("\x1B[") || bytes_.starts_with("\x1BO");
 }
 
 std::optional<KeyParser::Input> KeyParser::flushPaste() {

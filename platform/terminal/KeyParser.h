@@ -20,12 +20,12 @@ struct Paste {
 /// Reads key events out of the bytes that a terminal sends. Bytes come in pieces; an event is given as soon
 /// as it is complete.
 ///
-/// Some bytes tell what they are only by what follows and when, so a parser is told of silence (`flush`) when
-/// nothing has come for as long as it asks (`patience`):
+/// A scalar's bytes may come one by one, over a slow line: no key sends a part of one, so the rest is waited
+/// for. Other bytes tell what they are only by what follows and when, so a parser is told of silence
+/// (`flush`) when nothing has come for as long as it asks (`patience`):
 ///
 ///  - The Escape key sends the byte that also begins every other special key's sequence: what follows it at
 ///    once belongs to it.
-///  - A scalar's bytes may come one by one, over a slow line.
 ///  - A paste ends with a mark that may get lost. Ctrl-C, Ctrl-D, Ctrl-Z and Ctrl-\ that come by themselves,
 ///    between two silences, were typed: they end the paste, which is given first. Within a paste, which comes
 ///    in one go, they are a part of it.
@@ -54,6 +54,7 @@ private:
     std::optional<Input> nextSequence();
     std::optional<Input> nextScalar(std::uint64_t modifierFlags);
     std::optional<Input> flushPaste();
+    bool mayBeSequence() const noexcept;
     Paste endPaste(std::size_t length);
     std::string take(std::size_t length);
 
