@@ -202,7 +202,7 @@ std::optional<KeyParser::Input> KeyParser::nextSequence() {
     const Sequence sequence = parsed({begin, end}, *end);
     take(static_cast<std::size_t>(end + 1 - bytes_.begin()));
     if (sequence.final == '~' && sequence.code == pasteStartCode) {
-        paste_.emplace();
+        paste_ = OpenPaste{.searched = 0, .silentAt = std::nullopt};
         return next();
     }
     return keyEvent(text::utf8(scalarOf(sequence)), sequence.modifierFlags);

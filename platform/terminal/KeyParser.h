@@ -60,7 +60,7 @@ private:
 
     /// What is known of a paste that has begun and whose bytes are `bytes_`.
     struct OpenPaste {
-        std::size_t searched = 0;            ///< its end does not begin before this byte
+        std::size_t searched;                ///< its end does not begin before this byte
         std::optional<std::size_t> silentAt; ///< how many bytes had come when it was last silent
     };
 
