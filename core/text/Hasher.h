@@ -15,7 +15,7 @@ public:
     void feed(std::string_view text) { feed(text::hash(text)); }
     /// A list: its size, then each text.
     template <class List>
-    requires requires(const List& list) { list.size(), std::string_view(*list.begin()); }
+        requires requires(const List& list) { list.size(), std::string_view(*list.begin()); }
     void feedEach(const List& texts) {
         feed(texts.size());
         for (const std::string_view text : texts)

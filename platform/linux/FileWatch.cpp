@@ -13,7 +13,7 @@ bool FileWatch::hasChanged() {
 }
 
 std::optional<FileWatch::Stamp> FileWatch::stamp() const {
-    struct stat status {};
+    struct stat status{};
     if (::stat(path_.c_str(), &status) != 0)
         return std::nullopt;
     return Stamp{status.st_dev,          status.st_ino,         status.st_size,        status.st_mtim.tv_sec,

@@ -140,7 +140,7 @@ int KeysCommand::remove(std::string_view key) {
     const auto& added = settings_.customization().addedKeys;
     if (std::ranges::none_of(added, [key](const auto& entry) { return text::equal(entry.key, key); })) {
         const int status = unread();
-        return status != ExitStatus::done ? status : refuse("You have added no key " + std::string(key));
+        return status != ExitStatus::done ? status : refuse("You have added no key " + text::visible(key));
     }
     settings_.remove(key);
     return stored();
@@ -150,7 +150,7 @@ int KeysCommand::setBuiltIn(std::string_view key, bool on) {
     const auto edit = settings_.beginEdit();
     const bool isOff = settings_.customization().disabledKeys.contains(key);
     if (!isBuiltIn(key) && !(on && isOff))
-        return refuse(std::string(key) + " is not a built-in key");
+        return refuse(text::visible(key) + " is not a built-in key");
     settings_.setBuiltIn(key, on);
     return stored();
 }
@@ -177,10 +177,11 @@ int KeysCommand::importDocument(const std::string& path) {
     if (!document)
         return ExitStatus::failed;
     if (document->size() > UserDefaults::largestValue)
-        return refuse(path + " is larger than keys may be; your keys stay as they are");
+        return refuse(text::visible(path) + " is larger than keys may be; your keys stay as they are");
     const auto wanted = SinglishCustomization::decode(*document);
     if (!wanted)
-        return refuse(path + " is not a document of keys, as export writes it; your keys stay as they are");
+        return refuse(text::visible(path) +
+                      " is not a document of keys, as export writes it; your keys stay as they are");
     ImportedKeys keys = imported(*wanted);
     if (!keys.problems.empty())
         return refuse("Your keys stay as they are, because of\n" + keys.problems);
@@ -204,7 +205,7 @@ std::optional<std::string> KeysCommand::documentFrom(const std::string& path) {
     auto document = path == "-" ? beginningOf(input_) : file ? beginningOf(file) : std::nullopt;
     if (!document) {
         const std::string reason = errno != 0 ? std::string(": ") + std::strerror(errno) : "";
-        tell("Cannot read " + path + reason, ExitStatus::failed);
+        tell("Cannot read " + text::visible(path) + reason, ExitStatus::failed);
     }
     return document;
 }
@@ -216,7 +217,7 @@ const SinglishScheme::Letter* KeysCommand::letterOf(std::string_view text) {
             return &letter;
     if (const auto typed = settings_.transliterator().letterTypedBy(text))
         return SinglishScheme::letter(*typed);
-    refuse("No such letter: " + std::string(text));
+    refuse("No such letter: " + text::visible(text));
     return nullptr;
 }
 

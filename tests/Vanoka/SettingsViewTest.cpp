@@ -209,12 +209,8 @@ TEST_F(SettingsViewTest, EveryEditKeepsWhatOthersHaveStored) {
             view.setDraft("wq");
             view.addDraft();
         },
-        [this] {
-            view.perform(SetBuiltIn{"k", false});
-        },
-        [this] {
-            view.perform(AddKey{"kh", a});
-        },
+        [this] { view.perform(SetBuiltIn{"k", false}); },
+        [this] { view.perform(AddKey{"kh", a}); },
         [this] { view.perform(RemoveKey{"kh"}); },
     };
     std::size_t count = 0;

@@ -36,12 +36,12 @@ rc::Gen<SinglishCustomization> customizations() {
         return SinglishCustomization::AddedKey{pair.first, pair.second};
     });
     const auto disabled = rc::gen::elementOf(std::vector<std::string>{"a", "k", "aa", "n", "nndh", "y"});
-    return rc::gen::map(
-        rc::gen::pair(rc::gen::container<std::vector<SinglishCustomization::AddedKey>>(added),
-                      rc::gen::container<std::vector<std::string>>(disabled)),
-        [](const auto& pair) {
-            return SinglishCustomization{pair.first, {pair.second.begin(), pair.second.end()}};
-        });
+    return rc::gen::map(rc::gen::pair(rc::gen::container<std::vector<SinglishCustomization::AddedKey>>(added),
+                                      rc::gen::container<std::vector<std::string>>(disabled)),
+                        [](const auto& pair) {
+                            return SinglishCustomization{pair.first,
+                                                         {pair.second.begin(), pair.second.end()}};
+                        });
 }
 
 RC_GTEST_PROP(Laws, WellFormedTextStaysWellFormed, ()) {

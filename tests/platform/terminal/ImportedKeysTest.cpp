@@ -2,6 +2,7 @@
 
 #include "Randoms.h"
 #include "settings/SinglishSettings.h"
+#include "text/Visible.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +20,7 @@ ImportedKeys addedOneByOne(const SinglishCustomization& wanted) {
     for (const auto& added : wanted.addedKeys) {
         const auto problem = settings.add(added.key, added.letter);
         if (problem && problem != SinglishSettings::KeyProblem::alreadyThisLetter)
-            problems += added.key + ": " + message(*problem) + "\n";
+            problems += text::visible(added.key) + ": " + message(*problem) + "\n";
     }
     return {settings.customization(), problems};
 }
