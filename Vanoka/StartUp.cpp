@@ -11,9 +11,9 @@ namespace {
 int runRegistration(StartUpPlatform& platform, std::ostream& output) {
     const std::int32_t status = platform.registerInputSource();
     if (status == 0)
-        output << "Registered Vanoka input source" << std::endl;
+        output << "Registered Vanoka input source\n" << std::flush;
     else
-        output << "TISRegisterInputSource failed: " << status << std::endl;
+        output << "TISRegisterInputSource failed: " << status << '\n' << std::flush;
     return status == 0 ? 0 : 1;
 }
 

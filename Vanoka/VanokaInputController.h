@@ -52,7 +52,7 @@ public:
     struct MenuItem {
         std::string_view title;
         MenuAction action;
-        std::string_view keyEquivalent = {}; ///< no shortcut
+        std::string_view keyEquivalent; ///< no shortcut
         friend bool operator==(const MenuItem&, const MenuItem&) = default;
     };
 

@@ -24,7 +24,7 @@ bool isFile(const fs::path& path) {
 std::optional<fs::path> findIn(std::string_view folders) {
     while (!folders.empty()) {
         const std::size_t end = std::min(folders.find(':'), folders.size());
-        const fs::path path = fs::path(folders.substr(0, end)) / fileName;
+        fs::path path = fs::path(folders.substr(0, end)) / fileName;
         if (isFile(path))
             return path;
         folders.remove_prefix(std::min(end + 1, folders.size()));

@@ -25,7 +25,7 @@ bool knowsEngine(IBusBus* bus) {
     const bool isKnown = engines[0] != nullptr;
     for (IBusEngineDesc** engine = engines; *engine; ++engine)
         g_object_unref(*engine);
-    g_free(engines);
+    g_free(static_cast<gpointer>(engines));
     return isKnown;
 }
 

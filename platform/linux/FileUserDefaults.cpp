@@ -135,7 +135,7 @@ std::shared_ptr<FolderLock> FileUserDefaults::lockWithin(std::chrono::millisecon
     auto lock = lock_.lock();
     if (lock || folder_.empty())
         return lock;
-    AtomicFile::makeFolder(folder_); // why it cannot be made, storing tells
+    static_cast<void>(AtomicFile::makeFolder(folder_)); // why it cannot be made, storing tells
     lock = std::make_shared<FolderLock>(folder_, patience);
     lock_ = lock;
     return lock;
