@@ -105,7 +105,7 @@ int runLine() {
     terminal.write(hint);
     int writeError = 0;
     LineSession session(terminal, SinglishSettings::shared(), [&](const std::string& line) {
-        if (!isShownThere && std::cout && !(std::cout << line << std::endl))
+        if (!isShownThere && std::cout && !(std::cout << line << '\n' << std::flush))
             writeError = errno;
     });
     if (const int readError = session.run())

@@ -38,7 +38,7 @@ std::string Suggester::row(std::string_view typed) const {
 
 bool suggestForLines(const Suggester& suggester, std::istream& input, std::ostream& output) {
     for (std::string line; std::getline(input, line);)
-        output << suggester.row(line) << std::endl;
+        output << suggester.row(line) << '\n' << std::flush;
     return !input.bad();
 }
 
