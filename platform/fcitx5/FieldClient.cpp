@@ -36,11 +36,14 @@ bool FieldClient::resetsFirst() const {
            !flags.test(fcitx::CapabilityFlag::KeyEventOrderFix);
 }
 
+bool FieldClient::putsTextInItself() const {
+    return context_.capabilityFlags().test(fcitx::CapabilityFlag::ClientUnfocusCommit);
+}
+
 bool FieldClient::losesTextToOtherWindows() const {
     // The browser has ended its part in the composition when the text comes. Modules that put it in
     // themselves are in time.
-    return context_.program().starts_with("firefox") &&
-           !context_.capabilityFlags().test(fcitx::CapabilityFlag::ClientUnfocusCommit);
+    return context_.program().starts_with("firefox") && !putsTextInItself();
 }
 
 void FieldClient::clear() {

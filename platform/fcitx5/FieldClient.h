@@ -15,10 +15,12 @@ public:
     /// The input context must outlive the client.
     explicit FieldClient(fcitx::InputContext& context) : context_(context) {}
 
-    /// Whether the field shows marked text itself. The framework then puts it in when the field loses focus.
+    /// Whether the field shows marked text itself.
     bool showsMarkedText() const;
     /// Whether the field resets the input method before it has put the marked text in, and then drops it.
     bool resetsFirst() const;
+    /// Whether the field puts the marked text in itself when it loses focus; else the framework does.
+    bool putsTextInItself() const;
     /// Whether the field no longer takes the text that the framework puts in when another window gets the
     /// focus.
     bool losesTextToOtherWindows() const;

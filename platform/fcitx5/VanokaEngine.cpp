@@ -4,6 +4,7 @@
 #include "Keysym.h"
 #include "ServedClient.h"
 #include "SettingsProgram.h"
+#include "XimKey.h"
 #include "text/Utf8.h"
 
 #include <dlfcn.h>
@@ -21,12 +22,10 @@ namespace {
 namespace fs = std::filesystem;
 using MenuAction = VanokaInputController::MenuAction;
 
-KeyEvent keyEventOf(const fcitx::KeyEvent& event) {
-    const fcitx::Key key = event.rawKey();
-    const auto keysym = static_cast<std::uint32_t>(key.sym());
+KeyEvent keyEventOf(const fcitx::KeyEvent& event, std::uint32_t keysym) {
     const std::uint32_t release = event.isRelease() ? Keysym::release : 0;
-    return Keysym::keyEvent(keysym, key.states().toInteger() | release,
-                            fcitx::Key::keySymToUnicode(key.sym()));
+    return Keysym::keyEvent(keysym, event.rawKey().states().toInteger() | release,
+                            fcitx::Key::keySymToUnicode(static_cast<fcitx::KeySym>(keysym)));
 }
 
 /// The folder of this add-on.
@@ -70,11 +69,11 @@ void VanokaEngine::keyEvent(const fcitx::InputMethodEntry&, fcitx::KeyEvent& eve
     Field& field = fieldOf(event);
     if (storedSettings_.hasChanged())
         settings_.reloadIfChanged();
-    const KeyEvent key = keyEventOf(event);
-    const auto keysym = static_cast<std::uint32_t>(event.rawKey().sym());
+    const std::uint32_t keysym = keysymOf(event, instance_);
+    const KeyEvent key = keyEventOf(event, keysym);
     if (!event.isRelease() && Keysym::isShortcutModifier(keysym) && field.client.losesTextToOtherWindows())
         field.controller.commitComposition(&field.client); // as the shortcut may be one to another window
-    if (processSequenceKey(event, key, field) || field.controller.handle(&key, &field.client))
+    if (processSequenceKey(event, key, keysym, field) || field.controller.handle(&key, &field.client))
         event.filterAndAccept();
 }
 
@@ -88,11 +87,15 @@ void VanokaEngine::activate(const fcitx::InputMethodEntry&, fcitx::InputContextE
 void VanokaEngine::deactivate(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
     Field& field = fieldOf(event);
     const bool isSwitch = event.type() == fcitx::EventType::InputContextSwitchInputMethod;
-    // On any other occasion the framework or the client has put in what the client showed. Done twice, it
-    // would be there twice, or in the field that has focus next.
+    // On any other occasion the framework or the client puts in what the client shows. Done twice, it would
+    // be there twice, or in the field that has focus next.
     if (isSwitch || !field.client.showsMarkedText())
         field.controller.deactivateServer(&field.client);
     forget(field);
+    // What is taken away from a client that puts it in itself is lost: Qt does so long after another program
+    // has the focus.
+    if (isSwitch || !field.client.putsTextInItself())
+        field.client.clear();
 }
 
 void VanokaEngine::reset(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
@@ -102,6 +105,7 @@ void VanokaEngine::reset(const fcitx::InputMethodEntry&, fcitx::InputContextEven
         field.controller.commitComposition(&field.client);
     }
     forget(field);
+    field.client.clear();
 }
 
 Field& VanokaEngine::fieldOf(fcitx::InputContextEvent& event) {
@@ -110,13 +114,13 @@ Field& VanokaEngine::fieldOf(fcitx::InputContextEvent& event) {
 
 /// A dead key, the Compose key and the keys after them, of which the framework makes one character. True when
 /// it has taken the key.
-bool VanokaEngine::processSequenceKey(const fcitx::KeyEvent& event, const KeyEvent& key, Field& field) {
+bool VanokaEngine::processSequenceKey(const fcitx::KeyEvent& event, const KeyEvent& key, std::uint32_t keysym,
+                                      Field& field) {
     fcitx::InputContext* context = event.inputContext();
-    const auto keysym = event.rawKey().sym();
-    const bool begins = Keysym::startsSequence(static_cast<std::uint32_t>(keysym));
+    const bool begins = Keysym::startsSequence(keysym);
     if (key.type != KeyEvent::keyDown || (!begins && !instance_.isComposing(context)))
         return false;
-    const auto made = instance_.processComposeString(context, keysym);
+    const auto made = instance_.processComposeString(context, static_cast<fcitx::KeySym>(keysym));
     const bool givesUp = keysym == FcitxKey_BackSpace || keysym == FcitxKey_Escape;
     if (made ? made->empty() : !instance_.isComposing(context) && !givesUp)
         return false;                                  // it knows no sequence with this key
@@ -136,7 +140,6 @@ void VanokaEngine::initialize(fcitx::SimpleAction& action, VanokaInputController
 void VanokaEngine::forget(Field& field) {
     ServedClient served;
     field.controller.deactivateServer(&served);
-    field.client.clear();
 }
 
 fcitx::AddonInstance* VanokaEngineFactory::create(fcitx::AddonManager* manager) {

@@ -33,7 +33,8 @@ public:
 
 private:
     Field& fieldOf(fcitx::InputContextEvent& event);
-    bool processSequenceKey(const fcitx::KeyEvent& event, const KeyEvent& key, Field& field);
+    bool processSequenceKey(const fcitx::KeyEvent& event, const KeyEvent& key, std::uint32_t keysym,
+                            Field& field);
     void initialize(fcitx::SimpleAction& action, VanokaInputController::MenuItem item);
     static void forget(Field& field);
 

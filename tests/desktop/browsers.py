@@ -146,6 +146,6 @@ def run_part(desk, client, part):
 
 
 if __name__ == "__main__":
-    sys.exit(windows.run(windows.options_of(__doc__),
+    sys.exit(windows.run(windows.options_of(__doc__).parse_args(),
                          [browser + "-" + kind for browser in BROWSERS for kind in KINDS],
                          lambda client: PARTS_OF_INPUT if client.endswith("-input") else PARTS, run_part, KNOWN))

@@ -1,0 +1,197 @@
+"""What a person does between two programs under a window manager: the part of windows.py that needs two.
+
+A client is two toolkits, "qt6-gtk3": the first word is written in a program of the first, the next one in a program
+of the second, and then the first has its turn again.
+"""
+
+import time
+
+import windows
+from windows import KA, WORD, Failure, wait_until
+
+MA = "\u0db8"
+KRA_NALA = "\u0d9a\u0dd8\u0d85 \u0dab\u0dc5"  # kRa NaLa
+
+# Windows have no frames, so that a place on the screen is a place in a window.
+CONFIGURATION = """<openbox_config xmlns="http://openbox.org/3.4/rc">
+<focus><focusNew>yes</focusNew></focus>
+<keyboard><keybind key="A-Tab"><action name="NextWindow"/></keybind></keyboard>
+<mouse><context name="Client"><mousebind button="Left" action="Press">
+<action name="Focus"/><action name="Raise"/></mousebind></context></mouse>
+<applications><application class="*"><decor>no</decor></application></applications>
+</openbox_config>
+"""
+
+
+class Manager:
+    """The window manager, which has the screen while this is open."""
+
+    def __init__(self, desk):
+        self.desk = desk
+        path = desk.folder + "/openbox.xml"
+        with open(path, "w") as file:
+            file.write(CONFIGURATION)
+        self.process = desk.processes.start(["openbox", "--sm-disable", "--config-file", path])
+        wait_until(self.is_there, "the window manager is there")
+
+    def is_there(self):
+        return self.desk.processes.output("xdotool", "get_desktop").isdigit()
+
+    def close(self):
+        self.desk.processes.end(self.process)
+
+
+class FieldsProgram:
+    """The first field of a program of a toolkit."""
+
+    def __init__(self, desk, toolkit, left):
+        self.fields = windows.Fields(desk, toolkit, left=left)
+        self.window = self.fields.one
+        self.place = (left + 380, self.fields.heights[0])
+
+    def text(self):
+        return self.fields.texts()[0]
+
+    def close(self):
+        self.fields.close()
+
+
+class XimProgram:
+    """A terminal that knows nothing but XIM."""
+
+    def __init__(self, desk, _, left):
+        self.terminal = windows.XimWindow(desk, "vanoka-xterm-%d" % left)
+        self.window = self.terminal.window
+        self.place = (left + 100, 50)
+        desk.processes.output("xdotool", "windowmove", "--sync", self.window, str(left), "0")
+        desk.focus(self.window)
+        if desk.name == "fcitx5":
+            desk.choose_ours()
+
+    def text(self):
+        return self.terminal.text()
+
+    def close(self):
+        self.terminal.close()
+
+
+class Two:
+    """Two programs, of which the first has the focus."""
+
+    def __init__(self, desk, toolkits, pauses):
+        self.desk = desk
+        self.pauses = pauses
+        self.programs = []
+        self.manager = Manager(desk)
+        try:
+            for left, toolkit in ((500, toolkits[1]), (0, toolkits[0])):
+                kind = XimProgram if toolkit == "xim" else FieldsProgram
+                self.programs.insert(0, kind(desk, toolkit, left))
+            self.here, self.there = self.programs
+        except BaseException:
+            self.close()
+            raise
+
+    def close(self):
+        for program in self.programs:
+            program.close()
+        self.manager.close()
+
+    def expect(self, here, there):
+        def texts():
+            return self.here.text(), self.there.text()
+        try:
+            wait_until(lambda: texts() == (here, there), "")
+        except Failure:
+            raise Failure("the texts are %r, not %r" % (texts(), (here, there))) from None
+        time.sleep(0.2)  # a second delivery would come now
+        if texts() != (here, there):
+            raise Failure("the texts became %r, not %r" % (texts(), (here, there)))
+
+
+# The ways from one program to another.
+
+def click(two, program):
+    two.desk.click(*program.place)
+
+
+def activate(two, program):
+    """As a panel's list of windows does."""
+    two.desk.processes.output("xdotool", "windowactivate", "--sync", program.window)
+    time.sleep(two.desk.pause)
+
+
+def alt_tab(two, _):
+    two.desk.processes.output("xdotool", "keydown", "Alt_L", "key", "Tab", "keyup", "Alt_L")
+    time.sleep(two.desk.pause)
+
+
+def leave_and_return(two, go):
+    two.desk.keys(*"amma", "space", *"ka")
+    go(two, two.there)
+    two.desk.keys(*"ka", "period")
+    go(two, two.here)
+    two.desk.keys(*"ma", "period")
+    two.expect(WORD + " " + KA + MA + ".", KA + ".")
+
+
+def by_click(two):
+    leave_and_return(two, click)
+
+
+def by_activation(two):
+    leave_and_return(two, activate)
+
+
+def by_alt_tab(two):
+    leave_and_return(two, alt_tab)
+
+
+def after_a_word(two):
+    """The window changes as soon as a word has ended."""
+    here = there = ""
+    for pause in two.pauses:
+        for program in (two.here, two.there):
+            two.desk.processes.output("xdotool", "key", "--delay", "30", *"amma", "space", "sleep", str(pause / 1000),
+                                      "windowactivate", "--sync",
+                                      (two.there if program is two.here else two.here).window)
+            time.sleep(two.desk.pause)
+        here, there = here + WORD + " ", there + WORD + " "
+        two.expect(here, there)
+
+
+def with_shift(two):
+    """Shift is released, and pressed for the next letter, before the key has been handled."""
+    here = ""
+    for pause in two.pauses:
+        two.desk.processes.output("xdotool", "key", "--delay", str(pause), *"kRa", "space", *"NaLa", "question", *"ka",
+                                  "exclam")
+        here += KRA_NALA + "?" + KA + "!"
+        two.expect(here, "")
+
+
+PARTS = [by_click, by_activation, by_alt_tab, after_a_word, with_shift]
+TOOLKITS = ["gtk3", "gtk4", "qt5", "qt6", "xim"]
+CLIENTS = [here + "-" + there for here in TOOLKITS for there in TOOLKITS if here != there]
+
+KNOWN = {}
+
+
+def run_part(desk, client, part, pauses):
+    if "-" not in client:
+        return windows.run_part(desk, client, part)
+    two = Two(desk, client.split("-"), pauses)
+    try:
+        part(two)
+    finally:
+        two.close()
+
+
+def main(description):
+    parser = windows.options_of(description)
+    parser.add_argument("--pauses", default="0,10,20,40", help="between two programs, in milliseconds")
+    options = parser.parse_args()
+    pauses = [int(pause) for pause in options.pauses.split(",")]
+    return windows.run(options, windows.CLIENTS + CLIENTS,
+                       lambda client: PARTS if "-" in client else windows.parts_of(client),
+                       lambda desk, client, part: run_part(desk, client, part, pauses), {**windows.KNOWN, **KNOWN})
