@@ -32,8 +32,11 @@ bool ximAsksSynchronously(const Versions& versions) {
 // A text sent while focus changes reaches whoever has focus next, so no row ever commits on losing focus.
 constexpr std::array rows = std::to_array<Row>({
     // Puts the text in, then resets the engine, whereupon the daemon puts it in again: the daemon must not.
-    // It then drops the text when the engine is changed, which a shortcut does.
-    {"QIBusInputContext", qtCommitsUnannounced, {.frameworkCommits = false, .commitsBeforeShortcut = true}},
+    // It then drops the text when the engine is changed, which a shortcut does. And it takes the text
+    // away as soon as another program gets the focus, which Qt notices only later.
+    {"QIBusInputContext",
+     qtCommitsUnannounced,
+     {.frameworkCommits = false, .commitsBeforeShortcut = true, .losesTextToOthers = true}},
     // Tells the daemon that it puts the text in, and on a click in the same field does not.
     {"gtk4-im:", gtk4ResetsFirst, {.commitsInReset = true}},
     // Its server may tell that another window has the focus before it tells that this one has lost it, and

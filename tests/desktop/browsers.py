@@ -145,7 +145,10 @@ def run_part(desk, client, part):
         fields.close()
 
 
+CLIENTS = [browser + "-" + kind for browser in BROWSERS for kind in KINDS]
+
+
 if __name__ == "__main__":
-    sys.exit(windows.run(windows.options_of(__doc__).parse_args(),
-                         [browser + "-" + kind for browser in BROWSERS for kind in KINDS],
+    options = windows.options_of(__doc__).parse_args()
+    sys.exit(windows.run(options, windows.chosen(options, CLIENTS),
                          lambda client: PARTS_OF_INPUT if client.endswith("-input") else PARTS, run_part, KNOWN))

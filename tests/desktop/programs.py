@@ -23,22 +23,12 @@ CONFIGURATION = """<openbox_config xmlns="http://openbox.org/3.4/rc">
 """
 
 
-class Manager:
-    """The window manager, which has the screen while this is open."""
-
-    def __init__(self, desk):
-        self.desk = desk
-        path = desk.folder + "/openbox.xml"
-        with open(path, "w") as file:
-            file.write(CONFIGURATION)
-        self.process = desk.processes.start(["openbox", "--sm-disable", "--config-file", path])
-        wait_until(self.is_there, "the window manager is there")
-
-    def is_there(self):
-        return self.desk.processes.output("xdotool", "get_desktop").isdigit()
-
-    def close(self):
-        self.desk.processes.end(self.process)
+def start_manager(desk):
+    path = desk.folder + "/openbox.xml"
+    with open(path, "w") as file:
+        file.write(CONFIGURATION)
+    desk.processes.start(["openbox", "--sm-disable", "--config-file", path])
+    wait_until(lambda: desk.processes.output("xdotool", "get_desktop").isdigit(), "the window manager is there")
 
 
 class FieldsProgram:
@@ -82,12 +72,13 @@ class Two:
         self.desk = desk
         self.pauses = pauses
         self.programs = []
-        self.manager = Manager(desk)
         try:
             for left, toolkit in ((500, toolkits[1]), (0, toolkits[0])):
                 kind = XimProgram if toolkit == "xim" else FieldsProgram
                 self.programs.insert(0, kind(desk, toolkit, left))
             self.here, self.there = self.programs
+            for program in (self.there, self.here):  # so that Alt and Tab go from one to the other
+                activate(self, program)
         except BaseException:
             self.close()
             raise
@@ -95,7 +86,6 @@ class Two:
     def close(self):
         for program in self.programs:
             program.close()
-        self.manager.close()
 
     def expect(self, here, there):
         def texts():
@@ -178,8 +168,6 @@ KNOWN = {}
 
 
 def run_part(desk, client, part, pauses):
-    if "-" not in client:
-        return windows.run_part(desk, client, part)
     two = Two(desk, client.split("-"), pauses)
     try:
         part(two)
@@ -192,6 +180,8 @@ def main(description):
     parser.add_argument("--pauses", default="0,10,20,40", help="between two programs, in milliseconds")
     options = parser.parse_args()
     pauses = [int(pause) for pause in options.pauses.split(",")]
-    return windows.run(options, windows.CLIENTS + CLIENTS,
-                       lambda client: PARTS if "-" in client else windows.parts_of(client),
-                       lambda desk, client, part: run_part(desk, client, part, pauses), {**windows.KNOWN, **KNOWN})
+    clients = windows.chosen(options, windows.CLIENTS + CLIENTS)
+    status = windows.run(options, [client for client in clients if client in windows.CLIENTS], windows.parts_of,
+                         windows.run_part, windows.KNOWN)
+    return windows.run(options, [client for client in clients if client in CLIENTS], lambda _: PARTS,
+                       lambda desk, client, part: run_part(desk, client, part, pauses), KNOWN, start_manager) or status

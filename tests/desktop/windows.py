@@ -240,6 +240,14 @@ class Fields:
         self.log = "%s/fields-%d" % (desk.folder, left)
         with open(self.log, "w") as log:
             self.process = desk.processes.start([desk.build + "/bin/" + toolkit + "_fields", *arguments], stdout=log)
+        try:
+            self.place_windows()
+        except BaseException:
+            self.close()
+            raise
+
+    def place_windows(self):
+        desk, left = self.desk, self.left
         self.one = desk.window("vanoka-one", self.process)
         self.two = desk.window("vanoka-two", self.process)
         desk.processes.output("xdotool", "windowmove", "--sync", self.one, str(left), "0")
@@ -489,17 +497,25 @@ def options_of(description):
     return parser
 
 
-def run(options, clients, parts_of, act, known):
-    """Acts every part with every client, and returns the exit status."""
+def chosen(options, clients):
     unknown = set(options.client or []) - set(clients)
     if unknown:
         sys.exit("There is no client %s; there are: %s" % (", ".join(sorted(unknown)), ", ".join(clients)))
+    return options.client or clients
+
+
+def run(options, clients, parts_of, act, known, prepare=lambda desk: None):
+    """Acts every part with every client on one desk, and returns the exit status."""
+    acts = [(client, part) for _ in range(options.rounds) for client in clients for part in parts_of(client)
+            if re.search(options.only or "", part.__name__)]
+    if not acts:
+        return 0
     failures = 0
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # what was started is ended then, too
     desk = DESKS[options.framework](os.path.abspath(options.build), options.asynchronous)
     try:
-        for client, part in [(client, part) for _ in range(options.rounds) for client in options.client or clients
-                             for part in parts_of(client) if re.search(options.only or "", part.__name__)]:
+        prepare(desk)
+        for client, part in acts:
             reason = known.get((options.framework, client, part.__name__))
             start = time.monotonic()
             try:

@@ -12,7 +12,8 @@ namespace vanoka::ibus {
 namespace {
 
 constexpr Delivery ordinary;
-constexpr Delivery unannounced = {.frameworkCommits = false, .commitsBeforeShortcut = true};
+constexpr Delivery unannounced = {
+    .frameworkCommits = false, .commitsBeforeShortcut = true, .losesTextToOthers = true};
 constexpr Delivery inReset = {.commitsInReset = true};
 constexpr Delivery losing = {.commitsBeforeShortcut = true, .losesTextToOthers = true};
 constexpr Delivery forwarding = {

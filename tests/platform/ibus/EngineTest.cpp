@@ -251,6 +251,28 @@ TEST_F(EngineTest, KeepsAWordThatTheDaemonDropsUntilItsFieldHasTheFocusAgain) {
     }
 }
 
+TEST_F(EngineTest, KeepsAWordThatTheDaemonTakesFromQtUntilQtHasTheFocusAgain) {
+    if (!ibus::installedVersions().qtCommitsUnannounced)
+        GTEST_SKIP() << "The Qt that is installed tells the daemon that it puts the word in.";
+    const auto other = newField("test:other");
+    other->focusOut();
+    const auto qt = newField("QIBusInputContext");
+    qt->leaveAndReturn(); // the daemon tells the name with every focus but the first
+    qt->type("ka");
+    other->focusIn(); // at once, while Qt waits whether it is to have the focus again
+    qt->focusOut();
+    other->type("ma.");
+    EXPECT_EQ(other->field().screen(), "\u0DB8.");
+    EXPECT_EQ(qt->field().screen(), "");
+    other->leaveFor(*qt);
+    EXPECT_TRUE(waitUntil([&] { return qt->field().screen() == "\u0D9A"; }));
+    qt->type("ka");
+    ibus_input_context_reset(qt->context()); // as Qt does when it has put the word in
+    qt->leaveAndReturn();
+    qt->type("1"); // what was sent before has come
+    EXPECT_EQ(qt->field().text(), "\u0D9A1") << "and what Qt puts in is Qt's";
+}
+
 TEST_F(EngineTest, ServesTheDaemonThatComesAfterACrash) {
     const auto process = daemon.engineProcess();
     ASSERT_TRUE(process.has_value());
