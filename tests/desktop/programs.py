@@ -28,7 +28,11 @@ def start_manager(desk):
     with open(path, "w") as file:
         file.write(CONFIGURATION)
     desk.processes.start(["openbox", "--sm-disable", "--config-file", path])
-    wait_until(lambda: desk.processes.output("xdotool", "get_desktop").isdigit(), "the window manager is there")
+
+    def answers():  # one that has only just told of itself may not look at what happens
+        desk.processes.output("xdotool", "set_num_desktops", "2")
+        return desk.processes.output("xdotool", "get_num_desktops") == "2"
+    wait_until(answers, "the window manager is there")
 
 
 class FieldsProgram:
@@ -87,16 +91,21 @@ class Two:
         for program in self.programs:
             program.close()
 
-    def expect(self, here, there):
-        def texts():
-            return self.here.text(), self.there.text()
+    def texts(self):
+        return self.here.text(), self.there.text()
+
+    def become(self, texts, patience=windows.PATIENCE):
+        """Whether the texts are these in the end."""
         try:
-            wait_until(lambda: texts() == (here, there), "")
+            wait_until(lambda: self.texts() == texts, "", patience)
         except Failure:
-            raise Failure("the texts are %r, not %r" % (texts(), (here, there))) from None
+            return False
         time.sleep(0.2)  # a second delivery would come now
-        if texts() != (here, there):
-            raise Failure("the texts became %r, not %r" % (texts(), (here, there)))
+        return self.texts() == texts
+
+    def expect(self, *texts):
+        if not self.become(texts):
+            raise Failure("the texts are %r, not %r" % (self.texts(), texts))
 
 
 # The ways from one program to another.
@@ -139,15 +148,19 @@ def by_alt_tab(two):
 
 def after_a_word(two):
     """The window changes as soon as a word has ended."""
-    here = there = ""
+    before, wrong = two.texts(), []
     for pause in two.pauses:
-        for program in (two.here, two.there):
-            two.desk.processes.output("xdotool", "key", "--delay", "30", *"amma", "space", "sleep", str(pause / 1000),
-                                      "windowactivate", "--sync",
-                                      (two.there if program is two.here else two.here).window)
+        for program, other in ((two.here, two.there), (two.there, two.here)):
+            two.desk.processes.output("xdotool", "key", "--delay", "30", *"amma", "key", "--delay", "0", "space",
+                                      "sleep", str(pause / 1000), "windowactivate", "--sync", other.window)
             time.sleep(two.desk.pause)
-        here, there = here + WORD + " ", there + WORD + " "
-        two.expect(here, there)
+            wanted = tuple(text + two.desk.word + " " if program is writer else text
+                           for text, writer in zip(before, two.programs))
+            if not two.become(wanted, patience=2):
+                wrong.append("%r, not %r at %d ms" % (two.texts(), wanted, pause))
+            before = two.texts()
+    if wrong:
+        raise Failure("%d of %d words: %s" % (len(wrong), 2 * len(two.pauses), "; ".join(wrong)))
 
 
 def with_shift(two):

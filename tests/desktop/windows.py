@@ -30,8 +30,8 @@ class Failure(Exception):
     pass
 
 
-def wait_until(condition, what):
-    end = time.monotonic() + PATIENCE
+def wait_until(condition, what, patience=PATIENCE):
+    end = time.monotonic() + patience
     while time.monotonic() < end:
         result = condition()
         if result:
@@ -76,9 +76,12 @@ class Processes:
 class Desk:
     """A screen, a session bus, a home folder and a framework with the engine chosen."""
 
-    def __init__(self, build, is_asynchronous=False):
+    def __init__(self, build, is_asynchronous=False, bare=None):
         self.build = build
         self.is_asynchronous = is_asynchronous
+        self.bare = bare  # the folder with the description of an engine that only echoes, to be used instead
+        self.our_engine = "echo" if bare else "vanoka"
+        self.word = "amma" if bare else WORD
         self.folder = tempfile.mkdtemp(prefix="vanoka-desk-")
         environment = {"PATH": os.environ["PATH"], "HOME": self.folder, "LC_ALL": "C.UTF-8",
                        "XDG_CONFIG_HOME": self.folder + "/config", "XDG_CACHE_HOME": self.folder + "/cache",
@@ -149,7 +152,7 @@ class IBusDesk(Desk):
     def start_framework(self):
         self.environment.update({
             "IBUS_ADDRESS_FILE": self.folder + "/address",
-            "IBUS_COMPONENT_PATH": self.build + "/component:/usr/share/ibus/component",
+            "IBUS_COMPONENT_PATH": ":".join(filter(None, [self.build + "/component", self.bare, "/usr/share/ibus/component"])),
             "GTK_IM_MODULE": "ibus", "QT_IM_MODULE": "ibus", "XMODIFIERS": "@im=ibus"})
         if self.is_asynchronous:
             self.environment["IBUS_ENABLE_SYNC_MODE"] = "0"
@@ -158,7 +161,7 @@ class IBusDesk(Desk):
         wait_until(lambda: "unix:" in self.processes.output("ibus", "address"), "the daemon has an address")
         wait_until(self.has_xim, "XIM's server runs")
         time.sleep(0.5)  # until it has told the screen
-        self.choose("vanoka")
+        self.choose(self.our_engine)
 
     def choose(self, engine):
         self.processes.output("ibus", "engine", engine)
@@ -181,7 +184,7 @@ class IBusDesk(Desk):
         self.choose(self.other_engine)
 
     def choose_ours(self):
-        self.choose("vanoka")
+        self.choose(self.our_engine)
 
 
 class Fcitx5Desk(Desk):
@@ -221,7 +224,7 @@ class Fcitx5Desk(Desk):
         self.choose("keyboard-us")
 
     def choose_ours(self):
-        self.choose("vanoka")
+        self.choose(self.our_engine)
 
 
 DESKS = {"ibus": IBusDesk, "fcitx5": Fcitx5Desk}
@@ -494,6 +497,7 @@ def options_of(description):
     parser.add_argument("--only", help="parts whose names hold this pattern")
     parser.add_argument("--rounds", type=int, default=1)
     parser.add_argument("--asynchronous", action="store_true", help="IBus's modules do not wait for answers")
+    parser.add_argument("--bare", metavar="FOLDER", help="use IBus with the bare engine described there instead")
     return parser
 
 
@@ -512,7 +516,7 @@ def run(options, clients, parts_of, act, known, prepare=lambda desk: None):
         return 0
     failures = 0
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # what was started is ended then, too
-    desk = DESKS[options.framework](os.path.abspath(options.build), options.asynchronous)
+    desk = DESKS[options.framework](os.path.abspath(options.build), options.asynchronous, options.bare)
     try:
         prepare(desk)
         for client, part in acts:
