@@ -1,5 +1,5 @@
-#include "Doctor.h"
-
+#include "DoctorFindings.h"
+#include "DoctorToolkits.h"
 #include "ExitStatus.h"
 
 #include <algorithm>
@@ -12,35 +12,26 @@ namespace {
 
 using Kind = Finding::Kind;
 
-class Findings {
-public:
-    void good(std::string text) { add(Kind::good, std::move(text), {}); }
-    void note(std::string text, std::string remedy = {}) {
-        add(Kind::note, std::move(text), std::move(remedy));
-    }
-    void missing(std::string text, std::string remedy) {
-        add(Kind::missing, std::move(text), std::move(remedy));
-    }
-    std::vector<Finding> take() { return std::move(all_); }
-
-private:
-    void add(Kind kind, std::string text, std::string remedy) {
-        all_.push_back({kind, std::move(text), std::move(remedy)});
-    }
-
-    std::vector<Finding> all_;
-};
-
 struct Framework {
     std::string_view name, module; // the module is what the toolkits' variables call it
-    std::vector<std::string> address;
+    std::vector<std::string> question;
     std::string_view running; // is in the answer when the daemon runs
     const char* engineFile;
     std::string_view start, addEngine;
 };
 
+/// Fcitx5 first, as it answers to IBus's address, too.
 const std::array<Framework, 2>& frameworks() {
     static const std::array<Framework, 2> all = {{
+        {"Fcitx5",
+         "fcitx",
+         // Not its own command, for which the bus would start it.
+         {"dbus-send", "--session", "--print-reply=literal", "--dest=org.freedesktop.DBus",
+          "/org/freedesktop/DBus", "org.freedesktop.DBus.NameHasOwner", "string:org.fcitx.Fcitx5"},
+         "true",
+         "/usr/share/fcitx5/inputmethod/vanoka.conf",
+         "Start it with: fcitx5 -d",
+         "Start it anew with fcitx5 -rd, then add \"Sinhala (Vanoka)\" with fcitx5-configtool."},
         {"IBus",
          "ibus",
          {"ibus", "address"},
@@ -49,45 +40,12 @@ const std::array<Framework, 2>& frameworks() {
          "Start it with: ibus-daemon --daemonize --xim",
          "Run Vanoka --register, then add \"Sinhala (Vanoka)\" in the keyboard settings, or with "
          "ibus-setup."},
-        {"Fcitx5",
-         "fcitx",
-         {"fcitx5-remote", "--check"},
-         "",
-         "/usr/share/fcitx5/inputmethod/vanoka.conf",
-         "Start it with: fcitx5 -d",
-         "Start it anew with fcitx5 -rd, then add \"Sinhala (Vanoka)\" with fcitx5-configtool."},
     }};
     return all;
 }
 
-struct Toolkit {
-    std::string_view name, variable;
-    // Where modules are: patterns with the framework's name for the module.
-    std::string_view folder, ibusModule, fcitxModule, ibusPackage, fcitxPackage;
-};
-
-constexpr std::array toolkits = std::to_array<Toolkit>({
-    {"GTK 3", "GTK_IM_MODULE", "/usr/lib*/gtk-3.0/3.*/immodules/", "im-ibus.so", "im-fcitx5.so", "ibus-gtk3",
-     "fcitx5-frontend-gtk3"},
-    {"GTK 4", "GTK_IM_MODULE", "/usr/lib*/gtk-4.0/4.*/immodules/", "libim-ibus.so", "libim-fcitx5.so",
-     "ibus-gtk4", "fcitx5-frontend-gtk4"},
-    {"Qt 6", "QT_IM_MODULE", "/usr/lib*/qt6/plugins/platforminputcontexts/",
-     "libibusplatforminputcontextplugin.so", "libfcitx5platforminputcontextplugin.so", "libqt6gui6",
-     "fcitx5-frontend-qt6"},
-    {"Qt 5", "QT_IM_MODULE", "/usr/lib*/qt5/plugins/platforminputcontexts/",
-     "libibusplatforminputcontextplugin.so", "libfcitx5platforminputcontextplugin.so", "libqt5gui5",
-     "fcitx5-frontend-qt5"},
-});
-
-/// Libraries are in a folder of their architecture on some distributions and not on others.
-bool hasLibraryFile(const DoctorSystem& system, std::string_view folder, std::string_view file) {
-    constexpr std::string_view start = "/usr/lib*";
-    const std::string rest = std::string(folder.substr(start.size())) + std::string(file);
-    return system.hasFile(std::string(start) + rest) || system.hasFile(std::string(start) + "/*" + rest);
-}
-
 bool runs(const DoctorSystem& system, const Framework& framework) {
-    const auto answer = system.output(framework.address);
+    const auto answer = system.output(framework.question);
     return answer && answer->find(framework.running) != std::string::npos;
 }
 
@@ -130,27 +88,6 @@ void examineFramework(const DoctorSystem& system, const Framework& framework, bo
         findings.missing(name + " does not know Vanoka.", std::string(framework.addEngine));
 }
 
-/// Desktops under Wayland hand text on themselves, and GTK finds IBus by itself: a variable that is not set
-/// need not be wrong, one that names another module is.
-void examineVariable(const DoctorSystem& system, const Framework& framework, const char* variable,
-                     bool findsItself, Findings& findings) {
-    const std::string value = system.variable(variable), name(variable);
-    const std::string wanted(framework.module);
-    if (value == wanted || (framework.module == "fcitx" && value == "fcitx5")) {
-        findings.good(name + " is " + value + ".");
-    } else if (!value.empty()) {
-        findings.missing(name + " is " + value + ", so programs do not ask " + std::string(framework.name) +
-                             ".",
-                         "Set " + name + "=" + wanted +
-                             " where your session sets it, for instance with im-config, and log in again.");
-    } else if (!findsItself && system.variable("WAYLAND_DISPLAY").empty()) {
-        findings.missing(name + " is not set.",
-                         "Set " + name + "=" + wanted + ", for instance with im-config, and log in again.");
-    } else {
-        findings.note(name + " is not set; programs find the input method by themselves.");
-    }
-}
-
 void examineXim(const DoctorSystem& system, const Framework& framework, Findings& findings) {
     const std::string wanted = "@im=" + std::string(framework.module);
     const std::string value = system.variable("XMODIFIERS");
@@ -160,26 +97,6 @@ void examineXim(const DoctorSystem& system, const Framework& framework, Findings
         findings.note("XMODIFIERS is " + (value.empty() ? std::string("not set") : value) +
                           ": old programs such as xterm get no Sinhala.",
                       "Set XMODIFIERS=" + wanted + ", for instance with im-config, and log in again.");
-    }
-}
-
-void examineModules(const DoctorSystem& system, const Framework& framework, Findings& findings) {
-    const bool isIBus = framework.module == "ibus";
-    for (const Toolkit& toolkit : toolkits) {
-        const std::string_view base =
-            toolkit.folder.substr(0, toolkit.folder.find('/', std::size("/usr/lib*")));
-        const bool isToolkitThere = hasLibraryFile(system, base, "");
-        if (!isToolkitThere)
-            continue; // no program here uses it
-        const std::string name(toolkit.name);
-        if (hasLibraryFile(system, toolkit.folder, isIBus ? toolkit.ibusModule : toolkit.fcitxModule))
-            findings.good(name + " has a module for " + std::string(framework.name) + ".");
-        else {
-            findings.note(name + " has no module for " + std::string(framework.name) +
-                              ": programs that use it get the Latin letters under X.",
-                          "Install the package " +
-                              std::string(isIBus ? toolkit.ibusPackage : toolkit.fcitxPackage) + ".");
-        }
     }
 }
 
@@ -242,10 +159,8 @@ std::vector<Finding> examine(const DoctorSystem& system) {
     bool isRunning = false;
     if (const Framework* framework = presentFramework(system, isRunning)) {
         examineFramework(system, *framework, isRunning, findings);
-        examineVariable(system, *framework, "GTK_IM_MODULE", framework->module == "ibus", findings);
-        examineVariable(system, *framework, "QT_IM_MODULE", false, findings);
+        examineToolkits(system, {framework->name, framework->module}, findings);
         examineXim(system, *framework, findings);
-        examineModules(system, *framework, findings);
     } else {
         findings.missing("Neither IBus nor Fcitx5 is installed.",
                          "Install the package ibus, or fcitx5, and log in again.");

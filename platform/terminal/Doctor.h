@@ -6,11 +6,23 @@
 #include <functional>
 #include <optional>
 #include <ostream>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace vanoka {
+
+/// What a Wayland compositor tells its clients.
+struct Compositor {
+    /// The interface with which a program becomes the compositor's input method.
+    static constexpr const char* inputMethods = "zwp_input_method_manager_v2";
+
+    std::set<std::string, std::less<>> interfaces; ///< that it offers
+    bool hasInputMethod = false; ///< where it offers `inputMethods`: a program has become it
+
+    bool offers(std::string_view interface) const { return interfaces.contains(interface); }
+};
 
 /// What the doctor can ask of the system. Plain functions, so that a test can stand in for every one.
 struct DoctorSystem {
@@ -18,6 +30,10 @@ struct DoctorSystem {
     std::function<std::string(std::string_view name)> variable;
     /// Whether any file matches a pattern of the shell.
     std::function<bool(const std::string& pattern)> hasFile;
+    /// Whether the bytes of any file that matches a pattern of the shell hold a text.
+    std::function<bool(const std::string& pattern, std::string_view text)> fileHolds;
+    /// The compositor of the session; nothing under X, and where it cannot be asked.
+    std::function<std::optional<Compositor>()> compositor;
     /// The output of a command; nothing when it is not installed, fails or takes too long.
     std::function<std::optional<std::string>(const std::vector<std::string>& command)> output;
     /// Why the user's own keys cannot be read; empty when they can.

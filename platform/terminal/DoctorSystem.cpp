@@ -1,12 +1,15 @@
-#include "Doctor.h"
+#include "DoctorCompositor.h"
 
 #include "StoredKeys.h"
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <fstream>
 #include <glob.h>
+#include <iterator>
 #include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -24,11 +27,25 @@ std::string valueOf(std::string_view name) {
     return value ? value : "";
 }
 
-bool isFileThere(const std::string& pattern) {
+std::vector<std::string> filesLike(const std::string& pattern) {
     glob_t found{};
-    const bool has = ::glob(pattern.c_str(), GLOB_NOSORT, nullptr, &found) == 0;
+    std::vector<std::string> files;
+    if (::glob(pattern.c_str(), GLOB_NOSORT, nullptr, &found) == 0)
+        files.assign(found.gl_pathv, found.gl_pathv + found.gl_pathc);
     ::globfree(&found);
-    return has;
+    return files;
+}
+
+bool isFileThere(const std::string& pattern) {
+    return !filesLike(pattern).empty();
+}
+
+bool doesFileHold(const std::string& pattern, std::string_view text) {
+    return std::ranges::any_of(filesLike(pattern), [text](const std::string& path) {
+        std::ifstream file(path, std::ios::binary);
+        const std::string bytes(std::istreambuf_iterator<char>(file), {});
+        return bytes.find(text) != std::string::npos;
+    });
 }
 
 [[noreturn]] void become(const std::vector<std::string>& command, int output) {
@@ -85,7 +102,8 @@ std::optional<std::string> outputOf(const std::vector<std::string>& command) {
 } // namespace
 
 DoctorSystem DoctorSystem::real(const SinglishSettings& settings) {
-    return {valueOf, isFileThere, outputOf, [&settings] { return StoredKeys::readingProblem(settings); }};
+    return {valueOf, isFileThere, doesFileHold, askCompositor, outputOf,
+            [&settings] { return StoredKeys::readingProblem(settings); }};
 }
 
 } // namespace vanoka

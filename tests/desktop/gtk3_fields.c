@@ -1,6 +1,7 @@
 /* Two windows, the first with two text fields and the second with one, that write their texts as one line to
  * standard output whenever one changes. With "password" the second field hides its text;
- * with "left" the first gives the focus to the second as soon as it holds a space. */
+ * with "left" the first gives the focus to the second as soon as it holds a space; with "alone" there is no
+ * second window. */
 #include <gtk/gtk.h>
 #include <stdio.h>
 #include <string.h>
@@ -18,7 +19,7 @@ static void report(GtkEditable* changed, gpointer data) {
     (void)changed;
     (void)data;
     for (int i = 0; i < 3; ++i)
-        printf("%s%s", i ? "|" : "", gtk_entry_get_text(GTK_ENTRY(fields[i])));
+        printf("%s%s", i ? "|" : "", fields[i] ? gtk_entry_get_text(GTK_ENTRY(fields[i])) : "");
     printf("\n");
     fflush(stdout);
 }
@@ -42,7 +43,8 @@ static void window(const char* title, int first, int count) {
 int main(int count, char** arguments) {
     gtk_init(&count, &arguments);
     window("vanoka-one", 0, 2);
-    window("vanoka-two", 2, 1);
+    if (count < 2 || strcmp(arguments[1], "alone") != 0)
+        window("vanoka-two", 2, 1);
     if (count > 1 && strcmp(arguments[1], "password") == 0) {
         gtk_entry_set_visibility(GTK_ENTRY(fields[1]), FALSE);
         gtk_entry_set_input_purpose(GTK_ENTRY(fields[1]), GTK_INPUT_PURPOSE_PASSWORD);

@@ -1,6 +1,7 @@
 /* Two windows, the first with two text fields and the second with one, that write their texts as one line to
  * standard output whenever one changes. With "password" the second field hides its text;
- * with "left" the first gives the focus to the second as soon as it holds a space. */
+ * with "left" the first gives the focus to the second as soon as it holds a space; with "alone" there is no
+ * second window. */
 #include <gtk/gtk.h>
 #include <stdio.h>
 #include <string.h>
@@ -11,7 +12,7 @@ static void report(GtkEditable* changed, gpointer data) {
     (void)changed;
     (void)data;
     for (int i = 0; i < 3; ++i)
-        printf("%s%s", i ? "|" : "", gtk_editable_get_text(GTK_EDITABLE(fields[i])));
+        printf("%s%s", i ? "|" : "", fields[i] ? gtk_editable_get_text(GTK_EDITABLE(fields[i])) : "");
     printf("\n");
     fflush(stdout);
 }
@@ -46,7 +47,8 @@ static void window(const char* title, int first, int count, gboolean has_passwor
 int main(int count, char** arguments) {
     gtk_init();
     window("vanoka-one", 0, 2, count > 1 && strcmp(arguments[1], "password") == 0);
-    window("vanoka-two", 2, 1, FALSE);
+    if (count < 2 || strcmp(arguments[1], "alone") != 0)
+        window("vanoka-two", 2, 1, FALSE);
     if (count > 1 && strcmp(arguments[1], "left") == 0)
         g_signal_connect(fields[0], "changed", G_CALLBACK(leave), NULL);
     report(NULL, NULL);

@@ -1,6 +1,6 @@
 // Two windows, the first with two text fields and the second with one, that write their texts as one line to
 // standard output whenever one changes. With "password" the second field hides its text; with "left" the
-// first gives the focus to the second as soon as it holds a space.
+// first gives the focus to the second as soon as it holds a space; with "alone" there is no second window.
 #include <QApplication>
 #include <QLineEdit>
 #include <QVBoxLayout>
@@ -50,7 +50,8 @@ int main(int count, char** arguments) {
                 fields[1]->setFocus();
         });
     one.show();
-    two.show();
+    if (count < 2 || QByteArray(arguments[1]) != "alone")
+        two.show();
     report();
     return QApplication::exec();
 }

@@ -189,8 +189,14 @@ class IBusDesk(Desk):
 
 class Fcitx5Desk(Desk):
     name = "fcitx5"
+    left_out = "notificationitem,classicui,kimpanel,clipboard,wayland,waylandim"
 
     def start_framework(self):
+        self.configure()
+        self.processes.start(["fcitx5", "--disable=" + self.left_out])
+        self.wait_for_framework()
+
+    def configure(self):
         libraries = os.path.dirname(subprocess.run(["sh", "-c", "ls -d /usr/lib/*/fcitx5 /usr/lib*/fcitx5"],
                                                    capture_output=True, text=True).stdout.splitlines()[0])
         self.environment.update({
@@ -205,7 +211,8 @@ class Fcitx5Desk(Desk):
                        "[Groups/0/Items/1]\nName=vanoka\nLayout=\n\n[GroupOrder]\n0=Default\n")
         with open(configuration + "/config", "w") as file:
             file.write("[Behavior]\nActiveByDefault=True\nShareInputState=All\n")
-        self.processes.start(["fcitx5", "--disable=notificationitem,classicui,kimpanel,clipboard,wayland,waylandim"])
+
+    def wait_for_framework(self):
         wait_until(self.is_running, "fcitx5 is on the bus")
         time.sleep(0.5)
 
