@@ -68,7 +68,17 @@ std::optional<int> answerWithoutWindow(int count, char** values) {
     return std::nullopt;
 }
 
+QtMessageHandler handlerOfToolkit = nullptr;
+
+/// The toolkit warns of Sinhala letters that the first family of the application's font cannot join, and then
+/// takes the second, which is there for them.
+void handleMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (!message.contains(QStringLiteral("OpenType support missing")))
+        handlerOfToolkit(type, context, message);
+}
+
 void prepareToolkit() {
+    handlerOfToolkit = qInstallMessageHandler(handleMessage);
     PlainInput::begin();
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software); // a quiet window needs no graphics card
     QGuiApplication::setDesktopFileName(Identity::settingsId);
