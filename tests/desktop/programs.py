@@ -4,12 +4,15 @@ A client is two toolkits, "qt6-gtk3": the first word is written in a program of 
 of the second, and then the first has its turn again.
 """
 
+import re
 import time
 
 import windows
 from windows import KA, WORD, Failure, wait_until
 
 MA = "\u0db8"
+# What a program gets, and ought to get, when the first key of a word is not composed.
+FIRST_KEY_RAW = {"m\u0d85": MA, "k\u0d85": KA, "a\u0db8\u0dca\u0db8": WORD}
 KRA_NALA = "\u0d9a\u0dd8\u0d85 \u0dab\u0dc5"  # kRa NaLa
 
 # Windows have no frames, so that a place on the screen is a place in a window.
@@ -74,6 +77,7 @@ class Two:
 
     def __init__(self, desk, toolkits, pauses):
         self.desk = desk
+        self.toolkits = toolkits
         self.pauses = pauses
         self.programs = []
         try:
@@ -103,9 +107,16 @@ class Two:
         time.sleep(0.2)  # a second delivery would come now
         return self.texts() == texts
 
+    def known(self, texts):
+        """Why the texts may be what they are instead of these."""
+        as_composed = tuple(text if "xim" not in toolkit else re.sub("|".join(FIRST_KEY_RAW), lambda found:
+                                                                     FIRST_KEY_RAW[found.group()], text)
+                            for text, toolkit in zip(self.texts(), self.toolkits))
+        return "Xlib's first key after a change of windows did not reach XIM's server" if as_composed == texts else None
+
     def expect(self, *texts):
         if not self.become(texts):
-            raise Failure("the texts are %r, not %r" % (self.texts(), texts))
+            raise Failure("the texts are %r, not %r" % (self.texts(), texts), self.known(texts))
 
 
 # The ways from one program to another.
@@ -148,7 +159,7 @@ def by_alt_tab(two):
 
 def after_a_word(two):
     """The window changes as soon as a word has ended."""
-    before, wrong = two.texts(), []
+    before, wrong, known = two.texts(), [], []
     for pause in two.pauses:
         for program, other in ((two.here, two.there), (two.there, two.here)):
             two.desk.processes.output("xdotool", "key", "--delay", "30", *"amma", "key", "--delay", "0", "space",
@@ -158,9 +169,11 @@ def after_a_word(two):
                            for text, writer in zip(before, two.programs))
             if not two.become(wanted, patience=2):
                 wrong.append("%r, not %r at %d ms" % (two.texts(), wanted, pause))
+                known.append(two.known(wanted))
             before = two.texts()
     if wrong:
-        raise Failure("%d of %d words: %s" % (len(wrong), 2 * len(two.pauses), "; ".join(wrong)))
+        raise Failure("%d of %d words: %s" % (len(wrong), 2 * len(two.pauses), "; ".join(wrong)),
+                      known[0] if all(known) else None)
 
 
 def with_shift(two):
@@ -177,7 +190,12 @@ PARTS = [by_click, by_activation, by_alt_tab, after_a_word, with_shift]
 TOOLKITS = ["gtk3", "gtk4", "qt5", "qt6", "xim"]
 CLIENTS = [here + "-" + there for here in TOOLKITS for there in TOOLKITS if here != there]
 
-KNOWN = {}
+# What no engine can mend, with the reason; it is run, and reported when it has become better.
+KNOWN = {
+    ("ibus", client, "after_a_word"):
+        "GTK's module puts marked text in when its window is left, though the text of the last key is on its way"
+    for client in CLIENTS if "gtk" in client
+}
 
 
 def run_part(desk, client, part, pauses):

@@ -27,7 +27,11 @@ PATIENCE = 8  # seconds
 
 
 class Failure(Exception):
-    pass
+    """Something is not as expected; `known` is the reason where nobody here can mend it."""
+
+    def __init__(self, text, known=None):
+        super().__init__(text)
+        self.known = known
 
 
 def wait_until(condition, what, patience=PATIENCE):
@@ -533,6 +537,7 @@ def run(options, clients, parts_of, act, known, prepare=lambda desk: None):
                 act(desk, client, part)
                 outcome = "ok (better than known: %s)" % reason if reason else "ok"
             except Failure as failure:
+                reason = reason or failure.known
                 outcome = "known (%s): %s" % (reason, failure) if reason else "FAILED: %s" % failure
                 failures += not reason
             print("%-6s %-17s %-28s %.1f s  %s" % (options.framework, client, part.__name__, time.monotonic() - start,
