@@ -149,16 +149,14 @@ void examineToolkit(const Session& session, const Toolkit& toolkit, Findings& fi
     const std::string variable(toolkit.variable), value = session.system.variable(variable);
     const std::string programs = "Programs with " + std::string(toolkit.name) + " get Latin letters: ";
     const bool isUnset = value.empty() || value == "wayland"; // the latter is what an unset one means
-    if (isModuleOf(session.framework, value))
-        examineModule(session, toolkit, findings);
-    else if (!isUnset)
+    if (!isUnset && !isModuleOf(session.framework, value))
         findings.missing(programs + variable + " is " + value + ".", setVariable(session, toolkit));
-    else if (asksCompositor(session, toolkit))
+    else if (isUnset && asksCompositor(session, toolkit))
         examineCompositor(session, toolkit, findings);
-    else if (toolkit.findsModule)
-        examineModule(session, toolkit, findings);
-    else
+    else if (isUnset && !toolkit.findsModule)
         findings.missing(programs + variable + " is not set.", setVariable(session, toolkit));
+    else
+        examineModule(session, toolkit, findings);
 }
 
 /// The folder that is there when the toolkit is installed, whatever modules it has.

@@ -2,14 +2,17 @@
 """Types into programs of each toolkit under real Wayland compositors, and asks `singlish doctor` what it thinks of it.
 
     compositors.py --build FOLDER [--only ROW]
+    compositors.py --build FOLDER --change-source 0,10,20,50 [--rounds N]
 
 Each row of the table is a compositor, a framework and the variables that the programs see. What is typed has to be
 what the table says, and so has what the doctor says. The compositors run in a window of an X server without a screen.
+The second form counts the words that Super and Space, so many milliseconds apart, take from Qt under GNOME Shell.
 Needs gnome-shell, kwin_wayland and sway besides what windows.py needs: see the group `compositors` of
 scripts/need-packages. Exit status: 0 when all are right.
 """
 
 import argparse
+import contextlib
 import os
 import re
 import shutil
@@ -102,13 +105,14 @@ class Gnome(Wayland):
     """It starts the daemon itself."""
 
     desktop = "GNOME"
+    sources = "[('ibus', 'vanoka'), ('xkb', 'us')]"
 
     def command(self):
         settings = self.folder + "/config/glib-2.0/settings"
         os.makedirs(settings)
         with open(settings + "/keyfile", "w") as file:
-            file.write("[org/gnome/desktop/input-sources]\nsources=[('ibus', 'vanoka')]\n"
-                       "[org/gnome/desktop/notifications]\nshow-banners=false\n")  # they take the keys
+            file.write("[org/gnome/desktop/input-sources]\nsources=%s\n"
+                       "[org/gnome/desktop/notifications]\nshow-banners=false\n" % self.sources)  # they take the keys
         self.environment.update(
             GSETTINGS_BACKEND="keyfile", DBUS_SYSTEM_BUS_ADDRESS=self.environment["DBUS_SESSION_BUS_ADDRESS"],
             IBUS_COMPONENT_PATH=self.build + "/component:/usr/share/ibus/component")
@@ -167,6 +171,33 @@ class Session:
             self.environment.pop("DISPLAY")
         self.processes = windows.Processes(self.environment)
 
+    @contextlib.contextmanager
+    def field(self, toolkit):
+        """A program whose field has the focus; what it gives is the field's text."""
+        path = self.desk.folder + "/" + toolkit
+        with open(path, "w") as log:
+            self.processes.start([self.desk.build + "/bin/" + toolkit + "_fields", "alone"], stdout=log)
+
+        def text():
+            with open(path, encoding="utf-8") as file:
+                lines = file.read().splitlines()
+            return lines and lines[-1].strip("|")
+
+        def digits_come():
+            """The program has a field from its first line on, and the focus at any time after."""
+            if text() == "":
+                self.give_focus()
+                self.desk.processes.output("xdotool", "key", "1")
+                time.sleep(0.1)
+            return text()
+        try:
+            wait_until(digits_come, "something comes into the field", 10)
+            yield text
+        except Failure as failure:
+            raise Failure("%s (%r)" % (failure, text())) from None
+        finally:
+            self.processes.end_all()
+
     def typed_in_the_end(self, toolkit):
         """Not every new window gets the focus, or keeps it: the program is started again then."""
         for _ in range(3):
@@ -178,34 +209,14 @@ class Session:
 
     def typed(self, toolkit):
         """What comes into a field of a program when a word is typed."""
-        path = self.desk.folder + "/" + toolkit
-        with open(path, "w") as log:
-            self.processes.start([self.desk.build + "/bin/" + toolkit + "_fields", "alone"], stdout=log)
-        try:
-            def text():
-                with open(path, encoding="utf-8") as file:
-                    lines = file.read().splitlines()
-                return lines and lines[-1].strip("|")
-
-            def digits_come():
-                """The program has a field from its first line on, and the focus at any time after."""
-                if text() == "":
-                    self.give_focus()
-                    self.desk.processes.output("xdotool", "key", "1")
-                    time.sleep(0.1)
-                return text()
-            wait_until(digits_come, "something comes into the field", 10)
+        with self.field(toolkit) as text:
             before = text()
             for _ in range(2):  # with the first the input method may only be on its way to the field
                 self.desk.processes.output("xdotool", "key", "--delay", "50", *"amma", "period")
                 wait_until(lambda: text().startswith(before) and text()[len(before):].endswith("."),
                            "a word comes into the field")
                 before, word = text(), text()[len(before):]
-        except Failure as failure:
-            raise Failure("%s (%r)" % (failure, text())) from None
-        finally:
-            self.processes.end_all()
-        return word
+            return word
 
     def give_focus(self):
         """To the window of the compositor, which gives it to the program."""
@@ -239,13 +250,54 @@ def act(build, kind, variables, latin):
     return wrong, report
 
 
+def press_super_space(desk, pause):
+    desk.processes.output("xdotool", "keydown", "Super_L", "sleep", str(pause), "key", "--delay", "20", "space", "sleep",
+                          str(pause), "keyup", "Super_L")
+
+
+def words_lost(session, toolkit, pause, rounds):
+    """How many of the words in which the source was changed did not come into the field."""
+    desk, lost = session.desk, 0
+    with session.field(toolkit) as text:
+        for _ in range(rounds):
+            wait_until(lambda: desk.processes.output("ibus", "engine") == "vanoka", "our engine is in force")
+            time.sleep(0.3)  # until the shell has closed the list of sources
+            before = text()
+            desk.processes.output("xdotool", "key", "--delay", "50", *"ka")
+            press_super_space(desk, pause / 1000)
+            wait_until(lambda: desk.processes.output("ibus", "engine") != "vanoka", "the other is")
+            time.sleep(0.5)
+            desk.processes.output("xdotool", "key", "x")
+            wait_until(lambda: text().endswith("x"), "keys are the program's")
+            lost += text()[len(before):] != windows.KA + "x"
+            press_super_space(desk, 0.05)
+    return lost
+
+
+def change_source(build, pauses, rounds):
+    desk = type("change", (Gnome, windows.IBusDesk), {})(build)
+    try:
+        session = Session(desk, {"QT_IM_MODULE": "ibus"})
+        for toolkit in QT:
+            for pause in pauses:
+                print("%s: %d of %d words lost at %d ms" % (TOOLKITS[toolkit], words_lost(session, toolkit, pause, rounds),
+                                                           rounds, pause), flush=True)
+    finally:
+        desk.close()
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--build", required=True, help="the folder in which everything was built")
     parser.add_argument("--only", default="", help="rows whose names hold this pattern")
     parser.add_argument("--doctor", action="store_true", help="print what the doctor says, too")
+    parser.add_argument("--change-source", metavar="MILLISECONDS", help="count lost words instead")
+    parser.add_argument("--rounds", type=int, default=12, help="of that")
     options = parser.parse_args()
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # what was started is ended then, too
+    if options.change_source:
+        pauses = [int(pause) for pause in options.change_source.split(",")]
+        return change_source(os.path.abspath(options.build), pauses, options.rounds)
     failures = 0
     for name, kind, variables, latin in ROWS:
         if not re.search(options.only, name):
