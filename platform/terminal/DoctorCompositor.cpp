@@ -10,8 +10,8 @@ namespace vanoka {
 namespace {
 
 // The part of the protocol input-method-unstable-v2 that is needed to ask whether a program has become the
-// input method: the compositor tells a second one that it is unavailable. No distribution ships its
-// description.
+// input method: the compositor tells a second one that it is unavailable. Debian has no package
+// with its description.
 
 constexpr std::uint32_t getInputMethod = 0, destroyManager = 1, destroyInputMethod = 6; // requests
 constexpr int unavailable = 6;                                                          // an event

@@ -39,8 +39,9 @@ enum class Desktop : std::uint8_t { x11, gnome, plasma, other, unknown };
 struct Session {
     const DoctorSystem& system;
     FrameworkModules framework;
-    std::optional<Compositor> compositor;
-    Desktop desktop;
+    std::optional<Compositor> compositor = {};
+    Desktop desktop = Desktop::x11;
+    bool handsOn = false; ///< the compositor hands what programs ask it for to the framework
 };
 
 /// Libraries are in a folder of their architecture on some distributions and not on others.
@@ -72,8 +73,7 @@ bool hasInputMethodOfPlasma(const DoctorSystem& system) {
     return answer && answer->find("true") != std::string::npos;
 }
 
-/// Whether the compositor hands what programs ask it for to the framework.
-bool handsOn(const Session& session) {
+bool doesHandOn(const Session& session) {
     switch (session.desktop) {
     case Desktop::gnome:
         return session.framework.module == "ibus";
@@ -86,6 +86,13 @@ bool handsOn(const Session& session) {
         break;
     }
     return false;
+}
+
+Session sessionOf(const DoctorSystem& system, const FrameworkModules& framework) {
+    Session session{system, framework, system.compositor()};
+    session.desktop = desktopOf(system, session.compositor);
+    session.handsOn = doesHandOn(session);
+    return session;
 }
 
 bool asksCompositor(const Session& session, const Toolkit& toolkit) {
@@ -116,7 +123,7 @@ std::string setVariable(const Session& session, const Toolkit& toolkit) {
 
 void examineCompositor(const Session& session, const Toolkit& toolkit, Findings& findings) {
     const std::string programs = "Programs with " + std::string(toolkit.name);
-    if (handsOn(session)) {
+    if (session.handsOn) {
         findings.good(programs + " get Sinhala, through the compositor.");
         return;
     }
@@ -149,7 +156,11 @@ void examineToolkit(const Session& session, const Toolkit& toolkit, Findings& fi
     const std::string variable(toolkit.variable), value = session.system.variable(variable);
     const std::string programs = "Programs with " + std::string(toolkit.name) + " get Latin letters: ";
     const bool isUnset = value.empty() || value == "wayland"; // the latter is what an unset one means
-    if (!isUnset && !isModuleOf(session.framework, value))
+    if (isUnset && session.desktop == Desktop::unknown)
+        findings.note("What programs with " + std::string(toolkit.name) +
+                          " get could not be found out: it depends on the compositor.",
+                      setVariable(session, toolkit));
+    else if (!isUnset && !isModuleOf(session.framework, value))
         findings.missing(programs + variable + " is " + value + ".", setVariable(session, toolkit));
     else if (isUnset && asksCompositor(session, toolkit))
         examineCompositor(session, toolkit, findings);
@@ -166,9 +177,7 @@ std::string_view baseOf(const Toolkit& toolkit) {
 
 /// Some programs bring no toolkit and have no module, among them some terminals.
 void examinePlainPrograms(const Session& session, Findings& findings) {
-    if (session.desktop == Desktop::unknown)
-        findings.note("What the compositor hands on could not be found out.");
-    else if (session.desktop != Desktop::x11 && !handsOn(session))
+    if (session.compositor && !session.handsOn)
         findings.note("Programs that know nothing but Wayland's own text input, such as foot, get Latin "
                       "letters: the compositor hands none to " +
                       std::string(session.framework.name) + ".");
@@ -177,8 +186,7 @@ void examinePlainPrograms(const Session& session, Findings& findings) {
 } // namespace
 
 void examineToolkits(const DoctorSystem& system, const FrameworkModules& framework, Findings& findings) {
-    Session session{system, framework, system.compositor(), Desktop::x11};
-    session.desktop = desktopOf(system, session.compositor);
+    const Session session = sessionOf(system, framework);
     for (const Toolkit& toolkit : toolkits)
         if (hasLibraryFile(system, baseOf(toolkit)))
             examineToolkit(session, toolkit, findings);

@@ -112,7 +112,7 @@ class Two:
         as_composed = tuple(text if "xim" not in toolkit else re.sub("|".join(FIRST_KEY_RAW), lambda found:
                                                                      FIRST_KEY_RAW[found.group()], text)
                             for text, toolkit in zip(self.texts(), self.toolkits))
-        return "Xlib's first key after a change of windows did not reach XIM's server" if as_composed == texts else None
+        return "the first key after a change of windows did not reach XIM's server" if as_composed == texts else None
 
     def expect(self, *texts):
         if not self.become(texts):

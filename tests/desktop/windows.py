@@ -156,7 +156,8 @@ class IBusDesk(Desk):
     def start_framework(self):
         self.environment.update({
             "IBUS_ADDRESS_FILE": self.folder + "/address",
-            "IBUS_COMPONENT_PATH": ":".join(filter(None, [self.build + "/component", self.bare, "/usr/share/ibus/component"])),
+            "IBUS_COMPONENT_PATH": ":".join(filter(None, [self.build + "/component", self.bare,
+                                                          "/usr/share/ibus/component"])),
             "GTK_IM_MODULE": "ibus", "QT_IM_MODULE": "ibus", "XMODIFIERS": "@im=ibus"})
         if self.is_asynchronous:
             self.environment["IBUS_ENABLE_SYNC_MODE"] = "0"

@@ -44,6 +44,8 @@ struct Fcitx5 {
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Addon, FrameworkTest, Fcitx5);
 
+constexpr std::uint64_t commitsItself = 1U << 5; // a capability of a field, as Qt's module has it
+
 class AddonTest : public testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(Fcitx5::choose(field, Fcitx5::engine)); }
@@ -72,9 +74,20 @@ TEST_F(AddonTest, ComposesNothingInPasswordFields) {
     EXPECT_EQ(password.field().screen(), "am1. ");
 }
 
+TEST_F(AddonTest, LeavesTheMarkedTextToAFieldThatPutsItInItself) {
+    field.focusOut();
+    Fcitx5Field qt("editor", Fcitx5Field::showsMarkedText | commitsItself);
+    qt.type("ka");
+    qt.focusOut();
+    EXPECT_EQ(qt.field().screen(), "[\u0D9A]") << "it shall not be taken away before the field has put it in";
+    qt.field() = TextField();
+    qt.focusIn();
+    qt.type("ma.");
+    EXPECT_EQ(qt.field().screen(), "\u0DB8.") << "the word is the field's from then on";
+}
+
 TEST_F(AddonTest, AKeyThatBeginsAShortcutPutsTheWordInWhereNobodyElseWould) {
     constexpr std::uint32_t altLeft = 0xFFE9, shiftLeft = 0xFFE1;
-    constexpr std::uint64_t commitsItself = 1U << 5;
     field.focusOut();
     Fcitx5Field browser("firefox-esr");
     browser.type("ka");

@@ -142,8 +142,11 @@ TEST(Doctor, OnlyNotesWhatSomeProgramsDoWithout) {
              {[](Desktop& desktop) { desktop.variables.erase("XMODIFIERS"); }, "XMODIFIERS is not set"},
              {[](Desktop& desktop) { desktop.files.insert("/usr/lib/x86_64-linux-gnu/gtk-4.0"); },
               "Programs with GTK 4 get Latin letters: they have no module for IBus."},
-             {[](Desktop& desktop) { desktop.variables["WAYLAND_DISPLAY"] = "wayland-0"; },
-              "What the compositor hands on could not be found out."},
+             {[](Desktop& desktop) {
+                  desktop.variables["WAYLAND_DISPLAY"] = "wayland-0"; // and it does not answer
+                  desktop.variables.erase("QT_IM_MODULE");
+              },
+              "What programs with Qt 6 get could not be found out"},
              {[](Desktop& desktop) { desktop.variables["LC_ALL"] = "C"; }, "The locale is not UTF-8"},
              {[](Desktop& desktop) { desktop.variables.erase("LANG"); }, "The locale is not UTF-8"},
              {[](Desktop& desktop) { desktop.outputs.erase("fc-list --format %{capability}\\n :lang=si"); },
