@@ -49,6 +49,9 @@ class Wayland:
     def start_input_method(self):
         super().start_framework()
 
+    def has_xim(self):
+        return True  # which no program here uses
+
 
 class X11:
     """A desk with a window manager, which gives a new window the focus."""
