@@ -192,9 +192,11 @@ CLIENTS = [here + "-" + there for here in TOOLKITS for there in TOOLKITS if here
 
 # What no engine can mend, with the reason; it is run, and reported when it has become better.
 KNOWN = {
-    ("ibus", client, "after_a_word"):
-        "GTK's module puts marked text in when its window is left, though the text of the last key is on its way"
-    for client in CLIENTS if "gtk" in client
+    **{("ibus", client, "after_a_word"):
+           "GTK's module puts marked text in when its window is left, though the text of the last key is on its way"
+       for client in CLIENTS if "gtk" in client},
+    **{("fcitx5", client, "after_a_word"): "keys of XIM go by Fcitx5's server for it beside a change of windows"
+       for client in CLIENTS if "xim" in client},
 }
 
 
