@@ -15,7 +15,7 @@ namespace vanoka::ibus {
 
 namespace {
 
-constexpr guint longestWait = 10; // for another daemon, in seconds
+constexpr guint patience = 10; // for another daemon, in seconds
 
 /// A program of its own, so that no window toolkit is ever loaded here. It says itself why it cannot start.
 void activate(VanokaInputController::MenuAction action) {
@@ -102,7 +102,7 @@ void Server::onConnected() {
 void Server::onDisconnected() {
     withdrawEngine();
     if (waiting_ == 0)
-        waiting_ = g_timeout_add_seconds(longestWait, callServer<&Server::onWaitedLongEnough>, this);
+        waiting_ = g_timeout_add_seconds(patience, callServer<&Server::onWaitedLongEnough>, this);
 }
 
 gboolean Server::onWaitedLongEnough() {

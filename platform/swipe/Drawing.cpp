@@ -14,7 +14,7 @@ namespace vanoka {
 
 namespace {
 
-using Path = std::span<const SwipePoint>;
+using Points = std::span<const SwipePoint>;
 
 /// Told apart by eyes that see no red or no green, too.
 constexpr auto colours =
@@ -54,7 +54,7 @@ std::string escaped(std::string_view text) {
 
 class Picture {
 public:
-    Picture(const Keyboard& keyboard, Path stroke) : keyboard_(keyboard), box_(boxOf(keyboard, stroke)) {
+    Picture(const Keyboard& keyboard, Points stroke) : keyboard_(keyboard), box_(boxOf(keyboard, stroke)) {
         body_ << std::fixed << std::setprecision(1);
     }
 
@@ -83,7 +83,7 @@ public:
         }
     }
 
-    void path(Path points, std::string_view colour, std::string_view style) {
+    void path(Points points, std::string_view colour, std::string_view style) {
         body_ << "<polyline fill=\"none\" stroke=\"" << colour << "\" " << style << " points=\"";
         for (const char* gap = ""; const SwipePoint each : points) {
             if (!isSomewhere(each))
@@ -95,7 +95,7 @@ public:
         body_ << "\"/>\n";
     }
 
-    void dots(Path points, std::string_view colour, double radius) {
+    void dots(Points points, std::string_view colour, double radius) {
         for (const SwipePoint each : points) {
             if (!isSomewhere(each))
                 continue;
@@ -112,7 +112,7 @@ public:
     }
 
 private:
-    static Box boxOf(const Keyboard& keyboard, Path stroke) {
+    static Box boxOf(const Keyboard& keyboard, Points stroke) {
         const SwipePoint first = keyboard.keys.front().center;
         Box box{first.x, first.y, first.x, first.y};
         const auto reach = [&box](SwipePoint point, double x, double y) {

@@ -102,8 +102,8 @@ std::optional<std::string> outputOf(const std::vector<std::string>& command) {
 } // namespace
 
 DoctorSystem DoctorSystem::real(const SinglishSettings& settings) {
-    return {valueOf, isFileThere, doesFileHold, askCompositor, outputOf,
-            [&settings] { return StoredKeys::readingProblem(settings); }};
+    return {valueOf,       isFileThere, doesFileHold,
+            askCompositor, outputOf,    [&settings] { return StoredKeys::readingProblem(settings); }};
 }
 
 } // namespace vanoka

@@ -39,7 +39,7 @@ enum class Desktop : std::uint8_t { x11, gnome, plasma, other, unknown };
 struct Session {
     const DoctorSystem& system;
     FrameworkModules framework;
-    std::optional<Compositor> compositor = {};
+    std::optional<Compositor> compositor;
     Desktop desktop = Desktop::x11;
     bool handsOn = false; ///< the compositor hands what programs ask it for to the framework
 };

@@ -12,8 +12,12 @@ namespace vanoka {
 
 namespace {
 
-constexpr char32_t controlA = 0x01, controlB = 0x02, controlD = 0x04, controlE = 0x05, controlF = 0x06,
-                   controlH = 0x08, tab = 0x09, controlK = 0x0B, controlU = 0x15, controlW = 0x17;
+constexpr char32_t tab = 0x09;
+
+/// What the Control key makes of a letter.
+constexpr char32_t control(char letter) noexcept {
+    return static_cast<char32_t>(letter & 0x1F);
+}
 
 bool isSinhala(char32_t scalar) noexcept {
     return scalar >= 0x0D80 && scalar <= 0x0DFF;
@@ -90,26 +94,26 @@ bool TypedLine::applyFunctionKey(char32_t scalar) {
 
 bool TypedLine::applyControl(char32_t scalar) {
     switch (scalar) {
-    case controlA:
+    case control('A'):
         return applyFunctionKey(FunctionKey::home);
-    case controlB:
+    case control('B'):
         return applyFunctionKey(FunctionKey::leftArrow);
-    case controlD:
+    case control('D'):
         return applyFunctionKey(FunctionKey::deleteForward);
-    case controlE:
+    case control('E'):
         return applyFunctionKey(FunctionKey::end);
-    case controlF:
+    case control('F'):
         return applyFunctionKey(FunctionKey::rightArrow);
-    case controlH:
+    case control('H'):
         deleteBackward();
         return true;
-    case controlK:
+    case control('K'):
         erase(caret_, text_.size());
         return true;
-    case controlU:
+    case control('U'):
         erase(0, caret_);
         return true;
-    case controlW:
+    case control('W'):
         deleteWordBackward();
         return true;
     default:

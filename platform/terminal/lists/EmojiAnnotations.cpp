@@ -1,5 +1,6 @@
 #include "EmojiAnnotations.h"
 
+#include "Words.h"
 #include "text/Equivalence.h"
 #include "text/LetterCase.h"
 #include "text/Rows.h"
@@ -80,13 +81,6 @@ std::string withoutSelectors(std::string_view emoji) {
 
 bool isSingleWord(std::string_view text) {
     return !text.empty() && text.find_first_of(" \t\n#") == std::string_view::npos;
-}
-
-bool isSinhala(std::string_view word) {
-    for (const text::Scalar& scalar : text::Scalars(word))
-        if (scalar.value >= 0x0D80 && scalar.value <= 0x0DFF)
-            return true;
-    return false;
 }
 
 /// The lines of the list in the order in which their words are met.

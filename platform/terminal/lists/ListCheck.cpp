@@ -1,6 +1,7 @@
 #include "ListCheck.h"
 
 #include "ListReading.h"
+#include "Words.h"
 #include "text/Rows.h"
 #include "text/Utf8.h"
 #include "text/Visible.h"
@@ -17,13 +18,6 @@ namespace {
 constexpr std::array<std::string_view, 3> names = {"sinhala", "english", "emoji"};
 constexpr std::string_view byteOrderMarkWarning = "it begins with a byte order mark, which is passed over "
                                                   "here; a keyboard may take it as a part of the word";
-
-bool isSinhala(std::string_view word) {
-    for (const text::Scalar& scalar : text::Scalars(word))
-        if (scalar.value >= 0x0D80 && scalar.value <= 0x0DFF)
-            return true;
-    return false;
-}
 
 std::size_t illFormedByte(std::string_view line) {
     std::size_t at = 0;

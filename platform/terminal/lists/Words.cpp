@@ -73,6 +73,13 @@ std::string_view takeWord(std::string_view& rest, PartOf partOf) noexcept {
 
 } // namespace
 
+bool isSinhala(std::string_view word) noexcept {
+    for (const text::Scalar& scalar : text::Scalars(word))
+        if (scalar.value >= 0x0D80 && scalar.value <= 0x0DFF)
+            return true;
+    return false;
+}
+
 std::size_t PieceCutter::wholeScalars() const noexcept {
     return held_.size() - text::unfinishedLength(held_);
 }

@@ -6,6 +6,9 @@
 
 namespace vanoka {
 
+/// Whether any scalar of `word` is of the Sinhala block.
+bool isSinhala(std::string_view word) noexcept;
+
 /// Calls `take` with every Sinhala word of `text`, in its canonical composition: a letter and the letters and
 /// signs after it. Joiners belong to a word when they stand inside it; punctuation, digits and everything
 /// that is not Sinhala separate words. Views are valid during the call alone.
