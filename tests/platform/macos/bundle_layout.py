@@ -38,7 +38,7 @@ IMPORTS = {"_OBJC_CLASS_$_IMKServer": INPUT_METHOD_KIT, "_OBJC_CLASS_$_IMKInputC
            "_TISRegisterInputSource": CARBON, "_OBJC_CLASS_$_NSApplication": APPKIT,
            "__Znwm": "/usr/lib/libc++.1.dylib", "_objc_msgSend": "/usr/lib/libobjc.A.dylib"}
 TEXTS = [
-    "Registered Vanoka input source", "TISRegisterInputSource failed: ",
+    "Registered Vanoka input source\n", "TISRegisterInputSource failed: ",
     "Could not start the Vanoka input method server", "InputMethodConnectionName", "vanoka.customization.v1",
     "\u0d89\u0d82\u0d9c\u0dca\u200d\u0dbb\u0dd3\u0dc3\u0dd2 \u0d85\u0d9a\u0dd4\u0dbb\u0dd9\u0db1\u0dca "
     "\u0dc3\u0dd2\u0d82\u0dc4\u0dbd \u0dbd\u0dd2\u0dba\u0db1\u0dca\u0db1",
