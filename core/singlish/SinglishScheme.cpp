@@ -12,7 +12,7 @@ namespace {
 // clang-format off
 
 //   keys                   letter, sign
-constexpr std::array vowelTable = std::to_array<Vowel>({
+constexpr Vowel vowelTable[] = {
     {{"a"},                 "අ", ""},
     {{"aa"},                "ආ", "ා"},
     {{"A", "ae"},           "ඇ", "ැ"},
@@ -29,10 +29,10 @@ constexpr std::array vowelTable = std::to_array<Vowel>({
     {{"o"},                 "ඔ", "ො"},
     {{"oo"},                "ඕ", "ෝ"},
     {{"au"},                "ඖ", "ෞ"},
-});
+};
 
 //   keys                    letter
-constexpr std::array consonantTable = std::to_array<Consonant>({
+constexpr Consonant consonantTable[] = {
     {{"k"},                  "ක"},
     {{"kh", "K"},            "ඛ"},
     {{"g"},                  "ග"},
@@ -74,14 +74,14 @@ constexpr std::array consonantTable = std::to_array<Consonant>({
     {{"h"},                  "හ"},
     {{"L"},                  "ළ"},
     {{"f"},                  "ෆ"},
-});
+};
 
-constexpr std::array markTable = std::to_array<Mark>({
+constexpr Mark markTable[] = {
     {{"x"}, "\u0D82", "binduwa"},
     {{"H"}, "\u0D83", "visargaya"},
-});
+};
 
-constexpr std::array soundsLikeTable = std::to_array<SoundsLike>({
+constexpr SoundsLike soundsLikeTable[] = {
     {'a', {"අ", "ආ", "ඇ", "ඈ", "ඓ", "ඖ"}},
     {'b', {"බ", "භ", "ඹ"}},
     {'c', {"ච", "ඡ"}},
@@ -107,7 +107,7 @@ constexpr std::array soundsLikeTable = std::to_array<SoundsLike>({
     {'x', {"ං", "ඞ"}},
     {'y', {"ය"}},
     {'z', {"ඟ", "ඦ", "ඬ", "ඳ", "ඹ"}},
-});
+};
 
 struct GroupNames {
     Group group;
@@ -127,8 +127,8 @@ constexpr std::string_view dottedCircle = "\u25CC";
 constexpr std::string_view arrow = " \u2192 ";
 
 constexpr std::array letterTable = [] {
-    std::array<Letter, vowelTable.size() + consonantTable.size() + markTable.size()> letters{};
-    auto* next = letters.begin();
+    std::array<Letter, std::size(vowelTable) + std::size(consonantTable) + std::size(markTable)> letters{};
+    Letter* next = letters.data();
     for (const Vowel& vowel : vowelTable)
         *next++ = {vowel.letter, Group::vowel, vowel.keys, vowel.sign};
     for (const Consonant& consonant : consonantTable)
@@ -200,18 +200,18 @@ constexpr bool latinAscends(std::span<const SoundsLike> rows) {
     return std::ranges::adjacent_find(rows, std::ranges::greater_equal{}, &SoundsLike::latin) == rows.end();
 }
 
-static_assert(vowelTable.size() == 16 && consonantTable.size() == 41 && markTable.size() == 2);
-static_assert(letterTable.size() == 59 && soundsLikeTable.size() == 25);
+static_assert(std::size(vowelTable) == 16 && std::size(consonantTable) == 41 && std::size(markTable) == 2);
+static_assert(std::size(letterTable) == 59 && std::size(soundsLikeTable) == 25);
 static_assert(everyIdIsOneScalar(letterTable) && everySignIsOneScalarOrNone(letterTable));
 static_assert(noIdTwice(letterTable) && everyLetterHasKeys(letterTable) && noKeyTwice(letterTable));
 static_assert(soundsAreLetters(soundsLikeTable, letterTable) && latinAscends(soundsLikeTable));
 
-constexpr std::array badLetters = std::to_array<Letter>({
+constexpr Letter badLetters[] = {
     {"කක", Group::vowel, {"a", "A1"}, "කක"},
     {"ක", Group::consonant, {"k", "kh"}, std::nullopt},
     {"ක", Group::consonant, {"kh"}, std::nullopt},
-});
-constexpr std::array badSounds = std::to_array<SoundsLike>({{'b', {"ග"}}, {'b', {"ක"}}});
+};
+constexpr SoundsLike badSounds[] = {{'b', {"ග"}}, {'b', {"ක"}}};
 static_assert(!everyIdIsOneScalar(badLetters) && !everySignIsOneScalarOrNone(badLetters));
 static_assert(!noIdTwice(badLetters) && !everyLetterHasKeys(badLetters) && !noKeyTwice(badLetters));
 static_assert(!soundsAreLetters(badSounds, badLetters) && !latinAscends(badSounds));
@@ -257,7 +257,7 @@ std::string_view title(Group group) noexcept {
 }
 
 std::optional<Group> group(std::string_view rawValue) noexcept {
-    const auto* row = std::ranges::find(groupTable, rawValue, &GroupNames::rawValue);
+    const auto row = std::ranges::find(groupTable, rawValue, &GroupNames::rawValue);
     return row == groupTable.end() ? std::nullopt : std::optional(row->group);
 }
 
@@ -278,9 +278,8 @@ std::string Letter::example(std::string_view key) const {
 }
 
 const Letter* letter(std::string_view id) {
-    const auto* found =
-        std::ranges::find_if(letterTable, [id](const Letter& letter) { return text::equal(letter.id, id); });
-    return found == letterTable.end() ? nullptr : found;
+    const auto found = std::ranges::find(letterTable, text::nfc(id), &Letter::id); // the ids are composed
+    return found == letterTable.end() ? nullptr : &*found;
 }
 
 std::string display(std::string_view id) {
@@ -289,11 +288,11 @@ std::string display(std::string_view id) {
 }
 
 std::span<const std::string_view> soundsLike(std::string_view character) {
-    const auto* row = std::ranges::find_if(soundsLikeTable, [character](const SoundsLike& candidate) {
-        return text::equal(std::string_view(&candidate.latin, 1), character);
-    });
-    return row == soundsLikeTable.end() ? std::span<const std::string_view>()
-                                        : std::span(row->letters.begin(), row->letters.end());
+    const std::string composed = text::nfc(character);
+    const char latin = composed.size() == 1 ? composed.front() : '\0';
+    const auto row = std::ranges::find(soundsLikeTable, latin, &SoundsLike::latin);
+    return row == std::end(soundsLikeTable) ? std::span<const std::string_view>()
+                                            : std::span(row->letters.begin(), row->letters.end());
 }
 
 bool operator==(const Vowel& left, const Vowel& right) {

@@ -189,6 +189,20 @@ TEST(SinglishScheme, LettersAreEqualInAllTheirFields) {
         << "canonically equal";
 }
 
+TEST(SinglishScheme, ALetterHasAsManyKeysAsItIsGiven) {
+    const Letter own{"\u0D9B", Group::consonant, {"kh", "K", "q", "Q", "zk"}, std::nullopt};
+    EXPECT_EQ(keysOf(own.keys), "kh K q Q zk");
+    std::vector<std::string_view> keys(own.keys.begin(), own.keys.end());
+    EXPECT_EQ(own, (Letter{"\u0D9B", Group::consonant, Keys(std::span<const std::string_view>(keys)),
+                           std::nullopt}));
+    keys.back() = "\u212A";
+    const Letter other{"\u0D9B", Group::consonant, Keys(std::span<const std::string_view>(keys)),
+                       std::nullopt};
+    EXPECT_NE(own, other);
+    EXPECT_NE(std::hash<Letter>()(own), std::hash<Letter>()(other));
+    EXPECT_EQ(Letter(own), own);
+}
+
 TEST(SinglishScheme, HashesAgreeWithEquality) {
     const std::hash<Letter> hash;
     EXPECT_EQ(std::unordered_set<Letter>(letters().begin(), letters().end()).size(), 59U);
