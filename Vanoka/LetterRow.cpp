@@ -10,10 +10,10 @@ StyledText LetterRow::letterText() const {
 }
 
 StyledText LetterRow::keysText() const {
-    std::string text;
-    for (const std::string& key : keys)
-        text += (text.empty() ? "" : "  ") + key;
-    return {text.empty() ? "no key" : text, {.isMonospaced = true}};
+    std::string text = keys.empty() ? "no key" : keys.front();
+    for (std::size_t i = 1; i < keys.size(); ++i)
+        text += "  " + keys[i];
+    return {text, {.isMonospaced = true}};
 }
 
 std::optional<Dot> LetterRow::dot() const {

@@ -48,6 +48,20 @@ TEST_F(LetterRowTest, HasADotOnBothLettersWhenOneTakesTheOthersKey) {
     EXPECT_TRUE(row(kha).dot() && row(ka).dot());
 }
 
+/// A stored document may hold a key without letters; it is a key.
+TEST_F(LetterRowTest, ShowsAnEmptyKeyAsNoText) {
+    const auto keysWith = [](const char* more) {
+        MemoryUserDefaults stored;
+        stored.setData(SinglishSettings::storedName,
+                       std::string(R"({"addedKeys":[{"key":"","letter":"\u0da6"})") + more +
+                           R"(],"disabledKeys":["zj"]})");
+        const SinglishSettings settingsOfIt(stored);
+        return LetterRow(*SinglishScheme::letter("\u0DA6"), settingsOfIt).keysText().text;
+    };
+    EXPECT_EQ(keysWith(""), "");
+    EXPECT_EQ(keysWith(R"(,{"key":"q","letter":"\u0da6"})"), "  q");
+}
+
 TEST_F(LetterRowTest, IsAValue) {
     const LetterRow before = row(ka);
     settings.add("q", ka);
