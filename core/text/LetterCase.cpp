@@ -2,6 +2,8 @@
 
 #include "text/Utf8.h"
 
+#include <algorithm>
+#include <array>
 #include <utf8proc.h>
 
 namespace vanoka::text {
@@ -31,8 +33,24 @@ std::string lowercasedScalar(char32_t scalar) {
     return utf8(static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(scalar))));
 }
 
-std::string uppercasedScalar(char32_t scalar) {
-    return utf8(static_cast<char32_t>(utf8proc_toupper(static_cast<utf8proc_int32_t>(scalar))));
+struct Range {
+    char32_t first, last;
+};
+
+/// What has the property Uppercase and is no letter: Roman numerals and letters in circles and squares.
+constexpr std::array upperCaseSigns = std::to_array<Range>(
+    {{0x2160, 0x216F}, {0x24B6, 0x24CF}, {0x1F130, 0x1F149}, {0x1F150, 0x1F169}, {0x1F170, 0x1F189}});
+
+bool isUppercaseScalar(char32_t scalar) {
+    return utf8proc_category(static_cast<utf8proc_int32_t>(scalar)) == UTF8PROC_CATEGORY_LU ||
+           std::ranges::any_of(upperCaseSigns, [scalar](const Range& range) {
+               return range.first <= scalar && scalar <= range.last;
+           });
+}
+
+bool hasUppercaseForm(char32_t scalar) {
+    const auto value = static_cast<utf8proc_int32_t>(scalar);
+    return utf8proc_toupper(value) != value;
 }
 
 } // namespace
@@ -44,7 +62,13 @@ std::string lowercased(std::string_view text) {
 bool isUppercase(std::string_view character) {
     if (character.size() == 1)
         return character[0] >= 'A' && character[0] <= 'Z';
-    return mapped(character, uppercasedScalar) == character && lowercased(character) != character;
+    bool isUpper = false;
+    for (const Scalar& scalar : Scalars(character)) {
+        if (hasUppercaseForm(scalar.value))
+            return false;
+        isUpper = isUpper || isUppercaseScalar(scalar.value);
+    }
+    return isUpper;
 }
 
 } // namespace vanoka::text

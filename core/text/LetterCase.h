@@ -10,8 +10,9 @@ namespace vanoka::text {
 /// `text` with every scalar in its lower-case form; ill-formed bytes stay as they are.
 std::string lowercased(std::string_view text);
 
-/// True when `character`, one character, is an upper-case one: its upper-case form is itself and its
-/// lower-case form is not. False for title case, for letters without case and for the empty text.
+/// True when `character`, one character, is an upper-case one: one of its scalars has the Unicode property
+/// Uppercase, and none has another upper-case form. False for title case (U+01C5, U+1F88), for letters
+/// without case and for the empty text.
 bool isUppercase(std::string_view character);
 
 } // namespace vanoka::text

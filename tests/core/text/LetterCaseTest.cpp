@@ -1,7 +1,13 @@
 #include "text/LetterCase.h"
 #include "text/Category.h"
+#include "text/Utf8.h"
 
+#include <fstream>
 #include <gtest/gtest.h>
+#include <optional>
+#include <set>
+#include <sstream>
+#include <utf8proc.h>
 
 namespace vanoka::text {
 
@@ -16,11 +22,44 @@ TEST(LetterCase, Lowercases) {
 }
 
 TEST(LetterCase, TellsUpperCaseCharacters) {
-    for (const char* character : {"A", "Z", "\u00C9", "E\u0301", "\u212A", "\u0130", "\u24B6", "\u13A0"})
+    for (const char* character : {"A", "Z", "\u00C9", "E\u0301", "\u212A", "\u0130", "\u24B6", "\u13A0",
+                                  "\u2160", "\u0391\u0313", "\U0001D400"})
         EXPECT_TRUE(isUppercase(character)) << character;
-    for (const char* character :
-         {"", "a", "1", " ", "\u0D9A", "\u00E9", "e\u0301", "\u01C5", "\xC9", "\u00DF"})
+    for (const char* character : {"", "a", "1", " ", "\u0D9A", "\u00E9", "e\u0301", "\u01C5", "\xC9",
+                                  "\u00DF", "\u1F88", "\u1FBC", "\u0391\u0345", "\u0301"})
         EXPECT_FALSE(isUppercase(character)) << testing::PrintToString(character);
+}
+
+/// A line of the Unicode Character Database: "0041..005A    ; Uppercase # comment". Nothing for another
+/// property.
+std::optional<std::pair<char32_t, char32_t>> uppercaseRange(const std::string& line) {
+    std::istringstream words(line);
+    std::string range, semicolon, property;
+    if (!(words >> range >> semicolon >> property) || property != "Uppercase")
+        return std::nullopt;
+    const auto last = range.find("..") == std::string::npos ? range : range.substr(range.find("..") + 2);
+    return std::pair(static_cast<char32_t>(std::stoul(range, nullptr, 16)),
+                     static_cast<char32_t>(std::stoul(last, nullptr, 16)));
+}
+
+TEST(LetterCase, ScalarsAreUpperCaseWhereTheUnicodeConsortiumSaysSo) {
+    std::ifstream file("/usr/share/unicode/DerivedCoreProperties.txt");
+    if (!file)
+        GTEST_SKIP() << "the package unicode-data is not installed";
+    std::set<char32_t> uppercase;
+    for (std::string line; std::getline(file, line);)
+        if (const auto range = uppercaseRange(line))
+            for (char32_t scalar = range->first; scalar <= range->second; ++scalar)
+                uppercase.insert(scalar);
+    EXPECT_GT(uppercase.size(), 1900U);
+    for (char32_t scalar = 0; scalar <= 0x10FFFF; ++scalar) {
+        const bool isSurrogate = scalar >= 0xD800 && scalar <= 0xDFFF;
+        // The file may know later letters than the library.
+        if (isSurrogate || utf8proc_category(static_cast<utf8proc_int32_t>(scalar)) == UTF8PROC_CATEGORY_CN)
+            continue;
+        ASSERT_EQ(isUppercase(utf8(scalar)), uppercase.contains(scalar))
+            << std::hex << static_cast<std::uint32_t>(scalar);
+    }
 }
 
 TEST(Category, TellsControlAndFormatScalars) {
