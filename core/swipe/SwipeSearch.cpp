@@ -81,10 +81,15 @@ void SwipeSearch::findPersonal(const Personal& personal) {
         if (!mayFit(swipeEndsAtAGlance(word)))
             continue;
         SwipeSpellings spellings = swipeSpellings(word);
+        // The letter K is also U+212A, which nobody swipes; the word in the lexicon is spelled with the
+        // letter.
+        const bool isSpelled = !spellings.full.empty();
+        if (!isSpelled)
+            spellings = swipeSpellings(text::nfc(word));
         if (!fits(spellings.full) && !fits(spellings.chat))
             continue;
         const EndKeys home(spellings.full);
-        personal_.push_back({word, count, order, std::move(spellings), home});
+        personal_.push_back({word, count, order, std::move(spellings), home, isSpelled});
     }
     std::ranges::sort(personal_, {}, [](const PersonalWord& each) { return each.home.index(); });
     for (auto rest = std::span(personal_); !rest.empty();) {
@@ -127,7 +132,7 @@ void SwipeSearch::scorePersonal() {
         add(lexicon_.entry(index).word, *each, lexicon_.occurrences(index),
             firstGroup(each->spellings.full, each->spellings.chat), lexicon_.order(index));
     for (const PersonalWord& each : personal_)
-        if (!each.isListed)
+        if (each.isSpelled && !each.isListed)
             add(each.word, each, each.count, afterAllGroups, each.order);
 }
 

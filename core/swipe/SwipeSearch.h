@@ -42,6 +42,7 @@ private:
         std::uint32_t order = 0; ///< among the personal words
         SwipeSpellings spellings;
         EndKeys home;
+        bool isSpelled = true; ///< can be swiped as it is spelled, and so without the lexicon
         bool isListed = false; ///< in the lexicon, too
     };
 

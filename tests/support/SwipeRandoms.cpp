@@ -28,7 +28,7 @@ std::vector<SwipePoint> strokeOver(const SwipeKeys& keys, std::string_view spell
 }
 
 std::string SwipeRandoms::word() {
-    static const std::vector<std::string> latin = {"a", "s", "e", "l", "A", "t", "h", "m", "k", "o"};
+    static const std::vector<std::string> latin = {"a", "s", "e", "l", "A", "t", "h", "m", "k", "K", "o"};
     static const std::vector<std::string> sinhala = {
         "\u0D85", "\u0D9A", "\u0DB8", "\u0DAD",       "\u0DC4",
         "\u0DC1", "\u0DCF", "\u0DD2", "\u0DD0",       "\u0DCA",
@@ -65,8 +65,10 @@ SwipeRandoms::personal(const std::vector<std::pair<std::string, std::int64_t>>& 
     const bool mayBeNegative = oneIn(2);
     for (std::size_t size = below(10); size > 0; --size) {
         const auto count = static_cast<std::int64_t>(below(200));
-        personal[words.empty() || oneIn(3) ? word() : of(words).first] =
-            mayBeNegative && oneIn(2) ? -count : count;
+        std::string word = words.empty() || oneIn(3) ? this->word() : of(words).first;
+        if (const auto k = word.find('K'); k != std::string::npos && oneIn(2))
+            word.replace(k, 1, "\u212A"); // the same letter
+        personal[std::move(word)] = mayBeNegative && oneIn(2) ? -count : count;
     }
     return personal;
 }

@@ -198,6 +198,17 @@ TEST(SwipeDecoder, EquivalentWordsAreOneWord) {
     EXPECT_EQ(decode(decoderOf({{"mama", 1}, {"mama", 9}}), "mama"), Words{"mama"});
 }
 
+TEST(SwipeDecoder, APersonalCountIsTheWordsHoweverTheWordIsSpelled) {
+    const std::string kelvin = "\u212Aama"; // U+212A is the letter K
+    const SwipeDecoder decoder = decoderOf({{"Kama", 10}, {"kama", 12}});
+    EXPECT_EQ(decode(decoder, "kama"), (Words{"kama", "Kama"}));
+    EXPECT_EQ(decode(decoder, "kama", 5, {{kelvin, 3}}), (Words{"Kama", "kama"})) << "13 and 12";
+    EXPECT_EQ(decode(decoder, "kama", 5, {{kelvin, -11}}), (Words{"Kama", "kama"}))
+        << "no number, which came first";
+    EXPECT_EQ(decode(decoderOf({{"kama", 12}}), "kama", 5, {{kelvin, 300}}), Words{"kama"})
+        << "in no list, it cannot be swiped";
+}
+
 TEST(SwipeDecoder, PersonalCountsOfNothingAndLess) {
     const SwipeDecoder decoder = decoderOf({{"mama", 10}, {"MAMA", 5}});
     EXPECT_EQ(decode(decoder, "mama", 5, {{"mama", -10}}), (Words{"MAMA", "mama"})) << "minus infinity";
