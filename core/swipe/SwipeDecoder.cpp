@@ -4,6 +4,7 @@
 #include "swipe/SwipeSearch.h"
 
 #include <limits>
+#include <memory>
 
 namespace vanoka {
 
@@ -20,14 +21,15 @@ std::size_t held(std::int64_t limit) {
 
 } // namespace
 
-SwipeDecoder::SwipeDecoder(std::span<const Word> words) : lexicon_(words) {}
+SwipeDecoder::SwipeDecoder(std::span<const Word> words)
+    : lexicon_(std::make_shared<const SwipeLexicon>(words)) {}
 
 std::vector<std::string> SwipeDecoder::wordsFor(std::span<const SwipePoint> stroke, const SwipeLayout& layout,
                                                 double keyWidth, std::int64_t limit,
                                                 const Personal& personal) const {
     if (!canBeDecoded(stroke, keyWidth, limit))
         return {};
-    return SwipeSearch(lexicon_, layout, stroke, keyWidth, held(limit), personal).words();
+    return SwipeSearch(*lexicon_, layout, stroke, keyWidth, held(limit), personal).words();
 }
 
 std::vector<std::string> SwipeDecoder::wordsFor(std::span<const SwipePoint> stroke, const SwipeKeys& keys,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/Shared.h"
 #include "swipe/SwipeGeometry.h"
 #include "swipe/SwipeLayout.h"
 #include "swipe/SwipeLexicon.h"
@@ -18,7 +19,9 @@
 namespace vanoka {
 
 /// Turns a finger's stroke over a touch keyboard with Latin keys into the words that it may have meant,
-/// Sinhala and English alike. Built once from a list of words and never changed: any thread may ask it.
+/// Sinhala and English alike.
+///
+/// An immutable value, cheap to copy, safe to share between threads. One that was moved from keeps its words.
 class SwipeDecoder {
 public:
     using Word = SwipeLexicon::Word;
@@ -30,7 +33,7 @@ public:
     explicit SwipeDecoder(std::span<const Word> words);
 
     /// The number of words that were not left out.
-    std::size_t count() const noexcept { return lexicon_.count(); }
+    std::size_t count() const noexcept { return lexicon_->count(); }
 
     /// The words that the stroke may have meant, best first, at most `limit`. None for a stroke of fewer than
     /// two points, a key width that is not greater than 0, and a limit below 1.
@@ -54,10 +57,10 @@ public:
         std::size_t pool = 0;
         std::size_t overhead = 0;
     };
-    Memory memory() const noexcept { return {lexicon_.poolSize(), lexicon_.overhead()}; }
+    Memory memory() const noexcept { return {lexicon_->poolSize(), lexicon_->overhead()}; }
 
 private:
-    SwipeLexicon lexicon_;
+    Shared<SwipeLexicon> lexicon_;
 };
 
 } // namespace vanoka

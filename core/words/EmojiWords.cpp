@@ -8,6 +8,8 @@
 #include "words/KeyedTexts.h"
 #include "words/SinhalaSpelling.h"
 
+#include <memory>
+
 namespace vanoka {
 
 namespace {
@@ -40,11 +42,15 @@ void appendEmoji(std::string_view kept, std::vector<std::string>& emoji) {
 struct EmojiWords::Tables {
     KeyedTexts sinhala, english; ///< every line; which lines hold is decided where they are looked up
     std::int64_t count = 0;
+
+    static std::shared_ptr<const Tables> read(std::string_view tsv);
 };
 
 EmojiWords::EmojiWords() : EmojiWords(std::string_view()) {}
 
-EmojiWords::EmojiWords(std::string_view tsv) {
+EmojiWords::EmojiWords(std::string_view tsv) : tables_(Tables::read(tsv)) {}
+
+std::shared_ptr<const EmojiWords::Tables> EmojiWords::Tables::read(std::string_view tsv) {
     KeyedTexts::Builder sinhala, english;
     text::forEachRow(tsv, [&](std::string_view word, std::string_view emoji) {
         const std::string kept = CompactText::compact(std::string(word) + separator + std::string(emoji));
@@ -58,7 +64,7 @@ EmojiWords::EmojiWords(std::string_view tsv) {
     tables->english = english.finish();
     tables->count =
         static_cast<std::int64_t>(tables->sinhala.groups().size() + tables->english.groups().size());
-    tables_ = std::move(tables);
+    return tables;
 }
 
 std::int64_t EmojiWords::count() const noexcept {

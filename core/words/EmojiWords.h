@@ -1,7 +1,8 @@
 #pragma once
 
+#include "support/Shared.h"
+
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,7 +13,7 @@ namespace vanoka {
 /// The emoji that fit a word. Sinhala words are found by their loose key (see "words/SinhalaSpelling.h"),
 /// English ones in any letter case.
 ///
-/// An immutable value, cheap to copy, safe to share between threads.
+/// An immutable value, cheap to copy, safe to share between threads. One that was moved from keeps its words.
 class EmojiWords {
 public:
     /// A Sinhala word as it is listed, with its emoji in the list's order.
@@ -42,7 +43,7 @@ public:
 
 private:
     struct Tables;
-    std::shared_ptr<const Tables> tables_;
+    Shared<Tables> tables_;
 };
 
 } // namespace vanoka

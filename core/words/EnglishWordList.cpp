@@ -10,6 +10,7 @@
 #include "words/KeyedTexts.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace vanoka {
 

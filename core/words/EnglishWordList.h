@@ -1,12 +1,12 @@
 #pragma once
 
+#include "support/Shared.h"
 #include "text/Equivalence.h"
 #include "words/SinhalaWordList.h"
 #include "words/WordCount.h"
 
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
@@ -17,7 +17,7 @@ namespace vanoka {
 /// English words with their counts, the chat words among which Sinhala is usually written, and the rule by
 /// which a word that was typed stays English. Words are found in lower case, so the list's must be so.
 ///
-/// An immutable value, cheap to copy, safe to share between threads.
+/// An immutable value, cheap to copy, safe to share between threads. One that was moved from keeps its words.
 class EnglishWordList {
 public:
     using Counts = std::map<std::string, std::int64_t, text::CanonicalLess>;
@@ -57,7 +57,7 @@ private:
 
     explicit EnglishWordList(Builder builder);
 
-    std::shared_ptr<const Tables> tables_;
+    Shared<Tables> tables_;
 };
 
 } // namespace vanoka

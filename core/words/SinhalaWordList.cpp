@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <map>
+#include <memory>
 #include <set>
 
 namespace vanoka {
@@ -17,6 +18,24 @@ namespace {
 
 using Match = SinhalaWordIndex::Match;
 using Matches = std::vector<Match>;
+
+using Index = std::shared_ptr<const SinhalaWordIndex>;
+
+Index indexOf(std::string_view tsv) {
+    SinhalaWordIndex::Builder builder;
+    text::forEachRow(tsv, [&](std::string_view word, std::string_view field) {
+        if (const auto count = text::integer(field))
+            builder.add(word, *count);
+    });
+    return std::make_shared<SinhalaWordIndex>(builder.finish());
+}
+
+Index indexOf(const std::vector<WordCount>& words) {
+    SinhalaWordIndex::Builder builder;
+    for (const auto& [word, count] : words)
+        builder.add(word, count);
+    return std::make_shared<SinhalaWordIndex>(builder.finish());
+}
 
 /// One list stays as it is. Of several, the scores of equal words are added up; best first, in the order of
 /// the words among equals.
@@ -67,21 +86,9 @@ std::vector<std::string> ranked(Matches spelled, Matches abbreviated, std::int64
 
 SinhalaWordList::SinhalaWordList() : SinhalaWordList(std::string_view()) {}
 
-SinhalaWordList::SinhalaWordList(std::string_view tsv) {
-    SinhalaWordIndex::Builder builder;
-    text::forEachRow(tsv, [&](std::string_view word, std::string_view field) {
-        if (const auto count = text::integer(field))
-            builder.add(word, *count);
-    });
-    index_ = std::make_shared<SinhalaWordIndex>(builder.finish());
-}
+SinhalaWordList::SinhalaWordList(std::string_view tsv) : index_(indexOf(tsv)) {}
 
-SinhalaWordList::SinhalaWordList(const std::vector<WordCount>& words) {
-    SinhalaWordIndex::Builder builder;
-    for (const auto& [word, count] : words)
-        builder.add(word, count);
-    index_ = std::make_shared<SinhalaWordIndex>(builder.finish());
-}
+SinhalaWordList::SinhalaWordList(const std::vector<WordCount>& words) : index_(indexOf(words)) {}
 
 std::vector<WordCount> SinhalaWordList::words() const {
     std::vector<WordCount> words;
@@ -119,9 +126,9 @@ std::vector<std::string> SinhalaWordList::suggestionsFor(std::string_view text, 
     if (key.empty() || limit < 1)
         return {};
 
-    std::vector<const SinhalaWordIndex*> lists = {index_.get()};
+    std::vector<const SinhalaWordIndex*> lists = {&*index_};
     if (personal)
-        lists.push_back(personal->index_.get());
+        lists.push_back(&*personal->index_);
     const auto combinedOf = [&](auto matchesOf) {
         std::vector<Matches> found;
         found.reserve(lists.size());

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "support/Shared.h"
 #include "words/WordCount.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,7 +19,7 @@ class SinhalaWordIndex;
 /// read as an abbreviation: ක්ග may be any word whose first consonant is ක, with any vowel, and whose second
 /// letter is ග.
 ///
-/// An immutable value, cheap to copy, safe to share between threads.
+/// An immutable value, cheap to copy, safe to share between threads. One that was moved from keeps its words.
 class SinhalaWordList {
 public:
     /// An empty list.
@@ -61,7 +61,7 @@ public:
     std::size_t memory() const noexcept;
 
 private:
-    std::shared_ptr<const SinhalaWordIndex> index_;
+    Shared<SinhalaWordIndex> index_;
 };
 
 } // namespace vanoka

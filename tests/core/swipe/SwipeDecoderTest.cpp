@@ -209,6 +209,13 @@ TEST(SwipeDecoder, APersonalCountIsTheWordsHoweverTheWordIsSpelled) {
         << "in no list, it cannot be swiped";
 }
 
+TEST(SwipeDecoder, KeepsItsWordsWhenItIsMovedFrom) {
+    SwipeDecoder from = decoderOf({{"mama", 10}});
+    const SwipeDecoder to = std::move(from);
+    EXPECT_EQ(decode(from, "mama"), Words{"mama"}); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(decode(to, "mama"), Words{"mama"});
+}
+
 TEST(SwipeDecoder, PersonalCountsOfNothingAndLess) {
     const SwipeDecoder decoder = decoderOf({{"mama", 10}, {"MAMA", 5}});
     EXPECT_EQ(decode(decoder, "mama", 5, {{"mama", -10}}), (Words{"MAMA", "mama"})) << "minus infinity";

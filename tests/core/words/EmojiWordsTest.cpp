@@ -18,6 +18,13 @@ TEST(EmojiWords, AnEmptyTableFindsNothing) {
     }
 }
 
+TEST(EmojiWords, KeepsItsWordsWhenItIsMovedFrom) {
+    EmojiWords from("ok\tx\n");
+    const EmojiWords to = std::move(from);
+    EXPECT_EQ(from.emojiForEnglish("ok"), Emoji{"x"}); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(to.count(), 1);
+}
+
 TEST(EmojiWords, TheFirstLineOfASinhalaWordHolds) {
     const EmojiWords table("\u0D9A\u0DAD\t1 2\n\u0D9A\u0DAD\t3\n\u0D9B\u0DA7\t4\n\u0D9C\t5\n");
     EXPECT_EQ(table.count(), 2);

@@ -20,6 +20,13 @@ TEST(EnglishWordList, AnEmptyListHasNoWords) {
     }
 }
 
+TEST(EnglishWordList, KeepsItsWordsWhenItIsMovedFrom) {
+    EnglishWordList from("ok\t7\n");
+    const EnglishWordList to = std::move(from);
+    EXPECT_EQ(from.countOf("ok"), 7); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(to.count(), 1);
+}
+
 TEST(EnglishWordList, ReadsCountsAndChatWords) {
     struct Row {
         const char* tsv;

@@ -28,6 +28,16 @@ TEST(SinhalaWordList, AnEmptyListSuggestsNothing) {
     }
 }
 
+TEST(SinhalaWordList, KeepsItsWordsWhenItIsMovedFrom) {
+    SinhalaWordList from("\u0D9A\u0DB8\t12");
+    SinhalaWordList to = std::move(from);
+    EXPECT_EQ(from.suggestionsFor("\u0D9A", 5, &from),
+              Words{"\u0D9A\u0DB8"}); // NOLINT(bugprone-use-after-move)
+    to = SinhalaWordList();
+    from = std::move(to);
+    EXPECT_EQ(to.size() + from.size(), 0); // NOLINT(bugprone-use-after-move)
+}
+
 TEST(SinhalaWordList, ReadsWordsAndCounts) {
     struct Row {
         const char* tsv;
