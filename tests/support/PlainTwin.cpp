@@ -2,10 +2,12 @@
 
 #include "singlish/SinglishComposer.h"
 #include "text/Characters.h"
+#include "text/Equivalence.h"
 #include "text/LetterCase.h"
 
 #include <algorithm>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace vanoka::test::plain {
@@ -26,20 +28,13 @@ std::vector<std::string> charactersOf(std::string_view text) {
     return characters;
 }
 
-std::size_t longestKey(const SinglishTransliterator& keys) {
-    std::size_t longest = 0;
-    for (const auto& [key, token] : keys.tokens())
-        longest = std::max(longest, text::characterCount(key));
-    return longest;
-}
-
-std::optional<Match> longestMatch(const SinglishTransliterator& keys, std::size_t longest,
-                                  const std::vector<std::string>& characters, std::size_t at) {
-    for (std::size_t length = std::min(characters.size() - at, longest); length >= 1; --length) {
+/// A key at the start of `characters`.
+std::optional<Match> longestMatch(const Keys& keys, std::span<const std::string> characters) {
+    for (std::size_t length = std::min(characters.size(), keys.longest); length >= 1; --length) {
         std::string candidate;
-        for (std::size_t i = 0; i < length; ++i)
-            candidate += characters[at + i];
-        if (const auto found = keys.tokens().find(candidate); found != keys.tokens().end())
+        for (const std::string& character : characters.first(length))
+            candidate += character;
+        if (const auto found = keys.tokens.find(text::nfc(candidate)); found != keys.tokens.end())
             return Match{found->second, length};
     }
     return std::nullopt;
@@ -47,18 +42,27 @@ std::optional<Match> longestMatch(const SinglishTransliterator& keys, std::size_
 
 } // namespace
 
-std::string transliterate(const SinglishTransliterator& keys, std::string_view text) {
+Keys::Keys(const SinglishTransliterator& transliterator) {
+    for (const auto& [key, token] : transliterator.tokens()) {
+        tokens.emplace(text::nfc(key), token);
+        longest = std::max(longest, text::characterCount(key));
+    }
+}
+
+std::string transliterate(const Keys& keys, std::string_view text) {
     const std::vector<std::string> characters = charactersOf(text);
-    const std::size_t longest = longestKey(keys);
     std::string output;
     std::optional<std::string> pending;
     std::size_t at = 0;
     while (at < characters.size()) {
-        auto match = longestMatch(keys, longest, characters, at);
-        if (!match && text::isUppercase(characters[at])) {
-            auto copy = characters;
-            copy[at] = text::lowercased(copy[at]);
-            match = longestMatch(keys, longest, copy, at);
+        const auto rest = std::span(characters).subspan(at);
+        auto match = longestMatch(keys, rest);
+        if (!match && text::isUppercase(rest.front())) {
+            const auto most = rest.first(std::min(rest.size(), keys.longest));
+            std::vector<std::string> copy(most.begin(), most.end());
+            if (!copy.empty())
+                copy.front() = text::lowercased(copy.front());
+            match = longestMatch(keys, copy);
         }
         if (!match) {
             if (pending)
@@ -95,7 +99,7 @@ std::string transliterate(const SinglishTransliterator& keys, std::string_view t
     return output;
 }
 
-std::string deleteBackward(const SinglishTransliterator& keys, const std::string& raw) {
+std::string deleteBackward(const Keys& keys, const std::string& raw) {
     const std::string preview = transliterate(keys, raw);
     const std::string target(withoutLastPart(preview));
     std::string candidate = raw;

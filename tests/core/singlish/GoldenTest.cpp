@@ -7,8 +7,9 @@
 #include <gtest/gtest.h>
 #include <sstream>
 
-/// Everything that two keys can spell, as text under review. After a change that is meant, the files are
-/// written anew by running this test with VANOKA_UPDATE_GOLDEN set, and the difference is read.
+/// Everything that two keys can spell, as text under review, each alone and all in one text. After a change
+/// that is meant, the files are written anew by running this test with VANOKA_UPDATE_GOLDEN set, and the
+/// difference is read.
 namespace vanoka {
 
 namespace {
@@ -24,11 +25,17 @@ std::string visible(std::string_view text) {
 class Golden {
 public:
     void spell(const std::string& keys) {
-        text_ << (isRowBegun_ ? " " : "") << keys << '=' << visible(transliterate(keys));
+        const std::string_view separator = isRowBegun_ ? " " : "";
+        const std::string read = transliterate(keys);
+        text_ << separator << keys << '=' << visible(read);
+        allKeys_.append(separator) += keys;
+        allRead_.append(separator) += read;
         isRowBegun_ = true;
     }
     void endRow() {
         text_ << '\n';
+        allKeys_ += '\n';
+        allRead_ += '\n';
         isRowBegun_ = false;
     }
 
@@ -44,10 +51,12 @@ public:
             EXPECT_EQ(actualRow, expectedRow) << name;
         }
         EXPECT_FALSE(std::getline(file, expectedRow)) << name << " has more rows";
+        EXPECT_EQ(transliterate(allKeys_), allRead_) << "all in one text";
     }
 
 private:
     std::ostringstream text_;
+    std::string allKeys_, allRead_;
     bool isRowBegun_ = false;
 };
 

@@ -202,6 +202,9 @@ TEST(SinglishTransliterator, AnUpperCaseKeyComesBeforeTheSmallForm) {
     EXPECT_EQ(keys.transliterate("Ee"), "\u0D9A\u0DD9") << "E matches, so nothing is read as ee";
     EXPECT_EQ(keys.transliterate("Zya"), "\u0D9C");
     EXPECT_EQ(keys.transliterate("Zga"), "\u0D9F") << "no key matches, though one begins with Z";
+    const auto greek = with({{{"\u1F00", "\u0D9A"}, {"\u1F80", "\u0D9C"}}, {}});
+    EXPECT_EQ(greek.transliterate("\u1F08a"), "\u0D9A");
+    EXPECT_EQ(greek.transliterate("\u1F88a"), "\u1F88\u0D85") << "title case is not upper case";
 }
 
 TEST(SinglishTransliterator, AgreesWithThePlainRules) {
@@ -210,11 +213,37 @@ TEST(SinglishTransliterator, AgreesWithThePlainRules) {
         const SinglishTransliterator keys(round % 4 == 0   ? SinglishCustomization()
                                           : round % 4 == 1 ? randoms.customization()
                                                            : randoms.strangeCustomization());
+        const test::plain::Keys plainKeys(keys);
         for (int i = 0; i < 60; ++i) {
             const std::string text = i % 2 == 0 ? randoms.keys(12) : randoms.text(12);
-            ASSERT_EQ(keys.transliterate(text), test::plain::transliterate(keys, text))
+            ASSERT_EQ(keys.transliterate(text), test::plain::transliterate(plainKeys, text))
                 << testing::PrintToString(text) << " in round " << round;
         }
+    }
+}
+
+/// Long enough that four stretches of them are read side by side, with words and lines of any length.
+TEST(SinglishTransliterator, AgreesWithThePlainRulesOnLongAsciiTexts) {
+    test::Randoms randoms(8);
+    for (std::size_t round = 0; round < test::rounds(16); ++round) {
+        const SinglishTransliterator keys(round % 2 == 0 ? SinglishCustomization() : randoms.customization());
+        std::string text;
+        for (const std::size_t size = 4000 + randoms.below(6000); text.size() < size;) {
+            text += randoms.keys(randoms.oneIn(40) ? 400 : 6);
+            text += randoms.oneIn(9) ? std::string(randoms.below(5), '1') : " ";
+        }
+        ASSERT_TRUE(keys.transliterate(text) == test::plain::transliterate(keys, text))
+            << text << " in round " << round;
+    }
+}
+
+TEST(SinglishTransliterator, ReadsAnAsciiTextOfAnyLengthAsOneOfItsParts) {
+    const std::string part = "kanndha Ee1 zqQ ", read = transliterate(part);
+    std::string text, expected;
+    while (text.size() < 20'000) {
+        text += part;
+        expected += read;
+        ASSERT_TRUE(transliterate(text) == expected) << text.size();
     }
 }
 
@@ -229,23 +258,25 @@ TEST(SinglishTransliterator, AgreesWithThePlainRulesWithVeryManyKeys) {
         customization.addedKeys.push_back({key, "\u0D9A"});
     }
     const SinglishTransliterator keys(customization);
+    const test::plain::Keys plainKeys(keys);
     for (int i = 0; i < 300; ++i) {
         std::string text = randoms.keys(6);
         const std::string& key = randoms.of(customization.addedKeys).key;
         text += key.substr(0, 1 + randoms.below(key.size())) + randoms.keys(6);
-        ASSERT_EQ(keys.transliterate(text), test::plain::transliterate(keys, text)) << text;
+        ASSERT_EQ(keys.transliterate(text), test::plain::transliterate(plainKeys, text)) << text;
     }
 }
 
 TEST(SinglishTransliterator, AgreesWithThePlainRulesOnEveryShortText) {
     const std::string letters = "aAeEiRknNgdhtTzZqmbyrxHQ";
     const auto& standard = SinglishTransliterator::standard();
+    const test::plain::Keys plainKeys(standard);
     for (const char a : letters.substr(0, test::rounds(letters.size())))
         for (const char b : letters)
             for (const char c : letters)
                 for (const char d : letters + "h") {
                     const std::string text = {a, b, c, d};
-                    ASSERT_EQ(standard.transliterate(text), test::plain::transliterate(standard, text))
+                    ASSERT_EQ(standard.transliterate(text), test::plain::transliterate(plainKeys, text))
                         << text;
                 }
 }
@@ -303,7 +334,13 @@ TEST(SinglishStream, BeginsANewTextAfterFinishing) {
     stream.finish(text);
     stream.write("a", text);
     stream.finish(text);
-    EXPECT_EQ(text, "\u0D9A\u0DCA\u0D85");
+    EXPECT_EQ(text, "\u0D9A\u0DCA\u0D85") << "k is held back";
+    text.clear();
+    stream.write("y", text);
+    stream.finish(text);
+    stream.write("a", text);
+    stream.finish(text);
+    EXPECT_EQ(text, "\u0DBA\u0DCA\u0D85") << "y is written at once, and left open";
 }
 
 TEST(SinglishStream, LongTextsReadAsTheirParts) {
