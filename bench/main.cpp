@@ -18,6 +18,8 @@ constexpr std::array ratios = {
     Ratio{"bulk, beside m17n's hi-itrans", "bulk/vanoka", "bulk/m17n"},
     Ratio{"bulk, beside a table copy", "bulk/vanoka", "bulk/table copy"},
     Ratio{"a key at 20 keys, beside m17n's hi-itrans", "key/vanoka/20", "key/m17n/20"},
+    Ratio{"the tables of one added key, beside asking the reader for each entry", "tables/vanoka/1",
+          "tables/plain/1"},
     Ratio{"a backspace at 10 keys, beside the plain search", "backspace/vanoka/10", "backspace/plain/10"},
     Ratio{"a backspace at 1,000 keys", "backspace/vanoka/1000", "backspace/plain/1000"},
     Ratio{"a backspace at 10,000 keys", "backspace/vanoka/10000", "backspace/plain/10000"},

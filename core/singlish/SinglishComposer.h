@@ -11,8 +11,8 @@ namespace vanoka {
 /// so the two can never disagree. Characters and keys are counted in grapheme clusters.
 class SinglishComposer {
 public:
-    explicit SinglishComposer(SinglishTransliterator transliterator) noexcept
-        : transliterator_(std::move(transliterator)) {}
+    explicit SinglishComposer(const SinglishTransliterator& transliterator) noexcept
+        : transliterator_(transliterator) {}
 
     /// The keys typed so far; empty when nothing is being composed.
     const std::string& raw() const noexcept { return raw_; }
@@ -20,8 +20,8 @@ public:
 
     const SinglishTransliterator& transliterator() const noexcept { return transliterator_; }
     /// Reads the same keys with another transliterator from now on.
-    void setTransliterator(SinglishTransliterator transliterator) noexcept {
-        transliterator_ = std::move(transliterator);
+    void setTransliterator(const SinglishTransliterator& transliterator) noexcept {
+        transliterator_ = transliterator;
     }
 
     /// True for one ASCII letter and nothing else.

@@ -6,14 +6,11 @@
 namespace vanoka {
 
 void SinglishReader::read(std::string_view text, Syllables& syllables) const {
-    while (!text.empty())
-        text.remove_prefix(readFirst(text, syllables));
-}
-
-std::size_t SinglishReader::readFirst(std::string_view text, Syllables& syllables) const {
-    const Match found = match(text);
-    write(found, text, syllables);
-    return found.length;
+    while (!text.empty()) {
+        const Match found = match(text);
+        write(found, text, syllables);
+        text.remove_prefix(found.length);
+    }
 }
 
 std::size_t SinglishReader::readDecided(std::string_view text, Syllables& syllables) const {
@@ -28,30 +25,11 @@ std::size_t SinglishReader::readDecided(std::string_view text, Syllables& syllab
     return read;
 }
 
-bool SinglishReader::areBeginning(std::string_view keys) const {
-    const std::string_view first = text::firstCharacter(keys);
-    const std::string_view rest = keys.substr(first.size());
-    if (nodeOf(keys_.step(KeyTrie::root, first), rest) != KeyTrie::none)
-        return true;
-    return text::isUppercase(first) &&
-           nodeOf(keys_.step(KeyTrie::root, text::lowercased(first)), rest) != KeyTrie::none;
-}
-
 const SinglishToken* SinglishReader::begin(Beginning& beginning, std::string_view character) const {
     beginning.typed_ = keys_.step(KeyTrie::root, character);
     beginning.lowercased_ =
         text::isUppercase(character) ? keys_.step(KeyTrie::root, text::lowercased(character)) : KeyTrie::none;
     return found(beginning);
-}
-
-/// Where `keys` lead from `node`.
-KeyTrie::Node SinglishReader::nodeOf(KeyTrie::Node node, std::string_view keys) const {
-    for (const std::string_view character : text::Characters(keys)) {
-        if (node == KeyTrie::none)
-            break;
-        node = keys_.step(node, character);
-    }
-    return node;
 }
 
 SinglishReader::Match SinglishReader::match(std::string_view text) const {

@@ -24,14 +24,6 @@ public:
     /// to the first place where a longer key may still be on its way. `text` is whole characters.
     std::size_t readDecided(std::string_view text, Syllables& syllables) const;
 
-    /// Reads what stands at the start of `text`, which is not empty: a key, or a character that is none.
-    /// Returns how many bytes that was.
-    std::size_t readFirst(std::string_view text, Syllables& syllables) const;
-
-    /// True when `keys`, whole characters, are the beginning of a key, or of one when the first of them is
-    /// lower-cased.
-    bool areBeginning(std::string_view keys) const;
-
     /// A key that has begun, followed character by character.
     class Beginning {
     public:
@@ -79,7 +71,6 @@ private:
     }
 
     Match match(std::string_view text) const;
-    KeyTrie::Node nodeOf(KeyTrie::Node node, std::string_view keys) const;
     Match matchFrom(KeyTrie::Node node, std::string_view text, std::size_t length) const;
     static void write(const Match& match, std::string_view text, Syllables& syllables);
 

@@ -18,8 +18,8 @@ std::size_t leadingAscii(std::string_view characters) {
 
 } // namespace
 
-SinglishStream::SinglishStream(SinglishTransliterator transliterator)
-    : transliterator_(std::move(transliterator)), transducer_(transliterator_.transducer()) {}
+SinglishStream::SinglishStream(const SinglishTransliterator& transliterator)
+    : transliterator_(transliterator), transducer_(transliterator_.transducer()) {}
 
 void SinglishStream::write(std::string_view characters, std::string& text) {
     while (!characters.empty()) {

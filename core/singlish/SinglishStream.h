@@ -13,7 +13,7 @@ namespace vanoka {
 /// are held back, so memory does not grow with the text. Made for long texts.
 class SinglishStream {
 public:
-    explicit SinglishStream(SinglishTransliterator transliterator);
+    explicit SinglishStream(const SinglishTransliterator& transliterator);
 
     /// Reads `characters`, whole characters, and appends what they are decided to be to `text`.
     void write(std::string_view characters, std::string& text);

@@ -1,19 +1,14 @@
 #include "singlish/SinglishTransducer.h"
 
+#include "singlish/SinglishTransducerBuilder.h"
 #include "text/Utf8.h"
 
 #include <algorithm>
-#include <cstring>
 #include <span>
-#include <tuple>
 
 namespace vanoka {
 
 namespace {
-
-/// Bounds that the built-in keys with some dozens of added ones keep well within. Beyond them the tables
-/// outgrow the processor's caches and cost more to make than they save.
-constexpr std::size_t mostStates = 2048;
 
 /// A state is known only when the state before it is, so one walk through a text waits for memory at every
 /// byte. Several walks through several stretches of it wait together.
@@ -36,160 +31,31 @@ bool isOfLetters(std::string_view key) {
 
 } // namespace
 
-/// Works the states out, each with its row.
-class SinglishTransducer::Builder {
-public:
-    Builder(const SinglishReader& reader, SinglishTransducer& result) : reader_(reader), result_(result) {}
-
-    /// False when there are too many states.
-    bool build() {
-        indexOf({}, OpenConsonant::none);
-        for (std::size_t index = 0; index < result_.states_.size(); ++index) {
-            if (result_.states_.size() > mostStates)
-                return false;
-            fillRow(static_cast<StateIndex>(index));
-        }
-        return true;
-    }
-
-private:
-    StateIndex indexOf(std::string held, OpenConsonant open) {
-        State state(std::move(held), open);
-        const auto index = static_cast<StateIndex>(result_.states_.size());
-        const auto [known, isNew] = result_.indexes_.emplace(state, index);
-        if (isNew) {
-            result_.states_.push_back(std::move(state));
-            result_.rows_.emplace_back();
-            isFilled_.push_back(false);
-        }
-        return known->second;
-    }
-
-    void fillRow(StateIndex index) {
-        if (isFilled_[index])
-            return;
-        isFilled_[index] = true;
-        const State state = result_.states_[index];
-        fillOthers(index, state);
-        if (state.first.empty())
-            fillFirstKeys(index, state);
-        else
-            fillKeys(index, state);
-    }
-
-    /// A byte that is no letter, and the end of the text: the keys held back are what they are, and the byte
-    /// passes.
-    void fillOthers(StateIndex index, const State& state) {
-        std::string closed;
-        Syllables syllables(closed, state.second);
-        reader_.read(state.first, syllables);
-        syllables.close();
-        const auto length = static_cast<std::uint16_t>(closed.size());
-        std::uint32_t place = placeOfClosed(closed);
-        set(index, endOfText, {firstState, length, place});
-        for (std::size_t byte = 0; byte < endOfText; ++byte) {
-            if (text::isAsciiLetter(static_cast<char>(byte)))
-                continue;
-            set(index, byte, {firstState, static_cast<std::uint16_t>(length + 1U), place});
-            place += length + 1U;
-        }
-    }
-
-    /// Where `closed` stands with each byte after it that is no letter. Few texts close a state, so all of
-    /// them are written at once rather than looked up one by one.
-    std::uint32_t placeOfClosed(const std::string& closed) {
-        const auto place = static_cast<std::uint32_t>(result_.texts_.size());
-        const auto [known, isNew] = placesOfClosed_.emplace(closed, place);
-        for (std::size_t byte = 0; isNew && byte < endOfText; ++byte)
-            if (!text::isAsciiLetter(static_cast<char>(byte)))
-                result_.texts_.append(closed) += static_cast<char>(byte);
-        return known->second;
-    }
-
-    void fillFirstKeys(StateIndex index, const State& state) {
-        for (std::size_t byte = 0; byte < endOfText; ++byte)
-            if (text::isAsciiLetter(static_cast<char>(byte)))
-                set(index, byte, stepOfReader(state, static_cast<char>(byte)));
-    }
-
-    /// A letter that the keys held back do not go on with decides the first of them, whatever letter it is;
-    /// the rest is a shorter state, in which the letter then does what it does.
-    void fillKeys(StateIndex index, const State& state) {
-        const std::string& held = state.first;
-        std::string decided;
-        Syllables syllables(decided, state.second);
-        std::string rest = held.substr(reader_.readFirst(held + noKey, syllables));
-        rest.erase(0, reader_.readDecided(rest, syllables));
-        const StateIndex shorter = indexOf(std::move(rest), syllables.open());
-        fillRow(shorter);
-        for (std::size_t byte = 0; byte < endOfText; ++byte) {
-            const char letter = static_cast<char>(byte);
-            if (!text::isAsciiLetter(letter))
-                continue;
-            set(index, byte,
-                reader_.areBeginning(held + letter) ? stepOfReader(state, letter)
-                                                    : stepAfter(decided, result_.rows_[shorter][byte]));
-        }
-    }
-
-    /// Working a step out may add rows and so move them all: only then is its place looked up.
-    void set(StateIndex index, std::size_t byte, Step step) { result_.rows_[index][byte] = step; }
-
-    Step stepOfReader(const State& state, char letter) {
-        std::string written;
-        Syllables syllables(written, state.second);
-        std::string keys = state.first + letter;
-        keys.erase(0, reader_.readDecided(keys, syllables));
-        return step(indexOf(std::move(keys), syllables.open()), written);
-    }
-
-    Step stepAfter(const std::string& decided, const Step& then) {
-        if (decided.empty())
-            return then;
-        return step(then.next, decided + result_.texts_.substr(then.text, then.length));
-    }
-
-    Step step(StateIndex next, const std::string& written) {
-        const auto place = static_cast<std::uint32_t>(result_.texts_.size());
-        const auto [known, isNew] = places_.emplace(written, place);
-        if (isNew)
-            result_.texts_ += written;
-        return {next, static_cast<std::uint16_t>(written.size()), known->second};
-    }
-
-    static constexpr char noKey = ' ';
-
-    const SinglishReader& reader_;
-    SinglishTransducer& result_;
-    std::vector<bool> isFilled_;
-    std::unordered_map<std::string, std::uint32_t> places_;         // of the texts that letters write
-    std::unordered_map<std::string, std::uint32_t> placesOfClosed_; // of those that other bytes write
-};
-
 SinglishTransducer::SinglishTransducer(const SinglishTransliterator::Tokens& tokens,
                                        const SinglishReader& reader) {
     for (const auto& [key, token] : tokens)
         if (key.size() > longestKey || !isOfLetters(key))
             return;
-    if (!Builder(reader, *this).build())
-        indexes_.clear();
+    Builder(reader, *this).build();
     texts_.append(usualStep, '\0'); // so that the usual step can be copied from everywhere
 }
 
 bool SinglishTransducer::write(std::string_view ascii, std::string& held, OpenConsonant& open,
                                std::string& text) const {
-    const auto start = indexes_.find({held, open});
-    if (start == indexes_.end())
+    const auto known = std::ranges::find(held_, held, &Held::keys); // nearly always the first: none
+    if (known == held_.end())
         return false;
-    std::tie(held, open) = states_[run(ascii, start->second, text)];
+    const State left = states_[run(ascii, known->states[static_cast<std::size_t>(open)], text)];
+    held = held_[left.held].keys;
+    open = left.open;
     return true;
 }
 
 bool SinglishTransducer::transliterate(std::string_view ascii, std::string& text) const {
-    if (indexes_.empty())
+    if (held_.empty())
         return false;
-    const Step last = rows_[run(ascii, firstState, text)][endOfText];
-    text.append(texts_, last.text, last.length);
+    const Step last = rows_[run(ascii, firstState, text)][noLetter];
+    text.append(texts_, last.text, last.length - 1U);
     return true;
 }
 
@@ -247,9 +113,7 @@ void SinglishTransducer::walk(Lane* lanes, std::size_t length) const {
     for (std::size_t at = 0; at < length; ++at) {
         for (std::size_t i = 0; i < count; ++i) {
             const Step step = rows[states[i]][static_cast<unsigned char>(keys[i][at])];
-            std::memcpy(ends[i], texts + step.text, usualStep);
-            if (step.length > usualStep)
-                std::memcpy(ends[i], texts + step.text, step.length);
+            copy(texts + step.text, step.length, ends[i]);
             ends[i] += step.length;
             states[i] = step.next;
         }

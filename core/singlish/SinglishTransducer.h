@@ -6,12 +6,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
+#include <cstring>
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace vanoka {
@@ -24,6 +22,7 @@ namespace vanoka {
 /// reader does their work.
 class SinglishTransducer {
 public:
+    /// Takes time in proportion to the number of states, some tens of microseconds for the built-in keys.
     SinglishTransducer(const SinglishTransliterator::Tokens& tokens, const SinglishReader& reader);
 
     /// Reads `ascii` after the keys in `held`, with `open` before them, and appends what is decided to
@@ -35,14 +34,7 @@ public:
     bool transliterate(std::string_view ascii, std::string& text) const;
 
 private:
-    using State = std::pair<std::string, OpenConsonant>; // the keys held back, and the consonant before them
     using StateIndex = std::uint16_t;
-
-    struct StateHash {
-        std::size_t operator()(const State& state) const noexcept {
-            return std::hash<std::string>()(state.first) ^ static_cast<std::size_t>(state.second);
-        }
-    };
 
     /// What a byte does in a state.
     struct Step {
@@ -50,29 +42,55 @@ private:
         std::uint16_t length = 0; // of the text written, in bytes
         std::uint32_t text = 0;   // where that stands in `texts_`
     };
-    static constexpr std::size_t endOfText = 128;
-    using Row = std::array<Step, endOfText + 1>; // by ASCII byte, and at the end of a text
+    using Row = std::array<Step, 128>; // by ASCII byte
+
+    static constexpr std::array everyOpen = {OpenConsonant::none, OpenConsonant::other, OpenConsonant::ya,
+                                             OpenConsonant::ra};
+
+    /// Keys that may be held back, and their state after every open consonant. Several may share one.
+    struct Held {
+        std::string keys;
+        std::array<StateIndex, everyOpen.size()> states = {};
+    };
+
+    struct State {
+        std::size_t held = 0; // the place of the keys in `held_`
+        OpenConsonant open = OpenConsonant::none;
+    };
 
     class Builder;
+
+    StateIndex stateOf(std::size_t held, OpenConsonant open) const noexcept {
+        return held_[held].states[static_cast<std::size_t>(open)];
+    }
 
     /// Nothing held back, no consonant open: where every text begins, and where every byte that is no letter
     /// leads to.
     static constexpr StateIndex firstState = 0;
+    /// A byte that is no letter: what a state writes for it, it writes without it at the end of a text.
+    static constexpr std::size_t noLetter = 0;
 
     /// Longer keys have no states.
     static constexpr std::size_t longestKey = 8; // in bytes
+    /// A byte becomes at most so many, a virama, a joiner and a letter, but may do so only when later ones
+    /// come.
+    static constexpr std::size_t mostForByte = 9;
     /// Few steps write more than this; a fixed number of bytes is copied without a loop.
     static constexpr std::size_t usualStep = 16;
+    static void copy(const char* text, std::size_t length, char* to) noexcept {
+        std::memmove(to, text, usualStep);
+        if (length > usualStep)
+            std::memmove(to, text, length);
+    }
 
-    /// One walk: a stretch of the text, the state it has come to and what it has written. A byte becomes at
-    /// most nine, a virama, a joiner and a letter, but may do so only when later ones come.
+    /// One walk: a stretch of the text, the state it has come to and what it has written.
     struct Lane {
         static constexpr std::size_t size = 1024; // in bytes of the stretch
 
         std::string_view rest;
         StateIndex state = firstState;
         char* end = nullptr;
-        std::array<char, 9 * (longestKey + size) + usualStep> written;
+        std::array<char, (longestKey + size) * mostForByte + usualStep> written;
     };
 
     StateIndex run(std::string_view ascii, StateIndex state, std::string& text) const;
@@ -80,7 +98,7 @@ private:
     template <std::size_t count>
     void walk(Lane* lanes, std::size_t length) const;
 
-    std::unordered_map<State, StateIndex, StateHash> indexes_;
+    std::vector<Held> held_; // the first are no keys; empty when there are no states
     std::vector<State> states_;
     std::vector<Row> rows_; // by state
     std::string texts_;

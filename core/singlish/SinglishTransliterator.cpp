@@ -8,6 +8,7 @@
 #include "text/Utf8.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace vanoka {
 
@@ -35,10 +36,11 @@ Tokens tokensOf(const SinglishCustomization& customization) {
     for (const std::string& key : customization.disabledKeys)
         if (const auto found = tokens.find(key); found != tokens.end())
             tokens.erase(found);
-    const auto& byLetter = SinglishTransliterator::tokensByLetter();
-    for (const auto& added : customization.addedKeys)
-        if (const auto letter = byLetter.find(added.letter); letter != byLetter.end())
-            tokens.insert_or_assign(added.key, letter->second);
+    for (const auto& [key, letter] : customization.addedKeys) {
+        const auto& byLetter = SinglishTransliterator::tokensByLetter();
+        if (const auto found = byLetter.find(letter); found != byLetter.end())
+            tokens.insert_or_assign(key, found->second);
+    }
     return tokens;
 }
 
@@ -89,12 +91,14 @@ const SinglishTransliterator::TokensByLetter& SinglishTransliterator::tokensByLe
 }
 
 const SinglishTransliterator& SinglishTransliterator::standard() {
-    static const SinglishTransliterator transliterator{SinglishCustomization()};
+    static const SinglishTransliterator transliterator{
+        Shared<Keys>(std::make_shared<const Keys>(builtInTokens()))};
     return transliterator;
 }
 
 SinglishTransliterator::SinglishTransliterator(const SinglishCustomization& customization)
-    : keys_(std::make_shared<const Keys>(tokensOf(customization))) {}
+    : keys_(customization.isEmpty() ? standard().keys_
+                                    : Shared<Keys>(std::make_shared<const Keys>(tokensOf(customization)))) {}
 
 const Tokens& SinglishTransliterator::tokens() const noexcept {
     return keys_->tokens;

@@ -2,11 +2,11 @@
 
 #include "settings/SinglishCustomization.h"
 #include "singlish/SinglishToken.h"
+#include "support/Shared.h"
 #include "text/Equivalence.h"
 
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,7 +22,7 @@ class SinglishTransducer;
 ///
 ///     kaa → කා      amma → අම්ම      k1 → ක්1      Ee → ඒ (no key E: read as ee)
 ///
-/// An immutable value, cheap to copy, safe to share between threads.
+/// An immutable value, cheap to copy, safe to share between threads. One that was moved from keeps its keys.
 class SinglishTransliterator {
 public:
     using Token = SinglishToken;
@@ -37,7 +37,8 @@ public:
     static const SinglishTransliterator& standard();
 
     /// The built-in keys without the disabled ones, and then the added keys, a later one over an earlier one.
-    /// Added keys for letters outside the scheme are left out.
+    /// Added keys for letters outside the scheme are left out. Takes some tens of microseconds; nothing at
+    /// all when the customization is empty.
     explicit SinglishTransliterator(const SinglishCustomization& customization);
 
     /// What every key types.
@@ -57,10 +58,12 @@ private:
 
     struct Keys;
 
+    explicit SinglishTransliterator(const Shared<Keys>& keys) noexcept : keys_(keys) {}
+
     const SinglishReader& reader() const noexcept;
     const SinglishTransducer& transducer() const noexcept;
 
-    std::shared_ptr<const Keys> keys_;
+    Shared<Keys> keys_;
 };
 
 /// `text` with the built-in keys.

@@ -10,7 +10,7 @@ namespace vanoka {
 
 /// The consonant written last, while its vowel is still open. Only ය and ර are told apart: they alone are
 /// joined to a consonant before them, and never to themselves.
-enum class OpenConsonant : std::uint8_t { none, ya, ra, other };
+enum class OpenConsonant : std::uint8_t { none, other, ya, ra };
 
 /// Writes tokens as syllables. A consonant is left open; what follows it decides whether it takes a vowel
 /// sign, keeps its inherent vowel or is killed with the virama.

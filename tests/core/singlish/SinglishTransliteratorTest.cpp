@@ -122,7 +122,17 @@ TEST(SinglishTransliterator, StandardHasTheBuiltInKeys) {
     EXPECT_EQ(standard.tokens().at("a"), Token::vowel("\u0D85", ""));
     EXPECT_EQ(standard.tokens().at("K"), Token::consonant("\u0D9B"));
     EXPECT_EQ(standard.tokens().at("x"), Token::mark("\u0D82"));
-    EXPECT_EQ(with({}).tokens(), standard.tokens());
+    EXPECT_EQ(&with({}).tokens(), &standard.tokens()) << "no customization needs keys of its own";
+}
+
+TEST(SinglishTransliterator, KeepsItsKeysWhenItIsMovedFrom) {
+    SinglishTransliterator from = with({{{"q", "\u0D9A"}}, {}});
+    SinglishTransliterator to = std::move(from);
+    EXPECT_EQ(from.transliterate("qa"), "\u0D9A"); // NOLINT(bugprone-use-after-move)
+    from = SinglishTransliterator::standard();
+    to = std::move(from);
+    EXPECT_EQ(from.longestKey(), 4); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(to.letterTypedBy("q"), std::nullopt);
 }
 
 TEST(SinglishTransliterator, KnowsATokenForEveryLetter) {
