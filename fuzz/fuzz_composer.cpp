@@ -9,8 +9,10 @@
 using namespace vanoka;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    fuzz::Input input(data, std::min<std::size_t>(size, 200));
+    // The plain search takes time with the third power of the size.
+    fuzz::Input input(data, std::min<std::size_t>(size, 100));
     const SinglishTransliterator keys(input.customization());
+    const test::plain::Keys plainKeys(keys);
     SinglishComposer composer(keys);
     const std::string script = input.rest();
     for (const std::string_view character : text::Characters(script)) {
@@ -18,7 +20,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (character == "\b") {
             const bool isDeleted = composer.deleteBackward();
             fuzz::expect(isDeleted == !before.empty(), "a backspace deletes when there is something");
-            fuzz::expect(!isDeleted || composer.raw() == test::plain::deleteBackward(keys, before),
+            fuzz::expect(!isDeleted || composer.raw() == test::plain::deleteBackward(plainKeys, before),
                          "the plain search finds the same");
         } else if (character == "\n") {
             const std::string preview = composer.preview();

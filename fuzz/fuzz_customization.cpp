@@ -16,8 +16,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::expect(settings.customization() == decoded.value_or(SinglishCustomization()),
                  "settings hold what decodes");
     for (const auto& letter : SinglishScheme::letters())
-        for (const std::string& key : settings.activeKeysFor(letter))
-            settings.longPressLettersFor(key);
+        settings.isCustomized(letter);
+    for (const auto& row : SinglishScheme::soundsLike())
+        settings.longPressLettersFor({&row.latin, 1});
+    for (const auto& added : settings.customization().addedKeys)
+        settings.longPressLettersFor(added.key);
     settings.transliterator().transliterate("amma kya zqa EE");
     settings.reloadIfChanged();
     fuzz::expect(defaults.data(SinglishSettings::storedName) == document, "reading stores nothing");
