@@ -10,5 +10,9 @@ if(Utf8proc_FOUND AND NOT TARGET Utf8proc::Utf8proc)
     set_target_properties(Utf8proc::Utf8proc PROPERTIES
         IMPORTED_LOCATION "${Utf8proc_LIBRARY}"
         INTERFACE_INCLUDE_DIRECTORIES "${Utf8proc_INCLUDE_DIR}")
+    # Windows has to be told when nothing is imported from a DLL.
+    if(WIN32 AND NOT Utf8proc_LIBRARY MATCHES "\\.dll\\.a$")
+        set_target_properties(Utf8proc::Utf8proc PROPERTIES INTERFACE_COMPILE_DEFINITIONS UTF8PROC_STATIC)
+    endif()
 endif()
 mark_as_advanced(Utf8proc_INCLUDE_DIR Utf8proc_LIBRARY)

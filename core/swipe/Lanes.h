@@ -22,25 +22,25 @@ public:
     }
 
     friend Lanes operator+(const Lanes& left, const Lanes& right) noexcept {
-        return each([&](std::size_t i) { return left.quads_[i] + right.quads_[i]; });
+        return each([&](Quad& quad, std::size_t i) { quad = left.quads_[i] + right.quads_[i]; });
     }
     friend Lanes operator-(const Lanes& left, const Lanes& right) noexcept {
-        return each([&](std::size_t i) { return left.quads_[i] - right.quads_[i]; });
+        return each([&](Quad& quad, std::size_t i) { quad = left.quads_[i] - right.quads_[i]; });
     }
     friend Lanes operator*(const Lanes& left, const Lanes& right) noexcept {
-        return each([&](std::size_t i) { return left.quads_[i] * right.quads_[i]; });
+        return each([&](Quad& quad, std::size_t i) { quad = left.quads_[i] * right.quads_[i]; });
     }
 
     /// Each number, or 0 where that is more.
     Lanes positive() const noexcept {
-        return each([&](std::size_t i) { return quads_[i] > 0 ? quads_[i] : Quad{}; });
+        return each([&](Quad& quad, std::size_t i) { quad = quads_[i] > 0 ? quads_[i] : Quad{}; });
     }
 
     /// What each number has grown by from the one before, the first from 0.
     Lanes growth() const noexcept {
-        return each([&](std::size_t i) {
-            const Quad quad = quads_[i];
-            return quad - Quad{i > 0 ? quads_[i - 1][3] : 0, quad[0], quad[1], quad[2]};
+        return each([&](Quad& quad, std::size_t i) {
+            const Quad now = quads_[i];
+            quad = now - Quad{i > 0 ? quads_[i - 1][3] : 0, now[0], now[1], now[2]};
         });
     }
 
@@ -62,11 +62,12 @@ public:
 private:
     using Quad = float __attribute__((vector_size(16)));
 
+    /// No vector is passed by value: how that is done differs where the machine may lack them.
     template <class Operation>
     static Lanes each(Operation operation) noexcept {
         Lanes result;
         for (std::size_t i = 0; i < size / 4; ++i)
-            result.quads_[i] = operation(i);
+            operation(result.quads_[i], i);
         return result;
     }
 
