@@ -70,9 +70,9 @@ private:
 
 } // namespace
 
-int main(int count, char** arguments) {
-    benchmark::Initialize(&count, arguments);
-    if (benchmark::ReportUnrecognizedArguments(count, arguments))
+int main(int argumentCount, char** arguments) {
+    benchmark::Initialize(&argumentCount, arguments);
+    if (benchmark::ReportUnrecognizedArguments(argumentCount, arguments))
         return 1;
     Reporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

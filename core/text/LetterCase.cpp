@@ -1,5 +1,6 @@
 #include "text/LetterCase.h"
 
+#include "text/ScalarRange.h"
 #include "text/Utf8.h"
 
 #include <algorithm>
@@ -33,19 +34,13 @@ std::string lowercasedScalar(char32_t scalar) {
     return utf8(static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(scalar))));
 }
 
-struct Range {
-    char32_t first, last;
-};
-
 /// What has the property Uppercase and is no letter: Roman numerals and letters in circles and squares.
-constexpr std::array upperCaseSigns = std::to_array<Range>(
+constexpr std::array upperCaseSigns = std::to_array<ScalarRange>(
     {{0x2160, 0x216F}, {0x24B6, 0x24CF}, {0x1F130, 0x1F149}, {0x1F150, 0x1F169}, {0x1F170, 0x1F189}});
 
 bool isUppercaseScalar(char32_t scalar) {
     return utf8proc_category(static_cast<utf8proc_int32_t>(scalar)) == UTF8PROC_CATEGORY_LU ||
-           std::ranges::any_of(upperCaseSigns, [scalar](const Range& range) {
-               return range.first <= scalar && scalar <= range.last;
-           });
+           contains(upperCaseSigns, scalar);
 }
 
 bool hasUppercaseForm(char32_t scalar) {

@@ -1,8 +1,8 @@
 #include "text/Visible.h"
 
+#include "text/ScalarRange.h"
 #include "text/Utf8.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -10,11 +10,7 @@ namespace vanoka::text {
 
 namespace {
 
-struct Range {
-    char32_t first, last;
-};
-
-constexpr std::array spelledOut = std::to_array<Range>({
+constexpr std::array spelledOut = std::to_array<ScalarRange>({
     {0x0000, 0x001F}, // C0 controls
     {0x007F, 0x009F}, // Delete and the C1 controls
     {0x202A, 0x202E}, // embeddings and overrides of direction
@@ -24,10 +20,7 @@ constexpr std::array spelledOut = std::to_array<Range>({
 /// The length of the first scalar of `text` when it shows as itself, otherwise 0.
 std::size_t plainLength(std::string_view text) noexcept {
     const Scalar scalar = firstScalar(text);
-    const bool isSpelledOut = std::ranges::any_of(spelledOut, [&](const Range& range) {
-        return scalar.value >= range.first && scalar.value <= range.last;
-    });
-    return scalar.wellFormed && !isSpelledOut ? scalar.length : 0;
+    return scalar.wellFormed && !contains(spelledOut, scalar.value) ? scalar.length : 0;
 }
 
 /// How many bytes at the start of `text` lay out lines.

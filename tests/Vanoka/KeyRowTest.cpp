@@ -1,5 +1,7 @@
 #include "KeyRow.h"
 
+#include "Letters.h"
+
 #include <gtest/gtest.h>
 
 namespace vanoka {
@@ -8,56 +10,53 @@ namespace {
 
 using Kind = SinglishKeyState::Kind;
 
-constexpr const char* aa = "\u0D86";
-constexpr const char* ka = "\u0D9A";
-constexpr const char* binduwa = "\u0D82";
-
 KeyRow row(SinglishKeyState state, const char* letter = ka) {
     return {std::move(state), *SinglishScheme::letter(letter)};
 }
 
-const KeyRow added = row({.key = "q", .kind = Kind::added});
-const KeyRow builtIn = row({.key = "k"});
-const KeyRow switchedOff = row({.key = "k", .isOn = false});
-const KeyRow taken = row({.key = "k", .takenBy = aa});
+const KeyRow addedRow = row({.key = "q", .kind = Kind::added});
+const KeyRow builtInRow = row({.key = "k"});
+const KeyRow switchedOffRow = row({.key = "k", .isOn = false});
+const KeyRow takenRow = row({.key = "k", .takenBy = aa});
 
 TEST(KeyRow, ShowsTheKey) {
-    EXPECT_EQ(builtIn.keyText(),
+    EXPECT_EQ(builtInRow.keyText(),
               (StyledText{"k", {.role = FontRole::body, .isMonospaced = true, .isSemibold = true}}));
     EXPECT_EQ(KeyRow::keyWidth, 44);
 }
 
 TEST(KeyRow, StrikesThroughWhatTypesNothingHere) {
-    EXPECT_FALSE(added.keyText().isStruckThrough);
-    EXPECT_FALSE(builtIn.keyText().isStruckThrough);
-    EXPECT_TRUE(switchedOff.keyText().isStruckThrough);
-    EXPECT_TRUE(taken.keyText().isStruckThrough);
+    EXPECT_FALSE(addedRow.keyText().isStruckThrough);
+    EXPECT_FALSE(builtInRow.keyText().isStruckThrough);
+    EXPECT_TRUE(switchedOffRow.keyText().isStruckThrough);
+    EXPECT_TRUE(takenRow.keyText().isStruckThrough);
 }
 
 TEST(KeyRow, AKeyOfTheUsersOwnCanBeRemoved) {
-    EXPECT_EQ(added.note(), (StyledText{"Your key", {FontRole::caption}, ColourRole::secondary}));
-    EXPECT_EQ(added.control(),
+    EXPECT_EQ(addedRow.note(), (StyledText{"Your key", {FontRole::caption}, ColourRole::secondary}));
+    EXPECT_EQ(addedRow.control(),
               KeyRow::Control(SymbolButton{"minus.circle.fill", ColourRole::red, "Remove this key"}));
-    EXPECT_EQ(added.edit(), KeyEdit(RemoveKey{"q"}));
-    EXPECT_EQ(added.spokenControl(), "Remove this key, q");
+    EXPECT_EQ(addedRow.edit(), KeyEdit(RemoveKey{"q"}));
+    EXPECT_EQ(addedRow.spokenControl(), "Remove this key, q");
 }
 
 TEST(KeyRow, ABuiltInKeyCanBeSwitched) {
-    EXPECT_EQ(builtIn.note(), std::nullopt);
-    EXPECT_EQ(builtIn.control(), KeyRow::Control(Switch{"On", true, "Built-in key"}));
-    EXPECT_EQ(builtIn.edit(), KeyEdit(SetBuiltIn{"k", false}));
-    EXPECT_EQ(switchedOff.note(), std::nullopt);
-    EXPECT_EQ(switchedOff.control(), KeyRow::Control(Switch{"On", false, "Built-in key"}));
-    EXPECT_EQ(switchedOff.edit(), KeyEdit(SetBuiltIn{"k", true}));
-    EXPECT_EQ(switchedOff.spokenControl(), "On, k");
+    EXPECT_EQ(builtInRow.note(), std::nullopt);
+    EXPECT_EQ(builtInRow.control(), KeyRow::Control(Switch{"On", true, "Built-in key"}));
+    EXPECT_EQ(builtInRow.edit(), KeyEdit(SetBuiltIn{"k", false}));
+    EXPECT_EQ(switchedOffRow.note(), std::nullopt);
+    EXPECT_EQ(switchedOffRow.control(), KeyRow::Control(Switch{"On", false, "Built-in key"}));
+    EXPECT_EQ(switchedOffRow.edit(), KeyEdit(SetBuiltIn{"k", true}));
+    EXPECT_EQ(switchedOffRow.spokenControl(), "On, k");
 }
 
 TEST(KeyRow, ATakenKeyCanBeTakenBack) {
-    EXPECT_EQ(taken.note(), (StyledText{std::string("now types ") + aa, {}, ColourRole::orange}));
-    EXPECT_EQ(taken.control(), KeyRow::Control(Button{.title = "Take back",
-                                                      .help = std::string("Make k type ") + ka + " again"}));
-    EXPECT_EQ(taken.edit(), KeyEdit(AddKey{"k", ka}));
-    EXPECT_EQ(taken.spokenControl(), "Take back, k");
+    EXPECT_EQ(takenRow.note(), (StyledText{std::string("now types ") + aa, {}, ColourRole::orange}));
+    EXPECT_EQ(
+        takenRow.control(),
+        KeyRow::Control(Button{.title = "Take back", .help = std::string("Make k type ") + ka + " again"}));
+    EXPECT_EQ(takenRow.edit(), KeyEdit(AddKey{"k", ka}));
+    EXPECT_EQ(takenRow.spokenControl(), "Take back, k");
 }
 
 TEST(KeyRow, ShowsMarksOnADottedCircle) {
@@ -77,10 +76,10 @@ TEST(KeyRow, EveryEditReachesTheSettings) {
     EXPECT_EQ(perform(AddKey{"q", ka}, settings), std::nullopt);
     EXPECT_EQ(keys(), (Keys{"k", "q"}));
     EXPECT_EQ(perform(AddKey{"q", ka}, settings), SinglishSettings::KeyProblem::alreadyThisLetter);
-    EXPECT_EQ(perform(switchedOff.edit(), settings), std::nullopt);
-    EXPECT_EQ(perform(builtIn.edit(), settings), std::nullopt);
+    EXPECT_EQ(perform(switchedOffRow.edit(), settings), std::nullopt);
+    EXPECT_EQ(perform(builtInRow.edit(), settings), std::nullopt);
     EXPECT_EQ(keys(), (Keys{"q"}));
-    EXPECT_EQ(perform(added.edit(), settings), std::nullopt);
+    EXPECT_EQ(perform(addedRow.edit(), settings), std::nullopt);
     EXPECT_EQ(keys(), Keys());
     EXPECT_EQ(perform(ResetKeys(), settings), std::nullopt);
     EXPECT_EQ(keys(), (Keys{"k"}));

@@ -1,15 +1,12 @@
 #include "LetterEditor.h"
 
+#include "Letters.h"
+
 #include <gtest/gtest.h>
 
 namespace vanoka {
 
 namespace {
-
-constexpr const char* aa = "\u0D86";
-constexpr const char* ka = "\u0D9A";
-constexpr const char* kha = "\u0D9B";
-constexpr const char* binduwa = "\u0D82";
 
 class LetterEditorTest : public testing::Test {
 protected:

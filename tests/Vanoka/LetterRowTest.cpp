@@ -1,14 +1,12 @@
 #include "LetterRow.h"
 
+#include "Letters.h"
+
 #include <gtest/gtest.h>
 
 namespace vanoka {
 
 namespace {
-
-constexpr const char* ka = "\u0D9A";
-constexpr const char* kha = "\u0D9B";
-constexpr const char* binduwa = "\u0D82";
 
 class LetterRowTest : public testing::Test {
 protected:

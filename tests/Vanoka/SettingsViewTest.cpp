@@ -1,5 +1,6 @@
 #include "SettingsView.h"
 
+#include "Letters.h"
 #include "TroubledDefaults.h"
 #include "product/VanokaCompany.h"
 #include "product/VanokaProduct.h"
@@ -13,8 +14,6 @@ namespace vanoka {
 namespace {
 
 constexpr const char* a = "\u0D85";
-constexpr const char* ka = "\u0D9A";
-constexpr const char* kha = "\u0D9B";
 
 class SettingsViewTest : public testing::Test {
 protected:

@@ -1,6 +1,7 @@
 #include "SettingsWindow.h"
 
 #include "FakeToolkit.h"
+#include "Letters.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,6 @@ namespace vanoka {
 
 namespace {
 
-constexpr const char* ka = "\u0D9A";
 constexpr const char* document =
     "{\"addedKeys\":[{\"key\":\"q\",\"letter\":\"\u0D9A\"}],\"disabledKeys\":[]}";
 

@@ -1,5 +1,7 @@
 #include "settings/SinglishSettings.h"
 
+#include "Letters.h"
+
 #include <gtest/gtest.h>
 #include <memory>
 #include <unordered_set>
@@ -13,11 +15,7 @@ using KeyProblem = SinglishSettings::KeyProblem;
 using Kind = SinglishKeyState::Kind;
 
 constexpr const char* a = "\u0D85";
-constexpr const char* aa = "\u0D86";
-constexpr const char* ka = "\u0D9A";
-constexpr const char* kha = "\u0D9B";
 constexpr const char* ga = "\u0D9C";
-constexpr const char* binduwa = "\u0D82";
 
 /// Counts what is stored.
 class CountingDefaults final : public UserDefaults {

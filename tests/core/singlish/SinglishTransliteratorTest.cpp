@@ -28,13 +28,13 @@ std::set<std::string, text::CanonicalLess> everyBuiltInKey() {
     return keys;
 }
 
-struct Row {
+struct TypedText {
     std::string typed;
     std::string text;
 };
 
 TEST(SinglishTransliterator, FollowsTheWorkedExamples) {
-    const std::vector<Row> rows = {
+    const std::vector<TypedText> rows = {
         {"", ""},
         {"k", "\u0D9A\u0DCA"},
         {"ka", "\u0D9A"},
@@ -74,12 +74,12 @@ TEST(SinglishTransliterator, FollowsTheWorkedExamples) {
         {"xk", "\u0D82\u0D9A\u0DCA"},
         {"kxa", "\u0D9A\u0D82\u0D85"},
     };
-    for (const Row& row : rows)
+    for (const TypedText& row : rows)
         EXPECT_EQ(transliterate(row.typed), row.text) << row.typed;
 }
 
 TEST(SinglishTransliterator, MatchesWholeCharactersOnly) {
-    const std::vector<Row> rows = {
+    const std::vector<TypedText> rows = {
         {"k\u0301a", "k\u0301\u0D85"},       // k with an accent is another character
         {"k\u200Da", "k\u200D\u0D85"},       // and so is k with a joiner
         {"k\u0DCAa", "k\u0DCA\u0D85"},       // or with a virama
@@ -94,7 +94,7 @@ TEST(SinglishTransliterator, MatchesWholeCharactersOnly) {
         {"k\U0001F600a", "\u0D9A\u0DCA\U0001F600\u0D85"},
         {"k\0a"s, "\u0D9A\u0DCA\0\u0D85"s},
     };
-    for (const Row& row : rows)
+    for (const TypedText& row : rows)
         EXPECT_EQ(transliterate(row.typed), row.text) << testing::PrintToString(row.typed);
 }
 

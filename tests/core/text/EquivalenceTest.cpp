@@ -11,12 +11,12 @@ namespace {
 
 using namespace std::string_literals;
 
-struct Row {
+struct EquivalenceRow {
     std::string text;
     std::string composed;
 };
 
-const std::vector<Row> rows = {
+const std::vector<EquivalenceRow> equivalenceRows = {
     {"", ""},
     {"kaa", "kaa"},
     {"\u00E9", "\u00E9"},
@@ -41,12 +41,12 @@ const std::vector<Row> rows = {
 };
 
 TEST(Equivalence, ComposesCanonically) {
-    for (const Row& row : rows)
+    for (const EquivalenceRow& row : equivalenceRows)
         EXPECT_EQ(nfc(row.text), row.composed) << testing::PrintToString(row.text);
 }
 
 TEST(Equivalence, ATextEqualsItsComposition) {
-    for (const Row& row : rows) {
+    for (const EquivalenceRow& row : equivalenceRows) {
         EXPECT_TRUE(equal(row.text, row.composed)) << testing::PrintToString(row.text);
         EXPECT_EQ(hash(row.text), hash(row.composed)) << testing::PrintToString(row.text);
         EXPECT_FALSE(CanonicalLess()(row.text, row.composed)) << testing::PrintToString(row.text);

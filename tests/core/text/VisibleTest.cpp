@@ -12,13 +12,13 @@ namespace {
 
 using namespace std::string_literals;
 
-struct Row {
+struct VisibleRow {
     std::string text;
     std::string shown;
     std::string asLines; ///< empty where it is the same
 };
 
-const std::vector<Row> rows = {
+const std::vector<VisibleRow> visibleRows = {
     {"", "", ""},
     {"amma \\x1B \u0D9A\u0DCA\u200D\u0DBA \U0001F600", "amma \\x1B \u0D9A\u0DCA\u200D\u0DBA \U0001F600", ""},
     {"\x1B]0;title\x07", "\\u{1B}]0;title\\u{7}", ""},
@@ -31,7 +31,7 @@ const std::vector<Row> rows = {
 };
 
 TEST(Visible, SpellsOutWhatWouldActOnATerminal) {
-    for (const Row& row : rows) {
+    for (const VisibleRow& row : visibleRows) {
         EXPECT_EQ(visible(row.text), row.shown);
         EXPECT_EQ(visibleLines(row.text), row.asLines.empty() ? row.shown : row.asLines);
     }

@@ -200,7 +200,7 @@ const Compositor gnome = {{"gtk_shell1", "zwp_text_input_manager_v3"}};
 const Compositor kwin = {{"org_kde_plasma_shell", "zwp_text_input_manager_v1", "zwp_text_input_manager_v2",
                           "zwp_text_input_manager_v3"}};
 const Compositor sway = {{"zwp_input_method_manager_v2", "zwp_text_input_manager_v3"}};
-const Compositor plain = {{"wl_seat"}};
+const Compositor plainCompositor = {{"wl_seat"}};
 
 Compositor taken(Compositor compositor) {
     compositor.hasInputMethod = true;
@@ -237,7 +237,7 @@ TEST(Doctor, KnowsWhichProgramsEachCompositorServes) {
               sinhala + byModule},
              {"sway", Framework::fcitx5, sway, "", "", latin + nobody, latin + unset},
              {"sway", Framework::ibus, sway, "", "", latin + nobody, latin + unset},
-             {"plain", Framework::ibus, plain, "", "", sinhala + byModule, latin + unset},
+             {"plain", Framework::ibus, plainCompositor, "", "", sinhala + byModule, latin + unset},
          }) {
         Desktop desktop = bareDesktop(row.framework, row.compositor);
         desktop.variables["QT_IM_MODULE"] = row.variable;

@@ -28,12 +28,12 @@ std::string parsed(std::string_view bytes) {
     return inputsOf(parser);
 }
 
-struct Row {
+struct ParsedBytes {
     std::string bytes;
     std::string keys;
 };
 
-const std::vector<Row> rows = {
+const std::vector<ParsedBytes> parsedBytes = {
     {"amma", "amma"},
     {" \x7F\r\t", "<space><delete><return><tab>"},
     {"\x01\x0B\x17", "<C-\x01><C-\x0B><C-\x17>"},
@@ -53,7 +53,7 @@ const std::vector<Row> rows = {
 };
 
 TEST(KeyParser, ReadsKeysAndPastes) {
-    for (const Row& row : rows)
+    for (const ParsedBytes& row : parsedBytes)
         EXPECT_EQ(parsed(row.bytes), row.keys) << testing::PrintToString(row.bytes);
 }
 
@@ -77,7 +77,7 @@ TEST(KeyParser, GivesWhatHasComeOfAPaste) {
 }
 
 TEST(KeyParser, DoesNotCareHowTheBytesCome) {
-    for (const Row& row : rows) {
+    for (const ParsedBytes& row : parsedBytes) {
         KeyParser parser;
         std::string text;
         for (const char byte : row.bytes) {
