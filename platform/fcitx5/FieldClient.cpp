@@ -28,12 +28,12 @@ bool FieldClient::showsMarkedText() const {
 }
 
 bool FieldClient::resetsFirst() const {
-    // GTK 4's module does. It has no name of its own, but of the modules that report repeated keys it alone
-    // does not care for the order of keys and texts.
+    // GTK 4's module does, unless it is so new that it puts the text in. It has no name of its own, but of
+    // the modules that report repeated keys it alone does not care for the order of keys and texts.
     const auto flags = context_.capabilityFlags();
     return std::string_view(context_.frontend()) == "dbus" &&
            flags.test(fcitx::CapabilityFlag::ReportKeyRepeat) &&
-           !flags.test(fcitx::CapabilityFlag::KeyEventOrderFix);
+           !flags.test(fcitx::CapabilityFlag::KeyEventOrderFix) && !putsTextInItself();
 }
 
 bool FieldClient::putsTextInItself() const {
@@ -58,6 +58,8 @@ std::optional<std::string> FieldClient::bundleIdentifier() const {
 void FieldClient::insertText(std::string_view text, TextRange) {
     // In place of the marked text. A browser that sees that go first takes the line away with it, and puts
     // the text into the line above.
+    if (putsTextInItself())
+        showForTheLastTime();
     context_.commitString(std::string(text));
     clear();
 }
@@ -70,6 +72,17 @@ void FieldClient::setMarkedText(const MarkedText& marked, TextRange selectionRan
                     isUnderlined ? fcitx::TextFormatFlag::Underline : fcitx::TextFormatFlag::NoFlag);
     }
     text.setCursor(byteCount(marked.text, selectionRange.location));
+    show(text);
+}
+
+/// From now on the field may not put it in: it would, if the text that takes its place makes it move the
+/// focus.
+void FieldClient::showForTheLastTime() {
+    const fcitx::Text shown = context_.inputPanel().clientPreedit();
+    if (shown.empty())
+        return;
+    fcitx::Text text(shown.toString(), shown.formatAt(0) | fcitx::TextFormatFlag::DontCommit);
+    text.setCursor(shown.cursor());
     show(text);
 }
 

@@ -17,7 +17,7 @@ public:
 
     /// Whether the field shows marked text itself.
     bool showsMarkedText() const;
-    /// Whether the field resets the input method before it has put the marked text in, and then drops it.
+    /// Whether the field resets the input method and drops the marked text, which nobody else puts in.
     bool resetsFirst() const;
     /// Whether the field puts the marked text in itself when it loses focus; else the framework does.
     bool putsTextInItself() const;
@@ -34,6 +34,7 @@ public:
                        TextRange replacementRange) override;
 
 private:
+    void showForTheLastTime();
     void show(const fcitx::Text& text);
 
     fcitx::InputContext& context_;

@@ -36,7 +36,17 @@ constexpr std::array rows = std::to_array<Row>({
     // away as soon as another program gets the focus, which Qt notices only later.
     {"QIBusInputContext",
      qtCommitsUnannounced,
-     {.frameworkCommits = false, .commitsBeforeShortcut = true, .losesTextToOthers = true}},
+     {.frameworkCommits = false,
+      .hidesFirst = true,
+      .commitsBeforeShortcut = true,
+      .losesTextToOthers = true}},
+    // One that has announced that it puts the text in loses it on the same roads. One that has not looks the
+    // same from here, and may be installed beside it: if a text makes a field move the focus, that puts in
+    // what
+    // is still marked, again and again.
+    {"QIBusInputContext",
+     always,
+     {.hidesFirst = true, .commitsBeforeShortcut = true, .losesTextToOthers = true}},
     // Tells the daemon that it puts the text in, and on a click in the same field does not.
     {"gtk4-im:", gtk4ResetsFirst, {.commitsInReset = true}},
     // Its server may tell that another window has the focus before it tells that this one has lost it, and

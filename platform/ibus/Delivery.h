@@ -19,6 +19,8 @@ struct Versions {
 struct Delivery {
     /// Marked text is put in by the client or the daemon when it loses the engine, and is dropped otherwise.
     bool frameworkCommits = true;
+    /// Marked text is taken away before the text comes that takes its place.
+    bool hidesFirst = false;
     /// The engine puts the text in when it is reset: nobody else does.
     bool commitsInReset = false;
     /// The engine puts the text in as soon as a key is pressed that begins a shortcut: if the shortcut

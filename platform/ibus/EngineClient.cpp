@@ -29,10 +29,10 @@ std::optional<std::string> EngineClient::bundleIdentifier() const {
 
 void EngineClient::insertText(std::string_view text, TextRange) {
     const std::string terminated(text);
-    if (frameworkCommits_)
-        showForTheLastTime();
-    else
+    if (delivery_.hidesFirst)
         hideMarkedText(); // or the client would put it in as well, if the text makes it move the focus
+    else
+        showForTheLastTime();
     ibus_engine_commit_text(&engine_, ibus_text_new_from_string(terminated.c_str()));
     if (!marked_.text.empty())
         hideAfterTheAnswer();
@@ -43,7 +43,7 @@ void EngineClient::setMarkedText(const MarkedText& marked, TextRange selectionRa
         return hideMarkedText();
     marked_ = marked;
     caret_ = scalarCount(marked.text, selectionRange.location);
-    showMarkedText(frameworkCommits_ ? IBUS_ENGINE_PREEDIT_COMMIT : IBUS_ENGINE_PREEDIT_CLEAR);
+    showMarkedText(delivery_.frameworkCommits ? IBUS_ENGINE_PREEDIT_COMMIT : IBUS_ENGINE_PREEDIT_CLEAR);
 }
 
 void EngineClient::showMarkedText(IBusPreeditFocusMode mode) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Delivery.h"
 #include "TextInputClient.h"
 
 #include <ibus.h>
@@ -20,8 +21,8 @@ public:
     /// The name of the client as the daemon tells it: "module:program", or a module alone.
     void setName(std::string name) { name_ = std::move(name); }
     const std::string& name() const noexcept { return name_; }
-    /// Whether the daemon or the client puts the marked text in when it is lost.
-    void setFrameworkCommits(bool commits) { frameworkCommits_ = commits; }
+    /// How the client gets its texts.
+    void setDelivery(const Delivery& delivery) { delivery_ = delivery; }
 
     /// Takes the marked text away.
     void hideMarkedText();
@@ -45,7 +46,7 @@ private:
 
     IBusEngine& engine_;
     std::string name_;
-    bool frameworkCommits_ = true;
+    Delivery delivery_;
     MarkedText marked_; ///< what is shown
     guint caret_ = 0;   ///< in it, in scalars
     guint hiding_ = 0;  ///< the source that takes away what was put in; 0 for none

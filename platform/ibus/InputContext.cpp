@@ -168,7 +168,7 @@ void InputContext::becomesActive() {
 
 void InputContext::updateDelivery() {
     delivery_ = deliveryTo(client_.name(), environment_.versions);
-    client_.setFrameworkCommits(delivery_.frameworkCommits);
+    client_.setDelivery(delivery_);
 }
 
 /// The daemon drops the menu with the focus, so each focus brings it anew.

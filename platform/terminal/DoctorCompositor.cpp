@@ -1,6 +1,7 @@
 #include "DoctorCompositor.h"
 
 #include <array>
+#include <cstdarg>
 #include <cstring>
 #include <memory>
 #include <wayland-client.h>
@@ -94,6 +95,7 @@ bool isInputMethodTaken(wl_display* display, wl_registry* registry, const Global
 } // namespace
 
 std::optional<Compositor> askCompositor() {
+    wl_log_set_handler_client([](const char*, va_list) {}); // the doctor says it in words of its own
     const std::unique_ptr<wl_display, Disconnect> display(wl_display_connect(nullptr));
     if (!display)
         return std::nullopt;

@@ -86,6 +86,18 @@ TEST_F(AddonTest, LeavesTheMarkedTextToAFieldThatPutsItInItself) {
     EXPECT_EQ(qt.field().screen(), "\u0DB8.") << "the word is the field's from then on";
 }
 
+TEST_F(AddonTest, AFieldThatPutsTheMarkedTextInItselfMayNotOnceTheTextHasCome) {
+    field.focusOut();
+    Fcitx5Field form("editor",
+                     Fcitx5Field::showsMarkedText | commitsItself); // it may move the focus at a text
+    form.type("ka.");
+    EXPECT_EQ(form.replaced(), "\u0D9A");
+    EXPECT_FALSE(form.wouldHavePutIn());
+    form.type("ka");
+    form.focusOut();
+    EXPECT_EQ(form.field().screen(), "\u0D9A.[\u0D9A]");
+}
+
 TEST_F(AddonTest, AKeyThatBeginsAShortcutPutsTheWordInWhereNobodyElseWould) {
     constexpr std::uint32_t altLeft = 0xFFE9, shiftLeft = 0xFFE1;
     field.focusOut();

@@ -16,6 +16,7 @@ namespace {
 constexpr const char* interface = "org.fcitx.Fcitx.InputContext1";
 constexpr TextRange noReplacement = VanokaInputController::noReplacement;
 constexpr gint32 underline = 1 << 3;
+constexpr gint32 notPutIn = 1 << 5;
 
 } // namespace
 
@@ -129,6 +130,7 @@ void Fcitx5Field::onSignal(const std::string& name, GVariant* arguments) {
     const gchar* text = nullptr;
     g_variant_get(arguments, "(&s)", &text);
     replaced_ = field().marked();
+    wouldHavePutIn_ = mayPutIn_;
     field().insertText(text, noReplacement);
 }
 
@@ -138,9 +140,11 @@ void Fcitx5Field::onPreedit(GVariant* arguments) {
     g_variant_get(arguments, "(a(si)i)", &parts, &caret);
     std::string marked;
     const gchar* part = nullptr;
+    mayPutIn_ = false;
     while (g_variant_iter_loop(parts, "(&si)", &part, &format)) {
         marked += part;
         EXPECT_EQ(format & underline, underline);
+        mayPutIn_ = mayPutIn_ || (format & notPutIn) == 0;
     }
     g_variant_iter_free(parts);
     if (!marked.empty()) {

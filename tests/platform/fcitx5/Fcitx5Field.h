@@ -29,6 +29,8 @@ public:
 
     /// What stood marked when the last text came, in whose place it goes.
     const std::string& replaced() const noexcept { return replaced_; }
+    /// Whether the field was still to put that in, if it lost the focus just then.
+    bool wouldHavePutIn() const noexcept { return wouldHavePutIn_; }
 
     void focusIn() override;
     void focusOut() override;
@@ -42,6 +44,8 @@ private:
     std::string path_;
     guint subscription_ = 0;
     std::string replaced_;
+    bool mayPutIn_ = false; ///< the marked text
+    bool wouldHavePutIn_ = false;
     std::size_t finished_ = 0;
 };
 

@@ -13,7 +13,8 @@ namespace {
 
 constexpr Delivery ordinary;
 constexpr Delivery unannounced = {
-    .frameworkCommits = false, .commitsBeforeShortcut = true, .losesTextToOthers = true};
+    .frameworkCommits = false, .hidesFirst = true, .commitsBeforeShortcut = true, .losesTextToOthers = true};
+constexpr Delivery announced = {.hidesFirst = true, .commitsBeforeShortcut = true, .losesTextToOthers = true};
 constexpr Delivery inReset = {.commitsInReset = true};
 constexpr Delivery losing = {.commitsBeforeShortcut = true, .losesTextToOthers = true};
 constexpr Delivery forwarding = {
@@ -31,7 +32,7 @@ TEST(Delivery, FollowsTheClientAndTheVersions) {
              {"gtk3-im:firefox-esr", ordinary, ordinary},
              {"gtk4-im:(123)", inReset, ordinary},
              {"gnome-shell", ordinary, ordinary},
-             {"QIBusInputContext", unannounced, ordinary},
+             {"QIBusInputContext", unannounced, announced},
              {"xim", forwarding, losing},
          }) {
         EXPECT_EQ(

@@ -272,6 +272,10 @@ TEST(Doctor, AsksTheRealSystem) {
     EXPECT_FALSE(system.fileHolds("/no-such-folder/*", ""));
     ::setenv("WAYLAND_DISPLAY", "no-such-compositor", 1);
     EXPECT_FALSE(system.compositor().has_value());
+    ::unsetenv("XDG_RUNTIME_DIR");
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(system.compositor().has_value());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "the doctor alone speaks";
     EXPECT_EQ(system.output({"echo", "two words", "$HOME"}), "two words $HOME\n");
     EXPECT_EQ(system.output({"no-such-program-at-all"}), std::nullopt);
     EXPECT_EQ(system.output({"false"}), std::nullopt);

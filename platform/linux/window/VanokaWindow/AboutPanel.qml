@@ -10,13 +10,17 @@ Window {
     required property var credits
     required property real lineSpacing
 
+    // Of the content alone: one that looked at the window's size would follow itself.
+    readonly property real wantedWidth: Math.max(380, content.implicitWidth + 64)
+    readonly property real wantedHeight: content.implicitHeight + 64
+
     title: qsTr("About Vanoka")
-    width: Math.max(380, content.implicitWidth + 64)
-    height: content.implicitHeight + 64
-    minimumWidth: width
-    maximumWidth: width
-    minimumHeight: height
-    maximumHeight: height
+    width: wantedWidth
+    height: wantedHeight
+    minimumWidth: wantedWidth
+    maximumWidth: wantedWidth
+    minimumHeight: wantedHeight
+    maximumHeight: wantedHeight
     flags: Qt.Dialog
     color: Theme.window
 
