@@ -33,6 +33,9 @@ protected:
         return ended;
     }
 
+    /// Nobody's address, in a folder of the user's own, as the library wants it.
+    std::string noDaemon() const { return "IBUS_ADDRESS_FILE=" + (folder.path() / "nowhere").native(); }
+
     IBusDaemon& daemon = IBusDaemon::shared();
     TemporaryFolder folder;
 };
@@ -58,7 +61,7 @@ TEST_F(StartUpModesTest, StartsADaemonAnewThatWasThereBeforeTheEngine) {
 }
 
 TEST_F(StartUpModesTest, SaysThatNoDaemonRuns) {
-    const Ended ended = run("IBUS_ADDRESS_FILE=/nowhere", "--register");
+    const Ended ended = run(noDaemon(), "--register");
     EXPECT_EQ(WEXITSTATUS(ended.status), 1);
     EXPECT_EQ(ended.output, "TISRegisterInputSource failed: -111\n");
     EXPECT_EQ(ended.errors, "");
@@ -80,9 +83,8 @@ TEST_F(StartUpModesTest, ShowsTheSettingsWindowInItsPlace) {
 
 TEST_F(StartUpModesTest, StopsWithoutADescriptionOrADaemon) {
     std::ofstream(folder.path() / "vanoka.xml") << "<component><name><x/></name></component>";
-    for (const std::string& variables :
-         {std::string("IBUS_COMPONENT_PATH=/nowhere"), "IBUS_COMPONENT_PATH=" + folder.path().native(),
-          std::string("IBUS_ADDRESS_FILE=/nowhere")}) {
+    for (const std::string& variables : {std::string("IBUS_COMPONENT_PATH=/nowhere"),
+                                         "IBUS_COMPONENT_PATH=" + folder.path().native(), noDaemon()}) {
         const Ended ended = run(variables, "");
         EXPECT_EQ(WEXITSTATUS(ended.status), 128 + SIGABRT) << variables;
         EXPECT_EQ(ended.errors.substr(0, ended.errors.find('\n')),
