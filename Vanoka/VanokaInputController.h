@@ -1,9 +1,8 @@
 #pragma once
 
-#include "KeyEvent.h"
 #include "TextInputClient.h"
 #include "settings/SinglishSettings.h"
-#include "singlish/SinglishComposer.h"
+#include "typing/Typing.h"
 
 #include <cstdint>
 #include <optional>
@@ -13,16 +12,11 @@
 
 namespace vanoka {
 
-/// Typing: turns the key events of one client into marked text and inserted text.
+/// The shell over `Typing`: takes the key events of one client and hands their effects to it.
 ///
-/// It is idle or composing. Idle, a Latin letter starts a composition and every other key is the client's.
-/// Composing, the letters' Sinhala reading stands underlined in the client; letters and Delete change it, and
-/// every other key ends it: Space and printable keys put the Sinhala text in with themselves after it, Escape
-/// the Latin keys; Return, Tab, arrows and shortcuts put the Sinhala text in and then go to the client.
-/// Losing the client puts the Sinhala text in, so that nothing typed is lost.
-///
-/// One controller for each client. The composition is empty before the client is called, so a client that
-/// calls back cannot commit it twice. Settings and clients must outlive the calls they are passed to.
+/// One controller for each client. Losing the client puts the composition in, so that nothing typed is lost.
+/// It is over before the client is called, so a client that calls back cannot commit it twice. Settings and
+/// clients must outlive the calls they are passed to.
 class VanokaInputController {
 public:
     /// The controller of a process with this bundle identifier, which may be absent, over `settings`, which
@@ -59,20 +53,18 @@ public:
     /// The input source's menu.
     static std::vector<MenuItem> menu();
 
-    const SinglishComposer& composer() const noexcept { return composer_; }
+    /// Ends the composition whose text others have put in, or taken away, and returns the text.
+    std::string forgetComposition() { return typing_.forget(); }
+
+    const SinglishComposer& composer() const noexcept { return typing_.composer(); }
 
 private:
     bool isOwn(const TextInputClient& client) const;
-    bool handleSpace(TextInputClient& client);
-    bool handleEscape(TextInputClient& client);
-    bool handleDelete(TextInputClient& client);
-    bool handleCharacters(std::string_view characters, TextInputClient& client);
-    void commit(TextInputClient& client);
-    void showComposition(TextInputClient& client) const;
+    static void apply(TypingEffect effect, TextInputClient& client);
 
     std::optional<std::string> ownBundleIdentifier_;
     SinglishSettings& settings_;
-    SinglishComposer composer_;
+    Typing typing_;
 };
 
 } // namespace vanoka

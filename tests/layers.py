@@ -9,7 +9,7 @@ import re
 import sys
 from pathlib import Path
 
-CORE = ["core/support", "core/text", "core/product", "core/singlish", "core/settings", "core/words", "core/swipe"]
+CORE = ["core/support", "core/text", "core/product", "core/singlish", "core/typing", "core/settings", "core/words", "core/swipe"]
 APPLICATION = CORE + ["Vanoka"]
 
 # Where the files of a folder may include from; the longest folder that holds a file counts.
@@ -20,6 +20,7 @@ MAY_INCLUDE = {
     # The transliterator is made from the one value of the settings.
     "core/singlish": ["core/singlish", "core/text", "core/support", "core/settings/SinglishCustomization.h"],
     "core/settings": ["core/settings", "core/singlish", "core/text", "core/support"],
+    "core/typing": ["core/typing", "core/singlish", "core/text", "core/support"],
     "core/words": ["core/words", "core/singlish", "core/text", "core/support"],
     "core/swipe": ["core/swipe", "core/singlish", "core/text", "core/support"],
     "core": CORE,

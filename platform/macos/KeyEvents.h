@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeyEvent.h"
+#include "typing/KeyEvent.h"
 
 #import <AppKit/AppKit.h>
 

@@ -1,7 +1,7 @@
 #include "KeyParser.h"
 
-#include "FunctionKey.h"
 #include "text/Utf8.h"
+#include "typing/FunctionKey.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeyEvent.h"
+#include "typing/KeyEvent.h"
 
 #include <chrono>
 #include <cstddef>

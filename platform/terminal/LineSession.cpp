@@ -1,8 +1,8 @@
 #include "LineSession.h"
 
-#include "FunctionKey.h"
 #include "text/Category.h"
 #include "text/Utf8.h"
+#include "typing/FunctionKey.h"
 
 #include <csignal>
 

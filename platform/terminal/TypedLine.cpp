@@ -1,12 +1,12 @@
 #include "TypedLine.h"
 
 #include "Clusters.h"
-#include "FunctionKey.h"
 #include "singlish/SinglishComposer.h"
 #include "text/Category.h"
 #include "text/Characters.h"
 #include "text/Signs.h"
 #include "text/Utf8.h"
+#include "typing/FunctionKey.h"
 
 namespace vanoka {
 
@@ -62,7 +62,7 @@ bool TypedLine::apply(const KeyEvent& event) {
         return false;
     if (text::isControl(scalar.value) && scalar.value != tab)
         return false;
-    if (scalar.value >= FunctionKey::upArrow && scalar.value <= FunctionKey::other)
+    if (FunctionKey::contains(scalar.value))
         return applyFunctionKey(scalar.value);
     insertText(characters, {});
     return true;

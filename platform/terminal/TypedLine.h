@@ -1,7 +1,7 @@
 #pragma once
 
-#include "KeyEvent.h"
 #include "TextInputClient.h"
+#include "typing/KeyEvent.h"
 
 #include <cstddef>
 #include <string>

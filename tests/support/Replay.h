@@ -1,9 +1,9 @@
 #pragma once
 
-#include "KeyEvent.h"
 #include "Scenario.h"
 #include "TextField.h"
 #include "settings/SinglishSettings.h"
+#include "typing/KeyEvent.h"
 
 #include <string_view>
 #include <vector>

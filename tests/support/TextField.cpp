@@ -1,9 +1,9 @@
 #include "TextField.h"
 
-#include "FunctionKey.h"
 #include "VanokaInputController.h"
 #include "text/Characters.h"
 #include "text/Utf8.h"
+#include "typing/FunctionKey.h"
 
 #include <gtest/gtest.h>
 

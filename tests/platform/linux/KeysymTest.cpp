@@ -1,7 +1,7 @@
 #include "Keysym.h"
 
-#include "FunctionKey.h"
 #include "text/Utf8.h"
+#include "typing/FunctionKey.h"
 
 #include <gtest/gtest.h>
 

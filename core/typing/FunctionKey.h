@@ -16,4 +16,9 @@ inline constexpr char32_t pageUp = 0xF72C;
 inline constexpr char32_t pageDown = 0xF72D;
 inline constexpr char32_t other = 0xF8FF; ///< a key that types nothing and has no scalar of its own
 
+/// All of them.
+constexpr bool contains(char32_t scalar) noexcept {
+    return scalar >= upArrow && scalar <= other;
+}
+
 } // namespace vanoka::FunctionKey
