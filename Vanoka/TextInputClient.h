@@ -38,7 +38,7 @@ public:
     virtual void insertText(std::string_view text, TextRange replacementRange) = 0;
 
     /// Shows `text` where the caret stands, in place of the marked text before it; an empty text removes
-    /// that. The selection is counted within `text`.
+    /// that. The selection is counted within `text`; it is the caret, which always stands behind the text.
     virtual void setMarkedText(const MarkedText& text, TextRange selectionRange,
                                TextRange replacementRange) = 0;
 

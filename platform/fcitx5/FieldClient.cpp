@@ -1,26 +1,8 @@
 #include "FieldClient.h"
 
-#include "text/Utf8.h"
-
 #include <fcitx/inputpanel.h>
 
 namespace vanoka::fcitx5 {
-
-namespace {
-
-/// How many bytes the first `units` UTF-16 units of `text` are.
-int byteCount(std::string_view text, std::int64_t units) {
-    std::size_t bytes = 0;
-    for (const text::Scalar scalar : text::Scalars(text)) {
-        if (units <= 0)
-            break;
-        units -= scalar.value > 0xFFFF ? 2 : 1;
-        bytes += scalar.length;
-    }
-    return static_cast<int>(bytes);
-}
-
-} // namespace
 
 bool FieldClient::showsMarkedText() const {
     // Asked for each time: some toolkits tell it only after they have the focus.
@@ -64,14 +46,14 @@ void FieldClient::insertText(std::string_view text, TextRange) {
     clear();
 }
 
-void FieldClient::setMarkedText(const MarkedText& marked, TextRange selectionRange, TextRange) {
+void FieldClient::setMarkedText(const MarkedText& marked, TextRange, TextRange) {
     fcitx::Text text;
     if (!marked.text.empty()) {
         const bool isUnderlined = marked.underline == MarkedText::Underline::single;
         text.append(marked.text,
                     isUnderlined ? fcitx::TextFormatFlag::Underline : fcitx::TextFormatFlag::NoFlag);
     }
-    text.setCursor(byteCount(marked.text, selectionRange.location));
+    text.setCursor(static_cast<int>(marked.text.size()));
     show(text);
 }
 

@@ -2,7 +2,6 @@
 
 #include "FileUserDefaults.h"
 #include "Keysym.h"
-#include "ServedClient.h"
 #include "SettingsProgram.h"
 #include "XimKey.h"
 #include "text/Utf8.h"
@@ -49,14 +48,15 @@ void activateMenu(MenuAction action) {
 
 } // namespace
 
-Field::Field(fcitx::InputContext& context, SinglishSettings& settings)
-    : client(context), controller(SettingsProgram::name, settings) {}
+Field::Field(fcitx::InputContext& context, SinglishSettings& settings, FileWatch& storedSettings)
+    : client(context), desktop(client, settings, storedSettings) {}
 
 VanokaEngine::VanokaEngine(fcitx::Instance& instance)
     : instance_(instance),
       settings_(SinglishSettings::shared()),
       storedSettings_(FileUserDefaults::standard().pathOf(SinglishSettings::storedName)),
-      fields_([this](fcitx::InputContext& context) { return new Field(context, settings_); }) {
+      fields_(
+          [this](fcitx::InputContext& context) { return new Field(context, settings_, storedSettings_); }) {
     instance_.inputContextManager().registerProperty("vanokaField", &fields_);
     const auto menu = VanokaInputController::menu();
     initialize(showSettings_, menu[0]);
@@ -67,18 +67,16 @@ VanokaEngine::VanokaEngine(fcitx::Instance& instance)
 
 void VanokaEngine::keyEvent(const fcitx::InputMethodEntry&, fcitx::KeyEvent& event) {
     Field& field = fieldOf(event);
-    if (storedSettings_.hasChanged())
-        settings_.reloadIfChanged();
     const std::uint32_t keysym = keysymOf(event, instance_);
-    const KeyEvent key = keyEventOf(event, keysym);
-    if (!event.isRelease() && Keysym::isShortcutModifier(keysym) && field.client.losesTextToOtherWindows())
-        field.controller.commitComposition(&field.client); // as the shortcut may be one to another window
-    if (processSequenceKey(event, key, keysym, field) || field.controller.handle(&key, &field.client))
+    const DesktopKey key = {keysym, event.isRelease(), keyEventOf(event, keysym)};
+    // A shortcut may be one to another window.
+    if (field.desktop.handle(key, field.client.losesTextToOtherWindows(),
+                             [&](const KeyEvent&) { return followSequence(*event.inputContext(), keysym); }))
         event.filterAndAccept();
 }
 
 void VanokaEngine::activate(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
-    fieldOf(event).controller.activateServer();
+    fieldOf(event).desktop.activate();
     fcitx::StatusArea& area = event.inputContext()->statusArea();
     area.addAction(fcitx::StatusGroup::InputMethod, &showSettings_);
     area.addAction(fcitx::StatusGroup::InputMethod, &showAbout_);
@@ -90,8 +88,8 @@ void VanokaEngine::deactivate(const fcitx::InputMethodEntry&, fcitx::InputContex
     // On any other occasion the framework or the client puts in what the client shows. Done twice, it would
     // be there twice, or in the field that has focus next.
     if (isSwitch || !field.client.showsMarkedText())
-        field.controller.deactivateServer(&field.client);
-    forget(field);
+        field.desktop.commit();
+    field.desktop.forget();
     // What is taken away from a client that puts it in itself is lost: Qt does so long after another program
     // has the focus.
     if (isSwitch || !field.client.putsTextInItself())
@@ -102,9 +100,9 @@ void VanokaEngine::reset(const fcitx::InputMethodEntry&, fcitx::InputContextEven
     Field& field = fieldOf(event);
     if (field.client.resetsFirst()) {
         field.client.clear();
-        field.controller.commitComposition(&field.client);
+        field.desktop.commit();
     }
-    forget(field);
+    field.desktop.forget();
     field.client.clear();
 }
 
@@ -112,34 +110,21 @@ Field& VanokaEngine::fieldOf(fcitx::InputContextEvent& event) {
     return *event.inputContext()->propertyFor(&fields_);
 }
 
-/// A dead key, the Compose key and the keys after them, of which the framework makes one character. True when
-/// it has taken the key.
-bool VanokaEngine::processSequenceKey(const fcitx::KeyEvent& event, const KeyEvent& key, std::uint32_t keysym,
-                                      Field& field) {
-    fcitx::InputContext* context = event.inputContext();
-    const bool begins = Keysym::startsSequence(keysym);
-    if (key.type != KeyEvent::keyDown || (!begins && !instance_.isComposing(context)))
-        return false;
-    const auto made = instance_.processComposeString(context, static_cast<fcitx::KeySym>(keysym));
+/// A dead key, the Compose key and the keys after them, of which the framework makes one character.
+SequenceStep VanokaEngine::followSequence(fcitx::InputContext& context, std::uint32_t keysym) {
+    if (!Keysym::startsSequence(keysym) && !instance_.isComposing(&context))
+        return {};
+    const auto made = instance_.processComposeString(&context, static_cast<fcitx::KeySym>(keysym));
     const bool givesUp = keysym == FcitxKey_BackSpace || keysym == FcitxKey_Escape;
-    if (made ? made->empty() : !instance_.isComposing(context) && !givesUp)
-        return false;                                  // it knows no sequence with this key
-    field.controller.commitComposition(&field.client); // as a key does that types nothing
-    if (made)
-        context->commitString(*made);
-    return true;
+    if (made ? made->empty() : !instance_.isComposing(&context) && !givesUp)
+        return {}; // it knows no sequence with this key
+    return {true, made.value_or("")};
 }
 
 void VanokaEngine::initialize(fcitx::SimpleAction& action, VanokaInputController::MenuItem item) {
     action.setShortText(std::string(item.title));
     action.connect<fcitx::SimpleAction::Activated>(
         [action = item.action](fcitx::InputContext*) { activateMenu(action); });
-}
-
-/// Ends the composition whose text has been put in by others.
-void VanokaEngine::forget(Field& field) {
-    ServedClient served;
-    field.controller.deactivateServer(&served);
 }
 
 fcitx::AddonInstance* VanokaEngineFactory::create(fcitx::AddonManager* manager) {

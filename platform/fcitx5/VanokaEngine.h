@@ -1,8 +1,7 @@
 #pragma once
 
+#include "DesktopContext.h"
 #include "FieldClient.h"
-#include "FileWatch.h"
-#include "VanokaInputController.h"
 
 #include <fcitx-utils/handlertable.h>
 #include <fcitx/action.h>
@@ -15,10 +14,10 @@ namespace vanoka::fcitx5 {
 
 /// The composition in one input context.
 struct Field final : fcitx::InputContextProperty {
-    Field(fcitx::InputContext& context, SinglishSettings& settings);
+    Field(fcitx::InputContext& context, SinglishSettings& settings, FileWatch& storedSettings);
 
     FieldClient client;
-    VanokaInputController controller;
+    DesktopContext desktop;
 };
 
 /// The add-on: hands the framework's calls on to the controller of the input context they are about.
@@ -33,10 +32,8 @@ public:
 
 private:
     Field& fieldOf(fcitx::InputContextEvent& event);
-    bool processSequenceKey(const fcitx::KeyEvent& event, const KeyEvent& key, std::uint32_t keysym,
-                            Field& field);
+    SequenceStep followSequence(fcitx::InputContext& context, std::uint32_t keysym);
     void initialize(fcitx::SimpleAction& action, VanokaInputController::MenuItem item);
-    static void forget(Field& field);
 
     fcitx::Instance& instance_;
     SinglishSettings& settings_;

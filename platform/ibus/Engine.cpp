@@ -90,7 +90,6 @@ static void vanoka_engine_class_init(VanokaEngineClass* engineClass) {
     calls.enable = handOn<&InputContext::enable>;
     calls.disable = handOn<&InputContext::disable>;
     calls.reset = handOn<&InputContext::reset>;
-    calls.set_capabilities = handOn<&InputContext::setCapabilities, guint>;
     calls.set_content_type = setContentType;
     calls.property_activate = activateProperty;
 }

@@ -1,26 +1,8 @@
 #include "EngineClient.h"
 
-#include "text/Utf8.h"
-
 #include <utility>
 
 namespace vanoka::ibus {
-
-namespace {
-
-/// How many scalars the first `units` UTF-16 units of `text` are.
-guint scalarCount(std::string_view text, std::int64_t units) {
-    guint count = 0;
-    for (const text::Scalar scalar : text::Scalars(text)) {
-        if (units <= 0)
-            break;
-        units -= scalar.value > 0xFFFF ? 2 : 1;
-        ++count;
-    }
-    return count;
-}
-
-} // namespace
 
 std::optional<std::string> EngineClient::bundleIdentifier() const {
     const std::size_t colon = name_.find(':');
@@ -29,7 +11,7 @@ std::optional<std::string> EngineClient::bundleIdentifier() const {
 
 void EngineClient::insertText(std::string_view text, TextRange) {
     const std::string terminated(text);
-    if (delivery_.hidesFirst)
+    if (policy_.hidesFirst)
         hideMarkedText(); // or the client would put it in as well, if the text makes it move the focus
     else
         showForTheLastTime();
@@ -38,12 +20,11 @@ void EngineClient::insertText(std::string_view text, TextRange) {
         hideAfterTheAnswer();
 }
 
-void EngineClient::setMarkedText(const MarkedText& marked, TextRange selectionRange, TextRange) {
+void EngineClient::setMarkedText(const MarkedText& marked, TextRange, TextRange) {
     if (marked.text.empty())
         return hideMarkedText();
     marked_ = marked;
-    caret_ = scalarCount(marked.text, selectionRange.location);
-    showMarkedText(delivery_.frameworkCommits ? IBUS_ENGINE_PREEDIT_COMMIT : IBUS_ENGINE_PREEDIT_CLEAR);
+    showMarkedText(policy_.frameworkCommits ? IBUS_ENGINE_PREEDIT_COMMIT : IBUS_ENGINE_PREEDIT_CLEAR);
 }
 
 void EngineClient::showMarkedText(IBusPreeditFocusMode mode) {
@@ -51,10 +32,11 @@ void EngineClient::showMarkedText(IBusPreeditFocusMode mode) {
         return;
     cancelHiding(); // what is shown now takes its place
     IBusText* text = ibus_text_new_from_string(marked_.text.c_str());
+    const guint length = ibus_text_get_length(text);
     if (marked_.underline == MarkedText::Underline::single)
         ibus_text_append_attribute(text, IBUS_ATTR_TYPE_UNDERLINE, IBUS_ATTR_UNDERLINE_SINGLE, 0,
-                                   static_cast<gint>(ibus_text_get_length(text)));
-    ibus_engine_update_preedit_text_with_mode(&engine_, text, caret_, TRUE, mode);
+                                   static_cast<gint>(length));
+    ibus_engine_update_preedit_text_with_mode(&engine_, text, length, TRUE, mode);
 }
 
 /// Left in place, where the text is going to replace it: a browser that sees it go takes the line away with

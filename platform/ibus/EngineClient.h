@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Delivery.h"
+#include "CommitPolicy.h"
 #include "TextInputClient.h"
 
 #include <ibus.h>
@@ -22,7 +22,7 @@ public:
     void setName(std::string name) { name_ = std::move(name); }
     const std::string& name() const noexcept { return name_; }
     /// How the client gets its texts.
-    void setDelivery(const Delivery& delivery) { delivery_ = delivery; }
+    void setPolicy(const CommitPolicy& policy) { policy_ = policy; }
 
     /// Takes the marked text away.
     void hideMarkedText();
@@ -46,9 +46,8 @@ private:
 
     IBusEngine& engine_;
     std::string name_;
-    Delivery delivery_;
+    CommitPolicy policy_;
     MarkedText marked_; ///< what is shown
-    guint caret_ = 0;   ///< in it, in scalars
     guint hiding_ = 0;  ///< the source that takes away what was put in; 0 for none
 };
 

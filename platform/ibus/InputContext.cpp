@@ -1,10 +1,9 @@
 #include "InputContext.h"
 
 #include "Keysym.h"
-#include "ServedClient.h"
-#include "SettingsProgram.h"
 
 #include <array>
+#include <utility>
 
 namespace vanoka::ibus {
 
@@ -42,8 +41,8 @@ InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment)
     : engine_(engine),
       environment_(environment),
       client_(engine),
-      controller_(SettingsProgram::name, environment.settings) {
-    updateDelivery();
+      desktop_(client_, environment.settings, environment.storedSettings) {
+    updatePolicy();
 }
 
 bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
@@ -51,36 +50,26 @@ bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
         return true;
     client_.finishHiding(); // the key is the client's, which shall find no marked text
     // A key without a code, such as a program can make up, would not come back as the key it was.
-    if (!delivery_.forwardsPassedKeys || keyCode == 0)
+    if (!policy_.forwardsPassedKeys || keyCode == 0)
         return false;
     ibus_engine_forward_key_event(&engine_, keysym, keyCode, state);
     return true;
 }
 
 bool InputContext::takes(guint keysym, guint state) {
-    const KeyEvent event = Keysym::keyEvent(keysym, state, ibus_keyval_to_unicode(keysym));
-    if (environment_.storedSettings.hasChanged())
-        environment_.settings.reloadIfChanged();
-    if (delivery_.commitsBeforeShortcut && !(state & IBUS_RELEASE_MASK) && Keysym::isShortcutModifier(keysym))
-        controller_.commitComposition(&client_);
-    return takesForSequence(keysym, event) || controller_.handle(&event, &client_);
+    const DesktopKey key = {keysym, (state & IBUS_RELEASE_MASK) != 0,
+                            Keysym::keyEvent(keysym, state, ibus_keyval_to_unicode(keysym))};
+    return desktop_.handle(key, policy_.commitsBeforeShortcut,
+                           [&](const KeyEvent& event) { return followSequence(keysym, event); });
 }
 
-/// Whether the key is part of a sequence that makes one text.
-bool InputContext::takesForSequence(guint keysym, const KeyEvent& event) {
-    if (event.type != KeyEvent::keyDown)
-        return false;
+SequenceStep InputContext::followSequence(guint keysym, const KeyEvent& event) {
     if (event.modifierFlags != 0) {
         sequence_.end(); // a shortcut is none
-        return false;
+        return {};
     }
-    const ComposeSequence::Result result = sequence_.press(keysym);
-    if (result.outcome == ComposeSequence::Outcome::notPart)
-        return false;
-    controller_.commitComposition(&client_); // as a key does that types nothing
-    if (!result.text.empty())
-        client_.insertText(result.text, VanokaInputController::noReplacement);
-    return true;
+    ComposeSequence::Result result = sequence_.press(keysym);
+    return {result.outcome != ComposeSequence::Outcome::notPart, std::move(result.text)};
 }
 
 void InputContext::enable() {
@@ -100,7 +89,7 @@ void InputContext::focusIn(const std::string& field, std::string client) {
     const std::string dropped =
         droppedTexts_.enter(field, client == daemonItself ? Holder::daemon : Holder::field);
     client_.setName(std::move(client));
-    updateDelivery();
+    updatePolicy();
     becomesActive();
     if (!dropped.empty())
         client_.insertText(dropped, VanokaInputController::noReplacement);
@@ -112,30 +101,25 @@ void InputContext::focusOut() {
 
 void InputContext::focusOut(std::string field) {
     const std::string text = forget();
-    if (delivery_.losesTextToOthers)
+    if (policy_.losesTextToOthers)
         droppedTexts_.leave(std::move(field), text);
 }
 
 void InputContext::reset() {
     client_.finishHiding();
-    if (!delivery_.commitsInReset) {
+    if (!policy_.commitsInReset) {
         forget();
         return;
     }
     client_.hideMarkedText();
-    controller_.commitComposition(&client_);
-}
-
-void InputContext::setCapabilities(guint capabilities) {
-    capabilities_ = capabilities;
-    updateDelivery();
+    desktop_.commit();
 }
 
 void InputContext::setContentType(guint purpose) {
     // It comes after the focus and only when it is another, so the last one holds until then.
     purpose_ = purpose;
     if (takesNoInput())
-        controller_.commitComposition(&client_);
+        desktop_.commit();
 }
 
 void InputContext::activateProperty(std::string_view name) {
@@ -145,7 +129,7 @@ void InputContext::activateProperty(std::string_view name) {
 }
 
 void InputContext::finish() {
-    controller_.commitComposition(&client_);
+    desktop_.commit();
 }
 
 bool InputContext::takesNoInput() const noexcept {
@@ -154,21 +138,19 @@ bool InputContext::takesNoInput() const noexcept {
 
 /// Ends the composition whose text has been put in by others, and returns the text.
 std::string InputContext::forget() {
-    ServedClient served;
-    controller_.deactivateServer(&served);
     client_.forgetMarkedText();
     sequence_.end();
-    return served.text();
+    return desktop_.forget();
 }
 
 void InputContext::becomesActive() {
-    controller_.activateServer();
+    desktop_.activate();
     showMenu();
 }
 
-void InputContext::updateDelivery() {
-    delivery_ = deliveryTo(client_.name(), environment_.versions);
-    client_.setDelivery(delivery_);
+void InputContext::updatePolicy() {
+    policy_ = commitPolicyFor(client_.name(), environment_.versions);
+    client_.setPolicy(policy_);
 }
 
 /// The daemon drops the menu with the focus, so each focus brings it anew.

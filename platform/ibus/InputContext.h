@@ -1,11 +1,10 @@
 #pragma once
 
+#include "CommitPolicy.h"
 #include "ComposeSequence.h"
-#include "Delivery.h"
+#include "DesktopContext.h"
 #include "DroppedTexts.h"
 #include "EngineClient.h"
-#include "FileWatch.h"
-#include "VanokaInputController.h"
 
 #include <functional>
 #include <ibus.h>
@@ -40,7 +39,6 @@ public:
     void focusOut();
     void focusOut(std::string field);
     void reset();
-    void setCapabilities(guint capabilities);
     void setContentType(guint purpose);
     void activateProperty(std::string_view name);
 
@@ -50,20 +48,19 @@ public:
 private:
     bool takesNoInput() const noexcept;
     bool takes(guint keysym, guint state);
-    bool takesForSequence(guint keysym, const KeyEvent& event);
+    SequenceStep followSequence(guint keysym, const KeyEvent& event);
     std::string forget();
     void becomesActive();
-    void updateDelivery();
+    void updatePolicy();
     void showMenu();
 
     IBusEngine& engine_;
     EngineEnvironment& environment_;
     EngineClient client_;
-    VanokaInputController controller_;
-    Delivery delivery_;
+    DesktopContext desktop_;
+    CommitPolicy policy_;
     DroppedTexts droppedTexts_;
     ComposeSequence sequence_;
-    guint capabilities_ = 0;
     guint purpose_ = IBUS_INPUT_PURPOSE_FREE_FORM;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Delivery.h"
+#include "CommitPolicy.h"
 
 #include <filesystem>
 #include <optional>

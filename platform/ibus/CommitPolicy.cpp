@@ -1,4 +1,4 @@
-#include "Delivery.h"
+#include "CommitPolicy.h"
 
 #include <algorithm>
 #include <array>
@@ -10,7 +10,7 @@ namespace {
 struct Row {
     std::string_view client; // the beginning of its name
     bool (*holds)(const Versions&);
-    Delivery delivery;
+    CommitPolicy policy;
 };
 
 bool always(const Versions&) {
@@ -61,11 +61,11 @@ constexpr std::array rows = std::to_array<Row>({
 
 } // namespace
 
-Delivery deliveryTo(std::string_view client, const Versions& versions) {
+CommitPolicy commitPolicyFor(std::string_view client, const Versions& versions) {
     const auto* row = std::ranges::find_if(rows, [&](const Row& candidate) {
         return client.starts_with(candidate.client) && candidate.holds(versions);
     });
-    return row == rows.end() ? Delivery{} : row->delivery;
+    return row == rows.end() ? CommitPolicy{} : row->policy;
 }
 
 } // namespace vanoka::ibus

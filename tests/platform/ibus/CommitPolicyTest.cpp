@@ -1,4 +1,4 @@
-#include "Delivery.h"
+#include "CommitPolicy.h"
 #include "InstalledVersions.h"
 
 #include "TemporaryFolder.h"
@@ -11,19 +11,20 @@ namespace vanoka::ibus {
 
 namespace {
 
-constexpr Delivery ordinary;
-constexpr Delivery unannounced = {
+constexpr CommitPolicy ordinary;
+constexpr CommitPolicy unannounced = {
     .frameworkCommits = false, .hidesFirst = true, .commitsBeforeShortcut = true, .losesTextToOthers = true};
-constexpr Delivery announced = {.hidesFirst = true, .commitsBeforeShortcut = true, .losesTextToOthers = true};
-constexpr Delivery inReset = {.commitsInReset = true};
-constexpr Delivery losing = {.commitsBeforeShortcut = true, .losesTextToOthers = true};
-constexpr Delivery forwarding = {
+constexpr CommitPolicy announced = {
+    .hidesFirst = true, .commitsBeforeShortcut = true, .losesTextToOthers = true};
+constexpr CommitPolicy inReset = {.commitsInReset = true};
+constexpr CommitPolicy losing = {.commitsBeforeShortcut = true, .losesTextToOthers = true};
+constexpr CommitPolicy forwarding = {
     .commitsBeforeShortcut = true, .losesTextToOthers = true, .forwardsPassedKeys = true};
 
-TEST(Delivery, FollowsTheClientAndTheVersions) {
+TEST(CommitPolicy, FollowsTheClientAndTheVersions) {
     struct Row {
         const char* client;
-        Delivery old, today;
+        CommitPolicy old, today;
     };
     for (const Row& row : std::vector<Row>{
              {"", ordinary, ordinary},
@@ -35,12 +36,12 @@ TEST(Delivery, FollowsTheClientAndTheVersions) {
              {"QIBusInputContext", unannounced, announced},
              {"xim", forwarding, losing},
          }) {
-        EXPECT_EQ(
-            deliveryTo(row.client,
-                       {.qtCommitsUnannounced = true, .gtk4ResetsFirst = true, .ximAsksSynchronously = true}),
-            row.old)
+        EXPECT_EQ(commitPolicyFor(
+                      row.client,
+                      {.qtCommitsUnannounced = true, .gtk4ResetsFirst = true, .ximAsksSynchronously = true}),
+                  row.old)
             << row.client;
-        EXPECT_EQ(deliveryTo(row.client, {}), row.today) << row.client;
+        EXPECT_EQ(commitPolicyFor(row.client, {}), row.today) << row.client;
     }
 }
 

@@ -4,7 +4,7 @@
 
 namespace vanoka::ibus {
 
-/// What the installed versions of IBus and of the toolkits do, as far as it decides how text is delivered.
+/// What the installed versions of IBus and of the toolkits do, as far as it decides how text is put in.
 struct Versions {
     /// Qt's module puts the marked text in by itself but does not tell the daemon that it does.
     bool qtCommitsUnannounced = false;
@@ -16,7 +16,7 @@ struct Versions {
 
 /// How a client gets a composition that ends without a key: by a click, a change of focus, another engine.
 /// At that moment the client, the daemon and the engine can each put the text in, and exactly one must.
-struct Delivery {
+struct CommitPolicy {
     /// Marked text is put in by the client or the daemon when it loses the engine, and is dropped otherwise.
     bool frameworkCommits = true;
     /// Marked text is taken away before the text comes that takes its place.
@@ -31,10 +31,10 @@ struct Delivery {
     /// Each key that is the client's is sent back on the road that texts take, since one that is only
     /// declined overtakes them.
     bool forwardsPassedKeys = false;
-    friend bool operator==(const Delivery&, const Delivery&) = default;
+    friend bool operator==(const CommitPolicy&, const CommitPolicy&) = default;
 };
 
-/// The delivery to a client with this name, which is empty until the daemon has told it.
-Delivery deliveryTo(std::string_view client, const Versions& versions);
+/// The policy towards a client with this name, which is empty until the daemon has told it.
+CommitPolicy commitPolicyFor(std::string_view client, const Versions& versions);
 
 } // namespace vanoka::ibus

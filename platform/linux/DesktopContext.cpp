@@ -1,0 +1,26 @@
+#include "DesktopContext.h"
+
+#include "SettingsProgram.h"
+
+namespace vanoka {
+
+DesktopContext::DesktopContext(TextInputClient& client, SinglishSettings& settings, FileWatch& storedSettings)
+    : client_(client),
+      settings_(settings),
+      storedSettings_(storedSettings),
+      controller_(SettingsProgram::name, settings) {}
+
+void DesktopContext::prepare(const DesktopKey& key, bool shortcutsEndIt) {
+    if (storedSettings_.hasChanged())
+        settings_.reloadIfChanged();
+    if (shortcutsEndIt && !key.isRelease && Keysym::isShortcutModifier(key.keysym))
+        commit();
+}
+
+void DesktopContext::insertInstead(const std::string& text) {
+    commit();
+    if (!text.empty())
+        client_.insertText(text, VanokaInputController::noReplacement);
+}
+
+} // namespace vanoka
