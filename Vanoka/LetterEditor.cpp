@@ -14,7 +14,19 @@ std::string_view singular(std::string_view title) {
     return title.substr(0, title.size() - 1);
 }
 
+StyledText editorTitle(std::string text) {
+    return {std::move(text), {FontRole::headline}, ColourRole::secondary};
+}
+
 } // namespace
+
+StyledText LetterEditor::keysTitle() {
+    return editorTitle("Keys");
+}
+
+StyledText LetterEditor::addTitle() {
+    return editorTitle("Add your own key");
+}
 
 LetterEditor::LetterEditor(const SinglishScheme::Letter& letter, SinglishSettings& settings,
                            std::string draft)

@@ -27,12 +27,12 @@ public:
     StyledText example() const;
 
     // The section of the letter's keys.
-    static constexpr std::string_view keysTitle = "Keys";
+    static StyledText keysTitle();
     std::vector<KeyRow> keyRows() const;
 
     // The section that adds a key: a line with the field and the button, the message under it, and the
     // section's footnote.
-    static constexpr std::string_view addTitle = "Add your own key";
+    static StyledText addTitle();
     TextField field() const;
     Button addButton() const;
     /// What the draft would do, or why it cannot be added.

@@ -5,6 +5,7 @@
 #include "product/VanokaProduct.h"
 #include "product/VanokaWebsite.h"
 
+#include <iterator>
 #include <utility>
 
 namespace vanoka {
@@ -12,6 +13,12 @@ namespace vanoka {
 namespace {
 
 constexpr std::string_view resetTitle = "Reset to Defaults";
+
+StyledText sectionTitle(SinglishScheme::Group group) {
+    return {std::string(SinglishScheme::title(group)),
+            {.role = FontRole::subheadline, .isSemibold = true},
+            ColourRole::secondary};
+}
 
 Link link(std::string text, const Url& url) {
     return {{std::move(text), {FontRole::footnote}, ColourRole::accent}, url.text()};
@@ -47,12 +54,22 @@ void SettingsView::reload() {
 std::vector<SettingsView::Section> SettingsView::sidebar() const {
     std::vector<Section> sections;
     for (const auto group : SinglishScheme::allGroups) {
-        Section& section = sections.emplace_back(Section{SinglishScheme::title(group), {}});
+        Section& section = sections.emplace_back(Section{sectionTitle(group), {}});
         for (const auto& letter : SinglishScheme::letters())
             if (letter.group == group)
                 section.rows.emplace_back(letter, settings_);
     }
     return sections;
+}
+
+std::vector<SettingsView::SidebarRow> SettingsView::sidebarRows() const {
+    std::vector<SidebarRow> rows;
+    for (Section& section : sidebar()) {
+        rows.emplace_back(std::move(section.title));
+        rows.insert(rows.end(), std::move_iterator(section.rows.begin()),
+                    std::move_iterator(section.rows.end()));
+    }
+    return rows;
 }
 
 SettingsView::Footer SettingsView::footer() const {
@@ -103,7 +120,8 @@ Button SettingsView::resetButton() const {
 
 SettingsView::Dialog SettingsView::resetDialog() {
     return {"Remove all your keys and switch every built-in key back on?",
-            {.title = std::string(resetTitle), .isDestructive = true}};
+            {.title = std::string(resetTitle), .isDestructive = true},
+            {.title = "Cancel"}};
 }
 
 void SettingsView::askToReset() {

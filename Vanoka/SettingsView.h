@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 namespace vanoka {
@@ -52,11 +53,16 @@ public:
     void reload();
 
     struct Section {
-        std::string_view title;
+        StyledText title;
         std::vector<LetterRow> rows;
     };
     /// The letters in their groups, in the order in which they are shown.
     std::vector<Section> sidebar() const;
+
+    /// A title, which cannot be chosen, or a letter.
+    using SidebarRow = std::variant<StyledText, LetterRow>;
+    /// The same for a list that is flat: a section's title stands above its letters.
+    std::vector<SidebarRow> sidebarRows() const;
 
     /// Pinned below the sidebar's list, on a bar with a divider above it: the application's icon, the
     /// product's two names beside it, and the links.
@@ -91,7 +97,8 @@ public:
 
     struct Dialog {
         std::string_view title;
-        Button confirm; ///< beside the platform's own way to cancel
+        Button confirm;
+        Button cancel; ///< Escape presses it, too
     };
     static Dialog resetDialog();
 

@@ -1,10 +1,9 @@
 #pragma once
 
 #import "Memory.h"
+#include "TextStyle.h"
 
 #import <AppKit/AppKit.h>
-
-#include <string>
 
 /// The title of a group of letters in the sidebar, in the middle of its row.
 @interface VanokaGroupTitleView : NSTableCellView {
@@ -12,5 +11,5 @@
     vanoka::mac::Owned<NSTextField> _title;
 }
 
-- (instancetype)initWithTitle:(const std::string&)title;
+- (instancetype)initWithTitle:(const vanoka::StyledText&)title;
 @end

@@ -6,11 +6,9 @@ namespace mac = vanoka::mac;
 
 @implementation VanokaGroupTitleView
 
-- (instancetype)initWithTitle:(const std::string&)title {
+- (instancetype)initWithTitle:(const vanoka::StyledText&)title {
     if ((self = [super initWithFrame:NSZeroRect])) {
-        _title = mac::retained(mac::label({title,
-                                           {.role = vanoka::FontRole::subheadline, .isSemibold = true},
-                                           vanoka::ColourRole::secondary}));
+        _title = mac::retained(mac::label(title));
         [self addSubview:_title.get()];
     }
     return self;

@@ -18,10 +18,6 @@ constexpr CGFloat boxPadding = 10;
 constexpr CGFloat rowHeight = 34;
 constexpr CGFloat fieldWidth = 180;
 
-vanoka::StyledText sectionTitle(std::string_view title) {
-    return {std::string(title), {vanoka::FontRole::headline}};
-}
-
 /// The frame of a section, behind what is in it.
 NSBox* box() {
     NSBox* made = mac::autoreleased([[NSBox alloc] initWithFrame:NSZeroRect]);
@@ -52,9 +48,9 @@ NSTextField* keyField(const vanoka::TextField& field) {
         _letterLabel = mac::retained(mac::label({}));
         _kindLabel = mac::retained(mac::label({}));
         _exampleLabel = mac::retained(mac::wrappingLabel({}));
-        _keysTitle = mac::retained(mac::label(sectionTitle(vanoka::LetterEditor::keysTitle)));
+        _keysTitle = mac::retained(mac::label(vanoka::LetterEditor::keysTitle()));
         _keysBox = mac::retained(box());
-        _addTitle = mac::retained(mac::label(sectionTitle(vanoka::LetterEditor::addTitle)));
+        _addTitle = mac::retained(mac::label(vanoka::LetterEditor::addTitle()));
         _addBox = mac::retained(box());
         _messageLabel = mac::retained(mac::wrappingLabel({}));
         _footnoteLabel = mac::retained(mac::wrappingLabel({}));

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "DelayedDrawing.h"
 #import "DetailView.h"
 #import "Memory.h"
 #include "SettingsView.h"
 #import "SidebarView.h"
 
 #import <AppKit/AppKit.h>
+
+#include <optional>
 
 /// Draws the content of the settings into a window: the sidebar beside the detail pane, the toolbar and the
 /// dialog. Neither texts nor conditions are its own.
@@ -14,7 +17,7 @@
     NSWindow* __unsafe_unretained _window;
     vanoka::SettingsView* _content;
     vanoka::Subscription _changes;
-    bool _isDrawingDue;
+    std::optional<vanoka::DelayedDrawing> _drawing;
     bool _isAsking; // the dialog is up
     vanoka::mac::Owned<NSSplitView> _split;
     vanoka::mac::Owned<VanokaSidebarView> _sidebar;

@@ -24,7 +24,8 @@ NSString* const resetItem = @"VanokaReset";
         [self addToolbar];
         // Not retained: the subscription ends with this object.
         VanokaSettingsController* __unsafe_unretained drawing = self;
-        _changes = content.observe([drawing] { [drawing drawSoon]; });
+        _drawing.emplace([drawing] { [drawing scheduleDrawing]; }, [drawing] { [drawing draw]; });
+        _changes = content.observe([drawing] { drawing->_drawing->drawSoon(); });
     }
     return self;
 }
@@ -71,24 +72,21 @@ NSString* const resetItem = @"VanokaReset";
     mac::guarded([&] { _content->askToReset(); });
 }
 
-/// Once for all changes of one turn of the event loop, when the content has become the new one.
-- (void)drawSoon {
-    if (_isDrawingDue)
-        return;
-    _isDrawingDue = true;
+- (void)scheduleDrawing {
     NSArray* modes = @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode, NSEventTrackingRunLoopMode ];
-    [self performSelector:@selector(draw) withObject:nil afterDelay:0 inModes:modes];
+    [self performSelector:@selector(drawIfDue) withObject:nil afterDelay:0 inModes:modes];
+}
+
+- (void)drawIfDue {
+    mac::guarded([&] { _drawing->drawIfDue(); });
 }
 
 - (void)draw {
-    _isDrawingDue = false;
-    mac::guarded([&] {
-        [_sidebar.get() showContent];
-        [_detail.get() showContent];
-        mac::setButton(_resetButton.get(), _content->resetButton());
-        if (_content->isConfirmingReset() && !_isAsking)
-            [self showResetDialog];
-    });
+    [_sidebar.get() showContent];
+    [_detail.get() showContent];
+    mac::setButton(_resetButton.get(), _content->resetButton());
+    if (_content->isConfirmingReset() && !_isAsking)
+        [self showResetDialog];
 }
 
 /// As a sheet: a modal loop would stop the input method of whoever is typing.
@@ -100,7 +98,7 @@ NSString* const resetItem = @"VanokaReset";
     NSButton* confirm = [alert addButtonWithTitle:mac::string(dialog.confirm.title)];
     [confirm setHasDestructiveAction:dialog.confirm.isDestructive];
     [confirm setKeyEquivalent:dialog.confirm.isDefault ? @"\r" : @""];
-    [[alert addButtonWithTitle:@"Cancel"] setKeyEquivalent:@"\033"];
+    [[alert addButtonWithTitle:mac::string(dialog.cancel.title)] setKeyEquivalent:@"\033"];
     [alert beginSheetModalForWindow:_window
                   completionHandler:^(NSModalResponse answer) {
                     [self takeAnswer:answer];

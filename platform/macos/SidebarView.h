@@ -6,22 +6,13 @@
 
 #import <AppKit/AppKit.h>
 
-#include <string>
-#include <variant>
 #include <vector>
-
-namespace vanoka::mac {
-
-/// The list is flat: a section's title stands above its letters.
-using SidebarRow = std::variant<std::string, LetterRow>;
-
-} // namespace vanoka::mac
 
 /// The list of all letters, with the footer below it.
 @interface VanokaSidebarView : NSView <NSTableViewDataSource, NSTableViewDelegate> {
 @private
     vanoka::SettingsView* _content;
-    std::vector<vanoka::mac::SidebarRow> _rows;
+    std::vector<vanoka::SettingsView::SidebarRow> _rows;
     vanoka::mac::Owned<NSScrollView> _scroll;
     vanoka::mac::Owned<NSTableView> _table;
     vanoka::mac::Owned<VanokaSidebarFooterView> _footer;

@@ -9,19 +9,9 @@
 #include <algorithm>
 
 namespace mac = vanoka::mac;
-using vanoka::mac::SidebarRow;
+using SidebarRow = vanoka::SettingsView::SidebarRow;
 
 namespace {
-
-std::vector<SidebarRow> listRows(const vanoka::SettingsView& content) {
-    std::vector<SidebarRow> rows;
-    for (const auto& section : content.sidebar()) {
-        rows.emplace_back(std::string(section.title));
-        for (const auto& row : section.rows)
-            rows.emplace_back(row);
-    }
-    return rows;
-}
 
 NSTableView* letterTable() {
     NSTableView* table = mac::autoreleased([[NSTableView alloc] initWithFrame:NSZeroRect]);
@@ -46,7 +36,7 @@ NSTableView* letterTable() {
 - (instancetype)initWithFrame:(NSRect)frame content:(vanoka::SettingsView*)content {
     if ((self = [super initWithFrame:frame])) {
         _content = content;
-        _rows = listRows(*content);
+        _rows = content->sidebarRows();
         _table = mac::retained(letterTable());
         [_table.get() setDataSource:self];
         [_table.get() setDelegate:self];
@@ -70,7 +60,7 @@ NSTableView* letterTable() {
 }
 
 - (void)showContent {
-    std::vector<SidebarRow> rows = listRows(*_content);
+    std::vector<SidebarRow> rows = _content->sidebarRows();
     for (std::size_t i = 0; i < rows.size(); ++i)
         if (const auto* row = std::get_if<vanoka::LetterRow>(&rows[i]); row && rows[i] != _rows[i])
             [[self shownLetterRowAt:i] showRow:*row];
@@ -121,7 +111,7 @@ NSTableView* letterTable() {
 
 - (BOOL)tableView:(NSTableView*)tableView isGroupRow:(NSInteger)row {
     (void)tableView;
-    return std::holds_alternative<std::string>([self rowAt:row]);
+    return std::holds_alternative<vanoka::StyledText>([self rowAt:row]);
 }
 
 - (BOOL)tableView:(NSTableView*)tableView shouldSelectRow:(NSInteger)row {
@@ -137,7 +127,7 @@ NSTableView* letterTable() {
     const SidebarRow& shown = [self rowAt:row];
     if (const auto* letter = std::get_if<vanoka::LetterRow>(&shown))
         return mac::autoreleased([[VanokaLetterRowView alloc] initWithRow:*letter]);
-    return mac::autoreleased([[VanokaGroupTitleView alloc] initWithTitle:std::get<std::string>(shown)]);
+    return mac::autoreleased([[VanokaGroupTitleView alloc] initWithTitle:std::get<vanoka::StyledText>(shown)]);
 }
 
 - (void)tableViewSelectionDidChange:(NSNotification*)notification {

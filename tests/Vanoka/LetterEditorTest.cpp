@@ -71,8 +71,9 @@ TEST_F(LetterEditorTest, ListsTheLettersKeys) {
 }
 
 TEST_F(LetterEditorTest, HasItsTexts) {
-    EXPECT_EQ(LetterEditor::keysTitle, "Keys");
-    EXPECT_EQ(LetterEditor::addTitle, "Add your own key");
+    EXPECT_EQ(LetterEditor::keysTitle(), (StyledText{"Keys", {FontRole::headline}, ColourRole::secondary}));
+    EXPECT_EQ(LetterEditor::addTitle(),
+              (StyledText{"Add your own key", {FontRole::headline}, ColourRole::secondary}));
     EXPECT_EQ(editor(ka, "zq").field(),
               (TextField{"New key", "For example zq", {.role = FontRole::body, .isMonospaced = true}, "zq"}));
     EXPECT_EQ(editor(ka).footnote(),

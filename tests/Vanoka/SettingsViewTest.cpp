@@ -33,16 +33,29 @@ protected:
     Subscription subscription = view.observe([this] { ++changes; });
 };
 
+TEST_F(SettingsViewTest, TheFlatSidebarHasATitleAboveEachSection) {
+    const auto rows = view.sidebarRows();
+    std::size_t at = 0;
+    for (const auto& section : view.sidebar()) {
+        ASSERT_LT(at + section.rows.size(), rows.size());
+        EXPECT_EQ(rows[at++], SettingsView::SidebarRow(section.title));
+        for (const LetterRow& row : section.rows)
+            EXPECT_EQ(rows[at++], SettingsView::SidebarRow(row));
+    }
+    EXPECT_EQ(at, rows.size());
+}
+
 TEST_F(SettingsViewTest, TheSidebarListsEveryLetterInItsGroup) {
     const auto sections = view.sidebar();
     ASSERT_EQ(sections.size(), 3U);
-    EXPECT_EQ(sections[0].title, "Vowels");
-    EXPECT_EQ(sections[1].title, "Consonants");
-    EXPECT_EQ(sections[2].title, "Signs");
+    EXPECT_EQ(sections[0].title,
+              (StyledText{"Vowels", {FontRole::subheadline, false, true}, ColourRole::secondary}));
+    EXPECT_EQ(sections[1].title.text, "Consonants");
+    EXPECT_EQ(sections[2].title.text, "Signs");
     std::vector<std::string_view> shown;
     for (const auto& section : sections) {
         for (const LetterRow& row : section.rows) {
-            EXPECT_EQ(SinglishScheme::title(row.letter.group), section.title);
+            EXPECT_EQ(SinglishScheme::title(row.letter.group), section.title.text);
             EXPECT_EQ(row, LetterRow(row.letter, settings));
             shown.push_back(row.letter.id);
         }
@@ -183,6 +196,7 @@ TEST_F(SettingsViewTest, ResetsAfterAsking) {
     const auto dialog = SettingsView::resetDialog();
     EXPECT_EQ(dialog.title, "Remove all your keys and switch every built-in key back on?");
     EXPECT_EQ(dialog.confirm, (Button{.title = "Reset to Defaults", .isDestructive = true}));
+    EXPECT_EQ(dialog.cancel, (Button{.title = "Cancel"}));
 
     view.askToReset();
     EXPECT_TRUE(view.isConfirmingReset());

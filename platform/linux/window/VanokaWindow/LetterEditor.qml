@@ -29,7 +29,7 @@ ScrollArea {
             settings: editor.settings
         }
         SectionTitle {
-            text: editor.settings.keysTitle
+            content: editor.settings.keysTitle
             topPadding: 6
         }
         Card {
@@ -63,7 +63,7 @@ ScrollArea {
             }
         }
         SectionTitle {
-            text: editor.settings.addTitle
+            content: editor.settings.addTitle
             topPadding: 12
         }
         Card {

@@ -49,7 +49,7 @@ T.Dialog {
                 id: cancel
                 objectName: "cancel"
                 focus: true
-                text: qsTr("Cancel")
+                text: dialog.settings.dialogCancel
                 onClicked: dialog.settings.cancelReset()
             }
             PushButton {

@@ -14,7 +14,7 @@ std::vector<SidebarRow> sidebarRows(const SettingsView& view) {
     std::vector<SidebarRow> rows;
     for (auto& section : view.sidebar())
         for (auto& letter : section.rows)
-            rows.push_back({std::move(letter), std::string(section.title)});
+            rows.push_back({std::move(letter), section.title.text});
     return rows;
 }
 
@@ -29,9 +29,21 @@ std::vector<EditorRow> editorRows(const SettingsView& view) {
 } // namespace
 
 SettingsModel::SettingsModel(SettingsView& view, QObject* parent)
-    : QObject(parent), view_(view), changes_(view.observe([this] { refreshSoon(); })) {
+    : QObject(parent),
+      view_(view),
+      drawing_(
+          [this] { QMetaObject::invokeMethod(this, [this] { drawing_.drawIfDue(); }, Qt::QueuedConnection); },
+          [this] { refresh(); }),
+      changes_(view.observe([this] { drawing_.drawSoon(); })) {
     letters_.assign(sidebarRows(view_));
     keys_.assign(editorRows(view_));
+}
+
+TextValue SettingsModel::sectionTitle(const QString& name) const {
+    for (const auto& section : view_.sidebar())
+        if (qtText(section.title.text) == name)
+            return TextValue(section.title);
+    return {};
 }
 
 int SettingsModel::selectedRow() const {
@@ -74,7 +86,7 @@ bool SettingsModel::canAdd() const {
 
 void SettingsModel::setDraft(const QString& draft) {
     view_.setDraft(draft.toStdString());
-    refreshIfPending();
+    drawing_.drawIfDue();
 }
 
 void SettingsModel::select(int row) {
@@ -83,12 +95,12 @@ void SettingsModel::select(int row) {
         view_.select(std::nullopt);
     else
         view_.select(std::string(rows[static_cast<std::size_t>(row)].letter.letter.id));
-    refreshIfPending();
+    drawing_.drawIfDue();
 }
 
 void SettingsModel::addDraft() {
     view_.addDraft();
-    refreshIfPending();
+    drawing_.drawIfDue();
 }
 
 void SettingsModel::use(int row) {
@@ -110,18 +122,6 @@ void SettingsModel::cancelReset() {
 
 TextValue SettingsModel::textOf(StyledText (LetterEditor::*part)() const) const {
     return hasEditor() ? TextValue((view_.editor()->*part)()) : TextValue();
-}
-
-/// The settings announce a change before it is in force: it is read when the event loop has turned.
-void SettingsModel::refreshSoon() {
-    if (std::exchange(isRefreshPending_, true))
-        return;
-    QMetaObject::invokeMethod(this, &SettingsModel::refreshIfPending, Qt::QueuedConnection);
-}
-
-void SettingsModel::refreshIfPending() {
-    if (std::exchange(isRefreshPending_, false))
-        refresh();
 }
 
 void SettingsModel::refresh() {

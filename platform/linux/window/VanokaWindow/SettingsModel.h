@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DelayedDrawing.h"
 #include "RowModels.h"
 #include "SettingsView.h"
 #include "Values.h"
@@ -35,10 +36,10 @@ class SettingsModel : public QObject {
     Q_PROPERTY(vanoka::TextValue letterText READ letterText NOTIFY changed FINAL)
     Q_PROPERTY(vanoka::TextValue kind READ kind NOTIFY changed FINAL)
     Q_PROPERTY(vanoka::TextValue example READ example NOTIFY changed FINAL)
-    Q_PROPERTY(QString keysTitle READ keysTitle CONSTANT FINAL)
+    Q_PROPERTY(vanoka::TextValue keysTitle READ keysTitle CONSTANT FINAL)
     Q_PROPERTY(vanoka::KeyRowsModel* keys READ keys CONSTANT FINAL)
     Q_PROPERTY(double keyWidth READ keyWidth CONSTANT FINAL)
-    Q_PROPERTY(QString addTitle READ addTitle CONSTANT FINAL)
+    Q_PROPERTY(vanoka::TextValue addTitle READ addTitle CONSTANT FINAL)
     Q_PROPERTY(QString fieldLabel READ fieldLabel NOTIFY changed FINAL)
     Q_PROPERTY(QString fieldPrompt READ fieldPrompt NOTIFY changed FINAL)
     Q_PROPERTY(QFont fieldFont READ fieldFont NOTIFY changed FINAL)
@@ -53,6 +54,7 @@ class SettingsModel : public QObject {
     Q_PROPERTY(bool isConfirmingReset READ isConfirmingReset NOTIFY changed FINAL)
     Q_PROPERTY(QString dialogTitle READ dialogTitle CONSTANT FINAL)
     Q_PROPERTY(QString dialogConfirm READ dialogConfirm CONSTANT FINAL)
+    Q_PROPERTY(QString dialogCancel READ dialogCancel CONSTANT FINAL)
 
 public:
     /// The content of `view`, which must outlive this.
@@ -64,6 +66,8 @@ public:
     double letterWidth() const { return LetterRow::letterWidth; }
     double sidebarWidth() const { return SettingsView::sidebarWidth; }
     double sidebarMinimumWidth() const { return SettingsView::sidebarMinimumWidth; }
+    /// The title of the section with this name, with its looks.
+    Q_INVOKABLE vanoka::TextValue sectionTitle(const QString& name) const;
     /// The row of the chosen letter; -1 when there is none.
     int selectedRow() const;
     TextValue productName() const { return TextValue(view_.footer().name); }
@@ -77,10 +81,10 @@ public:
     TextValue letterText() const { return textOf(&LetterEditor::letterText); }
     TextValue kind() const { return textOf(&LetterEditor::kind); }
     TextValue example() const { return textOf(&LetterEditor::example); }
-    QString keysTitle() const { return qtText(LetterEditor::keysTitle); }
+    TextValue keysTitle() const { return TextValue(LetterEditor::keysTitle()); }
     KeyRowsModel* keys() { return &keys_; }
     double keyWidth() const { return KeyRow::keyWidth; }
-    QString addTitle() const { return qtText(LetterEditor::addTitle); }
+    TextValue addTitle() const { return TextValue(LetterEditor::addTitle()); }
     QString fieldLabel() const;
     QString fieldPrompt() const;
     QFont fieldFont() const;
@@ -95,6 +99,7 @@ public:
     bool isConfirmingReset() const { return view_.isConfirmingReset(); }
     QString dialogTitle() const { return qtText(SettingsView::resetDialog().title); }
     QString dialogConfirm() const { return qtText(SettingsView::resetDialog().confirm.title); }
+    QString dialogCancel() const { return qtText(SettingsView::resetDialog().cancel.title); }
 
     void setDraft(const QString& draft);
     Q_INVOKABLE void select(int row);
@@ -110,14 +115,12 @@ signals:
 
 private:
     TextValue textOf(StyledText (LetterEditor::*part)() const) const;
-    void refreshSoon();
-    void refreshIfPending();
     void refresh();
 
     SettingsView& view_;
     LetterRowsModel letters_;
     KeyRowsModel keys_;
-    bool isRefreshPending_ = false;
+    DelayedDrawing drawing_;
     Subscription changes_;
 };
 

@@ -38,7 +38,7 @@ Rectangle {
             leftPadding: 20
             topPadding: 14
             bottomPadding: 6
-            text: section
+            content: sidebar.settings.sectionTitle(section)
         }
         delegate: LetterRow {
             width: ListView.view.width

@@ -79,7 +79,7 @@ TestCase {
 
     function test_everyTextOfTheContentIsShown() {
         const s = settings
-        const expected = [s.letterText.text, s.kind.text, s.example.text, s.keysTitle, s.addTitle, s.addButton,
+        const expected = [s.letterText.text, s.kind.text, s.example.text, s.keysTitle.text, s.addTitle.text, s.addButton,
             s.message.text, s.footnote.text, s.resetButton, s.productName.text, s.sinhalaName.text]
         for (const link of s.links)
             expected.push(link.label.text)
