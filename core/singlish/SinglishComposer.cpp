@@ -1,9 +1,9 @@
 #include "singlish/SinglishComposer.h"
 
+#include "script/SinhalaBlock.h"
 #include "singlish/PrefixReadings.h"
 #include "singlish/SinglishScheme.h"
 #include "text/Characters.h"
-#include "text/Signs.h"
 #include "text/Utf8.h"
 
 #include <utility>
@@ -54,7 +54,7 @@ std::string SinglishComposer::commitRaw() {
 std::string_view withoutLastPart(std::string_view text) noexcept {
     const text::Scalar last = text::lastScalar(text);
     text.remove_suffix(last.length);
-    if (text::isSinhalaSign(last.value))
+    if (script::isSign(last.value))
         return text;
     while (text.ends_with(SinglishScheme::zeroWidthJoiner))
         text.remove_suffix(SinglishScheme::zeroWidthJoiner.size());

@@ -2,7 +2,7 @@
 
 #include "PlainWords.h"
 #include "WordLists.h"
-#include "text/Signs.h"
+#include "script/SinhalaBlock.h"
 #include "text/Utf8.h"
 #include "words/CompactSyllables.h"
 
@@ -33,7 +33,7 @@ TEST(CompactText, EveryScalarComesBackInOneUnitAndInOrder) {
         const std::string text = text::utf8(scalar), bytes = compact(text);
         ASSERT_EQ(expanded(bytes), text) << std::hex << static_cast<unsigned>(scalar);
         ASSERT_EQ(firstUnit(bytes + "x"), bytes) << std::hex << static_cast<unsigned>(scalar);
-        ASSERT_EQ(isSign(bytes[0]), text::isSinhalaSign(scalar)) << std::hex << static_cast<unsigned>(scalar);
+        ASSERT_EQ(isSign(bytes[0]), script::isSign(scalar)) << std::hex << static_cast<unsigned>(scalar);
         ASSERT_EQ(bytes.ends_with(virama), scalar == 0x0DCA) << std::hex << static_cast<unsigned>(scalar);
         ASSERT_EQ(hasVirama(bytes), scalar == 0x0DCA) << std::hex << static_cast<unsigned>(scalar);
         ASSERT_TRUE(scalar == 0 || before < bytes) << std::hex << static_cast<unsigned>(scalar);
