@@ -1,4 +1,5 @@
 #include "PlainTransducer.h"
+#include "settings/CustomizationJson.h"
 #include "settings/SinglishSettings.h"
 
 #include <benchmark/benchmark.h>

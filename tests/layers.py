@@ -18,8 +18,7 @@ MAY_INCLUDE = {
     "core/script": ["core/script"],
     "core/text": ["core/text", "core/script", "core/support"],
     "core/product": ["core/product", "core/text", "core/support"],
-    # The transliterator is made from the one value of the settings.
-    "core/singlish": ["core/singlish", "core/text", "core/script", "core/support", "core/settings/SinglishCustomization.h"],
+    "core/singlish": ["core/singlish", "core/text", "core/script", "core/support"],
     "core/settings": ["core/settings", "core/singlish", "core/text", "core/support"],
     "core/words": ["core/words", "core/singlish", "core/text", "core/script", "core/support"],
     "core/swipe": ["core/swipe", "core/singlish", "core/text", "core/script", "core/support"],
