@@ -12,17 +12,15 @@ namespace vanoka {
 
 namespace {
 
-constexpr std::string_view inherentVowelKey = "a";
-
 std::string keysAfterBackspace(const SinglishTransliterator& transliterator, std::string_view raw) {
-    const PrefixReadings readings(transliterator, raw, inherentVowelKey);
+    const PrefixReadings readings(transliterator, raw, SinglishScheme::inherentVowelKey);
     const std::string_view target = withoutLastPart(readings.whole());
     for (std::size_t count = readings.count() + 1; count-- > 0;) {
         const std::string_view prefix = readings.prefix(count);
         if (count < readings.count() && readings.prefixReads(count, target))
             return std::string(prefix);
         if (readings.prefixReadsWithAdded(count, target)) {
-            std::string keys = std::string(prefix).append(inherentVowelKey);
+            std::string keys = std::string(prefix).append(SinglishScheme::inherentVowelKey);
             if (!text::equal(keys, raw))
                 return keys;
         }

@@ -25,6 +25,9 @@ inline constexpr std::string_view virama = "\u0DCA";
 /// Joins a killed consonant with the ය or ර after it: U+200D.
 inline constexpr std::string_view zeroWidthJoiner = "\u200D";
 
+/// The key of the inherent vowel, which is no part of any sign.
+inline constexpr std::string_view inherentVowelKey = "a";
+
 struct Vowel {
     Keys keys;
     std::string_view letter; ///< as it stands at the start of a syllable
