@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string_view>
 
 /// The scheme's letters as constants, for what is derived from them when the program is compiled.
@@ -30,16 +31,17 @@ struct Table {
     char32_t crowded = 0; ///< the letter of a row that has more keys than there is room for; 0 for none
 };
 
-/// The rows as a constant. A crowded one is left out, so that the table stays a constant and its letter can
-/// be named.
+/// The rows as a constant. A crowded one has only its first keys there, so that the table stays a constant
+/// and the compiler can be made to name the letter.
 template <class Row, std::size_t count>
 constexpr Table<Row, count> tableOf(const Row (&rows)[count]) {
     Table<Row, count> table;
     for (std::size_t i = 0; i < count; ++i) {
-        if (rows[i].keys.size() > Keys::usualSize)
+        table.rows[i] = rows[i];
+        if (rows[i].keys.size() > Keys::usualSize) {
+            table.rows[i].keys = Keys(std::span(rows[i].keys.begin(), Keys::usualSize));
             table.crowded = text::threeByteScalar(idOf(rows[i]));
-        else
-            table.rows[i] = rows[i];
+        }
     }
     return table;
 }

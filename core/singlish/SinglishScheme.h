@@ -12,7 +12,8 @@
 #include <string_view>
 
 /// The Sinhala letters that can be typed and the Latin keys that type them before anybody has changed
-/// anything. This is the only place that knows a letter; all else is derived from these tables.
+/// anything. This is the only place that knows a key; what a letter is stands in "script/SinhalaBlock.h". All
+/// else is derived from these tables.
 ///
 /// Every table is a constant: views of it are valid for the life of the process, and any thread may read it.
 namespace vanoka::SinglishScheme {
