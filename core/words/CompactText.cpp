@@ -13,7 +13,7 @@ namespace {
 static_assert(below == '\x80' && above == '\xFF'); // so that ASCII and the rest of the block lie between
 static_assert(sinhalaOf(below) == script::blockFirst && sinhalaOf(above) == script::blockLast);
 
-constexpr std::array signs = [] {
+constexpr std::array signUnits = [] {
     std::array<bool, 256> all{};
     for (std::size_t unit = 0; unit < all.size(); ++unit)
         all[unit] = script::isSign(sinhalaOf(static_cast<char>(unit)));
@@ -75,7 +75,7 @@ bool hasVirama(std::string_view bytes) noexcept {
 }
 
 bool isSign(char unit) noexcept {
-    return signs[static_cast<unsigned char>(unit)];
+    return signUnits[static_cast<unsigned char>(unit)];
 }
 
 } // namespace vanoka::CompactText
