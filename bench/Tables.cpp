@@ -1,4 +1,5 @@
 #include "PlainTransducer.h"
+#include "settings/CustomizationJson.h"
 #include "settings/SinglishSettings.h"
 
 #include <benchmark/benchmark.h>
@@ -47,7 +48,7 @@ BENCHMARK(tablesPlain)->Name("tables/plain")->Arg(1)->Arg(10)->Arg(50);
 /// An accepted edit of settings with so many added keys: checked, in force, announced and stored.
 void edit(benchmark::State& state) {
     MemoryUserDefaults defaults;
-    if (const auto document = addedKeys(state.range(0)).encode())
+    if (const auto document = CustomizationJson::encode(addedKeys(state.range(0))))
         defaults.setData(SinglishSettings::storedName, *document);
     SinglishSettings settings(defaults);
     bool isOther = false;

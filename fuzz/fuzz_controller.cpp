@@ -1,5 +1,6 @@
 #include "Fuzz.h"
 #include "VanokaInputController.h"
+#include "settings/CustomizationJson.h"
 #include "text/Utf8.h"
 
 using namespace vanoka;
@@ -48,7 +49,7 @@ KeyEvent eventOf(fuzz::Input& input) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::Input input(data, size);
     MemoryUserDefaults defaults;
-    if (const auto document = input.customization().encode())
+    if (const auto document = CustomizationJson::encode(input.customization()))
         defaults.setData(SinglishSettings::storedName, *document);
     SinglishSettings settings(defaults);
     VanokaInputController controller("own", settings);

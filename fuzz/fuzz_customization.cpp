@@ -1,13 +1,14 @@
 #include "Fuzz.h"
+#include "settings/CustomizationJson.h"
 #include "settings/SinglishSettings.h"
 
 using namespace vanoka;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string document(reinterpret_cast<const char*>(data), size);
-    const auto decoded = SinglishCustomization::decode(document);
+    const auto decoded = CustomizationJson::decode(document);
     if (decoded)
-        fuzz::expect(SinglishCustomization::decode(decoded->encode().value_or("")) == decoded,
+        fuzz::expect(CustomizationJson::decode(CustomizationJson::encode(*decoded).value_or("")) == decoded,
                      "what is stored is read back equal");
 
     MemoryUserDefaults defaults;

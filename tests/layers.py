@@ -9,20 +9,21 @@ import re
 import sys
 from pathlib import Path
 
-CORE = ["core/support", "core/text", "core/product", "core/singlish", "core/typing", "core/settings", "core/words", "core/swipe"]
+CORE = ["core/support", "core/script", "core/text", "core/product", "core/singlish", "core/typing", "core/settings",
+        "core/words", "core/swipe"]
 APPLICATION = CORE + ["Vanoka"]
 
 # Where the files of a folder may include from; the longest folder that holds a file counts.
 MAY_INCLUDE = {
     "core/support": ["core/support"],
-    "core/text": ["core/text", "core/support"],
+    "core/script": ["core/script"],
+    "core/text": ["core/text", "core/script", "core/support"],
     "core/product": ["core/product", "core/text", "core/support"],
-    # The transliterator is made from the one value of the settings.
-    "core/singlish": ["core/singlish", "core/text", "core/support", "core/settings/SinglishCustomization.h"],
+    "core/singlish": ["core/singlish", "core/text", "core/script", "core/support"],
     "core/settings": ["core/settings", "core/singlish", "core/text", "core/support"],
     "core/typing": ["core/typing", "core/singlish", "core/text", "core/support"],
-    "core/words": ["core/words", "core/singlish", "core/text", "core/support"],
-    "core/swipe": ["core/swipe", "core/singlish", "core/text", "core/support"],
+    "core/words": ["core/words", "core/singlish", "core/text", "core/script", "core/support"],
+    "core/swipe": ["core/swipe", "core/singlish", "core/text", "core/script", "core/support"],
     "core": CORE,
     "Vanoka": APPLICATION,
     "platform/linux": APPLICATION + ["platform/linux"],

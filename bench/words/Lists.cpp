@@ -1,7 +1,7 @@
 #include "Lists.h"
 
 #include "WordLists.h"
-#include "text/Signs.h"
+#include "script/SinhalaBlock.h"
 #include "text/Utf8.h"
 #include "words/SinhalaSpelling.h"
 
@@ -19,7 +19,7 @@ constexpr std::size_t mostLetters = 4;
 /// A joiner is no letter that anybody waits for.
 bool endsLetter(std::string_view rest) {
     const char32_t scalar = text::firstScalar(rest).value;
-    return rest.empty() || (!text::isSinhalaSign(scalar) && scalar != 0x200D);
+    return rest.empty() || (!script::isSign(scalar) && scalar != script::zeroWidthJoiner);
 }
 
 /// What a typist has written after each of the first letters of a word: the letters with their signs, the

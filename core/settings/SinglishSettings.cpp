@@ -1,5 +1,6 @@
 #include "settings/SinglishSettings.h"
 
+#include "settings/CustomizationJson.h"
 #include "text/Characters.h"
 #include "text/Equivalence.h"
 #include "text/Hasher.h"
@@ -169,7 +170,7 @@ void SinglishSettings::replace(SinglishCustomization customization) {
 }
 
 SinglishCustomization SinglishSettings::decodeSaved() {
-    auto decoded = savedData_ ? SinglishCustomization::decode(*savedData_) : SinglishCustomization();
+    auto decoded = savedData_ ? CustomizationJson::decode(*savedData_) : SinglishCustomization();
     isStoredDamaged_ = !decoded;
     return std::move(decoded).value_or(SinglishCustomization());
 }
@@ -185,7 +186,7 @@ void SinglishSettings::apply(SinglishCustomization customization, Save save) {
 }
 
 void SinglishSettings::store() {
-    auto document = customization_.isEmpty() ? std::nullopt : customization_.encode();
+    auto document = customization_.isEmpty() ? std::nullopt : CustomizationJson::encode(customization_);
     if (std::exchange(isStoredDamaged_, false))
         defaults_.setAside(storedName);
     defaults_.setData(storedName, document);

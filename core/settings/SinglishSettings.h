@@ -1,7 +1,7 @@
 #pragma once
 
-#include "settings/SinglishCustomization.h"
 #include "settings/UserDefaults.h"
+#include "singlish/SinglishCustomization.h"
 #include "singlish/SinglishScheme.h"
 #include "singlish/SinglishTransliterator.h"
 #include "support/Announcer.h"

@@ -1,9 +1,9 @@
 #include "singlish/SinglishComposer.h"
 
+#include "script/SinhalaBlock.h"
 #include "singlish/PrefixReadings.h"
 #include "singlish/SinglishScheme.h"
 #include "text/Characters.h"
-#include "text/Signs.h"
 #include "text/Utf8.h"
 
 #include <utility>
@@ -12,17 +12,15 @@ namespace vanoka {
 
 namespace {
 
-constexpr std::string_view inherentVowelKey = "a";
-
 std::string keysAfterBackspace(const SinglishTransliterator& transliterator, std::string_view raw) {
-    const PrefixReadings readings(transliterator, raw, inherentVowelKey);
+    const PrefixReadings readings(transliterator, raw, SinglishScheme::inherentVowelKey);
     const std::string_view target = withoutLastPart(readings.whole());
     for (std::size_t count = readings.count() + 1; count-- > 0;) {
         const std::string_view prefix = readings.prefix(count);
         if (count < readings.count() && readings.prefixReads(count, target))
             return std::string(prefix);
         if (readings.prefixReadsWithAdded(count, target)) {
-            std::string keys = std::string(prefix).append(inherentVowelKey);
+            std::string keys = std::string(prefix).append(SinglishScheme::inherentVowelKey);
             if (!text::equal(keys, raw))
                 return keys;
         }
@@ -54,7 +52,7 @@ std::string SinglishComposer::commitRaw() {
 std::string_view withoutLastPart(std::string_view text) noexcept {
     const text::Scalar last = text::lastScalar(text);
     text.remove_suffix(last.length);
-    if (text::isSinhalaSign(last.value))
+    if (script::isSign(last.value))
         return text;
     while (text.ends_with(SinglishScheme::zeroWidthJoiner))
         text.remove_suffix(SinglishScheme::zeroWidthJoiner.size());

@@ -1,5 +1,7 @@
 #include "singlish/SinglishScheme.h"
 
+#include "script/SinhalaBlock.h"
+#include "singlish/SchemeTables.h"
 #include "text/Equivalence.h"
 #include "text/Hasher.h"
 
@@ -10,76 +12,6 @@ namespace vanoka::SinglishScheme {
 namespace {
 
 // clang-format off
-
-//   keys                   letter, sign
-constexpr Vowel vowelTable[] = {
-    {{"a"},                 "අ", ""},
-    {{"aa"},                "ආ", "ා"},
-    {{"A", "ae"},           "ඇ", "ැ"},
-    {{"AA", "Aa", "aee"},   "ඈ", "ෑ"},
-    {{"i"},                 "ඉ", "ි"},
-    {{"ii"},                "ඊ", "ී"},
-    {{"u"},                 "උ", "ු"},
-    {{"uu"},                "ඌ", "ූ"},
-    {{"R"},                 "ඍ", "ෘ"},
-    {{"RR"},                "ඎ", "ෲ"},
-    {{"e"},                 "එ", "ෙ"},
-    {{"ee"},                "ඒ", "ේ"},
-    {{"ai"},                "ඓ", "ෛ"},
-    {{"o"},                 "ඔ", "ො"},
-    {{"oo"},                "ඕ", "ෝ"},
-    {{"au"},                "ඖ", "ෞ"},
-};
-
-//   keys                    letter
-constexpr Consonant consonantTable[] = {
-    {{"k"},                  "ක"},
-    {{"kh", "K"},            "ඛ"},
-    {{"g"},                  "ග"},
-    {{"gh", "G"},            "ඝ"},
-    {{"X"},                  "ඞ"},
-    {{"zg", "nng"},          "ඟ"},
-    {{"ch", "c"},            "ච"},
-    {{"chh", "Ch", "C"},     "ඡ"},
-    {{"j"},                  "ජ"},
-    {{"jh", "J"},            "ඣ"},
-    {{"kn"},                 "ඤ"},
-    {{"gn"},                 "ඥ"},
-    {{"zj"},                 "ඦ"},
-    {{"t"},                  "ට"},
-    {{"T"},                  "ඨ"},
-    {{"d"},                  "ඩ"},
-    {{"D"},                  "ඪ"},
-    {{"N"},                  "ණ"},
-    {{"zd", "nnd"},          "ඬ"},
-    {{"th"},                 "ත"},
-    {{"Th"},                 "ථ"},
-    {{"dh"},                 "ද"},
-    {{"Dh"},                 "ධ"},
-    {{"n"},                  "න"},
-    {{"zq", "zdh", "nndh"},  "ඳ"},
-    {{"p"},                  "ප"},
-    {{"ph", "P"},            "ඵ"},
-    {{"b"},                  "බ"},
-    {{"bh", "B"},            "භ"},
-    {{"m"},                  "ම"},
-    {{"zb", "mmb"},          "ඹ"},
-    {{"y"},                  "ය"},
-    {{"r"},                  "ර"},
-    {{"l"},                  "ල"},
-    {{"w", "v"},             "ව"},
-    {{"sh"},                 "ශ"},
-    {{"Sh", "S"},            "ෂ"},
-    {{"s"},                  "ස"},
-    {{"h"},                  "හ"},
-    {{"L"},                  "ළ"},
-    {{"f"},                  "ෆ"},
-};
-
-constexpr Mark markTable[] = {
-    {{"x"}, "\u0D82", "binduwa"},
-    {{"H"}, "\u0D83", "visargaya"},
-};
 
 constexpr SoundsLike soundsLikeTable[] = {
     {'a', {"අ", "ආ", "ඇ", "ඈ", "ඓ", "ඖ"}},
@@ -122,33 +54,19 @@ constexpr std::array groupTable = std::to_array<GroupNames>({
 
 // clang-format on
 
-constexpr std::string_view carrier = "ක"; // the consonant that examples put a vowel or a mark on
+// The consonant that examples put a vowel or a mark on, and its key.
+constexpr std::string_view carrier = "ක", carrierKey = "k";
 constexpr std::string_view dottedCircle = "\u25CC";
 constexpr std::string_view arrow = " \u2192 ";
-
-constexpr std::array letterTable = [] {
-    std::array<Letter, std::size(vowelTable) + std::size(consonantTable) + std::size(markTable)> letters{};
-    Letter* next = letters.data();
-    for (const Vowel& vowel : vowelTable)
-        *next++ = {vowel.letter, Group::vowel, vowel.keys, vowel.sign};
-    for (const Consonant& consonant : consonantTable)
-        *next++ = {consonant.letter, Group::consonant, consonant.keys, std::nullopt};
-    for (const Mark& mark : markTable)
-        *next++ = {mark.sign, Group::sign, mark.keys, std::nullopt};
-    return letters;
-}();
 
 // What must hold for the tables, as rules over any letters, so that each rule is seen to refuse a bad table.
 
 constexpr bool isOneSinhalaScalar(std::string_view text) {
-    const auto byte = [text](std::size_t index) { return static_cast<unsigned char>(text[index]); };
-    return text.size() == 3 && byte(0) == 0xE0 && (byte(1) == 0xB6 || byte(1) == 0xB7);
+    return text.size() == 3 && text[0] == '\xE0' && script::isSinhala(text::threeByteScalar(text));
 }
 
 constexpr bool isKey(std::string_view key) {
-    return !key.empty() && key.size() <= 4 && std::ranges::all_of(key, [](char letter) {
-        return (letter >= 'A' && letter <= 'Z') || (letter >= 'a' && letter <= 'z');
-    });
+    return !key.empty() && key.size() <= 4 && std::ranges::all_of(key, text::isAsciiLetter);
 }
 
 constexpr bool everyIdIsOneScalar(std::span<const Letter> letters) {
@@ -188,6 +106,24 @@ constexpr bool noKeyTwice(std::span<const Letter> letters) {
     });
 }
 
+constexpr script::Kind kindOf(std::string_view oneScalar) {
+    return std::ranges::find(script::rows, text::threeByteScalar(oneScalar), &script::Row::scalar)->kind;
+}
+
+constexpr bool isOfItsGroup(const Letter& letter) {
+    const script::Kind kind = kindOf(letter.id);
+    switch (letter.group) {
+    case Group::vowel:
+        return kind == script::Kind::vowel &&
+               (letter.sign->empty() || kindOf(*letter.sign) == script::Kind::vowelSign);
+    case Group::consonant:
+        return kind == script::Kind::consonant;
+    case Group::sign:
+        break;
+    }
+    return kind == script::Kind::bindu || kind == script::Kind::visarga;
+}
+
 constexpr bool soundsAreLetters(std::span<const SoundsLike> rows, std::span<const Letter> letters) {
     return std::ranges::all_of(rows, [letters](const SoundsLike& row) {
         return std::ranges::all_of(row.letters, [letters](std::string_view id) {
@@ -204,6 +140,12 @@ static_assert(std::size(vowelTable) == 16 && std::size(consonantTable) == 41 && 
 static_assert(std::size(letterTable) == 59 && std::size(soundsLikeTable) == 25);
 static_assert(everyIdIsOneScalar(letterTable) && everySignIsOneScalarOrNone(letterTable));
 static_assert(noIdTwice(letterTable) && everyLetterHasKeys(letterTable) && noKeyTwice(letterTable));
+static_assert(std::ranges::all_of(letterTable, isOfItsGroup));
+static_assert(std::ranges::count(script::rows, script::Kind::consonant, &script::Row::kind) ==
+              std::size(consonantTable)); // every consonant of the block can be typed
+static_assert(text::threeByteScalar(virama) == script::virama);
+static_assert(text::threeByteScalar(zeroWidthJoiner) == script::zeroWidthJoiner);
+static_assert(std::ranges::find(vowelTable, "", &Vowel::sign)->keys.front() == inherentVowelKey);
 static_assert(soundsAreLetters(soundsLikeTable, letterTable) && latinAscends(soundsLikeTable));
 
 constexpr Letter badLetters[] = {
@@ -211,6 +153,15 @@ constexpr Letter badLetters[] = {
     {"ක", Group::consonant, {"k", "kh"}, std::nullopt},
     {"ක", Group::consonant, {"kh"}, std::nullopt},
 };
+static_assert(!isOfItsGroup({"ක", Group::vowel, {"k"}, ""}) &&
+              !isOfItsGroup({"අ", Group::vowel, {"a"}, "අ"}));
+static_assert(!isOfItsGroup({"අ", Group::consonant, {"a"}, ""}) &&
+              !isOfItsGroup({"අ", Group::sign, {"a"}, ""}));
+constexpr auto crowded = [] {
+    const Consonant rows[] = {{{"k"}, "ක"}, {{"kh", "K", "q", "Q"}, "ඛ"}};
+    return detail::tableOf(rows).crowded;
+}();
+static_assert(crowded == U'ඛ');
 constexpr SoundsLike badSounds[] = {{'b', {"ග"}}, {'b', {"ක"}}};
 static_assert(!everyIdIsOneScalar(badLetters) && !everySignIsOneScalarOrNone(badLetters));
 static_assert(!noIdTwice(badLetters) && !everyLetterHasKeys(badLetters) && !noKeyTwice(badLetters));
@@ -268,13 +219,13 @@ std::string Letter::display() const {
 std::string Letter::example(std::string_view key) const {
     switch (group) {
     case Group::vowel:
-        return joined({"k", key, arrow, carrier, sign.value_or("")});
+        return joined({carrierKey, key, arrow, carrier, sign.value_or("")});
     case Group::consonant:
-        return joined({key, "a", arrow, id});
+        return joined({key, inherentVowelKey, arrow, id});
     case Group::sign:
         break;
     }
-    return joined({"ka", key, arrow, carrier, id});
+    return joined({carrierKey, inherentVowelKey, key, arrow, carrier, id});
 }
 
 const Letter* letter(std::string_view id) {

@@ -12,7 +12,8 @@
 #include <string_view>
 
 /// The Sinhala letters that can be typed and the Latin keys that type them before anybody has changed
-/// anything. This is the only place that knows a letter; all else is derived from these tables.
+/// anything. This is the only place that knows a key; what a letter is stands in "script/SinhalaBlock.h". All
+/// else is derived from these tables.
 ///
 /// Every table is a constant: views of it are valid for the life of the process, and any thread may read it.
 namespace vanoka::SinglishScheme {
@@ -24,6 +25,9 @@ using Keys = ShortList<std::string_view, 3>;
 inline constexpr std::string_view virama = "\u0DCA";
 /// Joins a killed consonant with the ය or ර after it: U+200D.
 inline constexpr std::string_view zeroWidthJoiner = "\u200D";
+
+/// The key of the inherent vowel, which is no part of any sign.
+inline constexpr std::string_view inherentVowelKey = "a";
 
 struct Vowel {
     Keys keys;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/SinglishCustomization.h"
+#include "singlish/SinglishCustomization.h"
 #include "singlish/SinglishToken.h"
 #include "support/Shared.h"
 #include "text/Equivalence.h"

@@ -1,18 +1,23 @@
 #include "singlish/Syllables.h"
 
+#include "script/SinhalaBlock.h"
 #include "singlish/SinglishScheme.h"
+#include "text/Utf8.h"
 
 namespace vanoka {
 
 namespace {
 
-constexpr std::string_view yayanna = "\u0DBA";
-constexpr std::string_view rayanna = "\u0DBB";
-
 OpenConsonant opened(std::string_view consonant) noexcept {
-    if (consonant == yayanna)
+    switch (script::joinedForm(text::firstScalar(consonant).value)) {
+    case script::JoinedForm::yansaya:
         return OpenConsonant::ya;
-    return consonant == rayanna ? OpenConsonant::ra : OpenConsonant::other;
+    case script::JoinedForm::rakaransaya:
+        return OpenConsonant::ra;
+    case script::JoinedForm::none:
+        break;
+    }
+    return OpenConsonant::other;
 }
 
 } // namespace

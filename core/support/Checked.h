@@ -3,14 +3,17 @@
 #include "support/Fatal.h"
 
 #include <cstdint>
+#include <string_view>
 
 /// Arithmetic that stops the process where the result does not fit.
 namespace vanoka::checked {
 
-inline std::int64_t sum(std::int64_t left, std::int64_t right) noexcept {
+/// `message` says what was added.
+inline std::int64_t sum(std::int64_t left, std::int64_t right,
+                        std::string_view message = "A sum of counts is too large") noexcept {
     std::int64_t result = 0;
     if (__builtin_add_overflow(left, right, &result))
-        fatal("A sum of counts is too large");
+        fatal(message);
     return result;
 }
 

@@ -15,6 +15,8 @@ namespace vanoka {
 template <class Value, std::size_t usual>
 class ShortList {
 public:
+    static constexpr std::size_t usualSize = usual;
+
     constexpr ShortList() = default;
     constexpr ShortList(std::initializer_list<Value> values)
         : ShortList(std::span(values.begin(), values.size())) {}

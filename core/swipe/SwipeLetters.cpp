@@ -1,20 +1,16 @@
 #include "swipe/SwipeLetters.h"
 
-#include "singlish/SinglishScheme.h"
-#include "support/Fatal.h"
+#include "singlish/SchemeTables.h"
 #include "text/LetterCase.h"
-#include "text/Utf8.h"
 
+#include <algorithm>
 #include <array>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 namespace vanoka {
 
 namespace {
-
-using Kind = SwipeLetter::Kind;
-using Letters = std::unordered_map<char32_t, SwipeLetter>;
 
 struct Replacement {
     std::string_view from, to;
@@ -37,6 +33,15 @@ constexpr auto respellings = std::to_array<Replacement>({
     {"zb", "mb"},
     {"zj", "nj"},
 });
+
+constexpr bool isKeyOfScheme(std::string_view key) {
+    return std::ranges::any_of(SinglishScheme::letterTable, [key](const SinglishScheme::Letter& letter) {
+        return std::ranges::find(letter.keys, key) != letter.keys.end();
+    });
+}
+
+static_assert(std::ranges::all_of(respellings, isKeyOfScheme, &Replacement::from));
+static_assert(!isKeyOfScheme("AAA"));
 
 /// What chat leaves out of a key: the h of aspiration, and the e that makes an a open.
 constexpr auto shortenings = std::to_array<Replacement>({
@@ -65,40 +70,22 @@ std::string shortened(std::string key) {
     return key;
 }
 
-char32_t firstScalarOf(std::string_view letter) {
-    return text::firstScalar(letter).value;
-}
-
-void addSpelled(Letters& letters, std::string_view letter, Kind kind, const SinglishScheme::Keys& keys) {
-    if (keys.empty())
-        fatal("A letter of the scheme has no key");
-    const std::string full = respelled(keys.front());
-    letters.insert_or_assign(firstScalarOf(letter), SwipeLetter{kind, full, shortened(full)});
-}
-
-Letters makeLetters() {
-    Letters letters;
-    for (const auto& consonant : SinglishScheme::consonants())
-        addSpelled(letters, consonant.letter, Kind::consonant, consonant.keys);
-    for (const auto& vowel : SinglishScheme::vowels()) {
-        addSpelled(letters, vowel.letter, Kind::standalone, vowel.keys);
-        if (!vowel.sign.empty())
-            addSpelled(letters, vowel.sign, Kind::sign, vowel.keys);
+/// One for each of the written letters, in their order.
+std::vector<SwipeLetter> makeLetters() {
+    std::vector<SwipeLetter> letters;
+    for (const WrittenLetter& letter : writtenLetters()) {
+        const std::string full = respelled(letter.key);
+        letters.push_back({letter.kind, full, shortened(full)});
     }
-    for (const auto& mark : SinglishScheme::marks())
-        addSpelled(letters, mark.sign, Kind::standalone, mark.keys);
-    letters.insert_or_assign(firstScalarOf(SinglishScheme::virama), SwipeLetter{Kind::virama, "", ""});
-    letters.insert_or_assign(firstScalarOf(SinglishScheme::zeroWidthJoiner),
-                             SwipeLetter{Kind::joiner, "", ""});
     return letters;
 }
 
 } // namespace
 
 const SwipeLetter* swipeLetter(char32_t scalar) {
-    static const Letters letters = makeLetters();
-    const auto found = letters.find(scalar);
-    return found == letters.end() ? nullptr : &found->second;
+    static const std::vector<SwipeLetter> letters = makeLetters();
+    const WrittenLetter* written = writtenLetter(scalar);
+    return written ? &letters[static_cast<std::size_t>(written - writtenLetters().data())] : nullptr;
 }
 
 } // namespace vanoka

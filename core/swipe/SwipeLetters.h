@@ -1,13 +1,14 @@
 #pragma once
 
-#include <cstdint>
+#include "singlish/WrittenLetters.h"
+
 #include <string>
 
 namespace vanoka {
 
 /// What one Sinhala letter adds to the keys that a finger swipes.
 struct SwipeLetter {
-    enum class Kind : std::uint8_t { consonant, sign, standalone, virama, joiner };
+    using Kind = WrittenLetter::Kind;
 
     Kind kind = Kind::consonant;
     std::string full; ///< the key codes of the letter's first key

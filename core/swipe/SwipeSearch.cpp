@@ -1,6 +1,6 @@
 #include "swipe/SwipeSearch.h"
 
-#include "support/Fatal.h"
+#include "support/Checked.h"
 #include "swipe/SwipeCost.h"
 #include "text/Equivalence.h"
 
@@ -17,20 +17,12 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 /// Personal words that are not in the lexicon are met after all others.
 constexpr std::uint32_t afterAllGroups = EndKeys::count;
 
-std::int64_t sum(std::int64_t count, std::int64_t personal) {
-    constexpr auto most = std::numeric_limits<std::int64_t>::max(),
-                   least = std::numeric_limits<std::int64_t>::min();
-    if (personal > 0 ? count > most - personal : count < least - personal)
-        fatal("A word's count and its personal count overflow");
-    return count + personal;
-}
-
 bool isIn(const SwipeGeometry::KeySet& keys, char key) {
     return keys[static_cast<unsigned char>(key)];
 }
 
 /// A few bits that tell most spellings apart without comparing them.
-std::size_t mark(std::string_view spelling) {
+std::size_t fingerprint(std::string_view spelling) {
     const auto key = [spelling](std::size_t at) {
         return static_cast<std::size_t>(static_cast<unsigned char>(spelling[at]) % 32);
     };
@@ -38,7 +30,7 @@ std::size_t mark(std::string_view spelling) {
     return (key(size / 2) + 32 * key(size / 4) + 32 * 32 * (key(size / 3 * 2) ^ (size % 32))) %
            (32 * 32 * 32);
 }
-using Marks = std::bitset<std::size_t{32} * 32 * 32>;
+using Fingerprints = std::bitset<std::size_t{32} * 32 * 32>;
 
 } // namespace
 
@@ -103,13 +95,13 @@ void SwipeSearch::findPersonal(const Personal& personal) {
 }
 
 void SwipeSearch::findListed(std::span<PersonalWord> sameHome) {
-    Marks marks;
+    Fingerprints present;
     for (const PersonalWord& each : sameHome)
-        marks.set(mark(each.spellings.full));
+        present.set(fingerprint(each.spellings.full));
     const SwipeLexicon::Range range = lexicon_.home(sameHome.front().home);
     for (Index index = range.first; index < range.last; ++index) {
         const SwipeLexicon::Entry entry = lexicon_.entry(index);
-        if (!marks[mark(entry.full)])
+        if (!present[fingerprint(entry.full)])
             continue;
         const auto found = std::ranges::find_if(sameHome, [&entry](const PersonalWord& each) {
             return each.spellings.full == entry.full && text::equal(each.word, entry.word);
@@ -125,8 +117,11 @@ void SwipeSearch::scorePersonal() {
     const auto add = [this](std::string_view word, const PersonalWord& each, std::int64_t count,
                             std::uint32_t group, std::uint32_t order) {
         const double away = keyWidthsAway(each.spellings.full, each.spellings.chat, infinity);
-        if (away < infinity)
-            ranking_->add({SwipeCost::score(sum(count, each.count), away), group, order, word});
+        if (away == infinity)
+            return;
+        const std::int64_t occurrences =
+            checked::sum(count, each.count, "A word's count and its personal count overflow");
+        ranking_->add({SwipeCost::score(occurrences, away), group, order, word});
     };
     for (const auto& [index, each] : listed_)
         add(lexicon_.entry(index).word, *each, lexicon_.occurrences(index),

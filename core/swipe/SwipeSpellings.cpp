@@ -1,7 +1,7 @@
 #include "swipe/SwipeSpellings.h"
 
+#include "singlish/WrittenLetters.h"
 #include "swipe/SwipeLetters.h"
-#include "text/Equivalence.h"
 #include "text/LetterCase.h"
 #include "text/Utf8.h"
 
@@ -10,8 +10,6 @@
 namespace vanoka {
 
 namespace {
-
-constexpr std::string_view inherentVowel = "a";
 
 void appendCollapsed(std::string& spelling, std::string_view keys) {
     for (const char key : keys)
@@ -25,11 +23,6 @@ SwipeSpellings latinSpelling(std::string_view word) {
     return spellings;
 }
 
-void append(SwipeSpellings& spellings, std::string_view full, std::string_view chat) {
-    appendCollapsed(spellings.full, full);
-    appendCollapsed(spellings.chat, chat);
-}
-
 bool isUnchanging(const SwipeLetter& letter) {
     return letter.kind == SwipeLetter::Kind::consonant || letter.kind == SwipeLetter::Kind::standalone;
 }
@@ -40,35 +33,13 @@ SwipeSpellings swipeSpellings(std::string_view word) {
     if (std::ranges::all_of(word, text::isAsciiLetter))
         return latinSpelling(word);
     SwipeSpellings spellings;
-    bool isVowelOwed = false; // the inherent vowel of the consonant before
-    const auto payVowel = [&] {
-        if (isVowelOwed)
-            append(spellings, inherentVowel, inherentVowel);
-        isVowelOwed = false;
-    };
-    const std::string composed = text::nfc(word);
-    for (const text::Scalar& scalar : text::Scalars(composed)) {
-        const SwipeLetter* letter = scalar.wellFormed ? swipeLetter(scalar.value) : nullptr;
-        if (!letter)
-            return {};
-        switch (letter->kind) {
-        case SwipeLetter::Kind::consonant:
-            payVowel();
-            isVowelOwed = true;
-            break;
-        case SwipeLetter::Kind::standalone:
-            payVowel();
-            break;
-        case SwipeLetter::Kind::sign:
-        case SwipeLetter::Kind::virama:
-            isVowelOwed = false;
-            break;
-        case SwipeLetter::Kind::joiner:
-            break;
-        }
-        append(spellings, letter->full, letter->chat);
-    }
-    payVowel();
+    const bool isTyped = forEachTypedLetter(word, [&](const WrittenLetter& letter) {
+        const SwipeLetter& swiped = *swipeLetter(letter.scalar);
+        appendCollapsed(spellings.full, swiped.full);
+        appendCollapsed(spellings.chat, swiped.chat);
+    });
+    if (!isTyped)
+        return {};
     if (spellings.chat == spellings.full)
         spellings.chat.clear();
     return spellings;
@@ -88,7 +59,7 @@ SwipeEnds swipeEndsAtAGlance(std::string_view word) {
     if (last && isUnchanging(*last)) {
         const std::string_view full = last->full, chat = last->chat;
         const bool owesVowel = last->kind == SwipeLetter::Kind::consonant;
-        ends.last = owesVowel ? inherentVowel[0] : full.back() == chat.back() ? full.back() : '\0';
+        ends.last = owesVowel ? inherentVowel().key.front() : full.back() == chat.back() ? full.back() : '\0';
     }
     return ends;
 }

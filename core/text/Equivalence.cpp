@@ -1,5 +1,6 @@
 #include "text/Equivalence.h"
 
+#include "script/SinhalaBlock.h"
 #include "support/Fatal.h"
 #include "text/Utf8.h"
 
@@ -10,23 +11,6 @@
 namespace vanoka::text {
 
 namespace {
-
-constexpr char32_t signE = 0x0DD9, signO = 0x0DDC;
-constexpr char32_t virama = 0x0DCA, signAA = 0x0DCF, signGayanukitta = 0x0DDF;
-
-/// The Sinhala signs that become one with another sign before them.
-bool composes(char32_t before, char32_t scalar) noexcept {
-    if (before == signE)
-        return scalar == virama || scalar == signAA || scalar == signGayanukitta;
-    return before == signO && scalar == virama;
-}
-
-bool isSinhala(char32_t scalar) noexcept {
-    return scalar >= 0x0D80 && scalar <= 0x0DFF;
-}
-bool isJoiner(char32_t scalar) noexcept {
-    return scalar == 0x200C || scalar == 0x200D;
-}
 
 void appendComposed(std::string& result, std::string_view wellFormed) {
     const auto options = static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE);
@@ -52,8 +36,9 @@ bool isKnownComposed(std::string_view text) noexcept {
     text.remove_prefix(ascii);
     while (!text.empty()) {
         const Scalar scalar = firstScalar(text);
-        const bool isKnown = scalar.value < 0x300 || isSinhala(scalar.value) || isJoiner(scalar.value);
-        if (!isKnown || composes(before, scalar.value))
+        const bool isKnown =
+            scalar.value < 0x300 || script::isSinhala(scalar.value) || script::isJoiner(scalar.value);
+        if (!isKnown || script::composes(before, scalar.value))
             return false;
         before = scalar.value;
         text.remove_prefix(scalar.length);

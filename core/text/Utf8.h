@@ -18,6 +18,12 @@ struct Scalar {
     bool wellFormed = false;
 };
 
+/// The scalar that `text` begins with, which takes three bytes there. For tables that are constants.
+constexpr char32_t threeByteScalar(std::string_view text) noexcept {
+    const auto bits = [text](std::size_t i) { return static_cast<char32_t>(text[i]) & 0x3FU; };
+    return ((bits(0) & 0xFU) << 12U) | (bits(1) << 6U) | bits(2);
+}
+
 namespace detail {
 
 constexpr bool isContinuation(char byte) noexcept {
@@ -33,11 +39,6 @@ constexpr bool startsWithThreeBytes(std::string_view text) noexcept {
     return (first == 0xE0 && second >= 0xA0) || (first > 0xE0 && first < 0xED);
 }
 
-constexpr char32_t threeByteValue(std::string_view text) noexcept {
-    const auto bits = [text](std::size_t i) { return static_cast<char32_t>(text[i]) & 0x3FU; };
-    return ((bits(0) & 0xFU) << 12U) | (bits(1) << 6U) | bits(2);
-}
-
 Scalar firstRareScalar(std::string_view text) noexcept;
 
 } // namespace detail
@@ -47,7 +48,7 @@ inline Scalar firstScalar(std::string_view text) noexcept {
     if (!text.empty() && static_cast<unsigned char>(text.front()) < 0x80)
         return {static_cast<char32_t>(text.front()), 1, true};
     if (detail::startsWithThreeBytes(text))
-        return {detail::threeByteValue(text), 3, true};
+        return {threeByteScalar(text), 3, true};
     return detail::firstRareScalar(text);
 }
 

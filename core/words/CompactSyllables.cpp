@@ -5,17 +5,17 @@ namespace vanoka::CompactText {
 namespace {
 
 constexpr std::size_t distinguishedLetters = 4;
-constexpr unsigned classes = 16; // of marks, for each letter
+constexpr unsigned classes = 16; // of signs, for each letter
 
 constexpr unsigned classOfNone = 0x1;
 constexpr unsigned classOfSeveral = 0x6;
 constexpr unsigned classOfStrayFirst = 0x5; // for a sign that has no letter before it
 
 /// No two signs that are common in loose keys end in the same four bits: CA D0 D2 D4 D8 D9 DB DC DE DF 83.
-unsigned classOf(std::string_view marks) noexcept {
-    if (marks.size() > 1)
+unsigned classOf(std::string_view signs) noexcept {
+    if (signs.size() > 1)
         return classOfSeveral;
-    return marks.empty() ? classOfNone : static_cast<unsigned char>(marks[0]) % classes;
+    return signs.empty() ? classOfNone : static_cast<unsigned char>(signs[0]) % classes;
 }
 
 std::uint64_t bit(std::size_t letter, unsigned markClass) noexcept {
@@ -42,7 +42,7 @@ bool startsWith(std::string_view word, std::span<const Syllable> typed) noexcept
         const Syllable syllable = takeSyllable(word);
         if (syllable.letter != wanted.letter)
             return false;
-        if (!wanted.isWildcard() && syllable.marks != wanted.marks)
+        if (!wanted.isWildcard() && syllable.signs != wanted.signs)
             return false;
     }
     return true;
@@ -58,23 +58,23 @@ void assignSkeleton(std::string_view text, std::string& skeleton) {
     }
 }
 
-std::uint64_t marksOf(std::string_view word) noexcept {
-    std::uint64_t marks = 0;
+std::uint64_t signsOf(std::string_view word) noexcept {
+    std::uint64_t signs = 0;
     for (std::size_t letter = 0; letter < distinguishedLetters && !word.empty(); ++letter) {
         const Syllable syllable = takeSyllable(word);
-        marks |= bit(letter, classOf(syllable.marks));
+        signs |= bit(letter, classOf(syllable.signs));
         if (letter == 0)
-            marks |= strayFirstBit(syllable);
+            signs |= strayFirstBit(syllable);
     }
-    return marks;
+    return signs;
 }
 
-std::uint64_t marksDemandedBy(std::span<const Syllable> typed) noexcept {
-    std::uint64_t marks = typed.empty() ? 0 : strayFirstBit(typed[0]);
+std::uint64_t signsDemandedBy(std::span<const Syllable> typed) noexcept {
+    std::uint64_t signs = typed.empty() ? 0 : strayFirstBit(typed[0]);
     for (std::size_t letter = 0; letter < typed.size() && letter < distinguishedLetters; ++letter)
         if (!typed[letter].isWildcard())
-            marks |= bit(letter, classOf(typed[letter].marks));
-    return marks;
+            signs |= bit(letter, classOf(typed[letter].signs));
+    return signs;
 }
 
 } // namespace vanoka::CompactText

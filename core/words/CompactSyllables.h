@@ -14,10 +14,10 @@ namespace vanoka::CompactText {
 /// letter before it. Views into the text.
 struct Syllable {
     std::string_view letter;
-    std::string_view marks;
+    std::string_view signs;
 
     /// Written with the virama alone: in an abbreviation this stands for the letter with any signs.
-    bool isWildcard() const noexcept { return marks == virama; }
+    bool isWildcard() const noexcept { return signs == virama; }
 };
 
 /// Takes the first syllable off `rest`, which is not empty.
@@ -40,9 +40,9 @@ bool startsWith(std::string_view word, std::span<const Syllable> typed) noexcept
 /// Replaces what is in `skeleton` by the letters of `text`: all but its signs.
 void assignSkeleton(std::string_view text, std::string& skeleton);
 
-/// Which marks stand on which of the first four letters, in a bit set that is coarse where marks are rare:
-/// when `word` starts with `typed`, it has every bit of `marksDemandedBy(typed)`.
-std::uint64_t marksOf(std::string_view word) noexcept;
-std::uint64_t marksDemandedBy(std::span<const Syllable> typed) noexcept;
+/// Which signs stand on which of the first four letters, in a bit set that is coarse where signs are rare:
+/// when `word` starts with `typed`, it has every bit of `signsDemandedBy(typed)`.
+std::uint64_t signsOf(std::string_view word) noexcept;
+std::uint64_t signsDemandedBy(std::span<const Syllable> typed) noexcept;
 
 } // namespace vanoka::CompactText

@@ -1,7 +1,7 @@
 #include "words/CompactText.h"
 
+#include "script/SinhalaBlock.h"
 #include "support/Fatal.h"
-#include "text/Signs.h"
 #include "text/Utf8.h"
 
 #include <array>
@@ -10,13 +10,13 @@ namespace vanoka::CompactText {
 
 namespace {
 
-constexpr char32_t sinhalaStart = 0x0D80, sinhalaLast = 0x0DFF;
-constexpr char below = '\x80', above = '\xFF';
+static_assert(below == '\x80' && above == '\xFF'); // so that ASCII and the rest of the block lie between
+static_assert(sinhalaOf(below) == script::blockFirst && sinhalaOf(above) == script::blockLast);
 
-constexpr std::array signs = [] {
+constexpr std::array signUnits = [] {
     std::array<bool, 256> all{};
-    for (char32_t scalar = sinhalaStart + 1; scalar < sinhalaStart + 0x7F; ++scalar)
-        all[scalar & 0xFFU] = text::isSinhalaSign(scalar);
+    for (std::size_t unit = 0; unit < all.size(); ++unit)
+        all[unit] = script::isSign(sinhalaOf(static_cast<char>(unit)));
     return all;
 }();
 
@@ -28,10 +28,10 @@ bool assign(std::string_view text, std::string& bytes) {
         const text::Scalar scalar = text::firstScalar(text);
         if (!scalar.wellFormed)
             return false;
-        if (scalar.value < 0x80 || (scalar.value > sinhalaStart && scalar.value < sinhalaLast))
-            bytes += static_cast<char>(scalar.value & 0xFFU);
+        if (scalar.value < 0x80 || (scalar.value > script::blockFirst && scalar.value < script::blockLast))
+            bytes += unitOf(scalar.value);
         else
-            (bytes += scalar.value <= sinhalaStart ? below : above) += text.substr(0, scalar.length);
+            (bytes += scalar.value <= script::blockFirst ? below : above) += text.substr(0, scalar.length);
         text.remove_prefix(scalar.length);
     }
     return true;
@@ -75,7 +75,7 @@ bool hasVirama(std::string_view bytes) noexcept {
 }
 
 bool isSign(char unit) noexcept {
-    return signs[static_cast<unsigned char>(unit)];
+    return signUnits[static_cast<unsigned char>(unit)];
 }
 
 } // namespace vanoka::CompactText

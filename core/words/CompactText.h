@@ -1,5 +1,7 @@
 #pragma once
 
+#include "script/SinhalaBlock.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -16,6 +18,19 @@
 /// form does. Only well-formed text has a compact form.
 namespace vanoka::CompactText {
 
+/// The unit of a Sinhala scalar.
+constexpr char unitOf(char32_t sinhala) noexcept {
+    return static_cast<char>(sinhala & 0xFFU);
+}
+
+/// The Sinhala scalar whose unit this is; some scalar outside the block for an ASCII unit.
+constexpr char32_t sinhalaOf(char unit) noexcept {
+    return (script::blockFirst & ~char32_t{0xFF}) | static_cast<unsigned char>(unit);
+}
+
+/// What the units of scalars outside the block begin with: units of its ends, which stand for no scalar.
+inline constexpr char below = unitOf(script::blockFirst), above = unitOf(script::blockLast);
+
 /// Replaces what is in `bytes` by the compact form of `text`; false, and an unspecified result, when that is
 /// not well-formed UTF-8.
 [[nodiscard]] bool assign(std::string_view text, std::string& bytes);
@@ -28,18 +43,19 @@ std::string expanded(std::string_view bytes);
 
 /// The first unit of `bytes`; empty when they are. A view into `bytes`.
 inline std::string_view firstUnit(std::string_view bytes) noexcept {
-    if (bytes.empty() || (bytes[0] != '\x80' && bytes[0] != '\xFF'))
+    if (bytes.empty() || (bytes[0] != below && bytes[0] != above))
         return bytes.substr(0, 1);
     const auto lead = static_cast<unsigned char>(bytes[1]);
     return bytes.substr(0, lead < 0xE0 ? 3 : lead < 0xF0 ? 4 : 5);
 }
 
-/// True for the first byte of a unit that is a Sinhala sign (see "text/Signs.h"). All signs are units of one
-/// byte.
+/// True for the first byte of a unit that is a Sinhala sign (see `script::isSign`). All signs are units of
+/// one byte.
 bool isSign(char unit) noexcept;
 
-/// The compact form of the virama, U+0DCA. No other unit ends in this byte.
-inline constexpr std::string_view virama = "\xCA";
+/// The compact form of the virama. No other unit ends in this byte.
+inline constexpr char viramaUnit = unitOf(script::virama);
+inline constexpr std::string_view virama(&viramaUnit, 1);
 
 /// True when one of the units of `bytes` is the virama.
 bool hasVirama(std::string_view bytes) noexcept;

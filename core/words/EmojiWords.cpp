@@ -3,6 +3,7 @@
 #include "text/Equivalence.h"
 #include "text/LetterCase.h"
 #include "text/Rows.h"
+#include "text/Sinhala.h"
 #include "text/Utf8.h"
 #include "words/CompactText.h"
 #include "words/KeyedTexts.h"
@@ -15,13 +16,6 @@ namespace vanoka {
 namespace {
 
 constexpr char separator = '\t'; // between a word and its emoji in what is kept: neither holds one
-
-bool isSinhalaWord(std::string_view word) {
-    for (const text::Scalar& scalar : text::Scalars(word))
-        if (scalar.value >= 0x0D80 && scalar.value <= 0x0DFF)
-            return true;
-    return false;
-}
 
 std::string sinhalaKey(std::string_view word) {
     return CompactText::compact(SinhalaSpelling::looseKey(word));
@@ -54,7 +48,7 @@ std::shared_ptr<const EmojiWords::Tables> EmojiWords::Tables::read(std::string_v
     KeyedTexts::Builder sinhala, english;
     text::forEachRow(tsv, [&](std::string_view word, std::string_view emoji) {
         const std::string kept = CompactText::compact(std::string(word) + separator + std::string(emoji));
-        if (isSinhalaWord(word))
+        if (text::holdsSinhala(word))
             sinhala.add(sinhalaKey(word), kept);
         else
             english.add(englishKey(word), kept);

@@ -1,6 +1,8 @@
 #include "words/SinhalaSpelling.h"
 
+#include "script/SinhalaBlock.h"
 #include "text/Equivalence.h"
+#include "text/Utf8.h"
 #include "words/CompactText.h"
 
 #include <algorithm>
@@ -10,44 +12,21 @@ namespace vanoka::SinhalaSpelling {
 
 namespace {
 
-// clang-format off
+constexpr std::size_t looseRows = static_cast<std::size_t>(
+    std::ranges::count_if(script::rows, [](const script::Row& row) { return row.loose.has_value(); }));
 
-constexpr std::array looseTable = std::to_array<LooseLetter>({
-    // Aspirated consonants are written like the plain ones.
-    {U'ඛ', "ක"}, {U'ඝ', "ග"}, {U'ඡ', "ච"}, {U'ඣ', "ජ"}, {U'ඨ', "ත"}, {U'ඪ', "ද"},
-    {U'ථ', "ත"}, {U'ධ', "ද"}, {U'ඵ', "ප"}, {U'භ', "බ"},
-    // Retroflex, lateral and sibilant pairs are one key for most typists.
-    {U'ට', "ත"}, {U'ඩ', "ද"}, {U'ණ', "න"}, {U'ළ', "ල"}, {U'ශ', "ස"}, {U'ෂ', "ස"}, {U'ඞ', "න"},
-    // Nasals before a consonant are spelled out.
-    {0x0D82, "\u0DB1\u0DCA"}, // anusvara: න්
-    {U'ඟ', "\u0DB1\u0DCA\u0D9C"}, {U'ඬ', "\u0DB1\u0DCA\u0DAF"}, {U'ඳ', "\u0DB1\u0DCA\u0DAF"},
-    {U'ඹ', "\u0DB8\u0DCA\u0DB6"},
-    // Long vowels are written like the short ones.
-    {U'ආ', "අ"}, {U'ඈ', "ඇ"}, {U'ඊ', "ඉ"}, {U'ඌ', "උ"}, {U'ඎ', "ඍ"}, {U'ඒ', "එ"}, {U'ඕ', "ඔ"},
-    // So are their signs, and that of ආ, whose short vowel has none, is left out.
-    {0x0DCF, ""},
-    {0x0DD1, "\u0DD0"}, {0x0DD3, "\u0DD2"}, {0x0DD6, "\u0DD4"}, {0x0DF2, "\u0DD8"},
-    {0x0DDA, "\u0DD9"}, {0x0DDD, "\u0DDC"},
-    // Joiners change how a conjunct looks and not which letters it has.
-    {0x200D, ""}, {0x200C, ""},
-});
-
-// clang-format on
-
-constexpr char32_t sinhalaStart = 0x0D80, sinhalaEnd = 0x0E00;
-constexpr char32_t nonJoiner = 0x200C, joiner = 0x200D;
-
-constexpr bool isSinhala(char32_t scalar) {
-    return scalar >= sinhalaStart && scalar < sinhalaEnd;
-}
-
-/// The scalar of three bytes at the start of `text`; all that replacements are made of.
-constexpr char32_t scalarOfThreeBytes(std::string_view text) {
-    const auto bits = [&](std::size_t i, unsigned mask) {
-        return static_cast<char32_t>(static_cast<unsigned char>(text[i]) & mask);
-    };
-    return bits(0, 0x0FU) << 12 | bits(1, 0x3FU) << 6 | bits(2, 0x3FU);
-}
+/// The loose rows of the block, and the joiners, which change how a conjunct looks and not which letters it
+/// has.
+constexpr std::array looseTable = [] {
+    std::array<LooseLetter, looseRows + 2> all{};
+    LooseLetter* next = all.data();
+    for (const script::Row& row : script::rows)
+        if (row.loose)
+            *next++ = {row.scalar, *row.loose};
+    *next++ = {script::zeroWidthJoiner, ""};
+    *next++ = {script::zeroWidthNonJoiner, ""};
+    return all;
+}();
 
 /// True when the table replaces each scalar once, knows no scalars but Sinhala ones and the joiners, and
 /// replaces by what stands for itself: no letter takes two steps.
@@ -56,12 +35,12 @@ constexpr bool isSound(std::span<const LooseLetter> table) {
         return std::ranges::find(table, scalar, &LooseLetter::scalar) != table.end();
     };
     for (const LooseLetter& row : table) {
-        if (!isSinhala(row.scalar) && row.scalar != joiner && row.scalar != nonJoiner)
+        if (!script::isSinhala(row.scalar) && !script::isJoiner(row.scalar))
             return false;
         if (std::ranges::count(table, row.scalar, &LooseLetter::scalar) != 1)
             return false;
         for (std::string_view rest = row.replacement; !rest.empty(); rest.remove_prefix(3))
-            if (!isSinhala(scalarOfThreeBytes(rest)) || isReplaced(scalarOfThreeBytes(rest)))
+            if (!script::isSinhala(text::threeByteScalar(rest)) || isReplaced(text::threeByteScalar(rest)))
                 return false;
     }
     return true;
@@ -84,11 +63,11 @@ constexpr std::array replacements = [] {
     for (std::size_t unit = 0; unit < all.size(); ++unit)
         all[unit] = {{static_cast<char>(unit)}, 1};
     for (const LooseLetter& row : looseTable) {
-        if (!isSinhala(row.scalar))
+        if (!script::isSinhala(row.scalar))
             continue;
-        Replacement& replacement = all[row.scalar & 0xFFU] = {};
+        Replacement& replacement = all[static_cast<unsigned char>(CompactText::unitOf(row.scalar))] = {};
         for (std::string_view rest = row.replacement; !rest.empty(); rest.remove_prefix(3))
-            replacement.units[replacement.length++] = static_cast<char>(scalarOfThreeBytes(rest) & 0xFFU);
+            replacement.units[replacement.length++] = CompactText::unitOf(text::threeByteScalar(rest));
     }
     return all;
 }();
@@ -111,13 +90,21 @@ void assignFolded(std::string_view composed, std::string& key) {
     }
 }
 
-/// True only for what is its own canonical composition: the signs ෙ and ො are all that composes in Sinhala,
-/// and nothing in ASCII does.
+/// The units that may become one with the unit after them.
+constexpr std::array beginsComposition = [] {
+    std::array<bool, 256> all{};
+    for (std::size_t unit = 0; unit < all.size(); ++unit)
+        all[unit] = script::beginsComposition(CompactText::sinhalaOf(static_cast<char>(unit)));
+    return all;
+}();
+
+/// True only for what is its own canonical composition: a few signs are all that composes in Sinhala, and
+/// nothing in ASCII does.
 bool isKnownComposed(std::string_view compact) {
     while (!compact.empty()) {
         const std::string_view unit = CompactText::firstUnit(compact);
         compact.remove_prefix(unit.size());
-        const bool composes = unit == "\xD9" || unit == "\xDC";
+        const bool composes = beginsComposition[static_cast<unsigned char>(unit[0])];
         if (unit.size() > 1 ? !isJoiner(unit)
                             : composes && !compact.empty() && CompactText::isSign(compact[0]))
             return false;

@@ -59,9 +59,9 @@ SinhalaWordIndex SinhalaWordIndex::Builder::finish() {
     });
     index.mostByKey_ = SummaryTree<Most>(index.counts_.size(),
                                          [&](std::size_t number) { return Most{index.counts_[number]}; });
-    index.mostBySkeleton_ = SummaryTree<MostWithMarks>(index.counts_.size(), [&](std::size_t position) {
+    index.mostBySkeleton_ = SummaryTree<MostWithSigns>(index.counts_.size(), [&](std::size_t position) {
         const std::uint32_t number = index.bySkeleton_[position];
-        return MostWithMarks{index.counts_[number], CompactText::marksOf(key(number))};
+        return MostWithSigns{index.counts_[number], CompactText::signsOf(key(number))};
     });
     index.typicalCount_ = typicalCountOf(index.counts_);
     index.mayOverflow_ = std::ranges::any_of(index.counts_, isTooLargeToTriple);
@@ -149,11 +149,11 @@ std::vector<SinhalaWordIndex::Match> SinhalaWordIndex::abbreviatedMatches(std::s
                                                                           const Excluded& excluded,
                                                                           std::int64_t limit) const {
     const std::vector<CompactText::Syllable> typed = CompactText::syllablesOf(key);
-    const std::uint64_t demanded = CompactText::marksDemandedBy(typed);
+    const std::uint64_t demanded = CompactText::signsDemandedBy(typed);
     return best(
         mostBySkeleton_, rangeBySkeleton(key), limit,
         [this](std::uint32_t position) { return bySkeleton_[position]; },
-        [demanded](const MostWithMarks& below) { return (below.marks & demanded) == demanded; },
+        [demanded](const MostWithSigns& below) { return (below.signs & demanded) == demanded; },
         [&](std::uint32_t number) {
             return CompactText::startsWith(words_.key(number), typed) && !isExcluded(number, excluded);
         });

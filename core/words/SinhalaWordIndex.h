@@ -55,12 +55,12 @@ private:
         std::int64_t most = 0;
         void include(const Most& other) noexcept { most = std::max(most, other.most); }
     };
-    struct MostWithMarks {
+    struct MostWithSigns {
         std::int64_t most = 0;
-        std::uint64_t marks = 0; ///< of all words below (see `CompactText::marksOf`)
-        void include(const MostWithMarks& other) noexcept {
+        std::uint64_t signs = 0; ///< of all words below (see `CompactText::signsOf`)
+        void include(const MostWithSigns& other) noexcept {
             most = std::max(most, other.most);
-            marks |= other.marks;
+            signs |= other.signs;
         }
     };
 
@@ -79,7 +79,7 @@ private:
     std::vector<std::int64_t> counts_;      ///< by number of the word
     std::vector<std::uint32_t> bySkeleton_; ///< numbers of words
     SummaryTree<Most> mostByKey_;
-    SummaryTree<MostWithMarks> mostBySkeleton_;
+    SummaryTree<MostWithSigns> mostBySkeleton_;
     std::int64_t typicalCount_ = 1;
     bool mayOverflow_ = false; ///< some count is too large to be tripled
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/SinglishCustomization.h"
+#include "singlish/SinglishCustomization.h"
 
 #include <string>
 

@@ -5,6 +5,7 @@
 #include "ImportedKeys.h"
 #include "LetterEditor.h"
 #include "StoredKeys.h"
+#include "settings/CustomizationJson.h"
 #include "text/Visible.h"
 
 #include <algorithm>
@@ -164,7 +165,7 @@ int KeysCommand::reset() {
 int KeysCommand::exportDocument() {
     if (const int status = unread())
         return status;
-    const auto document = settings_.customization().encode();
+    const auto document = CustomizationJson::encode(settings_.customization());
     if (!document)
         return refuse("The keys hold text that is not UTF-8");
     output_ << *document << '\n';
@@ -178,7 +179,7 @@ int KeysCommand::importDocument(const std::string& path) {
         return ExitStatus::failed;
     if (document->size() > UserDefaults::largestValue)
         return refuse(text::visible(path) + " is larger than keys may be; your keys stay as they are");
-    const auto wanted = SinglishCustomization::decode(*document);
+    const auto wanted = CustomizationJson::decode(*document);
     if (!wanted)
         return refuse(text::visible(path) +
                       " is not a document of keys, as export writes it; your keys stay as they are");

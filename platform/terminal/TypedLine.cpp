@@ -1,10 +1,10 @@
 #include "TypedLine.h"
 
 #include "Clusters.h"
+#include "script/SinhalaBlock.h"
 #include "singlish/SinglishComposer.h"
 #include "text/Category.h"
 #include "text/Characters.h"
-#include "text/Signs.h"
 #include "text/Utf8.h"
 #include "typing/FunctionKey.h"
 
@@ -19,14 +19,10 @@ constexpr char32_t control(char letter) noexcept {
     return static_cast<char32_t>(letter & 0x1F);
 }
 
-bool isSinhala(char32_t scalar) noexcept {
-    return scalar >= 0x0D80 && scalar <= 0x0DFF;
-}
-
 /// What Delete leaves of `text`: of a Sinhala cluster it takes the last visible part, as in a composition;
 /// any other cluster goes whole.
 std::size_t lengthAfterDelete(std::string_view text) {
-    if (isSinhala(text::lastScalar(text).value))
+    if (script::isSinhala(text::lastScalar(text).value))
         return withoutLastPart(text).size();
     return Clusters::startOfLast(text);
 }

@@ -1,5 +1,6 @@
 #include "SuggestSession.h"
 
+#include "script/SinhalaBlock.h"
 #include "text/Category.h"
 #include "text/Utf8.h"
 #include "text/Visible.h"
@@ -19,7 +20,7 @@ constexpr std::string_view clearRow = "\x1B[?7l\r\x1B[K";
 bool isText(std::string_view characters) {
     for (const text::Scalar& scalar : text::Scalars(characters)) {
         const bool isFunctionKey = scalar.value >= 0xF700 && scalar.value <= 0xF8FF;
-        const bool isJoiner = scalar.value == 0x200C || scalar.value == 0x200D;
+        const bool isJoiner = script::isJoiner(scalar.value);
         if (!scalar.wellFormed || isFunctionKey || (text::isControlOrFormat(scalar.value) && !isJoiner))
             return false;
     }

@@ -1,8 +1,9 @@
 #include "Words.h"
 
+#include "script/SinhalaBlock.h"
 #include "text/Equivalence.h"
 #include "text/LetterCase.h"
-#include "text/Signs.h"
+#include "text/Sinhala.h"
 #include "text/Utf8.h"
 
 #include <cstdint>
@@ -14,7 +15,6 @@ namespace {
 /// What a scalar is to the words of one script.
 enum class Part : std::uint8_t { letter, sign, link, none };
 
-constexpr char32_t nonJoiner = 0x200C, joiner = 0x200D;
 constexpr char32_t apostrophe = '\'', curlyApostrophe = 0x2019;
 
 /// Most of what stands between words is ASCII, and all of most English words.
@@ -23,11 +23,11 @@ bool isAscii(char byte) noexcept {
 }
 
 Part sinhalaPart(char32_t scalar) noexcept {
-    if (scalar >= 0x0D85 && scalar <= 0x0DC6)
+    if (script::isLetter(scalar))
         return Part::letter;
-    if (text::isSinhalaSign(scalar))
+    if (script::isSign(scalar))
         return Part::sign;
-    return scalar == joiner || scalar == nonJoiner ? Part::link : Part::none;
+    return script::isJoiner(scalar) ? Part::link : Part::none;
 }
 
 Part englishPart(char32_t scalar) noexcept {
@@ -74,10 +74,7 @@ std::string_view takeWord(std::string_view& rest, PartOf partOf) noexcept {
 } // namespace
 
 bool isSinhala(std::string_view word) noexcept {
-    for (const text::Scalar& scalar : text::Scalars(word))
-        if (scalar.value >= 0x0D80 && scalar.value <= 0x0DFF)
-            return true;
-    return false;
+    return text::holdsSinhala(word);
 }
 
 std::size_t PieceCutter::wholeScalars() const noexcept {

@@ -1,6 +1,7 @@
-#include "settings/SinglishCustomization.h"
+#include "singlish/SinglishCustomization.h"
 
 #include "Randoms.h"
+#include "settings/CustomizationJson.h"
 #include "text/Utf8.h"
 
 #include <gtest/gtest.h>
@@ -41,17 +42,17 @@ TEST(SinglishCustomization, TextsAreComparedCanonically) {
 }
 
 TEST(SinglishCustomization, IsStoredAsCompactJson) {
-    EXPECT_EQ(sample.encode(),
+    EXPECT_EQ(CustomizationJson::encode(sample),
               "{\"addedKeys\":[{\"key\":\"q\",\"letter\":\"\u0D9A\"}],\"disabledKeys\":[\"aa\"]}");
-    EXPECT_EQ(SinglishCustomization().encode(), R"({"addedKeys":[],"disabledKeys":[]})");
-    EXPECT_EQ((SinglishCustomization{.disabledKeys = {"\"\\\n\x01"}}).encode(),
+    EXPECT_EQ(CustomizationJson::encode({}), R"({"addedKeys":[],"disabledKeys":[]})");
+    EXPECT_EQ(CustomizationJson::encode({.disabledKeys = {"\"\\\n\x01"}}),
               R"({"addedKeys":[],"disabledKeys":["\"\\\n\u0001"]})");
 }
 
 TEST(SinglishCustomization, IllFormedTextCannotBeStored) {
-    EXPECT_EQ((SinglishCustomization{.disabledKeys = {"\xFF"}}).encode(), std::nullopt);
-    EXPECT_EQ((SinglishCustomization{{{"\xE0", "\u0D9A"}}, {}}).encode(), std::nullopt);
-    EXPECT_EQ((SinglishCustomization{{{"k", "\x80"}}, {}}).encode(), std::nullopt);
+    EXPECT_EQ(CustomizationJson::encode({.disabledKeys = {"\xFF"}}), std::nullopt);
+    EXPECT_EQ(CustomizationJson::encode({{{"\xE0", "\u0D9A"}}, {}}), std::nullopt);
+    EXPECT_EQ(CustomizationJson::encode({{{"k", "\x80"}}, {}}), std::nullopt);
 }
 
 TEST(SinglishCustomization, DecodesWhatJsonAllows) {
@@ -87,7 +88,7 @@ TEST(SinglishCustomization, DecodesWhatJsonAllows) {
          {{{"\0"s, "\U0001F600"}}, {}}},
     };
     for (const Row& row : rows) {
-        const auto decoded = SinglishCustomization::decode(row.document);
+        const auto decoded = CustomizationJson::decode(row.document);
         ASSERT_TRUE(decoded.has_value()) << row.document;
         EXPECT_EQ(*decoded, row.expected) << row.document;
     }
@@ -172,19 +173,19 @@ TEST(SinglishCustomization, NothingElseDecodes) {
         "\xFF\xFE{\0}\0"s,
     };
     for (const std::string& document : documents)
-        EXPECT_EQ(SinglishCustomization::decode(document), std::nullopt) << testing::PrintToString(document);
+        EXPECT_EQ(CustomizationJson::decode(document), std::nullopt) << testing::PrintToString(document);
 }
 
 TEST(SinglishCustomization, DeepNestingDoesNoHarm) {
     const std::string deep = std::string(2'000'000, '[') + std::string(2'000'000, ']');
-    EXPECT_EQ(SinglishCustomization::decode(R"({"addedKeys":[],"x":)" + deep + R"(,"disabledKeys":[]})"),
+    EXPECT_EQ(CustomizationJson::decode(R"({"addedKeys":[],"x":)" + deep + R"(,"disabledKeys":[]})"),
               SinglishCustomization());
-    EXPECT_EQ(SinglishCustomization::decode(R"({"addedKeys":[],"disabledKeys":)" + deep + "}"), std::nullopt);
-    EXPECT_EQ(SinglishCustomization::decode(std::string(2'000'000, '[')), std::nullopt);
+    EXPECT_EQ(CustomizationJson::decode(R"({"addedKeys":[],"disabledKeys":)" + deep + "}"), std::nullopt);
+    EXPECT_EQ(CustomizationJson::decode(std::string(2'000'000, '[')), std::nullopt);
     std::string objects;
     for (int i = 0; i < 100'000; ++i)
         objects += R"({"x":)";
-    EXPECT_EQ(SinglishCustomization::decode(objects), std::nullopt);
+    EXPECT_EQ(CustomizationJson::decode(objects), std::nullopt);
 }
 
 TEST(SinglishCustomization, AHugeDocumentDecodes) {
@@ -192,7 +193,7 @@ TEST(SinglishCustomization, AHugeDocumentDecodes) {
     for (int i = 0; i < 50'000; ++i)
         huge.addedKeys.push_back({"key" + std::to_string(i), "\u0D9A"});
     huge.disabledKeys.insert(std::string(1'000'000, 'k'));
-    EXPECT_EQ(SinglishCustomization::decode(*huge.encode()), huge);
+    EXPECT_EQ(CustomizationJson::decode(*CustomizationJson::encode(huge)), huge);
 }
 
 TEST(SinglishCustomization, WhatIsStoredIsReadBackEqual) {
@@ -200,12 +201,12 @@ TEST(SinglishCustomization, WhatIsStoredIsReadBackEqual) {
     int stored = 0;
     for (int round = 0; round < 2000; ++round) {
         const SinglishCustomization customization = randoms.strangeCustomization();
-        const auto document = customization.encode();
+        const auto document = CustomizationJson::encode(customization);
         if (!document)
             continue; // ill-formed
         ++stored;
         ASSERT_TRUE(text::isWellFormed(*document));
-        ASSERT_EQ(SinglishCustomization::decode(*document), customization) << *document;
+        ASSERT_EQ(CustomizationJson::decode(*document), customization) << *document;
     }
     EXPECT_GT(stored, 500);
 }

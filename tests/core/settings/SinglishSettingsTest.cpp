@@ -1,6 +1,7 @@
 #include "settings/SinglishSettings.h"
 
 #include "Letters.h"
+#include "settings/CustomizationJson.h"
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -373,7 +374,7 @@ TEST(SinglishSettings, WhatDoesNotDecodeIsLeftUntilTheNextEdit) {
     EXPECT_EQ(defaults.document(), "not JSON");
     EXPECT_EQ(defaults.writes, 0);
     settings.add("q", ka);
-    EXPECT_TRUE(SinglishCustomization::decode(*defaults.document()).has_value());
+    EXPECT_TRUE(CustomizationJson::decode(*defaults.document()).has_value());
     defaults.put("[");
     settings.reloadIfChanged();
     EXPECT_TRUE(settings.customization().isEmpty());

@@ -1,3 +1,4 @@
+#include "settings/CustomizationJson.h"
 #include "singlish/PrefixReadings.h"
 #include "singlish/SinglishComposer.h"
 #include "text/Characters.h"
@@ -93,7 +94,7 @@ RC_GTEST_PROP(Laws, CommittingGivesThePreview, ()) {
 
 RC_GTEST_PROP(Laws, EncodingAndDecodingIsEqual, ()) {
     const SinglishCustomization customization = *customizations();
-    RC_ASSERT(SinglishCustomization::decode(*customization.encode()) == customization);
+    RC_ASSERT(CustomizationJson::decode(*CustomizationJson::encode(customization)) == customization);
 }
 
 } // namespace

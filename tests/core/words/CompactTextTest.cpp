@@ -2,7 +2,7 @@
 
 #include "PlainWords.h"
 #include "WordLists.h"
-#include "text/Signs.h"
+#include "script/SinhalaBlock.h"
 #include "text/Utf8.h"
 #include "words/CompactSyllables.h"
 
@@ -33,7 +33,7 @@ TEST(CompactText, EveryScalarComesBackInOneUnitAndInOrder) {
         const std::string text = text::utf8(scalar), bytes = compact(text);
         ASSERT_EQ(expanded(bytes), text) << std::hex << static_cast<unsigned>(scalar);
         ASSERT_EQ(firstUnit(bytes + "x"), bytes) << std::hex << static_cast<unsigned>(scalar);
-        ASSERT_EQ(isSign(bytes[0]), text::isSinhalaSign(scalar)) << std::hex << static_cast<unsigned>(scalar);
+        ASSERT_EQ(isSign(bytes[0]), script::isSign(scalar)) << std::hex << static_cast<unsigned>(scalar);
         ASSERT_EQ(bytes.ends_with(virama), scalar == 0x0DCA) << std::hex << static_cast<unsigned>(scalar);
         ASSERT_EQ(hasVirama(bytes), scalar == 0x0DCA) << std::hex << static_cast<unsigned>(scalar);
         ASSERT_TRUE(scalar == 0 || before < bytes) << std::hex << static_cast<unsigned>(scalar);
@@ -59,11 +59,11 @@ TEST(CompactText, SyllablesAreALetterAndItsSigns) {
     const auto syllables = syllablesOf(word);
     ASSERT_EQ(syllables.size(), 5U);
     EXPECT_EQ(syllables[0].letter, "\xCA") << "a sign with no letter before it";
-    EXPECT_EQ(syllables[0].marks, "\xD2");
+    EXPECT_EQ(syllables[0].signs, "\xD2");
     EXPECT_TRUE(syllables[1].isWildcard());
     EXPECT_EQ(syllables[2].letter, "\x85");
-    EXPECT_EQ(syllables[2].marks, "");
-    EXPECT_EQ(syllables[3].marks, "\xD2\x83");
+    EXPECT_EQ(syllables[2].signs, "");
+    EXPECT_EQ(syllables[3].signs, "\xD2\x83");
     EXPECT_EQ(syllables[4].letter, "\xFF\u200D");
 }
 
@@ -93,7 +93,7 @@ TEST(CompactText, AWildcardStandsForAnySigns) {
     }
 }
 
-TEST(CompactText, AWordThatStartsAsTypedHasTheMarksThatAreDemanded) {
+TEST(CompactText, AWordThatStartsAsTypedHasTheSignsThatAreDemanded) {
     test::Randoms randoms(5);
     int matches = 0;
     for (int i = 0; i < 100000; ++i) {
@@ -103,7 +103,7 @@ TEST(CompactText, AWordThatStartsAsTypedHasTheMarksThatAreDemanded) {
         if (!startsWith(word, syllables))
             continue;
         ++matches;
-        ASSERT_EQ(marksOf(word) & marksDemandedBy(syllables), marksDemandedBy(syllables));
+        ASSERT_EQ(signsOf(word) & signsDemandedBy(syllables), signsDemandedBy(syllables));
     }
     EXPECT_GT(matches, 1000);
 }

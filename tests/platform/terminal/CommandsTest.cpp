@@ -5,6 +5,7 @@
 #include "Randoms.h"
 #include "TemporaryFolder.h"
 #include "TroubledDefaults.h"
+#include "settings/CustomizationJson.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -285,7 +286,7 @@ TEST_F(KeysCommandTest, ImportsManyKeysInOneEdit) {
     }
     int edits = 0;
     const Subscription subscription = settings.observeWillChange([&] { ++edits; });
-    EXPECT_EQ(run({"import", "-"}, *many.encode()), ExitStatus::done);
+    EXPECT_EQ(run({"import", "-"}, *CustomizationJson::encode(many)), ExitStatus::done);
     EXPECT_EQ(edits, 1);
     EXPECT_EQ(settings.customization(), many);
     EXPECT_EQ(settings.transliterator().transliterate("Zzzaaa"), "\u0D9A");

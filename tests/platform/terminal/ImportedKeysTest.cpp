@@ -1,6 +1,7 @@
 #include "ImportedKeys.h"
 
 #include "Randoms.h"
+#include "settings/CustomizationJson.h"
 #include "settings/SinglishSettings.h"
 #include "text/Visible.h"
 
@@ -27,7 +28,7 @@ ImportedKeys addedOneByOne(const SinglishCustomization& wanted) {
 
 void expectAsOneByOne(const SinglishCustomization& wanted) {
     const ImportedKeys fast = imported(wanted), plain = addedOneByOne(wanted);
-    EXPECT_EQ(fast.keys, plain.keys) << wanted.encode().value_or("no document");
+    EXPECT_EQ(fast.keys, plain.keys) << CustomizationJson::encode(wanted).value_or("no document");
     EXPECT_EQ(fast.problems, plain.problems);
 }
 

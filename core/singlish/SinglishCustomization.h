@@ -4,10 +4,8 @@
 
 #include <cstddef>
 #include <functional>
-#include <optional>
 #include <set>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace vanoka {
@@ -29,16 +27,6 @@ struct SinglishCustomization {
 
     /// The same added keys in the same order, and the same disabled keys.
     friend bool operator==(const SinglishCustomization& left, const SinglishCustomization& right);
-
-    /// The stored form, a compact JSON document in UTF-8:
-    ///     {"addedKeys":[{"key":"q","letter":"ක"}],"disabledKeys":["aa"]}
-    /// Nothing when a key or letter is ill-formed UTF-8, which JSON cannot hold.
-    std::optional<std::string> encode() const;
-
-    /// Reads the stored form. Strict: nothing for a document that is not JSON (RFC 8259) from its first byte
-    /// to its last, and nothing when a field is missing or of the wrong type anywhere. Other fields are
-    /// passed over; of two fields with one name the last counts.
-    static std::optional<SinglishCustomization> decode(std::string_view document);
 };
 
 } // namespace vanoka

@@ -1,12 +1,11 @@
-#include "settings/SinglishCustomization.h"
+#include "settings/CustomizationJson.h"
 
-#include "text/Hasher.h"
 #include "text/Utf8.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-namespace vanoka {
+namespace vanoka::CustomizationJson {
 
 namespace {
 
@@ -178,38 +177,22 @@ bool everyTextIsWellFormed(const SinglishCustomization& customization) {
 
 } // namespace
 
-bool operator==(const SinglishCustomization::AddedKey& left, const SinglishCustomization::AddedKey& right) {
-    return text::equal(left.key, right.key) && text::equal(left.letter, right.letter);
-}
-
-bool operator==(const SinglishCustomization& left, const SinglishCustomization& right) {
-    return left.addedKeys == right.addedKeys &&
-           std::ranges::equal(left.disabledKeys, right.disabledKeys, text::equal);
-}
-
-std::optional<std::string> SinglishCustomization::encode() const {
-    if (!everyTextIsWellFormed(*this))
+std::optional<std::string> encode(const SinglishCustomization& customization) {
+    if (!everyTextIsWellFormed(customization))
         return std::nullopt;
     Json added = Json::array();
-    for (const AddedKey& entry : addedKeys)
+    for (const auto& entry : customization.addedKeys)
         added.push_back({{keyName, entry.key}, {letterName, entry.letter}});
-    const Json document = {{addedKeysName, std::move(added)}, {disabledKeysName, Json(disabledKeys)}};
+    const Json document = {{addedKeysName, std::move(added)},
+                           {disabledKeysName, Json(customization.disabledKeys)}};
     return document.dump();
 }
 
-std::optional<SinglishCustomization> SinglishCustomization::decode(std::string_view document) {
+std::optional<SinglishCustomization> decode(std::string_view document) {
     FieldReader reader;
     if (hasBytesThatJsonLacks(document) || !Json::sax_parse(withShortNumbers(document), &reader))
         return std::nullopt;
     return std::move(reader).result();
 }
 
-} // namespace vanoka
-
-std::size_t std::hash<vanoka::SinglishCustomization::AddedKey>::operator()(
-    const vanoka::SinglishCustomization::AddedKey& added) const {
-    vanoka::Hasher hasher;
-    hasher.feed(added.key);
-    hasher.feed(added.letter);
-    return hasher.value();
-}
+} // namespace vanoka::CustomizationJson
