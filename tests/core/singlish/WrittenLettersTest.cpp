@@ -33,8 +33,9 @@ TEST(WrittenLetters, EachIsFoundByItsScalar) {
 TEST(WrittenLetters, HaveTheFirstKeyOfTheirLetter) {
     for (const auto& letter : SinglishScheme::letters()) {
         EXPECT_EQ(writtenLetter(text::firstScalar(letter.id).value)->key, letter.keys.front());
-        if (letter.sign && !letter.sign->empty())
-            EXPECT_EQ(writtenLetter(text::firstScalar(*letter.sign).value)->key, letter.keys.front());
+        const bool hasSign = letter.sign && !letter.sign->empty();
+        const std::string_view written = hasSign ? *letter.sign : letter.id;
+        EXPECT_EQ(writtenLetter(text::firstScalar(written).value)->key, letter.keys.front());
     }
     EXPECT_EQ(inherentVowel().scalar, U'\u0D85');
 }
