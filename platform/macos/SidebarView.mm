@@ -127,7 +127,8 @@ NSTableView* letterTable() {
     const SidebarRow& shown = [self rowAt:row];
     if (const auto* letter = std::get_if<vanoka::LetterRow>(&shown))
         return mac::autoreleased([[VanokaLetterRowView alloc] initWithRow:*letter]);
-    return mac::autoreleased([[VanokaGroupTitleView alloc] initWithTitle:std::get<vanoka::StyledText>(shown)]);
+    return mac::autoreleased(
+        [[VanokaGroupTitleView alloc] initWithTitle:std::get<vanoka::StyledText>(shown)]);
 }
 
 - (void)tableViewSelectionDidChange:(NSNotification*)notification {
