@@ -59,7 +59,7 @@ struct Finding {
 /// Looks at everything that typing Sinhala on this desktop needs, in the order in which to mend it.
 std::vector<Finding> examine(const DoctorSystem& system);
 
-/// Writes the findings; the exit status: 0 when nothing is missing, 1 otherwise.
-int runDoctor(const DoctorSystem& system, std::ostream& output);
+/// Writes the findings and what follows from them; true when nothing is missing.
+bool writeFindings(const std::vector<Finding>& findings, std::ostream& output);
 
 } // namespace vanoka

@@ -123,6 +123,11 @@ int runKeys(Arguments arguments) {
     return command.run(arguments);
 }
 
+int runDoctor() {
+    const auto system = DoctorSystem::real(SinglishSettings::shared());
+    return writeFindings(examine(system), std::cout) ? ExitStatus::done : ExitStatus::refused;
+}
+
 int run(Arguments arguments) {
     if (arguments.empty())
         return ::isatty(STDIN_FILENO) ? runLine() : runFilter();
@@ -132,7 +137,7 @@ int run(Arguments arguments) {
     if (arguments.size() == 1 && command == "chart")
         return runChart();
     if (arguments.size() == 1 && command == "doctor")
-        return runDoctor(DoctorSystem::real(SinglishSettings::shared()), std::cout);
+        return runDoctor();
     if (arguments.size() == 1 && (command == "--help" || command == "-h")) {
         std::cout << help;
         return ExitStatus::done;

@@ -1,6 +1,5 @@
 #include "DoctorFindings.h"
 #include "DoctorToolkits.h"
-#include "ExitStatus.h"
 
 #include <algorithm>
 #include <array>
@@ -171,8 +170,7 @@ std::vector<Finding> examine(const DoctorSystem& system) {
     return findings.take();
 }
 
-int runDoctor(const DoctorSystem& system, std::ostream& output) {
-    const auto findings = examine(system);
+bool writeFindings(const std::vector<Finding>& findings, std::ostream& output) {
     for (const Finding& finding : findings) {
         output << markOf(finding.kind) << finding.text << '\n';
         if (!finding.remedy.empty())
@@ -182,7 +180,7 @@ int runDoctor(const DoctorSystem& system, std::ostream& output) {
         std::ranges::none_of(findings, [](const Finding& finding) { return finding.kind == Kind::missing; });
     output << (isComplete ? "Sinhala can be typed.\n"
                           : "Something is missing. Mend the first thing first, and look again.\n");
-    return isComplete ? ExitStatus::done : ExitStatus::refused;
+    return isComplete;
 }
 
 } // namespace vanoka
