@@ -1,8 +1,10 @@
 #include "DoctorFindings.h"
 #include "DoctorToolkits.h"
+#include "EngineFiles.h"
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <utility>
 
 namespace vanoka {
@@ -15,7 +17,7 @@ struct Framework {
     std::string_view name, module; // the module is what the toolkits' variables call it
     std::vector<std::string> question;
     std::string_view running; // is in the answer when the daemon runs
-    const char* engineFile;
+    std::vector<std::filesystem::path> (*engineFiles)(const DoctorSystem& system);
     std::string_view start, addEngine;
 };
 
@@ -28,14 +30,16 @@ const std::array<Framework, 2>& frameworks() {
          {"dbus-send", "--session", "--print-reply=literal", "--dest=org.freedesktop.DBus",
           "/org/freedesktop/DBus", "org.freedesktop.DBus.NameHasOwner", "string:org.fcitx.Fcitx5"},
          "true",
-         "/usr/share/fcitx5/inputmethod/vanoka.conf",
+         [](const DoctorSystem&) { return EngineFiles::ofFcitx5(); },
          "Start it with: fcitx5 -d",
          "Start it anew with fcitx5 -rd, then add \"Sinhala (Vanoka)\" with fcitx5-configtool."},
         {"IBus",
          "ibus",
          {"ibus", "address"},
          "unix:",
-         "/usr/share/ibus/component/vanoka.xml",
+         [](const DoctorSystem& system) {
+             return EngineFiles::ofIBus(system.variable(EngineFiles::componentPath));
+         },
          "Start it with: ibus-daemon --daemonize --xim",
          "Run Vanoka --register, then add \"Sinhala (Vanoka)\" in the keyboard settings, or with "
          "ibus-setup."},
@@ -62,9 +66,25 @@ const Framework* presentFramework(const DoctorSystem& system, bool& isRunning) {
     return installed == frameworks().end() ? nullptr : installed;
 }
 
+/// A pattern of the shell that matches this path alone.
+std::string patternFor(const std::filesystem::path& path) {
+    std::string pattern;
+    for (const char byte : path.native()) {
+        if (std::string_view("*?[\\").find(byte) != std::string_view::npos)
+            pattern += '\\';
+        pattern += byte;
+    }
+    return pattern;
+}
+
+bool hasEngine(const DoctorSystem& system, const Framework& framework) {
+    return std::ranges::any_of(framework.engineFiles(system),
+                               [&](const auto& path) { return system.hasFile(patternFor(path)); });
+}
+
 bool knowsEngine(const DoctorSystem& system, const Framework& framework) {
     if (framework.module != "ibus")
-        return system.hasFile(framework.engineFile);
+        return hasEngine(system, framework);
     // A whole word: the list has one engine to a line, with its long name after it.
     const auto engines = system.output({"ibus", "list-engine"});
     return engines && (" " + *engines).find(" vanoka ") != std::string::npos;
@@ -73,7 +93,7 @@ bool knowsEngine(const DoctorSystem& system, const Framework& framework) {
 void examineFramework(const DoctorSystem& system, const Framework& framework, bool isRunning,
                       Findings& findings) {
     const std::string name(framework.name);
-    if (!system.hasFile(framework.engineFile))
+    if (!hasEngine(system, framework))
         findings.missing("Vanoka is not installed for " + name + ".",
                          "Install the package vanoka, or run ./run --desktop in its source folder.");
     if (!isRunning) {

@@ -134,6 +134,21 @@ TEST(Doctor, SaysWhatToDoAboutEachThingThatIsMissing) {
     }
 }
 
+TEST(Doctor, LooksForTheComponentWhereTheDaemonLooks) {
+    const std::string notInstalled = "Vanoka is not installed for IBus";
+    Desktop desktop;
+    desktop.files.erase("/usr/share/ibus/component/vanoka.xml");
+    desktop.files.insert("/opt/vanoka [2]/component/vanoka.xml");
+    desktop.variables["IBUS_COMPONENT_PATH"] = "/no/such:/opt/vanoka [2]/component";
+    EXPECT_FALSE(says(desktop.report(true), notInstalled));
+    desktop.variables["IBUS_COMPONENT_PATH"] = "/no/such";
+    EXPECT_TRUE(says(desktop.report(false), notInstalled));
+    desktop.files.insert("/usr/share/ibus/component/vanoka.xml");
+    EXPECT_TRUE(says(desktop.report(false), notInstalled)) << "the variable stands for the usual folders";
+    desktop.variables.erase("IBUS_COMPONENT_PATH");
+    EXPECT_FALSE(says(desktop.report(true), notInstalled));
+}
+
 TEST(Doctor, OnlyNotesWhatSomeProgramsDoWithout) {
     struct Row {
         std::function<void(Desktop&)> take;
