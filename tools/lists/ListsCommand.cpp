@@ -2,10 +2,11 @@
 
 #include "EmojiAnnotations.h"
 #include "ExitStatus.h"
+#include "FileReading.h"
 #include "ListCheck.h"
 #include "ListReading.h"
-#include "SinhalaList.h"
 #include "WordCounter.h"
+#include "WordFile.h"
 #include "Words.h"
 #include "text/LetterCase.h"
 #include "text/Rows.h"
@@ -15,10 +16,6 @@
 #include "words/SinhalaWordList.h"
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 #include <istream>
 #include <iterator>
 #include <ostream>
@@ -27,93 +24,81 @@ namespace vanoka {
 
 namespace {
 
-using Arguments = std::span<const std::string_view>;
-using Names = std::vector<std::string_view>;
-
-constexpr std::size_t pieceSize = 256 * 1024; // in bytes
-
 constexpr std::string_view annotationsFolder = "/usr/share/unicode/cldr/common/annotations";
 constexpr std::string_view emojiTestFile = "/usr/share/unicode/emoji/emoji-test.txt";
 
-const Names& optionsOf(std::string_view command) {
-    static const std::map<std::string_view, Names> all = {
-        {"count", {"--minimum"}},
-        {"english", {"--minimum", "--chat"}},
-        {"emoji", {"--annotations", "--emoji-test"}},
-        {"check", {"--as"}},
-        {"stats", {"--as"}},
-    };
-    static const Names none;
-    const auto found = all.find(command);
-    return found == all.end() ? none : found->second;
-}
+constexpr std::string_view help = R"(Make word lists for the Vanoka keyboard, and look into them.
+
+Usage:
+  vanoka-lists count [--minimum N] [FILE…]
+                               count the Sinhala words of texts, the most frequent first
+  vanoka-lists english [--minimum N] [--chat FILE] [FILE…]
+                               the same for English words, in lower case, and with chat words
+  vanoka-lists emoji [--annotations FOLDER] [--emoji-test FILE]
+                               the emoji for Sinhala and English words, from Unicode's data
+  vanoka-lists check [--as KIND] LIST
+                               every line that does not load as it is written, and why
+  vanoka-lists stats [--as KIND] LIST
+                               how many words it has and what it takes
+  vanoka-lists suggest [--personal LIST] [--limit N] LIST
+                               type Singlish or Sinhala and see the suggestions
+  vanoka-lists --help, --version
+
+Texts are UTF-8; without a FILE, or with -, they come from standard input. Lists go to standard output.
+A KIND is sinhala, english or emoji; without one it is guessed. The option --minimum leaves out words that
+come less often.
+
+Exit status: 0 done, 1 lines do not load as they are or a file is damaged, 2 not understood, 3 something could not be read
+or written.
+)";
 
 } // namespace
+
+const Program ListsCommand::program = {.name = "vanoka-lists",
+                                       .help = {{"", help}},
+                                       .commands = {{"count", {"--minimum"}},
+                                                    {"english", {"--minimum", "--chat"}},
+                                                    {"emoji", {"--annotations", "--emoji-test"}},
+                                                    {"check", {"--as"}},
+                                                    {"stats", {"--as"}},
+                                                    {"suggest", {"--personal", "--limit"}}},
+                                       .noCommand = "No command",
+                                       .noSuchOption = "No such option: ",
+                                       .hint = "vanoka-lists --help tells what it does."};
 
 ListsCommand::ListsCommand(std::istream& input, std::ostream& output, std::ostream& errors, Progress progress)
     : input_(input), output_(output), errors_(errors), progress_(std::move(progress)) {}
 
-std::optional<int> ListsCommand::run(Arguments arguments) {
-    const std::string_view command = arguments.empty() ? std::string_view() : arguments.front();
-    if (optionsOf(command).empty())
-        return std::nullopt;
-    std::string problem;
-    const auto options = Options::read(arguments.subspan(1), optionsOf(command), problem);
-    if (!options)
-        return misuse(problem);
-    if (command == "count")
-        return count(*options, Language::sinhala);
-    if (command == "english")
-        return count(*options, Language::english);
-    if (command == "emoji")
-        return emoji(*options);
-    return command == "check" ? check(*options) : stats(*options);
+std::optional<int> ListsCommand::run(const CommandLine& line) {
+    if (line.command == "count")
+        return count(line, Language::sinhala);
+    if (line.command == "english")
+        return count(line, Language::english);
+    if (line.command == "emoji")
+        return emoji(line);
+    if (line.command == "check")
+        return check(line);
+    return line.command == "stats" ? std::optional(stats(line)) : std::nullopt;
 }
 
 int ListsCommand::misuse(const std::string& problem) {
-    errors_ << "vanoka-lists: " << text::visible(problem) << "\nvanoka-lists --help tells what it does.\n";
-    return ExitStatus::usage;
-}
-
-int ListsCommand::cannotRead(const std::string& path) {
-    errors_ << "vanoka-lists: Cannot read " << text::visible(path) << ": " << std::strerror(errno) << '\n';
-    return ExitStatus::failed;
-}
-
-/// Calls `take` with the file's pieces; false, with a message, when it cannot be read to its end.
-template <class Take>
-bool ListsCommand::read(const std::string& path, Take take) {
-    std::ifstream file;
-    errno = 0;
-    if (path != "-")
-        file.open(path, std::ios::binary);
-    std::istream& source = path == "-" ? input_ : file;
-    std::string piece(pieceSize, '\0');
-    while (source) {
-        source.read(piece.data(), static_cast<std::streamsize>(piece.size()));
-        take(std::string_view(piece).substr(0, static_cast<std::size_t>(source.gcount())));
-    }
-    // A folder opens, and fails when it is read: that is no end.
-    if (!source.eof() || source.bad() || errno == EISDIR) {
-        cannotRead(path);
-        return false;
-    }
-    return true;
+    return program.misused(problem, errors_);
 }
 
 std::optional<std::string> ListsCommand::contentsOf(const std::string& path) {
-    std::string contents;
-    if (!read(path, [&](std::string_view piece) { contents += piece; }))
-        return std::nullopt;
-    return contents;
+    auto [text, problem] = FileReading::contentsOf(path, input_);
+    if (problem.empty())
+        return std::move(text);
+    program.tell(problem, errors_);
+    return std::nullopt;
 }
 
-int ListsCommand::count(const Options& options, Language language) {
-    const auto minimum = options.number("--minimum", 1, 1);
+int ListsCommand::count(const CommandLine& line, Language language) {
+    const auto minimum = line.number("--minimum", 1, 1);
     if (!minimum)
         return misuse("--minimum is a whole number from 1 up");
     std::string chat;
-    if (const auto path = options.value("--chat")) {
+    if (const auto path = line.value("--chat")) {
         const auto contents = contentsOf(*path);
         if (!contents)
             return ExitStatus::failed;
@@ -130,16 +115,17 @@ int ListsCommand::count(const Options& options, Language language) {
             forEachEnglishWord(text, add);
     };
     const std::vector<std::string> paths =
-        options.operands().empty() ? std::vector<std::string>{"-"} : options.operands();
+        line.operands.empty() ? std::vector<std::string>{"-"} : line.operands;
     for (const std::string& path : paths) {
         PieceCutter cutter; // a word does not go on in the next file
-        const bool isRead = read(path, [&](std::string_view piece) {
+        const std::string problem = FileReading::readPieces(path, input_, [&](std::string_view piece) {
             cutter.write(piece, countIn);
             bytes += piece.size();
             progress_(bytes, words.distinct());
+            return true;
         });
-        if (!isRead)
-            return ExitStatus::failed;
+        if (!problem.empty())
+            return program.failed(problem, errors_);
         cutter.finish(countIn);
     }
     for (const auto& [word, count] : words.ranked(*minimum))
@@ -151,11 +137,11 @@ int ListsCommand::count(const Options& options, Language language) {
     return ExitStatus::done;
 }
 
-int ListsCommand::emoji(const Options& options) {
-    if (!options.operands().empty())
+int ListsCommand::emoji(const CommandLine& line) {
+    if (!line.operands.empty())
         return misuse("emoji takes options alone");
-    const std::string folder = options.value("--annotations").value_or(std::string(annotationsFolder));
-    const auto emojiTest = contentsOf(options.value("--emoji-test").value_or(std::string(emojiTestFile)));
+    const std::string folder = line.value("--annotations").value_or(std::string(annotationsFolder));
+    const auto emojiTest = contentsOf(line.value("--emoji-test").value_or(std::string(emojiTestFile)));
     if (!emojiTest) {
         errors_ << "The Debian package unicode-data has that file.\n";
         return ExitStatus::failed;
@@ -169,7 +155,7 @@ int ListsCommand::emoji(const Options& options) {
         }
         auto annotations = readEmojiAnnotations(*xml);
         if (!annotations) {
-            errors_ << "vanoka-lists: " << text::visible(folder) << name << " is not well-formed XML\n";
+            program.tell(folder + name + " is not well-formed XML", errors_);
             return ExitStatus::refused;
         }
         languages.push_back(std::move(*annotations));
@@ -178,13 +164,13 @@ int ListsCommand::emoji(const Options& options) {
     return ExitStatus::done;
 }
 
-int ListsCommand::check(const Options& options) {
-    const auto name = options.value("--as");
-    if (options.operands().size() != 1)
+int ListsCommand::check(const CommandLine& line) {
+    const auto name = line.value("--as");
+    if (line.operands.size() != 1)
         return misuse("check takes one list");
     if (name && !listKind(*name))
         return misuse("--as is sinhala, english or emoji");
-    const std::string& path = options.operands()[0];
+    const std::string& path = line.operands[0];
     const auto list = contentsOf(path);
     if (!list)
         return ExitStatus::failed;
@@ -201,13 +187,13 @@ int ListsCommand::check(const Options& options) {
     return problems.empty() ? ExitStatus::done : ExitStatus::refused;
 }
 
-int ListsCommand::stats(const Options& options) {
-    const auto name = options.value("--as");
-    if (options.operands().size() != 1)
+int ListsCommand::stats(const CommandLine& line) {
+    const auto name = line.value("--as");
+    if (line.operands.size() != 1)
         return misuse("stats takes one list");
     if (name && !listKind(*name))
         return misuse("--as is sinhala, english or emoji");
-    const auto text = contentsOf(options.operands()[0]);
+    const auto text = contentsOf(line.operands[0]);
     if (!text)
         return ExitStatus::failed;
     const std::string_view list = ListReading::withoutByteOrderMark(*text);
@@ -218,7 +204,7 @@ int ListsCommand::stats(const Options& options) {
     } else if (kind == ListKind::english) {
         output_ << "words               " << EnglishWordList(list).count() << '\n';
     } else {
-        const SinhalaWordList words = readSinhalaList(list);
+        const SinhalaWordList words(readWordCounts(list));
         std::size_t bytes = 0;
         std::int64_t largest = 0;
         for (const auto& [word, count] : words.words()) {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "Options.h"
+#include "Program.h"
 
 #include <functional>
 #include <iosfwd>
-#include <span>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,8 +19,11 @@ public:
 
     ListsCommand(std::istream& input, std::ostream& output, std::ostream& errors, Progress progress);
 
-    /// Runs with the arguments after the program's name; nothing when the command is none of these.
-    std::optional<int> run(std::span<const std::string_view> arguments);
+    /// What it is a part of: these commands, and "suggest".
+    static const Program program;
+
+    /// Runs a command; nothing when it is none of these.
+    std::optional<int> run(const CommandLine& line);
 
     /// The contents of a file, or of standard input for "-"; nothing, with a message, when it cannot be read.
     std::optional<std::string> contentsOf(const std::string& path);
@@ -31,14 +34,10 @@ public:
 private:
     enum class Language : std::uint8_t { sinhala, english };
 
-    int count(const Options& options, Language language);
-    int emoji(const Options& options);
-    int check(const Options& options);
-    int stats(const Options& options);
-
-    template <class Take>
-    bool read(const std::string& path, Take take);
-    int cannotRead(const std::string& path);
+    int count(const CommandLine& line, Language language);
+    int emoji(const CommandLine& line);
+    int check(const CommandLine& line);
+    int stats(const CommandLine& line);
 
     std::istream& input_;
     std::ostream& output_;

@@ -2,16 +2,13 @@
 
 #include "Chart.h"
 #include "ExitStatus.h"
+#include "FileReading.h"
 #include "ImportedKeys.h"
 #include "LetterEditor.h"
 #include "StoredKeys.h"
 #include "text/Visible.h"
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <cstring>
-#include <fstream>
 #include <istream>
 #include <iterator>
 #include <ostream>
@@ -24,19 +21,6 @@ using Arguments = std::span<const std::string_view>;
 
 bool isBuiltIn(std::string_view key) {
     return SinglishTransliterator::builtInTokens().contains(key);
-}
-
-/// All that the stream gives, or more than keys may be: it may have no end. Read by the stream, which turns
-/// what its buffer throws (a folder does that) into a state.
-std::optional<std::string> beginningOf(std::istream& stream) {
-    std::string contents;
-    std::array<char, 4096> piece;
-    while (stream && contents.size() <= UserDefaults::largestValue) {
-        stream.read(piece.data(), piece.size());
-        contents.append(piece.data(), static_cast<std::size_t>(stream.gcount()));
-    }
-    return stream.bad() || (stream.fail() && !stream.eof()) ? std::nullopt
-                                                            : std::optional(std::move(contents));
 }
 
 /// What of `customization` types nothing: keys for letters that the scheme does not have, and built-in keys
@@ -173,12 +157,12 @@ int KeysCommand::exportDocument() {
 
 /// All or nothing, but what export gives is never refused for being unknown here.
 int KeysCommand::importDocument(const std::string& path) {
-    const auto document = documentFrom(path);
-    if (!document)
-        return ExitStatus::failed;
-    if (document->size() > UserDefaults::largestValue)
+    const auto [document, problem] = FileReading::contentsOf(path, input_, UserDefaults::largestValue);
+    if (!problem.empty())
+        return tell(problem, ExitStatus::failed);
+    if (document.size() > UserDefaults::largestValue)
         return refuse(text::visible(path) + " is larger than keys may be; your keys stay as they are");
-    const auto wanted = SinglishCustomization::decode(*document);
+    const auto wanted = SinglishCustomization::decode(document);
     if (!wanted)
         return refuse(text::visible(path) +
                       " is not a document of keys, as export writes it; your keys stay as they are");
@@ -194,20 +178,6 @@ int KeysCommand::importDocument(const std::string& path) {
         writeColumns(errors_, unknown);
     }
     return status;
-}
-
-/// What stands there, as far as it may be keys; nothing, and why, when it cannot be read.
-std::optional<std::string> KeysCommand::documentFrom(const std::string& path) {
-    std::ifstream file;
-    errno = 0; // standard streams tell no reason of their own, and need not set this one
-    if (path != "-")
-        file.open(path, std::ios::binary);
-    auto document = path == "-" ? beginningOf(input_) : file ? beginningOf(file) : std::nullopt;
-    if (!document) {
-        const std::string reason = errno != 0 ? std::string(": ") + std::strerror(errno) : "";
-        tell("Cannot read " + text::visible(path) + reason, ExitStatus::failed);
-    }
-    return document;
 }
 
 /// A letter is named by itself, by the way it is shown, or by a key that types it.

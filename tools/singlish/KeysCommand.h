@@ -3,7 +3,6 @@
 #include "settings/SinglishSettings.h"
 
 #include <iosfwd>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -31,7 +30,6 @@ private:
     int importDocument(const std::string& path);
 
     const SinglishScheme::Letter* letterOf(std::string_view text);
-    std::optional<std::string> documentFrom(const std::string& path);
     int stored();
     int unread();
     int refuse(std::string_view message);

@@ -4,10 +4,8 @@
 #include "Filter.h"
 #include "KeysCommand.h"
 #include "LineSession.h"
+#include "Program.h"
 #include "Terminal.h"
-#include "Version.h"
-#include "VisibleOutput.h"
-#include "text/Visible.h"
 
 #include <cerrno>
 #include <clocale>
@@ -22,7 +20,6 @@
 namespace {
 
 using namespace vanoka;
-using Arguments = std::span<const std::string_view>;
 
 constexpr std::string_view help = R"(Write Sinhala with English letters.
 
@@ -53,9 +50,15 @@ Exit status: 0 done, 1 refused or something missing, 2 not understood, 3 somethi
 constexpr std::string_view hint = "\x1B[2mType English letters: amma gedhara. "
                                   "Escape keeps them Latin, Ctrl-D ends.\x1B[22m\r\n";
 
+const Program program = {.name = "singlish",
+                         .help = {{"", help}},
+                         .commands = {{""}, {"chart"}, {"keys", {}, true}, {"doctor"}},
+                         .noCommand = {},
+                         .noSuchOption = "Not understood: ",
+                         .hint = "singlish --help tells what is."};
+
 int fail(std::string_view what, std::string_view why) {
-    std::cerr << "singlish: " << what << ": " << why << '\n';
-    return ExitStatus::failed;
+    return program.failed(std::string(what) + ": " + std::string(why), std::cerr);
 }
 
 int runFilter() {
@@ -118,9 +121,9 @@ int runChart() {
     return ExitStatus::done;
 }
 
-int runKeys(Arguments arguments) {
+int runKeys(const CommandLine& line) {
     KeysCommand command(SinglishSettings::shared(), std::cin, std::cout, std::cerr);
-    return command.run(arguments);
+    return command.run(std::vector<std::string_view>(line.operands.begin(), line.operands.end()));
 }
 
 int runDoctor() {
@@ -128,37 +131,20 @@ int runDoctor() {
     return writeFindings(examine(system), std::cout) ? ExitStatus::done : ExitStatus::refused;
 }
 
-int run(Arguments arguments) {
-    if (arguments.empty())
-        return ::isatty(STDIN_FILENO) ? runLine() : runFilter();
-    const std::string_view command = arguments.front();
-    if (command == "keys")
-        return runKeys(arguments.subspan(1));
-    if (arguments.size() == 1 && command == "chart")
+int run(const CommandLine& line) {
+    if (line.command == "keys")
+        return runKeys(line);
+    if (!line.operands.empty())
+        return program.misused("Not understood: " + line.operands.front(), std::cerr);
+    if (line.command == "chart")
         return runChart();
-    if (arguments.size() == 1 && command == "doctor")
+    if (line.command == "doctor")
         return runDoctor();
-    if (arguments.size() == 1 && (command == "--help" || command == "-h")) {
-        std::cout << help;
-        return ExitStatus::done;
-    }
-    if (arguments.size() == 1 && command == "--version") {
-        std::cout << "singlish " << version << '\n';
-        return ExitStatus::done;
-    }
-    std::cerr << "singlish: Not understood: " << text::visible(command)
-              << "\nsinglish --help tells what is.\n";
-    return ExitStatus::usage;
+    return ::isatty(STDIN_FILENO) ? runLine() : runFilter();
 }
 
 } // namespace
 
 int main(int count, char** values) {
-    std::ios::sync_with_stdio(false); // so that a standard input that fails is told from one that ends
-    const VisibleOutput output(std::cout, STDOUT_FILENO);
-    const std::vector<std::string_view> arguments(values + 1, values + count);
-    const int status = run(arguments);
-    if (status == ExitStatus::failed || std::cout.flush())
-        return status;
-    return fail("Cannot write", std::strerror(errno));
+    return program.run(count, values, run);
 }

@@ -1,13 +1,20 @@
 #pragma once
 
+#include "Program.h"
+
+#include <istream>
 #include <ostream>
-#include <span>
-#include <string_view>
 
 namespace vanoka {
 
-/// Runs vanoka-swipe with these arguments. Returns the exit status (see "ExitStatus.h"); refused is a
-/// file that is not what it should be, and a stroke or a word that is not there.
-int runSwipeCommand(std::span<const std::string_view> arguments, std::ostream& output, std::ostream& errors);
+/// vanoka-swipe, and what it does with a command. The exit status refused (see "ExitStatus.h") means a file
+/// that is not what it should be, and a stroke or a word that is not there.
+namespace SwipeCommand {
+
+extern const Program program;
+
+int run(const CommandLine& line, std::istream& input, std::ostream& output, std::ostream& errors);
+
+} // namespace SwipeCommand
 
 } // namespace vanoka

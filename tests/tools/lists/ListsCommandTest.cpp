@@ -5,9 +5,9 @@
 #include "ListCheck.h"
 #include "ListReading.h"
 #include "Randoms.h"
-#include "SinhalaList.h"
 #include "SuggestSession.h"
 #include "TemporaryFolder.h"
+#include "WordFile.h"
 #include "WordLists.h"
 #include "words/SinhalaWordList.h"
 
@@ -27,7 +27,9 @@ protected:
         std::ostringstream outputStream, errorStream;
         ListsCommand command(input, outputStream, errorStream,
                              [this](std::size_t bytes, std::size_t) { read = bytes; });
-        const auto status = command.run(arguments);
+        const auto asked = ListsCommand::program.understand(arguments, outputStream, errorStream);
+        const auto* line = std::get_if<CommandLine>(&asked);
+        const auto status = line ? command.run(*line) : std::get<int>(asked);
         output = outputStream.str();
         errors = errorStream.str();
         return status;
@@ -112,7 +114,6 @@ TEST_F(ListsCommandTest, WarnsOfAByteOrderMark) {
               list + ":1: warning: it begins with a byte order mark, which is passed over here; a keyboard "
                      "may take it as a part of the word\n"
                      "Read as a list of sinhala words; lines skipped: 0; warnings: 1\n");
-    EXPECT_EQ(readSinhalaList("\uFEFF\u0D9A\t1\n").words(), (std::vector<WordCount>{{"\u0D9A", 1}}));
     EXPECT_EQ(run({"stats", file("emoji", "\uFEFFcat\tx\n")}), ExitStatus::done);
     EXPECT_NE(output.find("lines skipped       0\n"), std::string::npos) << output;
     EXPECT_EQ(run({"english", "--chat", file("chat", "\uFEFF# comment\nlol\n")}), ExitStatus::done);
@@ -157,7 +158,7 @@ TEST_F(ListsCommandTest, TheCheckAgreesWithTheReader) {
         // One line at a time: it is skipped, or it is a word.
         const std::string written = test::strangeTsv(randoms, 1);
         const std::string tsv(ListReading::withoutByteOrderMark(written));
-        const auto loaded = readSinhalaList(written).size();
+        const auto loaded = readWordCounts(written).size();
         const auto skipped = countOf(LineProblem::Kind::skipped, problemsOf(written, ListKind::sinhala));
         const bool isNothing = tsv.empty() || tsv.find_first_not_of("\r\n") == std::string::npos ||
                                (tsv[0] == '#' && tsv.substr(1, 2) != "\u0301");
@@ -230,8 +231,12 @@ TEST_F(ListsCommandTest, TellsWhatItDoesNotUnderstandOrCannotRead) {
         EXPECT_TRUE(errors.starts_with("vanoka-lists: ")) << errors;
         EXPECT_EQ(output, "");
     }
-    EXPECT_EQ(run({"what"}), std::nullopt);
-    EXPECT_EQ(run({}), std::nullopt);
+    const std::string hint = "vanoka-lists --help tells what it does.\n";
+    EXPECT_EQ(run({"what"}), ExitStatus::usage);
+    EXPECT_EQ(errors, "vanoka-lists: Not understood: what\n" + hint);
+    EXPECT_EQ(run({}), ExitStatus::usage);
+    EXPECT_EQ(errors, "vanoka-lists: No command\n" + hint);
+    EXPECT_EQ(run({"suggest", "list"}), std::nullopt) << "which needs a terminal";
     const std::string path = folder.path().string(), none = path + "/none";
     EXPECT_EQ(run({"count", none}), ExitStatus::failed);
     EXPECT_EQ(run({"count", path}), ExitStatus::failed) << "a folder is no text";
@@ -258,7 +263,8 @@ TEST(Suggester, AddsUpTheLargestCounts) {
     std::string list;
     for (int i = 0; i < 1000; ++i)
         list += "\u0D9C\u0DB8\t9223372036854775807\n\u0D9C\u0DB8\u0DB1\t-9223372036854775808\n";
-    const Suggester suggester = {readSinhalaList(list), readSinhalaList(list), ListReading::mostResults};
+    const auto words = readWordCounts(list);
+    const Suggester suggester = {SinhalaWordList(words), SinhalaWordList(words), ListReading::mostResults};
     EXPECT_EQ(suggester.row("\u0D9C\u0DCF\u0DB8"), "\u0D9C\u0DCF\u0DB8\t\u0D9C\u0DB8\t\u0D9C\u0DB8\u0DB1");
 }
 

@@ -17,9 +17,13 @@ constexpr const char* layoutPath = VANOKA_LAYOUTS_FOLDER "/qwerty-phone.layout";
 
 class SwipeCommandTest : public testing::Test {
 protected:
-    int run(std::vector<std::string_view> arguments) {
+    int run(std::vector<std::string_view> arguments, const std::string& typed = "") {
+        std::istringstream input(typed);
         std::ostringstream outputStream, errorStream;
-        const int status = runSwipeCommand(arguments, outputStream, errorStream);
+        const auto asked = SwipeCommand::program.understand(arguments, outputStream, errorStream);
+        const auto* line = std::get_if<CommandLine>(&asked);
+        const int status =
+            line ? SwipeCommand::run(*line, input, outputStream, errorStream) : std::get<int>(asked);
         output = outputStream.str();
         errors = errorStream.str();
         return status;
@@ -92,6 +96,22 @@ TEST_F(SwipeCommandTest, AddsUpTheLargestCounts) {
     EXPECT_EQ(run({"measure", words, layoutPath, strokes, "--personal", list}), 0) << errors;
 }
 
+/// As vanoka-lists does, which says of such lists that they do not load.
+TEST_F(SwipeCommandTest, ReadsWordsAsTheListsAreWritten) {
+    const std::string marked = file("marked", "\uFEFFhello\t+5\n"), crlf = file("crlf", "hello\t5\r\n");
+    ASSERT_EQ(run({"simulate", marked, layoutPath, "--strokes=3"}), 0) << errors;
+    EXPECT_TRUE(output.starts_with("hello\t")) << output;
+    EXPECT_EQ(run({"simulate", crlf, layoutPath}), 1);
+    EXPECT_EQ(errors, "vanoka-swipe: " + crlf + " has no line of a word, a tab and its count\n");
+}
+
+TEST_F(SwipeCommandTest, ReadsStandardInput) {
+    ASSERT_EQ(run({"simulate", "-", layoutPath, "--strokes", "3"}, "hello\t5\n"), 0) << errors;
+    const std::string strokes = output;
+    ASSERT_EQ(run({"measure", words, layoutPath, "-"}, strokes), 0) << errors;
+    EXPECT_NE(output.find("strokes        3\n"), std::string::npos) << output;
+}
+
 TEST_F(SwipeCommandTest, DrawsAStrokeAndItsBestWords) {
     run({"simulate", file("one", "hello\t1\n"), layoutPath, "--strokes", "2"});
     const std::string strokes = file("strokes", output);
@@ -136,6 +156,7 @@ TEST_F(SwipeCommandTest, SaysWhatIsWrong) {
              {{"measure", words, layoutPath, strokes, "--limit"}, 2, "--limit needs a value\n" + hint},
              {{"measure", words, layoutPath, strokes, "--limit", "0"}, 2, "--limit cannot be 0\n" + hint},
              {{"measure", words, layoutPath, strokes, "--limit", "5x"}, 2, "--limit cannot be 5x\n" + hint},
+             {{"measure", words, layoutPath, strokes, "--limit=0"}, 2, "--limit cannot be 0\n" + hint},
              {{"measure", words, layoutPath, strokes, "--seed", "5"}, 2, "Not understood: --seed\n" + hint},
              {{"simulate", words, layoutPath, "--lag", "nan"}, 2, "--lag cannot be nan\n" + hint},
              {{"simulate", words, layoutPath, "--chat", "2"}, 2, "--chat cannot be 2\n" + hint},

@@ -1,6 +1,5 @@
 #include "KeyboardFile.h"
 #include "StrokeFile.h"
-#include "WordFile.h"
 
 #include <cmath>
 #include <fstream>
@@ -20,11 +19,6 @@ std::variant<Keyboard, BadLine> keyboardOf(const std::string& text) {
 std::variant<std::vector<MeantStroke>, BadLine> strokesOf(const std::string& text) {
     std::istringstream input(text);
     return readStrokes(input);
-}
-
-CountedWords wordsOf(const std::string& text) {
-    std::istringstream input(text);
-    return readWords(input);
 }
 
 TEST(KeyboardFile, ReadsRowsAndSingleKeys) {
@@ -134,25 +128,10 @@ TEST(StrokeFile, CoordinatesMayBeNoNumbers) {
     EXPECT_EQ(strokes[0].points[1].y, -std::numeric_limits<double>::infinity());
 }
 
-TEST(WordFile, HoldsCountsToTheRange) {
-    EXPECT_EQ(wordsOf("mama\t4000000000000000000\npapa\t-4000000000\nhello\t+5\n"),
-              (CountedWords{
-                  {"mama", ListReading::largestCount}, {"papa", -ListReading::largestCount}, {"hello", 5}}));
-}
-
 TEST(Files, AByteOrderMarkIsPassedOver) {
-    EXPECT_EQ(wordsOf("\uFEFFmama\t1\n\uFEFFpapa\t1\n"), (CountedWords{{"mama", 1}, {"\uFEFFpapa", 1}}));
     EXPECT_TRUE(std::holds_alternative<Keyboard>(keyboardOf("\uFEFFwidth 1\nheight 1\nrow 0 a\n")));
     const auto strokes = strokesOf("\uFEFFmama\t36\t1,1 2,2\n");
     EXPECT_EQ(std::get<std::vector<MeantStroke>>(strokes).at(0).word, "mama");
-}
-
-TEST(WordFile, PassesOverOtherLines) {
-    EXPECT_EQ(
-        wordsOf(
-            "# "
-            "c\t1\nmama\t5\n\u0D9A\t-3\r\n\nbad\nbad\tx\nbad\t1\t2\n\t7\nbad\t99999999999999999999\nlast\t1"),
-        (CountedWords{{"mama", 5}, {"\u0D9A", -3}, {"last", 1}}));
 }
 
 } // namespace
