@@ -116,6 +116,57 @@ class WhatIsPrinted(AtAShell):
         return printed.decode().replace("\r\r\n", "\r\n")
 
 
+class WhatAllPrograms(AtAShell):
+    PROGRAMS = (SINGLISH, VANOKA_LISTS, VANOKA_SWIPE)
+
+    def said(self, *command, **options):
+        done = self.run_program(command, capture_output=True, text=True, stdin=subprocess.DEVNULL, **options)
+        return done.returncode, done.stdout, done.stderr
+
+    def test_tell_of_themselves(self):
+        versions = set()
+        for program in self.PROGRAMS:
+            name = os.path.basename(program)
+            status, output, errors = self.said(program, "--version")
+            self.assertRegex(output, f"^{name} [0-9.]+\n$")
+            self.assertEqual((status, errors), (0, ""))
+            versions.add(output.split()[1])
+            status, output, errors = self.said(program, "--help")
+            self.assertIn(f"  {name} ", output)
+            self.assertEqual((status, errors, self.said(program, "-h")), (0, "", (0, output, "")))
+        self.assertEqual(len(versions), 1)
+
+    def test_end_with_the_same_status(self):
+        words = self.file("words", f"{GAMA}\t5\n")
+        for status, commands in {
+                1: ([SINGLISH, "keys", "remove", "zz"], [VANOKA_LISTS, "check", self.file("bad", "?\n")],
+                    [VANOKA_SWIPE, "simulate", self.file("bad", "?\n"), LAYOUT]),
+                2: ([SINGLISH, "chart", "--odd"], [VANOKA_LISTS, "check", "--odd", words],
+                    [VANOKA_SWIPE, "simulate", words, LAYOUT, "--odd", "1"]),
+                3: ([SINGLISH, "keys", "import", "/no/such"], [VANOKA_LISTS, "check", "/no/such"],
+                    [VANOKA_SWIPE, "simulate", "/no/such", LAYOUT])}.items():
+            for command in commands:
+                self.assertEqual(self.said(*command)[0], status, command)
+
+    def test_tell_when_nothing_can_be_written(self):
+        words = self.file("words", "mama\t5\n")
+        for command in ([SINGLISH, "chart"], [VANOKA_LISTS, "stats", words],
+                        [VANOKA_SWIPE, "simulate", words, LAYOUT]):
+            with open("/dev/full", "wb") as full:
+                done = self.run_program(command, stdin=subprocess.DEVNULL, stdout=full, stderr=subprocess.PIPE)
+            name = os.path.basename(command[0])
+            self.assertEqual((done.returncode, done.stderr.decode()),
+                             (3, f"{name}: Cannot write: No space left on device\n"))
+
+    def test_take_values_either_way(self):
+        words = self.file("words", "mama\t5\n")
+        for program, *command in ([VANOKA_LISTS, "suggest", words, "--limit", "3"],
+                                  [VANOKA_SWIPE, "simulate", words, LAYOUT, "--strokes", "3"]):
+            apart = self.said(program, *command)
+            self.assertEqual(apart[0], 0)
+            self.assertEqual(self.said(program, *command[:-2], "=".join(command[-2:])), apart)
+
+
 class WhatIsSaid(AtAShell):
     def test_of_arguments_acts_on_no_terminal(self):
         for command, said in (
