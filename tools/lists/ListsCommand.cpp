@@ -17,7 +17,6 @@
 
 #include <algorithm>
 #include <istream>
-#include <iterator>
 #include <ostream>
 
 namespace vanoka {
@@ -132,8 +131,8 @@ int ListsCommand::count(const CommandLine& line, Language language) {
         output_ << word << '\t' << count << '\n';
 
     for (std::string_view rest = ListReading::withoutByteOrderMark(chat); !rest.empty();)
-        if (const std::string_view line = text::takeLine(rest); !line.starts_with('#'))
-            forEachEnglishWord(line, [&](std::string_view word) { output_ << word << "\tchat\n"; });
+        if (const std::string_view row = text::takeLine(rest); !row.starts_with('#'))
+            forEachEnglishWord(row, [&](std::string_view word) { output_ << word << "\tchat\n"; });
     return ExitStatus::done;
 }
 

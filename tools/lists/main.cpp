@@ -9,9 +9,7 @@
 
 #include <cerrno>
 #include <chrono>
-#include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <iostream>
 #include <unistd.h>
 
@@ -47,11 +45,10 @@ private:
 };
 
 int runOnTerminal(const Suggester& suggester) {
-    const char* name = std::getenv("TERM");
-    if (!name || std::string_view(name) == "dumb" || *name == '\0')
+    if (!Terminal::movesCursor())
         return fail("This terminal cannot move its cursor",
                     "pipe lines through vanoka-lists suggest instead");
-    const int output = ::isatty(STDOUT_FILENO) ? STDOUT_FILENO : ::open("/dev/tty", O_RDWR | O_CLOEXEC);
+    const int output = Terminal::outputDescriptor();
     if (output < 0)
         return fail("No terminal to type on", std::strerror(errno));
     Terminal terminal(STDIN_FILENO, output);

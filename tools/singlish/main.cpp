@@ -9,9 +9,7 @@
 
 #include <cerrno>
 #include <clocale>
-#include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <iostream>
 #include <langinfo.h>
 #include <unistd.h>
@@ -73,28 +71,16 @@ int runFilter() {
     return ExitStatus::done;
 }
 
-/// A terminal to draw on: where the output goes, or, when that is a file or a pipe, the one that is typed on.
-int terminalOutput() {
-    if (::isatty(STDOUT_FILENO))
-        return STDOUT_FILENO;
-    return ::open("/dev/tty", O_RDWR | O_CLOEXEC);
-}
-
-bool isDumb() {
-    const char* name = std::getenv("TERM");
-    return !name || std::string_view(name) == "dumb" || *name == '\0';
-}
-
 bool localeIsUtf8() {
     std::setlocale(LC_CTYPE, "");
     return std::string_view(::nl_langinfo(CODESET)) == "UTF-8";
 }
 
 int runLine() {
-    if (isDumb())
+    if (!Terminal::movesCursor())
         return fail("This terminal cannot move its cursor",
                     "set TERM to what it is, or pipe text through singlish");
-    const int output = terminalOutput();
+    const int output = Terminal::outputDescriptor();
     if (output < 0)
         return fail("No terminal to type on", std::strerror(errno));
     const bool isShownThere = output == STDOUT_FILENO;
