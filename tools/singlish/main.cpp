@@ -50,7 +50,7 @@ constexpr std::string_view hint = "\x1B[2mType English letters: amma gedhara. "
 
 const Program program = {.name = "singlish",
                          .help = {{"", help}},
-                         .commands = {{""}, {"chart"}, {"keys", {}, true}, {"doctor"}},
+                         .commands = {{"", {}}, {"chart", {}}, {"keys", {}, true}, {"doctor", {}}},
                          .noCommand = {},
                          .noSuchOption = "Not understood: ",
                          .hint = "singlish --help tells what is."};

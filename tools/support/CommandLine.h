@@ -15,7 +15,7 @@ namespace vanoka {
 /// A command of a program, and what may follow its name: operands, and options with a value each.
 struct CommandForm {
     std::string_view name;
-    std::vector<std::string_view> options = {}; ///< such as "--minimum"
+    std::vector<std::string_view> options; ///< such as "--minimum"
     /// Whatever follows is an operand, even what looks like an option: keys may look like anything.
     bool isVerbatim = false;
 };

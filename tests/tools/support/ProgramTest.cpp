@@ -75,7 +75,7 @@ TEST(Program, LeavesCommandsToWhoKnowsThem) {
     EXPECT_EQ(answerTo({"count", "--minimum", "3"}).command, "count");
     EXPECT_EQ(answerTo({"keys", "--help"}).command, "keys") << "it may be a key";
     Program withoutArguments = program;
-    withoutArguments.commands.push_back({""});
+    withoutArguments.commands.push_back({"", {}});
     EXPECT_EQ(answerTo({}, withoutArguments).command, "none");
     EXPECT_EQ(answerTo({""}, withoutArguments).status, ExitStatus::usage) << "an argument, if an empty one";
 }
