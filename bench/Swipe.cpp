@@ -3,7 +3,7 @@
 #include "ProcessorTime.h"
 #include "SimulatedFinger.h"
 #include "SwipeWords.h"
-#include "WordFile.h"
+#include "WordViews.h"
 #include "swipe/SwipeDecoder.h"
 
 #include <algorithm>
@@ -21,8 +21,8 @@ using Stroke = std::vector<SwipePoint>;
 constexpr std::size_t wordCount = 100'000;
 constexpr std::int64_t limit = 5;
 
-const CountedWords& words() {
-    static const CountedWords words = sampleWords(wordCount);
+const std::vector<WordCount>& words() {
+    static const std::vector<WordCount> words = sampleWords(wordCount);
     return words;
 }
 
@@ -90,7 +90,7 @@ BENCHMARK(swipeVanoka)->Name("swipe/vanoka")->Iterations(3)->UseManualTime();
 void swipePersonal(benchmark::State& state) {
     SwipeDecoder::Personal personal;
     for (std::size_t i = 0; i < words().size(); i += words().size() / 2000)
-        personal[words()[i].first] = static_cast<std::int64_t>(1 + i % 7);
+        personal[words()[i].word] = static_cast<std::int64_t>(1 + i % 7);
     const SwipeLayout layout(keyboard().layout());
     decodeEach(state, 2000, [&](const Stroke& stroke) {
         return decoder().wordsFor(stroke, layout, keyboard().keyWidth, limit, personal);

@@ -40,16 +40,16 @@ std::string word(std::mt19937& random) {
 
 } // namespace
 
-std::vector<std::pair<std::string, std::int64_t>> sampleWords(std::size_t count) {
+std::vector<WordCount> sampleWords(std::size_t count) {
     std::mt19937 random(20);
     std::unordered_set<std::string> seen;
-    std::vector<std::pair<std::string, std::int64_t>> words;
+    std::vector<WordCount> words;
     while (words.size() < count) {
         std::string next = word(random);
         if (!seen.insert(next).second)
             continue;
         const auto rank = static_cast<std::int64_t>(words.size() + 1);
-        words.emplace_back(std::move(next), std::max<std::int64_t>(1, 50'000 / rank));
+        words.push_back({std::move(next), std::max<std::int64_t>(1, 50'000 / rank)});
     }
     std::shuffle(words.begin(), words.end(), random); // real lists are in any order
     return words;

@@ -27,32 +27,29 @@ MAY_INCLUDE = {
     "core": CORE,
     "Vanoka": APPLICATION,
     "platform/linux": APPLICATION + ["platform/linux"],
-    "platform/terminal": APPLICATION + ["platform/linux", "platform/shell", "platform/terminal"],
-    "platform/swipe": CORE + ["platform/shell", "platform/swipe"],
+    "platform/terminal": APPLICATION + ["platform/terminal"],
     "platform/ibus": APPLICATION + ["platform/linux", "platform/ibus"],
     "platform/fcitx5": APPLICATION + ["platform/linux", "platform/fcitx5"],
     "platform/macos": APPLICATION + ["platform/macos"],
-    "platform": CORE,
+    "tools/support": CORE + ["tools/support"],
+    "tools/singlish": APPLICATION + ["platform/linux", "platform/terminal", "tools/support", "tools/singlish"],
+    "tools/lists": APPLICATION + ["platform/linux", "platform/terminal", "tools/support", "tools/lists"],
+    "tools/swipe": CORE + ["tools/support", "tools/swipe"],
 }
 
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s+"([^"]+)"', re.MULTILINE)
 
 
 def rule_for(path):
-    """The folder whose rule counts for a path; a folder of `platform` without one of its own is a tool over
-    the core that may include itself too."""
+    """What the longest folder with a rule that holds a path may include; nothing where no folder has one."""
     folders = [folder for folder in MAY_INCLUDE if path.is_relative_to(folder)]
-    folder = max(folders, key=len)
-    allowed = MAY_INCLUDE[folder]
-    if folder == "platform":
-        allowed = allowed + ["/".join(path.parts[:2])]
-    return allowed
+    return MAY_INCLUDE[max(folders, key=len)] if folders else []
 
 
 def found(top, including, name):
     """The file of the tree that an #include means, or None for one that is generated."""
-    platforms = sorted(folder for folder in (top / "platform").iterdir() if folder.is_dir())
-    for root in [top / including.parent, top / "core", top / "Vanoka", *platforms]:
+    above = sorted(folder for floor in ("platform", "tools") for folder in (top / floor).iterdir() if folder.is_dir())
+    for root in [top / including.parent, top / "core", top / "Vanoka", *above, top / "platform/linux/doctor"]:
         if (root / name).is_file():
             return (root / name).resolve().relative_to(top)
     return None
@@ -60,7 +57,7 @@ def found(top, including, name):
 
 def main():
     top = Path(sys.argv[1]).resolve()
-    files = [path for folder in ("core", "Vanoka", "platform") for path in sorted((top / folder).rglob("*"))
+    files = [path for folder in ("core", "Vanoka", "platform", "tools") for path in sorted((top / folder).rglob("*"))
              if path.suffix in {".h", ".cpp", ".mm", ".in"}]
     checked = wrong = 0
     for path in files:

@@ -1,5 +1,8 @@
 #include "Component.h"
 
+#include "EngineFiles.h"
+
+#include <algorithm>
 #include <cstdlib>
 #include <ibus.h>
 #include <string_view>
@@ -20,23 +23,13 @@ bool isFile(const fs::path& path) {
     return fs::is_regular_file(path, error);
 }
 
-/// The first folder of a list in the daemon's form, separated by colons, that holds the description.
-std::optional<fs::path> findIn(std::string_view folders) {
-    while (!folders.empty()) {
-        const std::size_t end = std::min(folders.find(':'), folders.size());
-        fs::path path = fs::path(folders.substr(0, end)) / fileName;
-        if (isFile(path))
-            return path;
-        folders.remove_prefix(std::min(end + 1, folders.size()));
-    }
-    return std::nullopt;
-}
-
 } // namespace
 
 std::optional<fs::path> find() {
-    const char* folders = std::getenv("IBUS_COMPONENT_PATH"); // in place of the usual folder
-    return findIn(folders && *folders ? folders : VANOKA_COMPONENT_FOLDER);
+    const char* setting = std::getenv(EngineFiles::componentPath);
+    const auto files = EngineFiles::ofIBus(setting ? setting : "");
+    const auto found = std::ranges::find_if(files, isFile);
+    return found == files.end() ? std::nullopt : std::optional(*found);
 }
 
 std::optional<std::string> nameIn(const fs::path& path) {

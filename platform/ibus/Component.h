@@ -7,7 +7,6 @@
 /// The installed component description: the file by which the daemon knows this program and its engine.
 namespace vanoka::ibus::Component {
 
-inline constexpr const char* fileName = "vanoka.xml";
 inline constexpr const char* engineName = "vanoka";
 
 /// Where the daemon finds it; nothing when it is not installed.

@@ -98,6 +98,15 @@ void handleAll() {
 
 } // namespace
 
+bool Terminal::movesCursor() {
+    const char* name = std::getenv("TERM");
+    return name && std::string_view(name) != "dumb" && *name != '\0';
+}
+
+int Terminal::outputDescriptor() {
+    return ::isatty(STDOUT_FILENO) ? STDOUT_FILENO : ::open("/dev/tty", O_RDWR | O_CLOEXEC);
+}
+
 Terminal::Terminal(int input, int output) : input_(input), output_(openedAnew(output)) {
     if (::pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         signalPipe = {-1, -1};

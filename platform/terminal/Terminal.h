@@ -32,6 +32,12 @@ public:
         bool isTimeout = false; ///< the time is over
     };
 
+    /// False where the environment names no terminal, or one whose cursor cannot be moved.
+    static bool movesCursor();
+    /// The terminal to draw on: standard output, or, where that is a file or a pipe, the one that is typed
+    /// on. Negative when there is none; `errno` tells why.
+    static int outputDescriptor();
+
     /// Takes over the terminal that `input` and `output`, two descriptors, are.
     Terminal(int input, int output);
     Terminal(const Terminal&) = delete;

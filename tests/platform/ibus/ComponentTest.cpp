@@ -1,5 +1,6 @@
 #include "Component.h"
 
+#include "EngineFiles.h"
 #include "TemporaryFolder.h"
 
 #include <fstream>
@@ -13,7 +14,7 @@ namespace {
 
 TEST(Component, HasTheNameThatItsDescriptionGives) {
     const test::TemporaryFolder folder;
-    const auto path = folder.path() / Component::fileName;
+    const auto path = folder.path() / EngineFiles::componentName;
     EXPECT_EQ(Component::nameIn(path), std::nullopt) << "no description";
     struct Row {
         const char* text;
@@ -44,11 +45,11 @@ TEST(Component, IsFoundWhereTheDaemonLooks) {
     std::filesystem::create_directory(second);
     ::setenv("IBUS_COMPONENT_PATH", (first.native() + ":" + second.native()).c_str(), 1);
     EXPECT_EQ(Component::find(), std::nullopt);
-    std::ofstream(second / Component::fileName) << "<component/>";
-    EXPECT_EQ(Component::find(), second / Component::fileName);
+    std::ofstream(second / EngineFiles::componentName) << "<component/>";
+    EXPECT_EQ(Component::find(), second / EngineFiles::componentName);
     std::filesystem::create_directory(first);
-    std::ofstream(first / Component::fileName) << "<component/>";
-    EXPECT_EQ(Component::find(), first / Component::fileName);
+    std::ofstream(first / EngineFiles::componentName) << "<component/>";
+    EXPECT_EQ(Component::find(), first / EngineFiles::componentName);
 }
 
 TEST(Component, DescribesTheEngine) {
