@@ -13,7 +13,7 @@ int runRegistration(StartUpPlatform& platform, std::ostream& output) {
     if (status == 0)
         output << "Registered Vanoka input source\n" << std::flush;
     else
-        output << "TISRegisterInputSource failed: " << status << '\n' << std::flush;
+        output << platform.registrationFailure(status) << '\n' << std::flush;
     return status == 0 ? 0 : 1;
 }
 

@@ -17,6 +17,9 @@ public:
     /// Makes the system know the input source; 0 when it does, otherwise the platform's status.
     virtual std::int32_t registerInputSource() = 0;
 
+    /// The line that tells a person of that status, which is not 0.
+    virtual std::string registrationFailure(std::int32_t status) const = 0;
+
     /// Shows the settings window as a program of its own until it is closed; the exit status.
     virtual int runSettings() = 0;
 

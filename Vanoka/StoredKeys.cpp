@@ -15,7 +15,7 @@ std::string placed(const char* preposition, const std::string& place) {
 
 std::string readingProblem(const SinglishSettings& settings) {
     const auto condition = settings.condition();
-    const std::string start = "Your keys cannot be read" + placed("from", condition.place);
+    const std::string start = "Your keys cannot be read" + placed("from", condition.location);
     if (settings.isStoredDamaged())
         return start + "It is damaged. Your next change sets it aside.";
     if (!condition.unreadable.empty())
@@ -27,7 +27,7 @@ std::string storingProblem(const SinglishSettings& settings) {
     const auto condition = settings.condition();
     if (condition.unstored.empty())
         return {};
-    return "Your keys could not be stored" + placed("in", condition.place) + condition.unstored +
+    return "Your keys could not be stored" + placed("in", condition.location) + condition.unstored +
            (condition.unreadable.empty() ? "." : wayOut);
 }
 

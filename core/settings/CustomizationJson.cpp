@@ -46,11 +46,11 @@ public:
     bool string(std::string& text) {
         if (foreignDepth_ > 0)
             return true;
-        if (place_ == Place::addedKey && name_ == keyName)
+        if (level_ == Level::addedKey && name_ == keyName)
             entry_.key = std::move(text);
-        else if (place_ == Place::addedKey && name_ == letterName)
+        else if (level_ == Level::addedKey && name_ == letterName)
             entry_.letter = std::move(text);
-        else if (place_ == Place::disabledKeys && disabled_)
+        else if (level_ == Level::disabledKeys && disabled_)
             disabled_->insert(std::move(text));
         else
             return misplaced();
@@ -58,12 +58,12 @@ public:
     }
 
     bool start_object(std::size_t) {
-        if (foreignDepth_ == 0 && place_ == Place::outside) {
-            place_ = Place::document;
+        if (foreignDepth_ == 0 && level_ == Level::outside) {
+            level_ = Level::document;
             return true;
         }
-        if (foreignDepth_ == 0 && place_ == Place::addedKeys) {
-            place_ = Place::addedKey;
+        if (foreignDepth_ == 0 && level_ == Level::addedKeys) {
+            level_ = Level::addedKey;
             entry_ = {};
             return true;
         }
@@ -71,13 +71,13 @@ public:
     }
 
     bool start_array(std::size_t) {
-        if (foreignDepth_ == 0 && place_ == Place::document && name_ == addedKeysName) {
-            place_ = Place::addedKeys;
+        if (foreignDepth_ == 0 && level_ == Level::document && name_ == addedKeysName) {
+            level_ = Level::addedKeys;
             added_.emplace();
             return true;
         }
-        if (foreignDepth_ == 0 && place_ == Place::document && name_ == disabledKeysName) {
-            place_ = Place::disabledKeys;
+        if (foreignDepth_ == 0 && level_ == Level::document && name_ == disabledKeysName) {
+            level_ = Level::disabledKeys;
             disabled_.emplace();
             return true;
         }
@@ -88,7 +88,7 @@ public:
     bool end_array() { return leave(); }
 
 private:
-    enum class Place : std::uint8_t { outside, document, addedKeys, addedKey, disabledKeys };
+    enum class Level : std::uint8_t { outside, document, addedKeys, addedKey, disabledKeys };
 
     /// A record while it is read; a field that is missing or of the wrong type is absent.
     struct Entry {
@@ -106,13 +106,13 @@ private:
     bool misplaced() {
         if (foreignDepth_ > 0)
             return true;
-        if (place_ == Place::addedKey && name_ == keyName)
+        if (level_ == Level::addedKey && name_ == keyName)
             entry_.key.reset();
-        else if (place_ == Place::addedKey && name_ == letterName)
+        else if (level_ == Level::addedKey && name_ == letterName)
             entry_.letter.reset();
-        else if (place_ == Place::addedKeys || (place_ == Place::document && name_ == addedKeysName))
+        else if (level_ == Level::addedKeys || (level_ == Level::document && name_ == addedKeysName))
             added_.reset();
-        else if (place_ == Place::disabledKeys || (place_ == Place::document && name_ == disabledKeysName))
+        else if (level_ == Level::disabledKeys || (level_ == Level::document && name_ == disabledKeysName))
             disabled_.reset();
         return true;
     }
@@ -120,11 +120,11 @@ private:
     bool leave() {
         if (foreignDepth_ > 0) {
             --foreignDepth_;
-        } else if (place_ == Place::addedKey) {
-            place_ = Place::addedKeys;
+        } else if (level_ == Level::addedKey) {
+            level_ = Level::addedKeys;
             addEntry();
         } else {
-            place_ = place_ == Place::document ? Place::outside : Place::document;
+            level_ = level_ == Level::document ? Level::outside : Level::document;
         }
         return true;
     }
@@ -136,7 +136,7 @@ private:
             added_->push_back({std::move(*entry_.key), std::move(*entry_.letter)});
     }
 
-    Place place_ = Place::outside;
+    Level level_ = Level::outside;
     std::size_t foreignDepth_ = 0; // of containers that belong to no field
     std::string name_;             // of the field whose value comes next
     Entry entry_;

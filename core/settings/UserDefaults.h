@@ -25,7 +25,7 @@ public:
 
     /// How a value is stored, for a person to read. Texts are empty where there is nothing to tell.
     struct Condition {
-        std::string place;      ///< where it is kept
+        std::string location;   ///< where it is kept
         std::string unreadable; ///< why what stands there cannot be read
         std::string unstored;   ///< why the value in force is not what stands there
         std::string setAside;   ///< where this process has put what stood there before

@@ -54,8 +54,8 @@ struct TheKeysOf {
     static constexpr bool haveRoom = true;
 };
 
-constexpr char hexadecimalDigit(char32_t value, unsigned place) {
-    return "0123456789ABCDEF"[(value >> (4 * place)) & 0xFU];
+constexpr char hexadecimalDigit(char32_t value, unsigned digit) {
+    return "0123456789ABCDEF"[(value >> (4 * digit)) & 0xFU];
 }
 
 template <char32_t letter>

@@ -54,7 +54,7 @@ private:
     };
 
     struct State {
-        std::size_t held = 0; // the place of the keys in `held_`
+        std::size_t held = 0; // the index of the keys in `held_`
         OpenConsonant open = OpenConsonant::none;
     };
 

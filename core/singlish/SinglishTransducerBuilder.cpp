@@ -47,39 +47,39 @@ void SinglishTransducer::Builder::build() {
 bool SinglishTransducer::Builder::findKeys() {
     result_.held_.push_back({});
     keys_.push_back({});
-    for (std::size_t place = 0; place < keys_.size() && keys_.size() <= mostKeys; ++place)
-        findContinuations(place);
+    for (std::size_t index = 0; index < keys_.size() && keys_.size() <= mostKeys; ++index)
+        findContinuations(index);
     return keys_.size() <= mostKeys;
 }
 
-void SinglishTransducer::Builder::findContinuations(std::size_t place) {
+void SinglishTransducer::Builder::findContinuations(std::size_t index) {
     for (const char letter : asciiLetters) {
-        SinglishReader::Beginning beginning = keys_[place].beginning;
+        SinglishReader::Beginning beginning = keys_[index].beginning;
         const std::string_view character(&letter, 1);
         const SinglishToken* token =
-            place == 0 ? reader_.begin(beginning, character) : reader_.goOn(beginning, character);
+            index == 0 ? reader_.begin(beginning, character) : reader_.goOn(beginning, character);
         const bool isHeld = beginning.isOpen(reader_);
         if (!isHeld && !token)
             continue;
-        const std::string keys = result_.held_[place].keys + letter;
-        keys_[place].continuations.push_back({letter, token, isHeld ? keys_.size() : 0});
+        const std::string keys = result_.held_[index].keys + letter;
+        keys_[index].continuations.push_back({letter, token, isHeld ? keys_.size() : 0});
         if (token && isJoined(*token))
             mayJoin_[indexOf(keys.front())] = true;
         if (isHeld) {
             result_.held_.push_back({keys, {}});
-            keys_.push_back({.before = place, .beginning = beginning, .token = token});
+            keys_.push_back({.before = index, .beginning = beginning, .token = token});
         }
     }
 }
 
 /// Which consonant is open before keys makes no difference unless the first that they write may be ය or ර.
 void SinglishTransducer::Builder::findStates() {
-    for (std::size_t place = 0; place < keys_.size(); ++place) {
-        auto& [keys, states] = result_.held_[place];
-        const bool mayJoin = place == 0 || mayJoin_[indexOf(keys.front())];
+    for (std::size_t index = 0; index < keys_.size(); ++index) {
+        auto& [keys, states] = result_.held_[index];
+        const bool mayJoin = index == 0 || mayJoin_[indexOf(keys.front())];
         for (const OpenConsonant open : everyOpen) {
             if (mayJoin || open <= OpenConsonant::other)
-                result_.states_.push_back({place, open});
+                result_.states_.push_back({index, open});
             states[static_cast<std::size_t>(open)] = static_cast<StateIndex>(result_.states_.size() - 1);
         }
     }
@@ -95,9 +95,9 @@ void SinglishTransducer::Builder::fillRow(Row& row, const State& state) {
     row = result_.rows_[decided.next];
     if (decided.length > 0)
         writeBefore(row, decided);
-    for (const auto& [letter, token, place] : keys_[state.held].continuations)
+    for (const auto& [letter, token, index] : keys_[state.held].continuations)
         row[indexOf(letter)] =
-            place > 0 ? Step{.next = result_.stateOf(place, state.open)} : stepOf(*token, state.open);
+            index > 0 ? Step{.next = result_.stateOf(index, state.open)} : stepOf(*token, state.open);
 }
 
 SinglishTransducer::Step SinglishTransducer::Builder::decide(const State& state) {
@@ -121,9 +121,9 @@ SinglishTransducer::Step SinglishTransducer::Builder::stepOf(const SinglishToken
 }
 
 SinglishTransducer::Step SinglishTransducer::Builder::step(std::string_view text, StateIndex next) {
-    const auto place = static_cast<std::uint32_t>(result_.texts_.size());
+    const auto start = static_cast<std::uint32_t>(result_.texts_.size());
     result_.texts_ += text;
-    return {next, static_cast<std::uint16_t>(text.size()), place};
+    return {next, static_cast<std::uint16_t>(text.size()), start};
 }
 
 /// Lets every step of `row` write what `first` does before its own text.
@@ -135,10 +135,10 @@ void SinglishTransducer::Builder::writeBefore(Row& row, const Step& first) {
         length += step.length;
     texts.resize(end + length + usualStep);
     for (Step& step : row) {
-        const auto place = static_cast<std::uint32_t>(end);
+        const auto start = static_cast<std::uint32_t>(end);
         copy(&texts[first.text], first.length, &texts[end]);
         copy(&texts[step.text], step.length, &texts[end + first.length]);
-        step = {step.next, static_cast<std::uint16_t>(first.length + step.length), place};
+        step = {step.next, static_cast<std::uint16_t>(first.length + step.length), start};
         end += step.length;
     }
     texts.resize(end);

@@ -24,19 +24,19 @@ private:
     struct Continuation {
         char letter = 0;
         const SinglishToken* token = nullptr; // what they type with it; null: nothing as a whole
-        std::size_t place = 0;                // of both, when they are held back; 0: they are decided
+        std::size_t index = 0;                // of both, when they are held back; 0: they are decided
     };
 
-    /// Keys that may be held back, in the same place as in the result.
+    /// Keys that may be held back, in the same index as in the result.
     struct Keys {
-        std::size_t before = 0; // the place of the same keys without the last one
+        std::size_t before = 0; // the index of the same keys without the last one
         SinglishReader::Beginning beginning = {};
         const SinglishToken* token = nullptr; // what they type; null: nothing as a whole
         std::vector<Continuation> continuations;
     };
 
     bool findKeys();
-    void findContinuations(std::size_t place);
+    void findContinuations(std::size_t index);
     void findStates();
     void fillPassing(Row& row);
     void fillRow(Row& row, const State& state);

@@ -60,13 +60,13 @@ void SwipeComparison::prepareBound() {
     std::array<float, coarse> coarseX{}, coarseY{};
     std::array<float, fine> fineX{}, fineY{};
     for (std::size_t k = 0; k < points; ++k) {
-        const SwipeLayout::Place place = layout_.place(target_[k]);
-        if (!(std::abs(place.x) <= farthestPoint && std::abs(place.y) <= farthestPoint))
+        const SwipeLayout::Position position = layout_.positionOf(target_[k]);
+        if (!(std::abs(position.x) <= farthestPoint && std::abs(position.y) <= farthestPoint))
             return;
-        coarseX[k * coarse / points] += place.x;
-        coarseY[k * coarse / points] += place.y;
-        fineX[k * fine / points] += place.x;
-        fineY[k * fine / points] += place.y;
+        coarseX[k * coarse / points] += position.x;
+        coarseY[k * coarse / points] += position.y;
+        fineX[k * fine / points] += position.x;
+        fineY[k * fine / points] += position.y;
     }
     coarseX_ = Lanes<coarse>(coarseX);
     coarseY_ = Lanes<coarse>(coarseY);
@@ -134,7 +134,7 @@ double SwipeComparison::distance(std::string_view spelling, double atMost) const
 
 /// An ideal path as where it turns.
 struct SwipeComparison::Turns {
-    SwipeLayout::Place start;
+    SwipeLayout::Position start;
     SwipeLayout::Leg firstLeg;
     std::size_t count = 0;
     std::array<float, longestBounded> arcs, x,
@@ -142,7 +142,7 @@ struct SwipeComparison::Turns {
     float length = 0;
 
     Turns(std::string_view spelling, const SwipeLayout& layout)
-        : start(layout.letterPlace(spelling[0])),
+        : start(layout.letterPosition(spelling[0])),
           firstLeg(layout.leg(spelling[0], spelling[1])),
           count(spelling.size() - 2),
           length(firstLeg.length) {

@@ -21,8 +21,8 @@ SwipeLayout::SwipeLayout(const SwipeKeys& keys) : centers_(SwipeGeometry::center
     for (const auto& [code, center] : centers_) {
         if (code < 'a' || code > 'z')
             continue;
-        letterCenters_[place(static_cast<char>(code))] = center;
-        isThere_[place(static_cast<char>(code))] = true;
+        letterCenters_[indexOf(static_cast<char>(code))] = center;
+        isThere_[indexOf(static_cast<char>(code))] = true;
     }
     for (std::size_t from = 0; from < letters; ++from)
         for (std::size_t to = 0; to < letters; ++to)
@@ -34,10 +34,10 @@ SwipeLayout::SwipeLayout(const SwipeKeys& keys) : centers_(SwipeGeometry::center
 }
 
 bool SwipeLayout::hasAll(std::string_view spelling) const noexcept {
-    return std::ranges::all_of(spelling, [this](char key) { return isThere_[place(key)]; });
+    return std::ranges::all_of(spelling, [this](char key) { return isThere_[indexOf(key)]; });
 }
 
-SwipeLayout::Place SwipeLayout::place(SwipePoint point) const noexcept {
+SwipeLayout::Position SwipeLayout::positionOf(SwipePoint point) const noexcept {
     const double size = size_.value_or(notANumber);
     return {static_cast<float>((point.x - middle_.x) / size),
             static_cast<float>((point.y - middle_.y) / size)};
@@ -65,7 +65,7 @@ void SwipeLayout::measure() {
 
 void SwipeLayout::layLegs() {
     for (std::size_t from = 0; from < letters; ++from) {
-        places_[from] = place(letterCenters_[from]);
+        positions_[from] = positionOf(letterCenters_[from]);
         for (std::size_t to = 0; to < letters; ++to) {
             const SwipePoint start = letterCenters_[from], end = letterCenters_[to];
             const double x = (end.x - start.x) / *size_, y = (end.y - start.y) / *size_;

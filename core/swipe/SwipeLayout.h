@@ -21,12 +21,12 @@ public:
     const SwipeGeometry::Centers& centers() const noexcept { return centers_; }
 
     /// The centre of a letter's key, a to z; not numbers where the layout has no such key.
-    SwipePoint center(char letter) const noexcept { return letterCenters_[place(letter)]; }
+    SwipePoint center(char letter) const noexcept { return letterCenters_[indexOf(letter)]; }
     /// True when every key of the spelling, from a to z each, is on the layout.
     bool hasAll(std::string_view spelling) const noexcept;
     /// How far it is from one letter's key to another's.
     double distance(char from, char to) const noexcept {
-        return distances_[place(from) * letters + place(to)];
+        return distances_[indexOf(from) * letters + indexOf(to)];
     }
 
     /// The straight way between two keys, in units of the keyboard's size. Single precision is enough for
@@ -36,21 +36,21 @@ public:
         float x = 0, y = 0; ///< the direction, of length 1; none when the keys are in one place
     };
     /// A point in units of the keyboard's size, seen from its middle.
-    struct Place {
+    struct Position {
         float x = 0, y = 0;
     };
-    Leg leg(char from, char to) const noexcept { return legs_[place(from) * row + place(to)]; }
-    Place place(SwipePoint point) const noexcept;
-    Place letterPlace(char letter) const noexcept { return places_[place(letter)]; }
+    Leg leg(char from, char to) const noexcept { return legs_[indexOf(from) * row + indexOf(to)]; }
+    Position positionOf(SwipePoint point) const noexcept;
+    Position letterPosition(char letter) const noexcept { return positions_[indexOf(letter)]; }
 
     /// The keyboard's size: half its longer side, in layout units. Nothing when the letters' keys have no
-    /// size or stand where single precision cannot tell them apart; there are no legs and places then.
+    /// size or stand where single precision cannot tell them apart; there are no legs and positions then.
     std::optional<double> size() const noexcept { return size_; }
 
 private:
     static constexpr std::size_t row =
         32; ///< of the legs: a shift finds one, and they are found by the million
-    static constexpr std::size_t place(char letter) noexcept {
+    static constexpr std::size_t indexOf(char letter) noexcept {
         return static_cast<std::size_t>(letter - 'a');
     }
     void measure();
@@ -63,7 +63,7 @@ private:
     SwipePoint middle_;
     std::optional<double> size_;
     std::array<Leg, letters * row> legs_{};
-    std::array<Place, letters> places_{};
+    std::array<Position, letters> positions_{};
 };
 
 } // namespace vanoka

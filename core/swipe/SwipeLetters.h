@@ -12,7 +12,7 @@ struct SwipeLetter {
 
     Kind kind = Kind::consonant;
     std::string full; ///< the key codes of the letter's first key
-    std::string chat; ///< the same without marks of aspiration and length, as people write in chat
+    std::string chat; ///< the same without what tells aspiration and length, as people write in chat
 };
 
 /// The letter that `scalar` is; null when it has no place on a Latin keyboard. The table is made from the

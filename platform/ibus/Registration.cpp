@@ -57,4 +57,12 @@ std::int32_t registerEngine() {
     return knowsEngineInTime(bus.get()) ? 0 : -ETIMEDOUT;
 }
 
+std::string_view meaningOf(std::int32_t result) noexcept {
+    if (result == -ENOENT)
+        return "its description for IBus is not installed";
+    if (result == -ECONNREFUSED)
+        return "no ibus-daemon is running here";
+    return "the ibus-daemon was started anew and does not know it yet";
+}
+
 } // namespace vanoka::ibus

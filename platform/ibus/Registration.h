@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 namespace vanoka::ibus {
 
@@ -11,5 +12,8 @@ namespace vanoka::ibus {
 /// A daemon reads the descriptions only when it starts, so one that does not know the engine yet is started
 /// anew, as its own "restart" command does.
 std::int32_t registerEngine();
+
+/// What a result other than 0 means, as the rest of a sentence for a person.
+std::string_view meaningOf(std::int32_t result) noexcept;
 
 } // namespace vanoka::ibus

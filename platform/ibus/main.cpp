@@ -39,6 +39,10 @@ class Platform final : public StartUpPlatform {
 public:
     std::int32_t registerInputSource() override { return ibus::registerEngine(); }
 
+    std::string registrationFailure(std::int32_t status) const override {
+        return "Vanoka could not be registered: " + std::string(ibus::meaningOf(status));
+    }
+
     int runSettings() override {
         const auto program = SettingsProgram::find(SettingsProgram::ownFolder());
         if (!program) {

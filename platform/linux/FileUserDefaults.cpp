@@ -120,7 +120,7 @@ void FileUserDefaults::setAside(std::string_view name) {
 UserDefaults::Condition FileUserDefaults::condition(std::string_view name) const {
     Condition condition;
     if (!folder_.empty())
-        condition.place = pathOf(name).string();
+        condition.location = pathOf(name).string();
     if (const auto last = last_.find(name); last != last_.end() && last->second.error)
         condition.unreadable = last->second.error.message();
     if (const auto unsaved = unsaved_.find(name); unsaved != unsaved_.end())

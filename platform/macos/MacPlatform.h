@@ -11,6 +11,7 @@ namespace vanoka::mac {
 class MacPlatform final : public StartUpPlatform {
 public:
     std::int32_t registerInputSource() override;
+    std::string registrationFailure(std::int32_t status) const override;
     int runSettings() override;
     std::optional<std::string> connectionName() const override;
     bool createServer(const std::string& connectionName) override;

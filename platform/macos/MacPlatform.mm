@@ -15,6 +15,10 @@ std::int32_t MacPlatform::registerInputSource() {
     return TISRegisterInputSource((VANOKA_BRIDGE CFURLRef)[[NSBundle mainBundle] bundleURL]);
 }
 
+std::string MacPlatform::registrationFailure(std::int32_t status) const {
+    return "TISRegisterInputSource failed: " + std::to_string(status);
+}
+
 int MacPlatform::runSettings() {
     NSApplication* application = [NSApplication sharedApplication];
     [application setActivationPolicy:NSApplicationActivationPolicyRegular];

@@ -15,6 +15,9 @@ public:
         calls += "register ";
         return status;
     }
+    std::string registrationFailure(std::int32_t failed) const override {
+        return "Not today: " + std::to_string(failed);
+    }
     int runSettings() override {
         calls += "settings ";
         return settingsStatus;
@@ -55,12 +58,12 @@ TEST_F(StartUpTest, RegistersAndSaysSo) {
     EXPECT_EQ(platform.calls, "register ");
 }
 
-TEST_F(StartUpTest, SaysWhyRegistrationFailed) {
+TEST_F(StartUpTest, LetsThePlatformSayWhyRegistrationFailed) {
     platform.status = -50;
     EXPECT_EQ(start({"Vanoka", "--register"}), 1);
     platform.status = 7;
     EXPECT_EQ(start({"Vanoka", "--register"}), 1);
-    EXPECT_EQ(output.str(), "TISRegisterInputSource failed: -50\nTISRegisterInputSource failed: 7\n");
+    EXPECT_EQ(output.str(), "Not today: -50\nNot today: 7\n");
 }
 
 TEST_F(StartUpTest, RegistersOnlyWhenBothSwitchesAreThere) {

@@ -10,7 +10,7 @@ namespace {
 
 class StoredKeysTest : public testing::Test {
 protected:
-    StoredKeysTest() { defaults.said.place = "/home/keys"; }
+    StoredKeysTest() { defaults.said.location = "/home/keys"; }
 
     test::TroubledDefaults defaults;
     SinglishSettings settings{defaults};
@@ -35,7 +35,7 @@ TEST_F(StoredKeysTest, AReasonIsSaidWithThePlaceAndTheWayOut) {
     defaults.said.unstored = "No space left on device";
     EXPECT_EQ(StoredKeys::storingProblem(settings),
               "Your keys could not be stored in /home/keys: No space left on device.");
-    defaults.said.place = "";
+    defaults.said.location = "";
     EXPECT_EQ(StoredKeys::storingProblem(settings),
               "Your keys could not be stored: No space left on device.");
 }

@@ -59,7 +59,7 @@ public:
         log += 'a';
     }
     Condition condition(std::string_view name) const override {
-        return {.place = std::string(name), .unreadable = {}, .unstored = "No room", .setAside = {}};
+        return {.location = std::string(name), .unreadable = {}, .unstored = "No room", .setAside = {}};
     }
 
     std::string log;

@@ -63,14 +63,14 @@ TEST_F(StartUpModesTest, StartsADaemonAnewThatWasThereBeforeTheEngine) {
 TEST_F(StartUpModesTest, SaysThatNoDaemonRuns) {
     const Ended ended = run(noDaemon(), "--register");
     EXPECT_EQ(WEXITSTATUS(ended.status), 1);
-    EXPECT_EQ(ended.output, "TISRegisterInputSource failed: -111\n");
+    EXPECT_EQ(ended.output, "Vanoka could not be registered: no ibus-daemon is running here\n");
     EXPECT_EQ(ended.errors, "");
 }
 
 TEST_F(StartUpModesTest, SaysThatTheDescriptionIsNotInstalled) {
     const Ended ended = run("IBUS_COMPONENT_PATH=/nowhere", "--register");
     EXPECT_EQ(WEXITSTATUS(ended.status), 1);
-    EXPECT_EQ(ended.output, "TISRegisterInputSource failed: -2\n");
+    EXPECT_EQ(ended.output, "Vanoka could not be registered: its description for IBus is not installed\n");
 }
 
 TEST_F(StartUpModesTest, ShowsTheSettingsWindowInItsPlace) {

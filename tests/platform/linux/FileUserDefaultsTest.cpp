@@ -172,7 +172,7 @@ TEST_F(FileUserDefaultsTest, WhatIsReadCanBeWrittenAndTheOtherWayRound) {
 
 TEST_F(FileUserDefaultsTest, TellHowAValueIsStored) {
     EXPECT_EQ(defaults.condition(storedName),
-              (UserDefaults::Condition{.place = file, .unreadable = {}, .unstored = {}, .setAside = {}}));
+              (UserDefaults::Condition{.location = file, .unreadable = {}, .unstored = {}, .setAside = {}}));
     fs::create_directories(file);
     defaults.data(storedName);
     EXPECT_EQ(defaults.condition(storedName).unreadable, "Is a directory");
@@ -194,7 +194,7 @@ TEST_F(FileUserDefaultsTest, NothingCanAlwaysBeStored) {
         defaults.setData(storedName, std::nullopt);
         EXPECT_EQ(defaults.condition(storedName),
                   (UserDefaults::Condition{
-                      .place = file, .unreadable = {}, .unstored = {}, .setAside = file.string() + kept}));
+                      .location = file, .unreadable = {}, .unstored = {}, .setAside = file.string() + kept}));
         EXPECT_FALSE(fs::exists(file));
         EXPECT_TRUE(fs::exists(file.string() + kept));
         std::ofstream(file) << "";
