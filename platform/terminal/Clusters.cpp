@@ -1,5 +1,6 @@
 #include "Clusters.h"
 
+#include "singlish/SinglishScheme.h"
 #include "text/Characters.h"
 #include "text/Utf8.h"
 
@@ -8,8 +9,6 @@
 namespace vanoka::Clusters {
 
 namespace {
-
-constexpr std::string_view joiner = "\u200D";
 
 std::size_t widthOfScalar(char32_t value) {
     const auto scalar = static_cast<utf8proc_int32_t>(value);
@@ -24,7 +23,7 @@ std::size_t widthOfScalar(char32_t value) {
 
 std::string_view first(std::string_view text) {
     std::size_t length = text::firstCharacter(text).size();
-    while (length < text.size() && text.substr(0, length).ends_with(joiner))
+    while (length < text.size() && text.substr(0, length).ends_with(SinglishScheme::zeroWidthJoiner))
         length += text::firstCharacter(text.substr(length)).size();
     return text.substr(0, length);
 }
