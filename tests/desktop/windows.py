@@ -293,6 +293,11 @@ class Fields:
             lines = file.read().split(b"\n")  # the last is not whole
         return lines[-2].decode().split("|") if len(lines) > 1 else ["", "", ""]
 
+    def wait_for(self, text):
+        """Until the first field has a text: a key that comes back to the program acts when it comes, and the next
+        word may overtake it there."""
+        wait_until(lambda: self.texts()[0] == text, "the first field has %r" % text)
+
     def expect(self, *texts):
         """The texts of the fields at the end of the day; one of several where there are sets."""
         def as_wanted():
@@ -314,8 +319,9 @@ class Fields:
 # What a person does in the middle of a word. Each leaves the field with the word and types on elsewhere.
 
 def by_keys(fields):
-    fields.desk.keys(*"amma", "period", *"ka", "comma", "1", *"kra", "space", *"amma", "BackSpace", "Return", *"ab",
-                     "Escape")
+    fields.desk.keys(*"amma", "period", *"ka", "comma", "1")
+    fields.wait_for(WORD + "." + KA + ",1")
+    fields.desk.keys(*"kra", "space", *"amma", "BackSpace", "Return", *"ab", "Escape")
     fields.expect(WORD + "." + KA + ",1" + KA + "\u0dca\u200d\u0dbb" + " \u0d85\u0db8\u0dca" + fields.line_end + "ab", "", "")
 
 
