@@ -23,6 +23,9 @@ public:
     using Counts = std::map<std::string, std::int64_t, text::CanonicalLess>;
     using Chat = std::set<std::string, text::CanonicalLess>;
 
+    /// What stands in place of the count of a chat word.
+    static constexpr std::string_view chatField = "chat";
+
     /// An empty list.
     EnglishWordList();
 
@@ -32,6 +35,10 @@ public:
     /// Reads `tsv` (see "text/Rows.h"): a word and its count, or a word and "chat". The last count of a word
     /// holds. All other lines are skipped.
     explicit EnglishWordList(std::string_view tsv);
+
+    /// Reads what a file holds that anybody may have written: without the byte order mark that it may begin
+    /// with, and with counts held to a range whose doubles do not overflow (see "words/ListReading.h").
+    static EnglishWordList ofFile(std::string_view contents);
 
     /// The number of words with counts and of chat words; a word that is both counts twice.
     std::int64_t count() const noexcept;

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vanoka {
@@ -28,6 +29,9 @@ public:
     /// Reads a word and its count from every line of `tsv` (see "text/Rows.h") whose second field is a whole
     /// decimal number of 64 bits. All other lines are skipped.
     explicit SinhalaWordList(std::string_view tsv);
+    /// Reads what a file holds that anybody may have written: without the byte order mark that it may begin
+    /// with, and with counts held to a range in which no score overflows (see "words/ListReading.h").
+    static SinhalaWordList ofFile(std::string_view contents);
     /// The words in any order; one that is not well-formed UTF-8 is left out.
     explicit SinhalaWordList(const std::vector<WordCount>& words);
 
@@ -61,6 +65,8 @@ public:
     std::size_t memory() const noexcept;
 
 private:
+    explicit SinhalaWordList(Shared<SinhalaWordIndex> index) noexcept : index_(std::move(index)) {}
+
     Shared<SinhalaWordIndex> index_;
 };
 

@@ -4,7 +4,6 @@
 #include "ExitStatus.h"
 #include "FileReading.h"
 #include "ListCheck.h"
-#include "ListReading.h"
 #include "WordCounter.h"
 #include "WordFile.h"
 #include "Words.h"
@@ -13,6 +12,7 @@
 #include "text/Visible.h"
 #include "words/EmojiWords.h"
 #include "words/EnglishWordList.h"
+#include "words/ListReading.h"
 #include "words/SinhalaWordList.h"
 
 #include <algorithm>

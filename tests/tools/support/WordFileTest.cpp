@@ -1,6 +1,6 @@
 #include "WordFile.h"
 
-#include "ListReading.h"
+#include "words/ListReading.h"
 
 #include <gtest/gtest.h>
 
