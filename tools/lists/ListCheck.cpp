@@ -1,6 +1,6 @@
 #include "ListCheck.h"
 
-#include "ListReading.h"
+#include "words/ListReading.h"
 #include "Words.h"
 #include "text/Rows.h"
 #include "text/Utf8.h"

@@ -1,10 +1,10 @@
 #include "ExitStatus.h"
 #include "FileUserDefaults.h"
-#include "ListReading.h"
+#include "words/ListReading.h"
 #include "ListsCommand.h"
 #include "SuggestSession.h"
 #include "Terminal.h"
-#include "WordFile.h"
+#include "words/WordFile.h"
 #include "settings/SinglishSettings.h"
 
 #include <cerrno>

@@ -5,12 +5,12 @@
 #include "Explanation.h"
 #include "FileReading.h"
 #include "KeyboardFile.h"
-#include "ListReading.h"
+#include "words/ListReading.h"
 #include "Measurement.h"
 #include "Reading.h"
 #include "SimulatedFinger.h"
 #include "StrokeFile.h"
-#include "WordFile.h"
+#include "words/WordFile.h"
 #include "WordViews.h"
 
 #include <algorithm>

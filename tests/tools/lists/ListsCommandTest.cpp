@@ -3,11 +3,11 @@
 #include "EmojiAnnotations.h"
 #include "ExitStatus.h"
 #include "ListCheck.h"
-#include "ListReading.h"
+#include "words/ListReading.h"
 #include "Randoms.h"
 #include "SuggestSession.h"
 #include "TemporaryFolder.h"
-#include "WordFile.h"
+#include "words/WordFile.h"
 #include "WordLists.h"
 #include "words/SinhalaWordList.h"
 

@@ -1,6 +1,6 @@
-#include "WordFile.h"
+#include "words/WordFile.h"
 
-#include "ListReading.h"
+#include "words/ListReading.h"
 #include "text/Rows.h"
 
 namespace vanoka {
