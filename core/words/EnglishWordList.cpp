@@ -131,6 +131,13 @@ std::int64_t EnglishWordList::countOf(std::string_view word) const {
     return found.isEmpty() ? 0 : tables_->counts[found.end - 1];
 }
 
+bool EnglishWordList::contains(std::string_view word) const {
+    if (!text::isWellFormed(word))
+        return false;
+    const std::string key = keyOf(text::lowercased(word));
+    return !tables_->words.equalTo(key).isEmpty() || !tables_->chat.equalTo(key).isEmpty();
+}
+
 bool EnglishWordList::keepsEnglish(std::string_view word, std::string_view over,
                                    const SinhalaWordList& sinhala, std::int64_t keptInEnglish,
                                    std::int64_t typedInSinhala) const {

@@ -50,6 +50,9 @@ public:
     /// The count of `word` in lower case; 0 when it has none.
     std::int64_t countOf(std::string_view word) const;
 
+    /// True when `word` in lower case has a count or is a chat word.
+    bool contains(std::string_view word) const;
+
     /// True when `word`, which was typed, stays English although it also spells the Sinhala word `over`. How
     /// often the user has kept it in English and has typed it in Sinhala decides, unless both are the same:
     /// then a chat word stays, and so does a word with a count of 500 or more that is above twice the count

@@ -116,6 +116,19 @@ std::int64_t SinhalaWordList::typicalCount() const noexcept {
     return index_->typicalCount();
 }
 
+bool SinhalaWordList::contains(std::string_view word) const {
+    std::string compact, key;
+    if (!CompactText::assign(word, compact))
+        return false;
+    SinhalaSpelling::assignLooseKey(compact, key);
+    const KeyedTexts& words = index_->words();
+    const KeyedTexts::Range range = words.equalTo(key);
+    for (std::uint32_t number = range.first; number < range.end; ++number)
+        if (text::equal(words.text(number), word))
+            return true;
+    return false;
+}
+
 std::int64_t SinhalaWordList::countOfSpelling(std::string_view text) const {
     std::string compact, key;
     if (!CompactText::assign(text, compact))

@@ -39,6 +39,9 @@ public:
     std::vector<WordCount> words() const;
     std::int64_t size() const noexcept;
 
+    /// True when `word` itself is in the list, whatever its count. Takes microseconds.
+    bool contains(std::string_view word) const;
+
     /// The count of the word in the 1001st place by count, or in the last place of a shorter list; 1 when the
     /// list is empty.
     std::int64_t typicalCount() const noexcept;

@@ -3,12 +3,12 @@
 #include "EmojiAnnotations.h"
 #include "ExitStatus.h"
 #include "ListCheck.h"
+#include "words/ListReading.h"
 #include "Randoms.h"
 #include "SuggestSession.h"
 #include "TemporaryFolder.h"
-#include "WordFile.h"
+#include "words/WordFile.h"
 #include "WordLists.h"
-#include "words/ListReading.h"
 #include "words/SinhalaWordList.h"
 
 #include <algorithm>
