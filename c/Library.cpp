@@ -1,5 +1,6 @@
 #include "vanoka.h"
 
+#include <cstdint>
 #include <cstdlib>
 
 std::uint32_t vanoka_abi(void) {
@@ -7,7 +8,7 @@ std::uint32_t vanoka_abi(void) {
 }
 
 void* vanoka_alloc(std::size_t size) {
-    return std::malloc(size);
+    return size > PTRDIFF_MAX ? nullptr : std::malloc(size);
 }
 
 void vanoka_free(void* memory) {

@@ -1,28 +1,15 @@
+#include "Lists.h"
+
 #include "Answer.h"
 #include "Arguments.h"
 #include "text/Sinhala.h"
 #include "vanoka.h"
-#include "words/EmojiWords.h"
-#include "words/EnglishWordList.h"
 #include "words/ListReading.h"
-#include "words/SinhalaWordList.h"
 
 #include <algorithm>
 
 using namespace vanoka;
 using namespace vanoka::c;
-
-struct vanoka_words {
-    SinhalaWordList list;
-};
-
-struct vanoka_english {
-    EnglishWordList list;
-};
-
-struct vanoka_emoji {
-    EmojiWords list;
-};
 
 static_assert(VANOKA_MOST_RESULTS == ListReading::mostResults);
 

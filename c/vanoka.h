@@ -71,6 +71,8 @@ enum {
     VANOKA_WORD = 1,
     VANOKA_EMOJI = 2,
     VANOKA_TEXT = 3,
+    VANOKA_TYPED = 4, /* what was typed, as it is put in by itself */
+    VANOKA_LATIN = 5, /* the keys as they were typed, as an English word */
 
     VANOKA_INSERT = 10,  /* a text to put in for good, in place of what is marked */
     VANOKA_MARK = 11,    /* a text to show as marked, in place of what is marked; empty: take it away */
@@ -241,6 +243,34 @@ VANOKA_API int64_t vanoka_emoji_size(const vanoka_emoji *emoji);
    the VANOKA_WORD as the list spells it goes first. */
 VANOKA_API vanoka_status vanoka_emoji_match(const vanoka_emoji *emoji, const char *word, size_t size,
                                             vanoka_answer *answer);
+
+/* ---- Candidates: the line of words under what is being typed --------------------------------------------------- */
+
+/* What was learnt from one person's writing, as it was at one moment. It is kept, and made anew, by the program. */
+typedef struct vanoka_personal vanoka_personal;
+
+/* `sinhala`, which may be null, tells how often each word was put in. `kept` and `typed` are lists of English words in
+   lower case: how often each was kept in Latin letters, and how often its keys were put in as Sinhala. */
+VANOKA_API vanoka_status vanoka_personal_create(const vanoka_words *sinhala, const char *kept, size_t kept_size,
+                                                const char *typed, size_t typed_size, vanoka_personal **personal);
+VANOKA_API void vanoka_personal_release(vanoka_personal *personal);
+
+/* What candidates come from, for everybody. */
+typedef struct vanoka_candidates vanoka_candidates;
+
+/* Each of the lists may be null. `never` holds words that are typed like any other and never offered: one a line. */
+VANOKA_API vanoka_status vanoka_candidates_create(const vanoka_words *words, const vanoka_english *english,
+                                                  const vanoka_emoji *emoji, const char *never, size_t never_size,
+                                                  vanoka_candidates **candidates);
+VANOKA_API void vanoka_candidates_release(vanoka_candidates *candidates);
+/* What may be meant by `keys`, which read as `preview` (VANOKA_KEYS and VANOKA_PREVIEW of `vanoka_typing_composition`),
+   in the order in which it is shown: first a VANOKA_TYPED, which goes in unless a person chooses, then VANOKA_WORD,
+   VANOKA_LATIN and VANOKA_EMOJI, no text twice. The number of an item is 1 when it was learnt from the person and can be
+   forgotten. At most `limit` items, held to 3 ... 9; none when nothing is typed. `personal` may be null. What is chosen
+   goes to `vanoka_typing_choose`. */
+VANOKA_API vanoka_status vanoka_candidates_find(const vanoka_candidates *candidates, const vanoka_personal *personal,
+                                                const char *keys, size_t keys_size, const char *preview,
+                                                size_t preview_size, int32_t limit, vanoka_answer *answer);
 
 /* ---- Swiping --------------------------------------------------------------------------------------------------- */
 

@@ -98,7 +98,7 @@ private:
         const auto from = [list](auto create) {
             return [create, list](auto** handle) { return create(list.data(), list.size(), handle); };
         };
-        switch (input_.byte() % 8) {
+        switch (input_.byte() % 10) {
         case 0:
             return settings_.make(vanoka_settings_create);
         case 1:
@@ -113,6 +113,16 @@ private:
             return counts_.make(from(vanoka_counts_create));
         case 6:
             return makeDecoder(list, text());
+        case 7:
+            return personal_.make([&](auto** handle) {
+                return vanoka_personal_create(words_.get(), list.data(), list.size(), list.data(),
+                                              list.size(), handle);
+            });
+        case 8:
+            return candidates_.make([&](auto** handle) {
+                return vanoka_candidates_create(words_.get(), english_.get(), emoji_.get(), list.data(),
+                                                list.size(), handle);
+            });
         default:
             return makeLayout(list);
         }
@@ -201,7 +211,7 @@ private:
         const std::string_view word = text(), over = text();
         std::int32_t keeps = 0;
         vanoka_answer* reply = answer();
-        switch (input_.byte() % 3) {
+        switch (input_.byte() % 4) {
         case 0:
             return expectAnswered(vanoka_words_suggest(words_.get(),
                                                        input_.byte() % 2 ? words_.get() : nullptr,
@@ -209,6 +219,11 @@ private:
                                   reply);
         case 1:
             return expectAnswered(vanoka_emoji_match(emoji_.get(), word.data(), word.size(), reply), reply);
+        case 2:
+            return expectAnswered(vanoka_candidates_find(candidates_.get(), personal_.get(), word.data(),
+                                                         word.size(), over.data(), over.size(),
+                                                         input_.byte() % 16, reply),
+                                  reply);
         default:
             vanoka_english_keeps(english_.get(), word.data(), word.size(), over.data(), over.size(),
                                  words_.get(), input_.byte(), input_.byte(), &keeps);
@@ -266,6 +281,8 @@ private:
     Slot<vanoka_words, vanoka_words_release> words_;
     Slot<vanoka_english, vanoka_english_release> english_;
     Slot<vanoka_emoji, vanoka_emoji_release> emoji_;
+    Slot<vanoka_personal, vanoka_personal_release> personal_;
+    Slot<vanoka_candidates, vanoka_candidates_release> candidates_;
     Slot<vanoka_layout, vanoka_layout_release> layout_;
     Slot<vanoka_counts, vanoka_counts_release> counts_;
     Slot<vanoka_decoder, vanoka_decoder_release> decoder_;

@@ -79,6 +79,8 @@ TEST_F(BadInput, NullIsReleasedAndAskedForItsSize) {
     vanoka_words_release(nullptr);
     vanoka_english_release(nullptr);
     vanoka_emoji_release(nullptr);
+    vanoka_personal_release(nullptr);
+    vanoka_candidates_release(nullptr);
     vanoka_layout_release(nullptr);
     vanoka_counts_release(nullptr);
     vanoka_decoder_release(nullptr);
@@ -263,6 +265,36 @@ TEST_F(BadInput, CountsAreHeldToARange) {
                                    INT64_MAX, &keeps),
               VANOKA_OK);
     EXPECT_EQ(keeps, 0);
+}
+
+TEST_F(BadInput, Candidates) {
+    const std::string list = "mama\t9223372036854775807\n";
+    const auto sinhala = test::created<test::WordsHandle>(vanoka_words_create, list.data(), list.size());
+    const auto own = test::created<test::PersonalHandle>(vanoka_personal_create, sinhala.get(), list.data(),
+                                                         list.size(), list.data(), list.size());
+    const auto candidates = test::created<test::CandidatesHandle>(
+        vanoka_candidates_create, sinhala.get(), nullptr, nullptr, illFormed.data(), illFormed.size());
+    expectNoHandle<vanoka_personal>(VANOKA_BAD_ARGUMENT, vanoka_personal_create, nullptr, nullptr,
+                                    std::size_t{1}, "", std::size_t{0});
+    expectNoHandle<vanoka_personal>(VANOKA_TOO_LARGE, vanoka_personal_create, nullptr, "", std::size_t{0}, "",
+                                    huge);
+    expectNoHandle<vanoka_candidates>(VANOKA_BAD_ARGUMENT, vanoka_candidates_create, nullptr, nullptr,
+                                      nullptr, nullptr, std::size_t{1});
+    expectNoHandle<vanoka_candidates>(VANOKA_TOO_LARGE, vanoka_candidates_create, nullptr, nullptr, nullptr,
+                                      "", huge);
+    expect(VANOKA_BAD_ARGUMENT, vanoka_candidates_find, nullptr, nullptr, "k", std::size_t{1}, "k",
+           std::size_t{1}, 6);
+    for (const bool isKeys : {true, false})
+        expectBadTextsRefused([&](const char* text, std::size_t size, vanoka_answer* reply) {
+            return isKeys ? vanoka_candidates_find(candidates.get(), own.get(), text, size, "k", 1, 6, reply)
+                          : vanoka_candidates_find(candidates.get(), own.get(), "k", 1, text, size, 6, reply);
+        });
+    for (const std::int32_t limit :
+         {std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()}) {
+        EXPECT_EQ(vanoka_candidates_find(candidates.get(), own.get(), "ma", 2, "ma", 2, limit, answer.get()),
+                  VANOKA_OK);
+        EXPECT_EQ(test::textsOf(answer.get()), (std::vector<std::string>{"ma", "mama"}));
+    }
 }
 
 class BadStrokes : public BadInput {

@@ -197,6 +197,39 @@ static void lists(void) {
     vanoka_words_release(words);
 }
 
+static void candidates(void) {
+    vanoka_words *words = NULL, *own = NULL;
+    vanoka_english *english = NULL;
+    vanoka_emoji *emoji = NULL;
+    vanoka_personal *personal = NULL;
+    vanoka_candidates *candidates = NULL;
+    CHECK(vanoka_words_create(TEXT(MAMAYA "\t5\n" KAA "\t1\n"), &words) == VANOKA_OK);
+    CHECK(vanoka_words_create(TEXT(MAMA AMMA "\t2\n"), &own) == VANOKA_OK);
+    CHECK(vanoka_english_create(TEXT("mama\t1\n"), &english) == VANOKA_OK);
+    CHECK(vanoka_emoji_create(TEXT("mama\t\xF0\x9F\x99\x8B\n"), &emoji) == VANOKA_OK);
+    CHECK(vanoka_candidates_create(words, english, emoji, TEXT(""), &candidates) == VANOKA_OK);
+    vanoka_words_release(words); /* the candidates keep them */
+    vanoka_english_release(english);
+    vanoka_emoji_release(emoji);
+
+    CHECK(vanoka_candidates_find(candidates, NULL, TEXT("mama"), TEXT(MAMA), 6, answer) == VANOKA_OK);
+    CHECK(count() == 4 && is(0, VANOKA_TYPED, MAMA) && is(1, VANOKA_WORD, MAMAYA) && number(1) == 0);
+    CHECK(is(2, VANOKA_EMOJI, "\xF0\x9F\x99\x8B") && is(3, VANOKA_LATIN, "mama"));
+    CHECK(vanoka_personal_create(own, TEXT("mama\t3\n"), TEXT("mama\t2\n"), &personal) == VANOKA_OK);
+    vanoka_words_release(own);
+    CHECK(vanoka_candidates_find(candidates, personal, TEXT("mama"), TEXT(MAMA), 6, answer) == VANOKA_OK);
+    CHECK(is(1, VANOKA_LATIN, "mama") && number(1) == 1);
+    CHECK(is(2, VANOKA_WORD, MAMA AMMA) && number(2) == 1);
+    CHECK(vanoka_candidates_find(candidates, personal, TEXT(""), TEXT(""), 6, answer) == VANOKA_OK && count() == 0);
+    vanoka_candidates_release(candidates);
+
+    CHECK(vanoka_candidates_create(NULL, NULL, NULL, TEXT("mama\n"), &candidates) == VANOKA_OK);
+    CHECK(vanoka_candidates_find(candidates, personal, TEXT("mama"), TEXT(MAMA), 6, answer) == VANOKA_OK);
+    CHECK(count() == 2 && is(0, VANOKA_TYPED, MAMA) && is(1, VANOKA_WORD, MAMA AMMA));
+    vanoka_candidates_release(candidates);
+    vanoka_personal_release(personal);
+}
+
 static void swiping(void) {
     const double centers[] = {0, 0, 10, 0, 20, 0};
     const double stroke[] = {10, 0, 0, 0, 10, 0, 0, 0};
@@ -232,6 +265,7 @@ int main(void) {
     settings();
     typing();
     lists();
+    candidates();
     swiping();
     memory();
     vanoka_answer_release(answer);
