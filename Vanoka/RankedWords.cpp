@@ -28,7 +28,7 @@ Words offered(const SinhalaWordList& source, const SinhalaWordList* added, const
 Words ownWords(const TypedWord& word, const WordLists& lists, const PersonalWords& personal,
                std::size_t limit) {
     Words words = offered(personal.sinhala, nullptr, word, lists.neverOffered, 2 * limit);
-    std::ranges::stable_partition(words, [&](const std::string& each) {
+    std::stable_partition(words.begin(), words.end(), [&](const std::string& each) {
         return personal.sinhala.countOfSpelling(each) > 1 || lists.sinhala.countOfSpelling(each) > 0;
     });
     words.resize(std::min(words.size(), limit));
