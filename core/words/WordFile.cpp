@@ -1,7 +1,7 @@
 #include "words/WordFile.h"
 
-#include "words/ListReading.h"
 #include "text/Rows.h"
+#include "words/ListReading.h"
 
 namespace vanoka {
 
