@@ -1,21 +1,27 @@
 /*
- * Vanoka for every other language: Latin keys to Sinhala text, the settings of the keys, word lists, emoji,
- * swiping.
+ * Vanoka for every other language: Latin keys to Sinhala text, the settings of the keys, word lists,
+ * candidates, emoji, swiping.
  *
- * Texts in    UTF-8, a pointer and its length in bytes; copied, so that they need to last no longer than the
- * call. A null pointer is the empty text if the length is 0. A text of an answer may be passed together with
- *             that answer.
- * Answers     A caller makes an answer once and passes it to call after call. It holds what the last of them
- * gave, and its items and their texts stay valid until it is passed again or released. A call that fails
- *             leaves it empty.
- * Handles     Whoever creates one releases it once; releasing null does nothing. Each keeps what it was made
- * from, so they may be released in any order. A creation that fails sets its handle to null. Status Every
- * call that can fail says whether it did, and how; it has changed nothing then, unless it says so. Whatever
- * is passed, no call ends the process or prints. A handle that was released, and a length beyond what the
- * pointer points to, cannot be noticed. Threads     Settings with the typing made from them, and each answer,
- * are for one thread at a time. Lists, decoders, layouts and counts never change: any number of threads may
- * use them. Memory      Where the library is compiled without exceptions, as it is for WebAssembly, running
- * out of memory ends the instance instead of giving VANOKA_NO_MEMORY.
+ * - Texts go in as UTF-8, a pointer and its length in bytes, and are copied. A null pointer is the empty text
+ *   if the length is 0. A text of an answer may be passed together with that answer.
+ *
+ * - Answers: a caller makes one once and passes it to call after call. It holds what the last of them gave,
+ *   and its items and their texts stay valid until it is passed again or released. A call that fails leaves
+ *   it empty.
+ *
+ * - Handles: whoever creates one releases it once; releasing null does nothing. Each keeps what it was made
+ *   from, so they may be released in any order. A creation that fails sets its handle to null.
+ *
+ * - Status: every call that can fail says whether it did, and how. A call of typing that fails has changed
+ *   nothing; so has any other that is passed what it cannot take, unless it says so. Whatever is passed, no
+ *   call ends the process or prints. A handle that was released, and a length beyond what the pointer points
+ *   to, cannot be noticed.
+ *
+ * - Threads: settings with the typing made from them, and each answer, are for one thread at a time. All
+ *   others never change: any number of threads may use them.
+ *
+ * - Memory: where the library is compiled without exceptions, as it is for WebAssembly, running out of memory
+ *   ends the instance instead of giving VANOKA_NO_MEMORY.
  *
  * There are no callbacks and no global state. Nothing is logged, stored in a file or sent anywhere.
  */
@@ -64,8 +70,7 @@ enum {
 #define VANOKA_MOST_POINTS 1000000    /* of a stroke */
 #define VANOKA_MOST_RESULTS 1000000   /* a greater limit counts as this */
 
-/* ---- Answers
- * -------------------------------------------------------------------------------------------------- */
+/* ---- Answers ---- */
 
 /* What an item is. Each call says which of these it gives. */
 enum {
@@ -114,8 +119,7 @@ VANOKA_API size_t vanoka_answer_count(const vanoka_answer* answer);
 /* The first of the items, which stand one after the other; null when there are none. */
 VANOKA_API const vanoka_item* vanoka_answer_items(const vanoka_answer* answer);
 
-/* ---- Settings: which keys type which letters
- * ------------------------------------------------------------------ */
+/* ---- Settings: which keys type which letters ---- */
 
 typedef struct vanoka_settings vanoka_settings;
 
@@ -165,8 +169,7 @@ VANOKA_API vanoka_status vanoka_settings_long_press(const vanoka_settings* setti
 VANOKA_API vanoka_status vanoka_settings_transliterate(const vanoka_settings* settings, const char* text,
                                                        size_t size, vanoka_answer* answer);
 
-/* ---- Typing: what each key does in one text field
- * -------------------------------------------------------------- */
+/* ---- Typing: what each key does in one text field ---- */
 
 /* The key codes that mean something by themselves. All others are known by their characters. */
 enum { VANOKA_SPACE = 49, VANOKA_DELETE = 51, VANOKA_ESCAPE = 53, VANOKA_OTHER_KEY = 0xFFFF };
@@ -200,8 +203,7 @@ VANOKA_API vanoka_status vanoka_typing_forget(vanoka_typing* typing, vanoka_answ
 /* What is being composed: VANOKA_KEYS and VANOKA_PREVIEW, or nothing. */
 VANOKA_API vanoka_status vanoka_typing_composition(const vanoka_typing* typing, vanoka_answer* answer);
 
-/* ---- Word lists
- * ------------------------------------------------------------------------------------------------ */
+/* ---- Word lists ---- */
 
 /* A list is a text of lines "word TAB count"; lines that begin with "#" are comments, and lines of another
    form or that are not well-formed are passed over. A byte order mark at its beginning does not count. Counts
@@ -253,8 +255,7 @@ VANOKA_API int64_t vanoka_emoji_size(const vanoka_emoji* emoji);
 VANOKA_API vanoka_status vanoka_emoji_match(const vanoka_emoji* emoji, const char* word, size_t size,
                                             vanoka_answer* answer);
 
-/* ---- Candidates: the line of words under what is being typed
- * --------------------------------------------------- */
+/* ---- Candidates: the line of words under what is being typed ---- */
 
 /* What was learnt from one person's writing, as it was at one moment. It is kept, and made anew, by the
  * program. */
@@ -287,8 +288,7 @@ VANOKA_API vanoka_status vanoka_candidates_find(const vanoka_candidates* candida
                                                 size_t keys_size, const char* preview, size_t preview_size,
                                                 int32_t limit, vanoka_answer* answer);
 
-/* ---- Swiping
- * --------------------------------------------------------------------------------------------------- */
+/* ---- Swiping ---- */
 
 /* A touch keyboard's keys. Places and widths are in whatever unit the keyboard measures in. */
 typedef struct vanoka_layout vanoka_layout;
@@ -331,8 +331,7 @@ VANOKA_API vanoka_status vanoka_decoder_decode(const vanoka_decoder* decoder, co
                                                int32_t limit, const vanoka_counts* counts,
                                                vanoka_answer* answer);
 
-/* ---- Memory, for callers with a memory of their own, as a page has for a WebAssembly module
- * --------------------- */
+/* ---- Memory, for callers with a memory of their own, as a page has for a WebAssembly module ---- */
 
 /* `size` bytes for anything, or null. */
 VANOKA_API void* vanoka_alloc(size_t size);
