@@ -16,9 +16,27 @@ VanokaInputController::VanokaInputController(std::optional<std::string> ownBundl
 bool VanokaInputController::handle(const KeyEvent* event, TextInputClient* client) {
     if (!event || event->type != KeyEvent::keyDown || !client || isOwn(*client))
         return false;
-    KeyOutcome outcome = typing_.press(*event, settings_.transliterator());
-    apply(std::move(outcome.effect), *client);
-    return outcome.isConsumed;
+    adoptSuggestions();
+    if (typing_.needsCandidates(*event)) // or what the key does would depend on when it comes
+        findCandidates();
+    return apply(typing_.press(*event, settings_.transliterator()), *client);
+}
+
+bool VanokaInputController::updateCandidates() {
+    adoptSuggestions();
+    findCandidates();
+    if (told_ == typing_.line())
+        return false;
+    told_ = typing_.line();
+    return true;
+}
+
+bool VanokaInputController::chooseCandidate(std::size_t row, TextInputClient* client) {
+    return client && apply(typing_.choose(row), *client);
+}
+
+bool VanokaInputController::moveHighlight(std::ptrdiff_t rows, TextInputClient* client) {
+    return client && apply(typing_.moveHighlight(rows), *client);
 }
 
 void VanokaInputController::commitComposition(TextInputClient* client) {
@@ -44,6 +62,43 @@ bool VanokaInputController::isOwn(const TextInputClient& client) const {
     if (!identifier || !ownBundleIdentifier_)
         return !identifier && !ownBundleIdentifier_;
     return text::equal(*identifier, *ownBundleIdentifier_);
+}
+
+void VanokaInputController::adoptSuggestions() {
+    const bool areOn = suggestions_ && suggestions_->areOn && privacy_ != FieldPrivacy::notSuggested;
+    typing_.setSuggesting(areOn);
+    typing_.setLearning(areOn && !suggestions_->isPrivate && privacy_ == FieldPrivacy::open);
+}
+
+void VanokaInputController::findCandidates() {
+    const auto request = typing_.request();
+    if (!request || !suggestions_)
+        return;
+    static const WordLists none;
+    const WordLists& lists = suggestions_->lists ? *suggestions_->lists : none;
+    const auto personal = suggestions_->store ? suggestions_->store->words() : nullptr;
+    typing_.take(request->generation,
+                 candidatesFor(request->word, lists, personal.get(), suggestions_->limit));
+}
+
+/// True when the step was consumed.
+bool VanokaInputController::apply(TypingStep step, TextInputClient& client) {
+    const bool isConsumed = step.outcome.isConsumed;
+    apply(std::move(step.outcome.effect), client);
+    teach(step.lesson);
+    return isConsumed;
+}
+
+void VanokaInputController::teach(const Lesson& lesson) {
+    PersonalWordStore* store = suggestions_ ? suggestions_->store : nullptr;
+    if (!store)
+        return;
+    if (lesson.learn)
+        store->learn(*lesson.learn);
+    if (lesson.unlearn)
+        store->unlearn(*lesson.unlearn);
+    if (lesson.forget)
+        store->forget(*lesson.forget);
 }
 
 void VanokaInputController::apply(TypingEffect effect, TextInputClient& client) {

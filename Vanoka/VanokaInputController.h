@@ -1,9 +1,11 @@
 #pragma once
 
+#include "CandidateTyping.h"
+#include "Suggestions.h"
 #include "TextInputClient.h"
 #include "settings/SinglishSettings.h"
-#include "typing/Typing.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -12,11 +14,24 @@
 
 namespace vanoka {
 
-/// The shell over `Typing`: takes the key events of one client and hands their effects to it.
+/// The shell over `CandidateTyping`: takes the key events of one client and hands their effects to it.
 ///
 /// One controller for each client. Losing the client puts the composition in, so that nothing typed is lost.
 /// It is over before the client is called, so a client that calls back cannot commit it twice. Settings and
 /// clients must outlive the calls they are passed to.
+///
+/// Suggestions are a front end's choice. One that draws a line of candidates
+///
+///  1. calls `setSuggestions` once, and `setFieldPrivacy` whenever it hears what a field is;
+///  2. after each call of `handle`, `commitComposition`, `activateServer`, `deactivateServer`,
+///     `forgetComposition`, and of those for candidates, sends what the client was told on its way and then
+///     calls `updateCandidates`; where that returns true, it draws `candidates()` anew, or hides the line
+///     that is not shown any more. A front end that is asked for a key's answer may give it first and call
+///     `updateCandidates` when nothing else is to be done: no key is read differently because of it.
+///  3. hands clicks to `chooseCandidate`, and what a panel's own arrows say to `moveHighlight`. Keys move the
+///     highlight in `handle`.
+///
+/// One that calls none of these has none, and no key costs more.
 class VanokaInputController {
 public:
     /// The controller of a process with this bundle identifier, which may be absent, over `settings`, which
@@ -54,17 +69,45 @@ public:
     static std::vector<MenuItem> menu();
 
     /// Ends the composition whose text others have put in, or taken away, and returns the text.
+    /// What was marked: the highlighted candidate where the highlight was moved.
     std::string forgetComposition() { return typing_.forget(); }
+
+    /// What to suggest from, which must outlive this controller or be replaced; null, as at first: nothing.
+    void setSuggestions(Suggestions* suggestions) noexcept { suggestions_ = suggestions; }
+    /// What the field that has the focus asks for; in force from its next key on.
+    void setFieldPrivacy(FieldPrivacy privacy) noexcept { privacy_ = privacy; }
+
+    /// Finds the candidates of the newest key if they are missing, in microseconds; true when the line is
+    /// another one than after the last call.
+    bool updateCandidates();
+
+    /// The line of candidates as it is to be shown; `highlighted` is its marked row. Not shown when there is
+    /// nothing to choose from. Valid until the next call of this controller.
+    const CandidateLine& candidates() const noexcept { return typing_.line(); }
+
+    /// Puts the row in, as a click on it does; false, and nothing done, where there is none, or the line is
+    /// that of an older key.
+    bool chooseCandidate(std::size_t row, TextInputClient* client);
+    /// Moves the highlight down, or up where `rows` is negative, and round at the ends; false, and nothing
+    /// done, where no line is shown.
+    bool moveHighlight(std::ptrdiff_t rows, TextInputClient* client);
 
     const SinglishComposer& composer() const noexcept { return typing_.composer(); }
 
 private:
     bool isOwn(const TextInputClient& client) const;
+    void adoptSuggestions();
+    void findCandidates();
+    bool apply(TypingStep step, TextInputClient& client);
+    void teach(const Lesson& lesson);
     static void apply(TypingEffect effect, TextInputClient& client);
 
     std::optional<std::string> ownBundleIdentifier_;
     SinglishSettings& settings_;
-    Typing typing_;
+    CandidateTyping typing_;
+    Suggestions* suggestions_ = nullptr;
+    FieldPrivacy privacy_ = FieldPrivacy::open;
+    CandidateLine told_; ///< the line when a change of it was told last
 };
 
 } // namespace vanoka

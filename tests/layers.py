@@ -26,6 +26,7 @@ MAY_INCLUDE = {
     "core/swipe": ["core/swipe", "core/singlish", "core/text", "core/script", "core/support"],
     "core": CORE,
     "Vanoka": APPLICATION,
+    "c": APPLICATION + ["c"],
     "platform/linux": APPLICATION + ["platform/linux"],
     "platform/terminal": APPLICATION + ["platform/terminal"],
     "platform/ibus": APPLICATION + ["platform/linux", "platform/ibus"],
@@ -49,7 +50,7 @@ def rule_for(path):
 def found(top, including, name):
     """The file of the tree that an #include means, or None for one that is generated."""
     above = sorted(folder for floor in ("platform", "tools") for folder in (top / floor).iterdir() if folder.is_dir())
-    for root in [top / including.parent, top / "core", top / "Vanoka", *above, top / "platform/linux/doctor"]:
+    for root in [top / including.parent, top / "core", top / "Vanoka", top / "c", *above, top / "platform/linux/doctor"]:
         if (root / name).is_file():
             return (root / name).resolve().relative_to(top)
     return None
@@ -57,7 +58,7 @@ def found(top, including, name):
 
 def main():
     top = Path(sys.argv[1]).resolve()
-    files = [path for folder in ("core", "Vanoka", "platform", "tools") for path in sorted((top / folder).rglob("*"))
+    files = [path for folder in ("core", "Vanoka", "c", "platform", "tools") for path in sorted((top / folder).rglob("*"))
              if path.suffix in {".h", ".cpp", ".mm", ".in"}]
     checked = wrong = 0
     for path in files:

@@ -10,11 +10,13 @@ namespace vanoka {
 struct KeyEvent {
     static constexpr std::uint64_t keyDown = 10; ///< the type of a key-down event
 
-    // Bits of the modifier flags. Alt is Option; Super, Meta and Hyper are Command. Shift and the locks only
-    // change the characters and are asked for by nobody.
+    // Bits of the modifier flags. Alt is Option; Super, Meta and Hyper are Command. Shift only changes the
+    // characters, but with Tab and Delete in a line of candidates; the locks are asked for by nobody.
+    static constexpr std::uint64_t shift = 1U << 17;
     static constexpr std::uint64_t control = 1U << 18;
     static constexpr std::uint64_t option = 1U << 19;
     static constexpr std::uint64_t command = 1U << 20;
+    static constexpr std::uint64_t shortcutModifiers = control | option | command;
 
     // Key codes that mean something by themselves.
     static constexpr std::uint16_t space = 49;

@@ -12,8 +12,6 @@ namespace {
 
 using Kind = TypingEffect::Kind;
 
-constexpr std::uint64_t shortcutModifiers = KeyEvent::control | KeyEvent::option | KeyEvent::command;
-
 /// True when no scalar of `characters` is a control or format character, a function key or ill-formed.
 bool isPrintable(std::string_view characters) noexcept {
     for (const text::Scalar& scalar : text::Scalars(characters))
@@ -33,7 +31,7 @@ KeyOutcome Typing::press(const KeyEvent& event, const SinglishTransliterator& tr
     if (event.type != KeyEvent::keyDown)
         return {};
     composer_.setTransliterator(transliterator);
-    if (event.modifierFlags & shortcutModifiers)
+    if (event.modifierFlags & KeyEvent::shortcutModifiers)
         return {false, end()};
     switch (event.keyCode) {
     case KeyEvent::space:

@@ -8,15 +8,17 @@
 #include "text/Utf8.h"
 #include "words/CompactText.h"
 #include "words/KeyedTexts.h"
+#include "words/ListReading.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
+#include <utility>
 
 namespace vanoka {
 
 namespace {
 
-constexpr std::string_view chatField = "chat";
 constexpr std::int64_t leastCountKept = 500; // rarer English words are likelier to be Sinhala
 constexpr std::int64_t lead = 2;             // times as common as the Sinhala word must an English one be
 constexpr std::size_t shortestKept = 2;      // in characters
@@ -42,6 +44,17 @@ public:
             return;
         makeRoom(counts_, 1);
         counts_.push_back(count);
+    }
+
+    /// `countOf` says what a count in the text becomes.
+    template <class CountOf>
+    void addRows(std::string_view tsv, CountOf countOf) {
+        text::forEachRow(tsv, [&](std::string_view word, std::string_view field) {
+            if (field == chatField)
+                addChat(word);
+            else if (const auto count = text::integer(field))
+                addWord(word, countOf(*count));
+        });
     }
 
     void addChat(std::string_view word) { chat_.add(keyOf(word), CompactText::compact(word)); }
@@ -82,14 +95,15 @@ EnglishWordList::EnglishWordList(const Counts& counts, const Chat& chat)
 EnglishWordList::EnglishWordList(std::string_view tsv)
     : EnglishWordList([&] {
           Builder builder;
-          text::forEachRow(tsv, [&](std::string_view word, std::string_view field) {
-              if (field == chatField)
-                  builder.addChat(word);
-              else if (const auto count = text::integer(field))
-                  builder.addWord(word, *count);
-          });
+          builder.addRows(tsv, std::identity());
           return builder;
       }()) {}
+
+EnglishWordList EnglishWordList::ofFile(std::string_view contents) {
+    Builder builder;
+    builder.addRows(ListReading::withoutByteOrderMark(contents), ListReading::held);
+    return EnglishWordList(std::move(builder));
+}
 
 std::int64_t EnglishWordList::count() const noexcept {
     return tables_->count;
@@ -115,6 +129,13 @@ std::int64_t EnglishWordList::countOf(std::string_view word) const {
         return 0;
     const KeyedTexts::Range found = tables_->words.equalTo(keyOf(text::lowercased(word)));
     return found.isEmpty() ? 0 : tables_->counts[found.end - 1];
+}
+
+bool EnglishWordList::contains(std::string_view word) const {
+    if (!text::isWellFormed(word))
+        return false;
+    const std::string key = keyOf(text::lowercased(word));
+    return !tables_->words.equalTo(key).isEmpty() || !tables_->chat.equalTo(key).isEmpty();
 }
 
 bool EnglishWordList::keepsEnglish(std::string_view word, std::string_view over,

@@ -23,6 +23,9 @@ public:
     using Counts = std::map<std::string, std::int64_t, text::CanonicalLess>;
     using Chat = std::set<std::string, text::CanonicalLess>;
 
+    /// What stands in place of the count of a chat word.
+    static constexpr std::string_view chatField = "chat";
+
     /// An empty list.
     EnglishWordList();
 
@@ -33,6 +36,10 @@ public:
     /// holds. All other lines are skipped.
     explicit EnglishWordList(std::string_view tsv);
 
+    /// Reads what a file holds that anybody may have written: without the byte order mark that it may begin
+    /// with, and with counts held to a range whose doubles do not overflow (see "words/ListReading.h").
+    static EnglishWordList ofFile(std::string_view contents);
+
     /// The number of words with counts and of chat words; a word that is both counts twice.
     std::int64_t count() const noexcept;
 
@@ -42,6 +49,9 @@ public:
 
     /// The count of `word` in lower case; 0 when it has none.
     std::int64_t countOf(std::string_view word) const;
+
+    /// True when `word` in lower case has a count or is a chat word.
+    bool contains(std::string_view word) const;
 
     /// True when `word`, which was typed, stays English although it also spells the Sinhala word `over`. How
     /// often the user has kept it in English and has typed it in Sinhala decides, unless both are the same:

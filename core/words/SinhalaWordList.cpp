@@ -4,6 +4,7 @@
 #include "text/Equivalence.h"
 #include "text/Rows.h"
 #include "words/CompactText.h"
+#include "words/ListReading.h"
 #include "words/SinhalaSpelling.h"
 #include "words/SinhalaWordIndex.h"
 
@@ -21,11 +22,16 @@ using Matches = std::vector<Match>;
 
 using Index = std::shared_ptr<const SinhalaWordIndex>;
 
-Index indexOf(std::string_view tsv) {
+std::int64_t asWritten(std::int64_t count) noexcept {
+    return count;
+}
+
+/// `countOf` says what a count in the text becomes.
+Index indexOf(std::string_view tsv, std::int64_t (*countOf)(std::int64_t)) {
     SinhalaWordIndex::Builder builder;
     text::forEachRow(tsv, [&](std::string_view word, std::string_view field) {
         if (const auto count = text::integer(field))
-            builder.add(word, *count);
+            builder.add(word, countOf(*count));
     });
     return std::make_shared<SinhalaWordIndex>(builder.finish());
 }
@@ -86,7 +92,11 @@ std::vector<std::string> ranked(Matches spelled, Matches abbreviated, std::int64
 
 SinhalaWordList::SinhalaWordList() : SinhalaWordList(std::string_view()) {}
 
-SinhalaWordList::SinhalaWordList(std::string_view tsv) : index_(indexOf(tsv)) {}
+SinhalaWordList::SinhalaWordList(std::string_view tsv) : index_(indexOf(tsv, asWritten)) {}
+
+SinhalaWordList SinhalaWordList::ofFile(std::string_view contents) {
+    return SinhalaWordList(Shared(indexOf(ListReading::withoutByteOrderMark(contents), ListReading::held)));
+}
 
 SinhalaWordList::SinhalaWordList(const std::vector<WordCount>& words) : index_(indexOf(words)) {}
 
@@ -104,6 +114,19 @@ std::int64_t SinhalaWordList::size() const noexcept {
 
 std::int64_t SinhalaWordList::typicalCount() const noexcept {
     return index_->typicalCount();
+}
+
+bool SinhalaWordList::contains(std::string_view word) const {
+    std::string compact, key;
+    if (!CompactText::assign(word, compact))
+        return false;
+    SinhalaSpelling::assignLooseKey(compact, key);
+    const KeyedTexts& words = index_->words();
+    const KeyedTexts::Range range = words.equalTo(key);
+    for (std::uint32_t number = range.first; number < range.end; ++number)
+        if (text::equal(words.text(number), word))
+            return true;
+    return false;
 }
 
 std::int64_t SinhalaWordList::countOfSpelling(std::string_view text) const {

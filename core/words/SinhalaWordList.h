@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vanoka {
@@ -28,12 +29,18 @@ public:
     /// Reads a word and its count from every line of `tsv` (see "text/Rows.h") whose second field is a whole
     /// decimal number of 64 bits. All other lines are skipped.
     explicit SinhalaWordList(std::string_view tsv);
+    /// Reads what a file holds that anybody may have written: without the byte order mark that it may begin
+    /// with, and with counts held to a range in which no score overflows (see "words/ListReading.h").
+    static SinhalaWordList ofFile(std::string_view contents);
     /// The words in any order; one that is not well-formed UTF-8 is left out.
     explicit SinhalaWordList(const std::vector<WordCount>& words);
 
     /// Every word, as often as it was given, in the order of the loose keys. Makes a string for each.
     std::vector<WordCount> words() const;
     std::int64_t size() const noexcept;
+
+    /// True when `word` itself is in the list, whatever its count. Takes microseconds.
+    bool contains(std::string_view word) const;
 
     /// The count of the word in the 1001st place by count, or in the last place of a shorter list; 1 when the
     /// list is empty.
@@ -61,6 +68,8 @@ public:
     std::size_t memory() const noexcept;
 
 private:
+    explicit SinhalaWordList(Shared<SinhalaWordIndex> index) noexcept : index_(std::move(index)) {}
+
     Shared<SinhalaWordIndex> index_;
 };
 

@@ -64,7 +64,7 @@ bool InputContext::takes(guint keysym, guint state) {
 }
 
 SequenceStep InputContext::followSequence(guint keysym, const KeyEvent& event) {
-    if (event.modifierFlags != 0) {
+    if (event.modifierFlags & KeyEvent::shortcutModifiers) {
         sequence_.end(); // a shortcut is none
         return {};
     }

@@ -101,7 +101,8 @@ std::uint64_t typeOf(std::uint32_t keysym, std::uint32_t state) noexcept {
 }
 
 std::uint64_t modifierFlagsOf(std::uint32_t state) noexcept {
-    return (state & control ? KeyEvent::control : 0) | (state & alt ? KeyEvent::option : 0) |
+    return (state & shift ? KeyEvent::shift : 0) | (state & control ? KeyEvent::control : 0) |
+           (state & alt ? KeyEvent::option : 0) |
            (state & (super | super2 | hyper | meta) ? KeyEvent::command : 0);
 }
 

@@ -8,6 +8,7 @@
 namespace vanoka::Keysym {
 
 // Bits of a key's state. Both frameworks use these, the last four of their own making.
+inline constexpr std::uint32_t shift = 1U << 0;
 inline constexpr std::uint32_t control = 1U << 2;
 inline constexpr std::uint32_t alt = 1U << 3;   ///< Mod1
 inline constexpr std::uint32_t super = 1U << 6; ///< Mod4

@@ -15,6 +15,7 @@ namespace {
 constexpr char escape = '\x1B';
 constexpr std::string_view pasteEnd = "\x1B[201~";
 constexpr int pasteStartCode = 200;
+constexpr char32_t backTab = 0x19;          // what Shift with Tab types
 constexpr std::size_t longestSequence = 64; // in bytes; anything longer is noise
 
 using std::chrono::milliseconds;
@@ -42,6 +43,7 @@ constexpr std::array sequenceKeys = std::to_array<SequenceKey>({
     {'P', 0, FunctionKey::f1},
     {'Q', 0, FunctionKey::f1 + 1},
     {'S', 0, FunctionKey::f1 + 3},
+    {'Z', 0, backTab},
     {'~', 1, FunctionKey::home},
     {'~', 2, FunctionKey::insert},
     {'~', 3, FunctionKey::deleteForward},
@@ -75,8 +77,8 @@ int numberAt(std::string_view& parameters) {
 /// Terminals add one to the bits Shift 1, Alt 2, Control 4, Meta 8.
 std::uint64_t flagsOf(int parameter) {
     const int bits = parameter > 0 ? parameter - 1 : 0;
-    return (bits & 2 ? KeyEvent::option : 0) | (bits & 4 ? KeyEvent::control : 0) |
-           (bits & 8 ? KeyEvent::command : 0);
+    return (bits & 1 ? KeyEvent::shift : 0) | (bits & 2 ? KeyEvent::option : 0) |
+           (bits & 4 ? KeyEvent::control : 0) | (bits & 8 ? KeyEvent::command : 0);
 }
 
 Sequence parsed(std::string_view parameters, char final) {
@@ -205,7 +207,7 @@ std::optional<KeyParser::Input> KeyParser::nextSequence() {
         paste_ = OpenPaste{.searched = 0, .silentAt = std::nullopt};
         return next();
     }
-    return keyEvent(text::utf8(scalarOf(sequence)), sequence.modifierFlags);
+    return KeyEvent{.modifierFlags = sequence.modifierFlags, .characters = text::utf8(scalarOf(sequence))};
 }
 
 std::optional<KeyParser::Input> KeyParser::nextScalar(std::uint64_t modifierFlags) {

@@ -26,6 +26,7 @@ const std::vector<NamedKey>& namedKeys() {
         {"return", KeyEvent::otherKey, "\r"},
         {"enter", KeyEvent::otherKey, "\x03"},
         {"tab", KeyEvent::otherKey, "\t"},
+        {"backtab", KeyEvent::otherKey, "\x19"},
         {"less", KeyEvent::otherKey, "<"},
         {"dead", KeyEvent::otherKey, ""},
         {"up", KeyEvent::otherKey, function(FunctionKey::upArrow)},
@@ -49,6 +50,7 @@ struct NamedModifier {
 };
 
 constexpr std::array namedModifiers = std::to_array<NamedModifier>({
+    {"S-", KeyEvent::shift},
     {"C-", KeyEvent::control},
     {"A-", KeyEvent::option},
     {"D-", KeyEvent::command},

@@ -8,7 +8,7 @@
 #include <vector>
 
 /// Key events as text: a character stands for the key that types it, every other key for its name in angle
-/// brackets, with C- (Control), A- (Option) and D- (Command) before it: "amma<space><C-c><left>".
+/// brackets, with S- (Shift), C- (Control), A- (Option) and D- (Command) before it: "amma<space><C-c><left>".
 namespace vanoka::test {
 
 /// The event that one key's text stands for; nothing when it stands for none.

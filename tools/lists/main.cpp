@@ -1,11 +1,11 @@
 #include "ExitStatus.h"
 #include "FileUserDefaults.h"
-#include "ListReading.h"
 #include "ListsCommand.h"
 #include "SuggestSession.h"
 #include "Terminal.h"
-#include "WordFile.h"
 #include "settings/SinglishSettings.h"
+#include "words/ListReading.h"
+#include "words/WordFile.h"
 
 #include <cerrno>
 #include <chrono>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ListReading.h"
+#include "words/ListReading.h"
 
 #include <charconv>
 #include <istream>

@@ -68,7 +68,7 @@ TEST(Keysym, KnowsWhichModifiersMakeAShortcut) {
         std::uint64_t flags;
     };
     for (const Row& row : std::vector<Row>{
-             {"Shift", 1U << 0, 0},
+             {"Shift", 1U << 0, KeyEvent::shift},
              {"Caps Lock", 1U << 1, 0},
              {"Control", 1U << 2, KeyEvent::control},
              {"Alt", 1U << 3, KeyEvent::option},
@@ -80,6 +80,7 @@ TEST(Keysym, KnowsWhichModifiersMakeAShortcut) {
              {"Hyper", 1U << 27, KeyEvent::command},
              {"Meta", 1U << 28, KeyEvent::command},
              {"Control and Alt", 0xC, KeyEvent::control | KeyEvent::option},
+             {"Shift and Control", 0x5, KeyEvent::shift | KeyEvent::control},
          })
         EXPECT_EQ(Keysym::keyEvent('a', row.state, U'a').modifierFlags, row.flags) << row.name;
 }

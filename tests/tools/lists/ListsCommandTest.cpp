@@ -3,13 +3,13 @@
 #include "EmojiAnnotations.h"
 #include "ExitStatus.h"
 #include "ListCheck.h"
-#include "ListReading.h"
 #include "Randoms.h"
 #include "SuggestSession.h"
 #include "TemporaryFolder.h"
-#include "WordFile.h"
 #include "WordLists.h"
+#include "words/ListReading.h"
 #include "words/SinhalaWordList.h"
+#include "words/WordFile.h"
 
 #include <algorithm>
 #include <fstream>

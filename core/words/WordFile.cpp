@@ -1,7 +1,7 @@
-#include "WordFile.h"
+#include "words/WordFile.h"
 
-#include "ListReading.h"
 #include "text/Rows.h"
+#include "words/ListReading.h"
 
 namespace vanoka {
 

@@ -5,14 +5,15 @@
 #include <limits>
 #include <string_view>
 
-/// What the programs here do to a word list that they read, and a keyboard has to do itself: in the core,
-/// counts whose multiples or sums do not fit stop the process.
+/// What is done to a word list from elsewhere when it is read, so that nothing that it holds can stop a
+/// keyboard: where counts are handed over directly, multiples and sums that do not fit stop the process. The
+/// lists' own `ofFile` do it.
 namespace vanoka::ListReading {
 
 /// Counts are held to −largestCount … largestCount, which is also the most that a swipe decoder counts to.
 inline constexpr std::int64_t largestCount = std::numeric_limits<std::int32_t>::max();
 
-/// No program asks for more words at once.
+/// Nobody asks for more words at once.
 inline constexpr std::int64_t mostResults = 1'000'000;
 
 // A word's score is at most three times its count, and is added up over the results from two lists.

@@ -1,0 +1,106 @@
+#include "Candidates.h"
+
+#include "Answer.h"
+#include "Arguments.h"
+#include "Lists.h"
+#include "text/Rows.h"
+#include "vanoka.h"
+#include "words/ListReading.h"
+
+#include <algorithm>
+#include <string>
+
+using namespace vanoka;
+using namespace vanoka::c;
+
+struct vanoka_personal {
+    PersonalWords words;
+};
+
+struct vanoka_candidates {
+    WordLists lists;
+};
+
+namespace {
+
+using EnglishUse = PersonalWords::EnglishUse;
+
+/// Reads how often words were meant in one of both ways; the last count of a word holds.
+void readUses(std::string_view list, std::int64_t EnglishUse::* times, PersonalWords& words) {
+    text::forEachRow(ListReading::withoutByteOrderMark(list),
+                     [&](std::string_view word, std::string_view field) {
+                         if (const auto count = text::integer(field))
+                             words.english[std::string(word)].*times = ListReading::held(*count);
+                     });
+}
+
+std::int32_t kindOf(Candidate::Kind kind) {
+    switch (kind) {
+    case Candidate::Kind::typed:
+        return VANOKA_TYPED;
+    case Candidate::Kind::sinhala:
+        return VANOKA_WORD;
+    case Candidate::Kind::latin:
+        return VANOKA_LATIN;
+    case Candidate::Kind::emoji:
+        break;
+    }
+    return VANOKA_EMOJI;
+}
+
+/// The list of a handle, or an empty one.
+template <class Handle>
+auto listOf(const Handle* handle) {
+    return handle ? handle->list : decltype(handle->list)();
+}
+
+} // namespace
+
+vanoka_status vanoka_personal_create(const vanoka_words* sinhala, const char* kept, std::size_t kept_size,
+                                     const char* typed, std::size_t typed_size, vanoka_personal** personal) {
+    const List keptList(kept, kept_size), typedList(typed, typed_size);
+    return creating(
+        personal, [&] { return firstProblem(keptList, typedList); },
+        [&] {
+            PersonalWords words{.sinhala = listOf(sinhala)};
+            readUses(keptList.view(), &EnglishUse::kept, words);
+            readUses(typedList.view(), &EnglishUse::typedInSinhala, words);
+            return new vanoka_personal{std::move(words)};
+        });
+}
+
+void vanoka_personal_release(vanoka_personal* personal) {
+    delete personal;
+}
+
+vanoka_status vanoka_candidates_create(const vanoka_words* words, const vanoka_english* english,
+                                       const vanoka_emoji* emoji, const char* never, std::size_t never_size,
+                                       vanoka_candidates** candidates) {
+    const List neverList(never, never_size);
+    return creating(
+        candidates, [&] { return firstProblem(neverList); },
+        [&] {
+            return new vanoka_candidates{{listOf(words), listOf(english), listOf(emoji),
+                                          NeverOffered(ListReading::withoutByteOrderMark(neverList.view()))}};
+        });
+}
+
+void vanoka_candidates_release(vanoka_candidates* candidates) {
+    delete candidates;
+}
+
+vanoka_status vanoka_candidates_find(const vanoka_candidates* candidates, const vanoka_personal* personal,
+                                     const char* keys, std::size_t keys_size, const char* preview,
+                                     std::size_t preview_size, std::int32_t limit, vanoka_answer* answer) {
+    return answering(answer, [&](Reply& reply) {
+        const Text typed(keys, keys_size), shown(preview, preview_size);
+        if (const auto problem = firstProblem(candidates, typed, shown); problem != VANOKA_OK)
+            return problem;
+        const TypedWord word = {std::string(typed.view()), std::string(shown.view())};
+        const auto most = static_cast<std::size_t>(std::max(limit, 0));
+        for (const Candidate& row :
+             candidatesFor(word, candidates->lists, personal ? &personal->words : nullptr, most))
+            reply.add(kindOf(row.kind), row.text, row.isLearnt ? 1 : 0);
+        return vanoka_status{VANOKA_OK};
+    });
+}
