@@ -43,12 +43,12 @@ LearntWord formOf(std::string_view word) {
 
 LearntWord learntFrom(const CommittedWord& word) {
     LearntWord learnt = formOf(word.text);
-    const bool isKept = !learnt.english.empty();
-    if (std::string keys = formOf(word.keys).english;
-        isKept ? keys == learnt.english : text::holdsSinhala(word.text))
-        learnt.english = std::move(keys);
-    else
-        learnt.english.clear();
+    std::string keys = formOf(word.keys).english;
+    const bool isKept = !keys.empty() && learnt.english == keys;
+    learnt.english.clear();
+    if (!isKept && !text::holdsSinhala(word.text))
+        return learnt;
+    learnt.english = std::move(keys);
     learnt.use = isKept ? LearntWord::Use::kept : LearntWord::Use::typedInSinhala;
     return learnt;
 }

@@ -63,37 +63,31 @@ public:
 
 private:
     std::string takeForgotten(const std::string& word) {
-        return added(tally.forgotten.insert(word).second && isNew(word), tally.forgotten.size());
+        return take(word, tally.forgotten, [&] { tally.forgotten.insert(word); });
     }
 
     std::string takeEnglish(const std::string& word, std::string_view kept, std::string_view typed) {
         const auto first = count(kept, 0), second = count(typed, 0);
         if (!first || !second)
             return noCount(0);
-        const bool isFirst = !tally.forgotten.contains(word) && isNew(word);
-        tally.english.emplace(word, EnglishUse{*first, *second});
-        return added(isFirst, tally.english.size());
+        return take(word, tally.english, [&] { tally.english.emplace(word, EnglishUse{*first, *second}); });
     }
 
     std::string takeSinhala(const std::string& word, std::string_view field) {
         const auto number = count(field, 1);
         if (!number)
             return noCount(1);
-        const bool isFirst = !tally.forgotten.contains(word) && isNew(word);
-        tally.sinhala.emplace(word, *number);
-        return added(isFirst, tally.sinhala.size());
+        return take(word, tally.sinhala, [&] { tally.sinhala.emplace(word, *number); });
     }
 
-    bool isNew(const std::string& word) const {
-        return !tally.sinhala.contains(word) && !tally.english.contains(word);
-    }
-
-    static std::string added(bool isFirst, std::size_t size) {
-        if (!isFirst)
+    template <class Rows, class Add>
+    std::string take(const std::string& word, const Rows& rows, Add add) const {
+        if (tally.sinhala.contains(word) || tally.english.contains(word) || tally.forgotten.contains(word))
             return "the word stands there already";
-        return size > static_cast<std::size_t>(LearntWords::most)
-                   ? "these are more than " + std::to_string(LearntWords::most) + " words, which is the most"
-                   : std::string();
+        if (rows.size() >= static_cast<std::size_t>(LearntWords::most))
+            return "these are more than " + std::to_string(LearntWords::most) + " words, which is the most";
+        add();
+        return {};
     }
 };
 

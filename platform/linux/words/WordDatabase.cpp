@@ -57,6 +57,21 @@ fs::path freeNameBeside(const fs::path& path) {
             return name;
 }
 
+/// Removes a database that nobody has open.
+std::error_code removeAll(const fs::path& path) {
+    std::error_code error;
+    for (const std::string_view beside : besides)
+        if (!error)
+            fs::remove(path.string().append(beside), error);
+    if (!error)
+        fs::remove(path, error);
+    return error;
+}
+
+bool isBeside(const std::string& name) {
+    return std::ranges::any_of(besides, [&](std::string_view beside) { return name.ends_with(beside); });
+}
+
 Fault later() {
     return {FaultKind::later,
             "a later version of Vanoka or another program has made it; it is left as it is"};
@@ -145,12 +160,9 @@ Fault WordDatabase::erase() {
     });
     if (fault)
         return fault;
-    for (const fs::path& damaged : damagedBeside(path_)) {
-        std::error_code error;
-        fs::remove(damaged, error);
-        if (error)
+    for (const fs::path& damaged : damagedBeside(path_))
+        if (const auto error = removeAll(damaged))
             return {FaultKind::other, damaged.string() + ": " + error.message()};
-    }
     return {};
 }
 
@@ -165,7 +177,8 @@ std::vector<fs::path> WordDatabase::damagedBeside(const fs::path& path) {
     std::error_code ignored;
     for (fs::directory_iterator entry(path.parent_path(), ignored), end; entry != end;
          entry.increment(ignored))
-        if (entry->path().filename().string().starts_with(start))
+        if (const std::string name = entry->path().filename().string();
+            name.starts_with(start) && !isBeside(name))
             found.push_back(entry->path());
     std::ranges::sort(found);
     return found;

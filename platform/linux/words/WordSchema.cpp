@@ -39,8 +39,8 @@ int tick(sqlite3* database) {
     return execute(database, "UPDATE clock SET tick = tick + 1");
 }
 
-/// A table that has grown too large loses its least used words, the longest unused ones first, and a
-/// twentieth more than it must: else there would be no room in which a new word could come to be used.
+/// A table that has grown too large loses its least used words, the longest unused ones first: never the one
+/// that is being learnt, and a twentieth more than it must, or else no new word had room to come to be used.
 int makeRoom(sqlite3* database, const char* count, const char* removeLeastUsed) {
     const std::int64_t words = sqlite::numberOf(database, count, 0);
     if (words <= LearntWords::most)
@@ -49,15 +49,17 @@ int makeRoom(sqlite3* database, const char* count, const char* removeLeastUsed) 
 }
 
 int makeRoomForSinhala(sqlite3* database) {
-    return makeRoom(database, "SELECT count(*) FROM sinhala",
-                    "DELETE FROM sinhala WHERE word IN"
-                    " (SELECT word FROM sinhala ORDER BY count, used LIMIT ?1)");
+    return makeRoom(
+        database, "SELECT count(*) FROM sinhala",
+        "DELETE FROM sinhala WHERE word IN"
+        " (SELECT word FROM sinhala WHERE used < (SELECT tick FROM clock) ORDER BY count, used LIMIT ?1)");
 }
 
 int makeRoomForEnglish(sqlite3* database) {
     return makeRoom(database, "SELECT count(*) FROM english",
                     "DELETE FROM english WHERE word IN"
-                    " (SELECT word FROM english ORDER BY kept + typed, used LIMIT ?1)");
+                    " (SELECT word FROM english WHERE used < (SELECT tick FROM clock) ORDER BY kept + typed, "
+                    "used LIMIT ?1)");
 }
 
 int countSinhala(sqlite3* database, const std::string& word) {
@@ -196,7 +198,8 @@ int merge(sqlite3* database, const WordTally& other) {
     each(other.forgotten, [&](const std::string& word) { return forget(database, word); });
     each(other.sinhala, [&](const auto& row) { return mergeSinhala(database, row.first, row.second); });
     each(other.english, [&](const auto& row) { return mergeEnglish(database, row.first, row.second); });
-    return inOrder([&] { return result; }, [&] { return makeRoomForSinhala(database); },
+    return inOrder([&] { return result; }, [&] { return tick(database); },
+                   [&] { return makeRoomForSinhala(database); },
                    [&] { return makeRoomForEnglish(database); });
 }
 
