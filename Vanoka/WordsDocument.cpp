@@ -5,27 +5,15 @@
 #include <algorithm>
 #include <optional>
 #include <utility>
-#include <vector>
 
 namespace vanoka::WordsDocument {
 
 namespace {
 
 using EnglishUse = PersonalWords::EnglishUse;
-using Fields = std::vector<std::string_view>;
 
 constexpr std::string_view englishMark = "english", forgottenMark = "forgotten";
 constexpr std::string_view byteOrderMark = "\uFEFF";
-
-Fields fieldsOf(std::string_view line) {
-    Fields fields;
-    for (std::size_t end = 0; end != std::string_view::npos;) {
-        end = line.find('\t');
-        fields.push_back(line.substr(0, end));
-        line.remove_prefix(end == std::string_view::npos ? line.size() : end + 1);
-    }
-    return fields;
-}
 
 std::optional<std::int64_t> count(std::string_view field, std::int64_t least) {
     const auto number = text::integer(field);
@@ -45,7 +33,7 @@ public:
             return {};
         if (line.ends_with('\r'))
             return "it ends in CR LF; a line ends in a line feed alone";
-        const Fields fields = fieldsOf(line);
+        const auto fields = fieldsOf(line);
         const LearntWord form = LearntWords::formOf(fields.front());
         const std::string& word = form.english.empty() ? form.sinhala : form.english;
         if (word.empty())
@@ -107,6 +95,16 @@ void writeRows(const Rows& rows, Uses usesOf, std::string& document, auto writeC
 }
 
 } // namespace
+
+std::vector<std::string_view> fieldsOf(std::string_view line) {
+    std::vector<std::string_view> fields;
+    for (std::size_t end = 0; end != std::string_view::npos;) {
+        end = line.find('\t');
+        fields.push_back(line.substr(0, end));
+        line.remove_prefix(end == std::string_view::npos ? line.size() : end + 1);
+    }
+    return fields;
+}
 
 std::string write(const WordTally& tally) {
     std::string document = "# Sinhala words, and how often each was put in\n";

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 /// What was learnt as text, to be carried elsewhere: lines of fields with a tab between them.
 ///
@@ -21,6 +22,9 @@ inline constexpr std::size_t largest = std::size_t{16} * 1024 * 1024; ///< in by
 
 /// The most used words first.
 std::string write(const WordTally& tally);
+
+/// The fields of a line. Views of it.
+std::vector<std::string_view> fieldsOf(std::string_view line);
 
 struct Problem {
     std::size_t line = 0; ///< from 1

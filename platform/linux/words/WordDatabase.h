@@ -39,6 +39,9 @@ public:
         explicit operator bool() const noexcept { return kind != Kind::none; }
     };
 
+    /// How long somebody who waits for the outcome waits for other programs.
+    static constexpr std::chrono::milliseconds longestWait{5000};
+
     /// Opens nothing yet. An empty path stores nothing. A call waits for other programs for `patience`.
     WordDatabase(std::filesystem::path path, std::chrono::milliseconds patience);
 
