@@ -44,7 +44,7 @@ TEST_F(WordsCommandTest, ListsWhatWasLearnt) {
     EXPECT_EQ(output, "gedara is forgotten, and is not learnt again.\n");
     EXPECT_EQ(run({"list"}), ExitStatus::done);
     EXPECT_EQ(output, "  " + gama + "       2\n  " + gedara +
-                          "      1\n  mate     kept 1, in Sinhala 0\n  gedara   forgotten\n");
+                          "     1\n  mate     kept 1, in Sinhala 0\n  gedara   forgotten\n");
     EXPECT_EQ(run({"forget", gama}), ExitStatus::done);
     EXPECT_EQ(run({"add", "gedara"}), ExitStatus::done) << "what is added is remembered";
     EXPECT_EQ(run({"erase"}), ExitStatus::done);
