@@ -42,11 +42,11 @@ void makeFile(const fs::path& path) {
     ::mknod(path.c_str(), S_IFREG | S_IRUSR | S_IWUSR, 0); // why there is none, opening tells
 }
 
-/// The files beside get the mode of the database.
+/// The files beside get the mode of the database. What its owner may not do either stays so.
 void keepFromOthers(const fs::path& path, mode_t mode) {
     constexpr mode_t others = S_IRWXG | S_IRWXO;
     if (S_ISREG(mode) && (mode & others) != 0)
-        ::chmod(path.c_str(), S_IRUSR | S_IWUSR);
+        ::chmod(path.c_str(), mode & S_IRWXU);
 }
 
 fs::path freeNameBeside(const fs::path& path) {

@@ -45,6 +45,10 @@ TEST_F(WordDatabaseTest, IsTakenFromOthersWhoMayReadIt) {
     learn(gama);
     for (const char* beside : {"", "-wal", "-shm"})
         EXPECT_EQ(test::modeOf(file.string() + beside), 0600U) << beside;
+    database = WordDatabase(file, test::longEnough);
+    ::chmod(file.c_str(), 0444);
+    static_cast<void>(database.open());
+    EXPECT_EQ(test::modeOf(file), 0400U) << "one that may not be written stays so";
 }
 
 /// A plain tally and a store that are told the same hold the same.
