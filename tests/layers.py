@@ -50,7 +50,8 @@ def rule_for(path):
 def found(top, including, name):
     """The file of the tree that an #include means, or None for one that is generated."""
     above = sorted(folder for floor in ("platform", "tools") for folder in (top / floor).iterdir() if folder.is_dir())
-    for root in [top / including.parent, top / "core", top / "Vanoka", top / "c", *above, top / "platform/linux/doctor"]:
+    for root in [top / including.parent, top / "core", top / "Vanoka", top / "c", *above, top / "platform/linux/doctor",
+                 top / "platform/linux/words"]:
         if (root / name).is_file():
             return (root / name).resolve().relative_to(top)
     return None

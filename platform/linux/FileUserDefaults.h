@@ -40,7 +40,7 @@ public:
     /// The defaults of the user who runs this process, in "vanoka" in the user's configuration folder.
     static FileUserDefaults& standard();
 
-    /// "vanoka" in `$XDG_CONFIG_HOME`, or in ".config" in the home folder; empty when there is neither.
+    /// `UserFolders::configuration`.
     static std::filesystem::path standardFolder();
 
     std::optional<std::string> data(std::string_view name) override;

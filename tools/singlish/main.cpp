@@ -6,6 +6,7 @@
 #include "LineSession.h"
 #include "Program.h"
 #include "Terminal.h"
+#include "WordsCommand.h"
 
 #include <cerrno>
 #include <clocale>
@@ -35,6 +36,12 @@ Usage:
   singlish keys reset          remove all your keys, switch every built-in key on
   singlish keys export         write your keys as JSON
   singlish keys import FILE    replace your keys with exported ones; - reads standard input
+  singlish words [list]        what was learnt from your writing
+  singlish words add WORD      learn a word
+  singlish words forget WORD   never learn a word again
+  singlish words export        write what was learnt as text
+  singlish words import FILE   add what was exported elsewhere; - reads standard input
+  singlish words erase         erase all that was learnt
   singlish doctor              what is missing for typing Sinhala on this desktop
   singlish --help, --version
 
@@ -48,12 +55,13 @@ Exit status: 0 done, 1 refused or something missing, 2 not understood, 3 somethi
 constexpr std::string_view hint = "\x1B[2mType English letters: amma gedhara. "
                                   "Escape keeps them Latin, Ctrl-D ends.\x1B[22m\r\n";
 
-const Program program = {.name = "singlish",
-                         .help = {{"", help}},
-                         .commands = {{"", {}}, {"chart", {}}, {"keys", {}, true}, {"doctor", {}}},
-                         .noCommand = {},
-                         .noSuchOption = "Not understood: ",
-                         .hint = "singlish --help tells what is."};
+const Program program = {
+    .name = "singlish",
+    .help = {{"", help}},
+    .commands = {{"", {}}, {"chart", {}}, {"keys", {}, true}, {"words", {}}, {"doctor", {}}},
+    .noCommand = {},
+    .noSuchOption = "Not understood: ",
+    .hint = "singlish --help tells what is."};
 
 int fail(std::string_view what, std::string_view why) {
     return program.failed(std::string(what) + ": " + std::string(why), std::cerr);
@@ -112,6 +120,10 @@ int runKeys(const CommandLine& line) {
     return command.run(std::vector<std::string_view>(line.operands.begin(), line.operands.end()));
 }
 
+int runWords(const CommandLine& line) {
+    return WordsCommand(WordDatabase::standardPath(), std::cin, std::cout, std::cerr).run(line.operands);
+}
+
 int runDoctor() {
     const auto system = DoctorSystem::real(SinglishSettings::shared());
     return writeFindings(examine(system), std::cout) ? ExitStatus::done : ExitStatus::refused;
@@ -120,6 +132,8 @@ int runDoctor() {
 int run(const CommandLine& line) {
     if (line.command == "keys")
         return runKeys(line);
+    if (line.command == "words")
+        return runWords(line);
     if (!line.operands.empty())
         return program.misused("Not understood: " + line.operands.front(), std::cerr);
     if (line.command == "chart")

@@ -159,6 +159,15 @@ void examineKeys(const DoctorSystem& system, Findings& findings) {
         findings.good("Your own keys can be read.");
 }
 
+/// Without them the word lists alone suggest.
+void examineWords(const DoctorSystem& system, Findings& findings) {
+    const auto problems = system.wordProblems();
+    for (const std::string& problem : problems)
+        findings.note(problem);
+    if (problems.empty())
+        findings.good("What was learnt can be read.");
+}
+
 std::string_view markOf(Kind kind) {
     switch (kind) {
     case Kind::good:
@@ -187,6 +196,7 @@ std::vector<Finding> examine(const DoctorSystem& system) {
     examineFonts(system, findings);
     examineLocale(system, findings);
     examineKeys(system, findings);
+    examineWords(system, findings);
     return findings.take();
 }
 

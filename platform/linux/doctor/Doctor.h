@@ -38,6 +38,8 @@ struct DoctorSystem {
     std::function<std::optional<std::string>(const std::vector<std::string>& command)> output;
     /// Why the user's own keys cannot be read; empty when they can.
     std::function<std::string()> keysProblem;
+    /// What is wrong with the words that were learnt, a sentence each.
+    std::function<std::vector<std::string>()> wordProblems;
 
     /// The system that this process runs on, with its user's `settings`, which must outlive it.
     static DoctorSystem real(const SinglishSettings& settings);

@@ -1,6 +1,8 @@
 #include "DoctorCompositor.h"
 
 #include "StoredKeys.h"
+#include "WordDatabase.h"
+#include "WordMessages.h"
 
 #include <algorithm>
 #include <chrono>
@@ -102,8 +104,13 @@ std::optional<std::string> outputOf(const std::vector<std::string>& command) {
 } // namespace
 
 DoctorSystem DoctorSystem::real(const SinglishSettings& settings) {
-    return {valueOf,       isFileThere, doesFileHold,
-            askCompositor, outputOf,    [&settings] { return StoredKeys::readingProblem(settings); }};
+    return {valueOf,
+            isFileThere,
+            doesFileHold,
+            askCompositor,
+            outputOf,
+            [&settings] { return StoredKeys::readingProblem(settings); },
+            [] { return WordMessages::problemsOf(WordDatabase::standardPath()); }};
 }
 
 } // namespace vanoka

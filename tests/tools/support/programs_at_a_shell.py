@@ -22,7 +22,8 @@ class AtAShell(unittest.TestCase):
         folder = tempfile.TemporaryDirectory(prefix="vanoka-shell-")
         self.addCleanup(folder.cleanup)
         self.folder = folder.name
-        self.environment = {**os.environ, "LC_ALL": "C.UTF-8", "XDG_CONFIG_HOME": self.folder}
+        self.environment = {**os.environ, "LC_ALL": "C.UTF-8", "XDG_CONFIG_HOME": self.folder,
+                            "XDG_DATA_HOME": self.folder}
 
     def file(self, name, contents):
         path = os.path.join(self.folder, name)
@@ -41,6 +42,7 @@ class AnInputThatFails(AtAShell):
         return [
             [SINGLISH],
             [SINGLISH, "keys", "import", "-"],
+            [SINGLISH, "words", "import", "-"],
             [VANOKA_LISTS, "count"],
             [VANOKA_LISTS, "english"],
             [VANOKA_LISTS, "check", "-"],

@@ -1,7 +1,11 @@
 #include "Doctor.h"
 
+#include "TemporaryFolder.h"
+
 #include <algorithm>
+#include <filesystem>
 #include <fnmatch.h>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
@@ -37,6 +41,7 @@ struct Desktop {
         {"fc-list --format %{capability}\\n :lang=si", "otlayout:latn otlayout:sinh\n"},
     };
     std::string keysProblem;
+    std::vector<std::string> wordProblems;
 
     DoctorSystem system() const {
         return {[this](std::string_view name) {
@@ -60,7 +65,8 @@ struct Desktop {
                     const auto found = outputs.find(line);
                     return found == outputs.end() ? std::nullopt : std::optional(found->second);
                 },
-                [this] { return keysProblem; }};
+                [this] { return keysProblem; },
+                [this] { return wordProblems; }};
     }
 
     static bool isLike(const std::string& file, const std::string& pattern) {
@@ -169,6 +175,10 @@ TEST(Doctor, OnlyNotesWhatSomeProgramsDoWithout) {
               "Which fonts there are could not be found out."},
              {[](Desktop& desktop) { desktop.keysProblem = "Your keys cannot be read: It is damaged."; },
               "Your keys cannot be read: It is damaged."},
+             {[](Desktop& desktop) {
+                  desktop.wordProblems = {"One word.", "Damaged words are kept as FILE."};
+              },
+              "Damaged words are kept as FILE."},
          }) {
         Desktop desktop;
         row.take(desktop);
@@ -299,6 +309,17 @@ TEST(Doctor, AsksTheRealSystem) {
     ASSERT_TRUE(much.has_value());
     EXPECT_EQ(much->size(), 300000U);
     EXPECT_EQ(system.keysProblem(), "");
+    const test::TemporaryFolder data;
+    ::setenv("XDG_DATA_HOME", data.path().c_str(), 1);
+    EXPECT_TRUE(system.wordProblems().empty());
+    EXPECT_TRUE(std::filesystem::is_empty(data.path())) << "looking makes nothing";
+    const std::string file = data.path() / "vanoka/words.sqlite";
+    std::filesystem::create_directory(data.path() / "vanoka");
+    std::ofstream(file) << std::string(5000, 'x');
+    EXPECT_EQ(system.wordProblems(), std::vector{"Damaged words are kept as " + file + ".damaged-1."});
+    std::filesystem::remove(file);
+    std::filesystem::create_directory(file);
+    EXPECT_EQ(system.wordProblems().front(), "Your words cannot be read from " + file + ": Is a directory.");
     defaults.setData(SinglishSettings::storedName, "{");
     const SinglishSettings damaged(defaults);
     EXPECT_EQ(DoctorSystem::real(damaged).keysProblem(),

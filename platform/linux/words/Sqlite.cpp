@@ -1,0 +1,36 @@
+#include "Sqlite.h"
+
+namespace vanoka::sqlite {
+
+int open(const std::filesystem::path& path, Database& database) {
+    sqlite3* opened = nullptr;
+    // Each database is used by one thread at a time.
+    const int result =
+        sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    database.reset(opened);
+    return result;
+}
+
+int run(sqlite3* database, const char* statements) {
+    return sqlite3_exec(database, statements, nullptr, nullptr, nullptr);
+}
+
+int Statement::finish() {
+    int result = step();
+    while (result == SQLITE_ROW)
+        result = step();
+    return result == SQLITE_DONE ? SQLITE_OK : result;
+}
+
+std::string Statement::text(int column) const {
+    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement_, column));
+    const auto size = static_cast<std::size_t>(sqlite3_column_bytes(statement_, column));
+    return bytes ? std::string(bytes, size) : std::string();
+}
+
+std::int64_t numberOf(sqlite3* database, std::string_view text, std::int64_t fallback) {
+    Statement statement(database, text);
+    return statement.step() == SQLITE_ROW ? statement.number(0) : fallback;
+}
+
+} // namespace vanoka::sqlite

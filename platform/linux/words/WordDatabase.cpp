@@ -1,0 +1,302 @@
+#include "WordDatabase.h"
+
+#include "AtomicFile.h"
+#include "FolderLock.h"
+#include "LastError.h"
+#include "UserFolders.h"
+#include "WordSchema.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <sys/stat.h>
+#include <thread>
+
+namespace vanoka {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Clock = std::chrono::steady_clock;
+using Fault = WordDatabase::Fault;
+using FaultKind = Fault::Kind;
+
+constexpr std::chrono::milliseconds pause{
+    5}; // between two attempts; another's transaction takes less than one
+constexpr std::chrono::seconds patienceToSetAside{1};
+
+constexpr std::string_view damagedMark = ".damaged-";
+// What SQLite keeps beside a database, in the order in which it goes with it: a journal that stayed alone
+// would be taken for the next database's.
+constexpr std::array<std::string_view, 2> besides = {"-wal", "-shm"};
+
+constexpr const char* settings = "PRAGMA journal_mode = WAL;"
+                                 // A kill loses nothing; forcing every word to the disk would wear it out.
+                                 "PRAGMA synchronous = NORMAL;"
+                                 "PRAGMA secure_delete = ON;" // what is forgotten is overwritten
+                                 "PRAGMA trusted_schema = OFF;";
+
+/// Makes an empty file without opening it: closing one that SQLite has open would drop SQLite's locks.
+void makeFile(const fs::path& path) {
+    ::mknod(path.c_str(), S_IFREG | S_IRUSR | S_IWUSR, 0); // why there is none, opening tells
+}
+
+/// The files beside get the mode of the database. What its owner may not do either stays so.
+void keepFromOthers(const fs::path& path, mode_t mode) {
+    constexpr mode_t others = S_IRWXG | S_IRWXO;
+    if (S_ISREG(mode) && (mode & others) != 0)
+        ::chmod(path.c_str(), mode & S_IRWXU);
+}
+
+fs::path freeNameBeside(const fs::path& path) {
+    const std::string start = path.string().append(damagedMark);
+    std::error_code ignored;
+    for (int number = 1;; ++number)
+        if (fs::path name = start + std::to_string(number); !fs::exists(fs::symlink_status(name, ignored)))
+            return name;
+}
+
+/// Removes a database that nobody has open.
+std::error_code removeAll(const fs::path& path) {
+    std::error_code error;
+    for (const std::string_view beside : besides)
+        if (!error)
+            fs::remove(path.string().append(beside), error);
+    if (!error)
+        fs::remove(path, error);
+    return error;
+}
+
+bool isBeside(const std::string& name) {
+    return std::ranges::any_of(besides, [&](std::string_view beside) { return name.ends_with(beside); });
+}
+
+Fault later() {
+    return {FaultKind::later,
+            "a later version of Vanoka or another program has made it; it is left as it is"};
+}
+
+/// A file whose tables are not what its version says is as good as a torn one.
+int checkTables(sqlite3* database) {
+    sqlite::Statement check(database, "PRAGMA quick_check(1)");
+    if (const int result = check.step(); result != SQLITE_ROW)
+        return result;
+    if (check.text(0) != "ok")
+        return SQLITE_CORRUPT;
+    for (const char* const table :
+         {"SELECT tick FROM clock", "SELECT word, count, used FROM sinhala",
+          "SELECT word, kept, typed, used FROM english", "SELECT word FROM forgotten"})
+        if (const int result = sqlite::Statement(database, table).step(); result == SQLITE_ERROR)
+            return SQLITE_CORRUPT;
+    return SQLITE_OK;
+}
+
+int versionOf(sqlite3* database) {
+    return static_cast<int>(sqlite::numberOf(database, "PRAGMA user_version", 0));
+}
+
+/// Another program may have made the tables meanwhile.
+int migrateIfOlder(sqlite3* database) {
+    const int version = versionOf(database);
+    return version < WordSchema::version ? WordSchema::migrate(database, version) : SQLITE_OK;
+}
+
+int shrink(sqlite3* database) {
+    if (const int result = sqlite::run(database, "VACUUM"); result != SQLITE_OK)
+        return result;
+    constexpr std::int64_t busy = 1;
+    return sqlite::numberOf(database, "PRAGMA wal_checkpoint(TRUNCATE)", busy) == busy ? SQLITE_BUSY
+                                                                                       : SQLITE_OK;
+}
+
+} // namespace
+
+WordDatabase::WordDatabase(fs::path path, std::chrono::milliseconds patience)
+    : path_(std::move(path)), patience_(patience) {}
+
+fs::path WordDatabase::standardPath() {
+    const fs::path folder = UserFolders::data();
+    return folder.empty() ? fs::path() : folder / "words.sqlite";
+}
+
+Fault WordDatabase::open() {
+    return perform([](sqlite3*) { return SQLITE_OK; });
+}
+
+Fault WordDatabase::apply(const WordChange& change) {
+    return perform([&](sqlite3* database) {
+        return inTransaction("BEGIN IMMEDIATE", [&] { return WordSchema::apply(database, change); });
+    });
+}
+
+Fault WordDatabase::remember(const LearntWord& word) {
+    return perform([&](sqlite3* database) {
+        return inTransaction("BEGIN IMMEDIATE", [&] { return WordSchema::remember(database, word); });
+    });
+}
+
+Fault WordDatabase::merge(const WordTally& other) {
+    return perform([&](sqlite3* database) {
+        return inTransaction("BEGIN IMMEDIATE", [&] { return WordSchema::merge(database, other); });
+    });
+}
+
+Fault WordDatabase::read(WordTally& tally) {
+    return perform([&](sqlite3* database) {
+        return inTransaction("BEGIN", [&] {
+            tally = {};
+            const int result = WordSchema::read(database, tally);
+            seen_ = sqlite::numberOf(database, "PRAGMA data_version", -1);
+            return result;
+        });
+    });
+}
+
+Fault WordDatabase::erase() {
+    Fault fault = perform([&](sqlite3* database) {
+        const int result = inTransaction("BEGIN IMMEDIATE", [&] { return WordSchema::erase(database); });
+        return result == SQLITE_OK ? shrink(database) : result;
+    });
+    if (fault)
+        return fault;
+    for (const fs::path& damaged : damagedBeside(path_))
+        if (const auto error = removeAll(damaged))
+            return {FaultKind::other, damaged.string() + ": " + error.message()};
+    return {};
+}
+
+bool WordDatabase::hasChanged() {
+    return !database_ || identityOf(path_) != opened_ ||
+           sqlite::numberOf(database_.get(), "PRAGMA data_version", -1) != seen_;
+}
+
+std::vector<fs::path> WordDatabase::damagedBeside(const fs::path& path) {
+    std::vector<fs::path> found;
+    const std::string start = path.filename().string().append(damagedMark);
+    std::error_code ignored;
+    for (fs::directory_iterator entry(path.parent_path(), ignored), end; entry != end;
+         entry.increment(ignored))
+        if (const std::string name = entry->path().filename().string();
+            name.starts_with(start) && !isBeside(name))
+            found.push_back(entry->path());
+    std::ranges::sort(found);
+    return found;
+}
+
+/// Does the work, and waits while others keep it from being done.
+Fault WordDatabase::perform(const Work& work) {
+    const auto end = Clock::now() + patience_;
+    Fault fault = attempt(work);
+    while (fault.kind == FaultKind::busy && Clock::now() < end) {
+        std::this_thread::sleep_for(pause);
+        fault = attempt(work);
+    }
+    return fault;
+}
+
+Fault WordDatabase::attempt(const Work& work) {
+    for (;;) {
+        Fault fault = openIfNeeded();
+        if (!fault)
+            fault = faultOf(work(database_.get()));
+        if (fault && fault.kind != FaultKind::busy)
+            database_.reset();
+        if (fault.kind != FaultKind::damaged)
+            return fault;
+        if (const auto error = moveAside())
+            return {FaultKind::other, "it is damaged, and cannot be set aside: " + error.message()};
+    }
+}
+
+Fault WordDatabase::openIfNeeded() {
+    if (path_.empty())
+        return {FaultKind::other, "there is no home folder"};
+    if (database_ && identityOf(path_) == opened_)
+        return {};
+    database_.reset();
+    if (const auto error = AtomicFile::makeFolder(path_.parent_path()))
+        return {FaultKind::other, error.message()};
+    makeFile(path_);
+    opened_ = identityOf(path_); // one that is replaced from here on is opened anew the next time
+    keepFromOthers(path_, opened_.mode);
+    Fault fault = faultOf(sqlite::open(path_, database_));
+    if (!fault)
+        fault = prepare();
+    if (fault)
+        database_.reset();
+    return fault;
+}
+
+/// Nothing is written into a file that turns out not to be ours.
+Fault WordDatabase::prepare() {
+    sqlite3* const database = database_.get();
+    if (Fault fault = faultOf(sqlite::run(database, "SELECT count(*) FROM sqlite_schema")))
+        return fault;
+    const int version = versionOf(database);
+    const bool isEmpty = sqlite::numberOf(database, "SELECT count(*) FROM sqlite_schema", 0) == 0;
+    if (version < 0 || version > WordSchema::version || (version == 0 && !isEmpty))
+        return later();
+    if (Fault fault = faultOf(sqlite::run(database, settings)))
+        return fault;
+    if (version < WordSchema::version)
+        if (Fault fault = faultOf(inTransaction("BEGIN IMMEDIATE", [&] { return migrateIfOlder(database); })))
+            return fault;
+    return faultOf(checkTables(database));
+}
+
+Fault WordDatabase::faultOf(int result) const {
+    switch (result & 0xFF) { // without what makes it more exact
+    case SQLITE_OK:
+        return {};
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+    case SQLITE_PROTOCOL: // a race for a lock
+        return {FaultKind::busy, "another program keeps it locked"};
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        return {FaultKind::damaged, "it is damaged"};
+    case SQLITE_FULL:
+        return {FaultKind::other, std::make_error_code(std::errc::no_space_on_device).message()};
+    default:
+        break;
+    }
+    const int error = database_ ? sqlite3_system_errno(database_.get()) : 0;
+    return {FaultKind::other, error != 0 ? std::generic_category().message(error) : sqlite3_errstr(result)};
+}
+
+template <class Steps>
+int WordDatabase::inTransaction(const char* begin, Steps steps) {
+    int result = sqlite::run(database_.get(), begin);
+    if (result != SQLITE_OK)
+        return result;
+    result = steps();
+    if (result == SQLITE_OK)
+        result = sqlite::run(database_.get(), "COMMIT");
+    if (result != SQLITE_OK)
+        sqlite::run(database_.get(), "ROLLBACK");
+    return result;
+}
+
+/// Gives the damaged file another name, unless another program has done so.
+std::error_code WordDatabase::moveAside() {
+    const FolderLock lock(path_.parent_path(), patienceToSetAside);
+    if (identityOf(path_) != opened_)
+        return {};
+    const fs::path aside = freeNameBeside(path_);
+    for (const std::string_view beside : besides)
+        ::rename((path_.string().append(beside)).c_str(), (aside.string().append(beside)).c_str());
+    if (::rename(path_.c_str(), aside.c_str()) != 0)
+        return lastError();
+    setAside_ = aside;
+    return {};
+}
+
+WordDatabase::Identity WordDatabase::identityOf(const fs::path& path) {
+    struct stat status = {};
+    if (::stat(path.c_str(), &status) != 0)
+        return {};
+    return {status.st_dev, status.st_ino, status.st_mode};
+}
+
+} // namespace vanoka

@@ -1,0 +1,164 @@
+#include "SqliteWordStore.h"
+
+#include "StoredWords.h"
+
+#include <csignal>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+/// Disks and permissions that fail, in a process of its own, which may be left without rights and limits.
+namespace vanoka {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using test::amma, test::committed, test::gama, test::longEnough, test::storedIn;
+
+bool has(const SqliteWordStore& store, const std::string& word) {
+    return store.words()->sinhala.countOfSpelling(word) > 0;
+}
+
+/// Runs a body in a child, which no test's user may be stronger than: 0 when it returns true.
+int inAnotherProcess(const std::function<bool()>& body) {
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(body() ? 0 : 1);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return status;
+}
+
+/// To whom permissions apply, which they do not to root.
+void becomeNobody() {
+    constexpr uid_t nobody = 65534;
+    if (::geteuid() == 0 && ::setuid(nobody) != 0)
+        ::_exit(3);
+}
+
+class WordStoreTroubleTest : public testing::Test {
+protected:
+    test::TemporaryFolder temporary;
+    fs::path folder = temporary.path() / "vanoka";
+    fs::path file = folder / "words.sqlite";
+};
+
+TEST_F(WordStoreTroubleTest, AFullDiskKeepsNobodyFromTyping) {
+    EXPECT_EQ(inAnotherProcess([&] {
+                  std::signal(SIGXFSZ, SIG_IGN);
+                  SqliteWordStore store(file);
+                  store.learn(committed(gama));
+                  if (!store.flush(longEnough))
+                      return false;
+                  rlimit before = {};
+                  ::getrlimit(RLIMIT_FSIZE, &before);
+                  const rlimit full = {1, before.rlim_max};
+                  ::setrlimit(RLIMIT_FSIZE, &full);
+                  store.learn(committed(amma));
+                  if (store.flush(longEnough) || !has(store, amma) || store.condition().problem.empty())
+                      return false;
+                  ::setrlimit(RLIMIT_FSIZE, &before);
+                  store.learn(committed(gama));
+                  return store.flush(longEnough) && store.condition().problem.empty();
+              }),
+              0);
+    EXPECT_EQ(storedIn(file).sinhala, (decltype(WordTally::sinhala){{gama, 2}, {amma, 1}}));
+}
+
+TEST_F(WordStoreTroubleTest, ReadOnlyFilesAndFoldersKeepNobodyFromTyping) {
+    for (const mode_t folderMode : {0755U, 0555U}) {
+        fs::remove_all(folder);
+        ASSERT_FALSE(WordDatabase(file, longEnough).apply(test::learning(gama)));
+        ::chmod(temporary.path().c_str(), 0755);
+        ::chmod(folder.c_str(), folderMode);
+        ::chmod(file.c_str(), 0444);
+        ::chown(folder.c_str(), ::geteuid() == 0 && folderMode == 0755 ? 65534 : ::geteuid(),
+                static_cast<gid_t>(-1));
+        const std::string before = test::bytesOf(file);
+        EXPECT_EQ(inAnotherProcess([&] {
+                      becomeNobody();
+                      SqliteWordStore store(file);
+                      store.learn(committed(amma));
+                      return !store.flush(longEnough) && has(store, amma) &&
+                             !store.condition().problem.empty();
+                  }),
+                  0)
+            << folderMode;
+        EXPECT_EQ(test::bytesOf(file), before);
+        ::chmod(folder.c_str(), 0700);
+    }
+}
+
+TEST_F(WordStoreTroubleTest, AFolderInThePlaceOfTheFileStays) {
+    fs::create_directories(file / "inside");
+    SqliteWordStore store(file);
+    store.learn(committed(gama));
+    EXPECT_FALSE(store.flush(longEnough));
+    EXPECT_TRUE(has(store, gama));
+    EXPECT_EQ(store.condition().problem, "Is a directory");
+    EXPECT_TRUE(fs::exists(file / "inside"));
+    fs::remove_all(file);
+    store.learn(committed(amma));
+    EXPECT_TRUE(store.flush(longEnough));
+    EXPECT_EQ(storedIn(file).sinhala.size(), 2U) << "what waited is written when it can be";
+}
+
+TEST_F(WordStoreTroubleTest, ADamagedFileIsSetAsideAndItsNameSaid) {
+    fs::create_directories(folder);
+    std::ofstream(file) << std::string(5000, '\x7F');
+    SqliteWordStore store(file);
+    store.learn(committed(gama));
+    EXPECT_TRUE(store.flush(longEnough));
+    EXPECT_EQ(store.condition().setAside, folder / "words.sqlite.damaged-1");
+    EXPECT_EQ(store.condition().problem, "");
+    EXPECT_EQ(storedIn(file).sinhala.at(gama), 1);
+}
+
+/// While two stores have it open: one finds the damage, and the other goes on with the new file.
+TEST_F(WordStoreTroubleTest, OfTwoStoresOneSetsTheDamagedFileAside) {
+    SqliteWordStore store(file), other(file);
+    store.learn(committed(gama));
+    other.learn(committed(gama));
+    ASSERT_TRUE(store.flush(longEnough) && other.flush(longEnough));
+    test::runIn(file, "PRAGMA wal_checkpoint(TRUNCATE)");
+    fs::rename(file, folder / "good");
+    std::ofstream(file) << std::string(5000, '\x7F');
+    store.learn(committed(amma));
+    other.learn(committed(amma));
+    ASSERT_TRUE(store.flush(longEnough) && other.flush(longEnough));
+    EXPECT_EQ(storedIn(file).sinhala, (decltype(WordTally::sinhala){{amma, 2}}));
+    EXPECT_EQ(WordDatabase::damagedBeside(file).size(), 1U);
+    EXPECT_TRUE(fs::exists(folder / "good"));
+}
+
+TEST_F(WordStoreTroubleTest, ALaterVersionIsLeftAlone) {
+    fs::create_directories(folder);
+    test::runIn(file, "CREATE TABLE words (a); PRAGMA user_version = 99");
+    const std::string before = test::bytesOf(file);
+    {
+        SqliteWordStore store(file);
+        store.learn(committed(gama));
+        EXPECT_FALSE(store.flush(longEnough));
+        EXPECT_TRUE(has(store, gama)) << "in this process";
+        EXPECT_TRUE(store.condition().problem.starts_with("a later version")) << store.condition().problem;
+    }
+    EXPECT_EQ(test::bytesOf(file), before);
+}
+
+TEST_F(WordStoreTroubleTest, AFileThatVanishedIsBegunAnew) {
+    SqliteWordStore store(file);
+    store.learn(committed(gama));
+    ASSERT_TRUE(store.flush(longEnough));
+    fs::remove_all(folder);
+    store.learn(committed(amma));
+    ASSERT_TRUE(store.flush(longEnough));
+    EXPECT_FALSE(has(store, gama)) << "who removes the file has removed the words";
+    EXPECT_EQ(storedIn(file).sinhala, (decltype(WordTally::sinhala){{amma, 1}}));
+}
+
+} // namespace
+
+} // namespace vanoka
