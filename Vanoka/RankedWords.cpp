@@ -3,6 +3,7 @@
 #include "text/Equivalence.h"
 
 #include <algorithm>
+#include <set>
 
 namespace vanoka {
 
@@ -25,7 +26,7 @@ Words offered(const SinhalaWordList& source, const SinhalaWordList* added, const
 }
 
 /// This person's own words: those that may be slips go last.
-Words ownWords(const TypedWord& word, const WordLists& lists, const PersonalWords& personal,
+Words ownWords(const TypedWord& word, const SuggestionLists& lists, const PersonalWords& personal,
                std::size_t limit) {
     Words words = offered(personal.sinhala, nullptr, word, lists.neverOffered, 2 * limit);
     std::ranges::stable_partition(words, [&](const std::string& each) {
@@ -35,21 +36,18 @@ Words ownWords(const TypedWord& word, const WordLists& lists, const PersonalWord
     return words;
 }
 
-bool holds(const Words& words, const std::string& word) {
-    return std::ranges::any_of(words, [&](const std::string& each) { return text::equal(each, word); });
-}
-
 } // namespace
 
-std::vector<std::string> rankedWords(const TypedWord& word, const WordLists& lists,
+std::vector<std::string> rankedWords(const TypedWord& word, const SuggestionLists& lists,
                                      const PersonalWords* personal, std::size_t limit) {
     Words words;
     if (limit > 0 && personal)
         words = ownWords(word, lists, *personal, (limit + 1) / 2);
+    const std::set<std::string, text::CanonicalLess> own(words.begin(), words.end());
     // All of them may be among this person's own.
     for (std::string& each : offered(lists.sinhala, personal ? &personal->sinhala : nullptr, word,
                                      lists.neverOffered, limit + words.size()))
-        if (words.size() < limit && !holds(words, each))
+        if (words.size() < limit && !own.contains(each))
             words.push_back(std::move(each));
     return words;
 }

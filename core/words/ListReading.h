@@ -5,8 +5,8 @@
 #include <limits>
 #include <string_view>
 
-/// What the programs here do to a word list that they read, and a keyboard has to do itself: in the core,
-/// counts whose multiples or sums do not fit stop the process.
+/// What is done to a word list when it is read from outside: in the core's lists, counts whose multiples or
+/// sums do not fit stop the process.
 namespace vanoka::ListReading {
 
 /// Counts are held to −largestCount … largestCount, which is also the most that a swipe decoder counts to.

@@ -1,30 +1,12 @@
 #include "FileUserDefaults.h"
 
-#include <cstdlib>
-#include <pwd.h>
-#include <unistd.h>
+#include "Folders.h"
 
 namespace vanoka {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* folderName = "vanoka";
-
-/// An absolute path from the environment; any other value does not count.
-fs::path folderFromEnvironment(const char* name) {
-    const char* value = std::getenv(name);
-    const fs::path path(value ? value : "");
-    return path.is_absolute() ? path : fs::path();
-}
-
-fs::path homeFolder() {
-    if (fs::path home = folderFromEnvironment("HOME"); !home.empty())
-        return home;
-    const passwd* user = ::getpwuid(::getuid());
-    return user && user->pw_dir ? fs::path(user->pw_dir) : fs::path();
-}
 
 /// Names are dotted words; anything that would leave the folder is spelled in hexadecimal.
 std::string fileName(std::string_view name) {
@@ -60,10 +42,7 @@ UserDefaults& UserDefaults::standard() {
 }
 
 fs::path FileUserDefaults::standardFolder() {
-    if (const fs::path folder = folderFromEnvironment("XDG_CONFIG_HOME"); !folder.empty())
-        return folder / folderName;
-    const fs::path home = homeFolder();
-    return home.empty() ? fs::path() : home / ".config" / folderName;
+    return Folders::ofSettings();
 }
 
 fs::path FileUserDefaults::pathOf(std::string_view name) const {

@@ -1,10 +1,10 @@
 #include "ListCheck.h"
 
-#include "words/ListReading.h"
 #include "Words.h"
 #include "text/Rows.h"
 #include "text/Utf8.h"
 #include "text/Visible.h"
+#include "words/ListReading.h"
 #include "words/SinhalaSpelling.h"
 
 #include <algorithm>

@@ -23,8 +23,8 @@ ListKind guessListKind(std::string_view list);
 struct LineProblem {
     enum class Kind : std::uint8_t {
         skipped, ///< it does not load
-        warning  ///< it loads here (see "words/ListReading.h"); in a keyboard that reads lists as they are, it does
-                 ///< harm
+        warning ///< it loads here (see "words/ListReading.h"); in a keyboard that reads lists as they are, it
+                ///< does harm
     };
 
     std::size_t number = 0; ///< counted from 1, as an editor counts

@@ -4,16 +4,16 @@
 #include "ExitStatus.h"
 #include "FileReading.h"
 #include "ListCheck.h"
-#include "words/ListReading.h"
 #include "WordCounter.h"
-#include "words/WordFile.h"
 #include "Words.h"
 #include "text/LetterCase.h"
 #include "text/Rows.h"
 #include "text/Visible.h"
 #include "words/EmojiWords.h"
 #include "words/EnglishWordList.h"
+#include "words/ListReading.h"
 #include "words/SinhalaWordList.h"
+#include "words/WordFile.h"
 
 #include <algorithm>
 #include <istream>

@@ -5,13 +5,13 @@
 #include "Explanation.h"
 #include "FileReading.h"
 #include "KeyboardFile.h"
-#include "words/ListReading.h"
 #include "Measurement.h"
 #include "Reading.h"
 #include "SimulatedFinger.h"
 #include "StrokeFile.h"
-#include "words/WordFile.h"
 #include "WordViews.h"
+#include "words/ListReading.h"
+#include "words/WordFile.h"
 
 #include <algorithm>
 #include <array>

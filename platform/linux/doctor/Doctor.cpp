@@ -159,6 +159,15 @@ void examineKeys(const DoctorSystem& system, Findings& findings) {
         findings.good("Your own keys can be read.");
 }
 
+/// Without them nothing is suggested; typing needs none.
+void examineLists(const DoctorSystem& system, Findings& findings) {
+    const auto problems = system.listProblems();
+    for (const std::string& problem : problems)
+        findings.note(problem, "Suggestions do without it. Mend or remove it, or install the package anew.");
+    if (problems.empty())
+        findings.good("The word lists can be read.");
+}
+
 std::string_view markOf(Kind kind) {
     switch (kind) {
     case Kind::good:
@@ -187,6 +196,7 @@ std::vector<Finding> examine(const DoctorSystem& system) {
     examineFonts(system, findings);
     examineLocale(system, findings);
     examineKeys(system, findings);
+    examineLists(system, findings);
     return findings.take();
 }
 

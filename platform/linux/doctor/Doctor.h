@@ -38,6 +38,8 @@ struct DoctorSystem {
     std::function<std::optional<std::string>(const std::vector<std::string>& command)> output;
     /// Why the user's own keys cannot be read; empty when they can.
     std::function<std::string()> keysProblem;
+    /// A sentence for each word list that cannot be read.
+    std::function<std::vector<std::string>()> listProblems;
 
     /// The system that this process runs on, with its user's `settings`, which must outlive it.
     static DoctorSystem real(const SinglishSettings& settings);

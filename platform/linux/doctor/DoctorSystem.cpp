@@ -1,6 +1,7 @@
 #include "DoctorCompositor.h"
 
 #include "StoredKeys.h"
+#include "WordListFiles.h"
 
 #include <algorithm>
 #include <chrono>
@@ -102,8 +103,13 @@ std::optional<std::string> outputOf(const std::vector<std::string>& command) {
 } // namespace
 
 DoctorSystem DoctorSystem::real(const SinglishSettings& settings) {
-    return {valueOf,       isFileThere, doesFileHold,
-            askCompositor, outputOf,    [&settings] { return StoredKeys::readingProblem(settings); }};
+    return {valueOf,
+            isFileThere,
+            doesFileHold,
+            askCompositor,
+            outputOf,
+            [&settings] { return StoredKeys::readingProblem(settings); },
+            [] { return WordListFiles::read().problems; }};
 }
 
 } // namespace vanoka

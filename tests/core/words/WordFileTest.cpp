@@ -31,6 +31,15 @@ TEST(WordFile, PassesOverOtherLines) {
               (WordCounts{{"mama", 5}, {"\u0D9A", -3}, {"last", 1}}));
 }
 
+TEST(WordFile, HoldsTheCountsOfATextAndLeavesOneInRangeAlone) {
+    const std::string inRange = "# c\nmama\t4\r\npapa\tchat\nbad\n";
+    EXPECT_EQ(withHeldCounts(inRange), inRange);
+    EXPECT_EQ(withHeldCounts("\uFEFF" + inRange), inRange);
+    EXPECT_EQ(withHeldCounts("# c\nmama\t4000000000\nok\tchat\nbad\npapa\t-4000000000\nlast\t3"),
+              "mama\t2147483647\nok\tchat\npapa\t-2147483647\nlast\t3\n");
+    EXPECT_EQ(withHeldCounts(""), "");
+}
+
 } // namespace
 
 } // namespace vanoka

@@ -37,6 +37,7 @@ struct Desktop {
         {"fc-list --format %{capability}\\n :lang=si", "otlayout:latn otlayout:sinh\n"},
     };
     std::string keysProblem;
+    std::vector<std::string> listProblems;
 
     DoctorSystem system() const {
         return {[this](std::string_view name) {
@@ -60,7 +61,8 @@ struct Desktop {
                     const auto found = outputs.find(line);
                     return found == outputs.end() ? std::nullopt : std::optional(found->second);
                 },
-                [this] { return keysProblem; }};
+                [this] { return keysProblem; },
+                [this] { return listProblems; }};
     }
 
     static bool isLike(const std::string& file, const std::string& pattern) {
@@ -169,6 +171,8 @@ TEST(Doctor, OnlyNotesWhatSomeProgramsDoWithout) {
               "Which fonts there are could not be found out."},
              {[](Desktop& desktop) { desktop.keysProblem = "Your keys cannot be read: It is damaged."; },
               "Your keys cannot be read: It is damaged."},
+             {[](Desktop& desktop) { desktop.listProblems = {"The word list en.tsv is not installed."}; },
+              "The word list en.tsv is not installed."},
          }) {
         Desktop desktop;
         row.take(desktop);
