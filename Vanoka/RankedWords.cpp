@@ -10,14 +10,17 @@ namespace vanoka {
 namespace {
 
 using Words = std::vector<std::string>;
+using KnownWords = std::set<std::string, text::CanonicalLess>;
 
-/// The suggestions of `source` for the preview that may be offered, at most `limit`.
+/// The suggestions of `source` for the preview that may be offered, at most `limit`, each once.
 Words offered(const SinhalaWordList& source, const SinhalaWordList* added, const TypedWord& word,
               const NeverOffered& never, std::size_t limit) {
     for (std::size_t asked = limit;; asked *= 2) {
         Words words = source.suggestionsFor(word.preview, static_cast<std::int64_t>(asked), added);
         const bool isAll = words.size() < asked;
-        std::erase_if(words, [&](const std::string& each) { return never.holds(each); });
+        KnownWords known;
+        std::erase_if(
+            words, [&](const std::string& each) { return never.holds(each) || !known.insert(each).second; });
         if (words.size() < limit && !isAll)
             continue;
         words.resize(std::min(words.size(), limit));
@@ -43,7 +46,7 @@ std::vector<std::string> rankedWords(const TypedWord& word, const SuggestionList
     Words words;
     if (limit > 0 && personal)
         words = ownWords(word, lists, *personal, (limit + 1) / 2);
-    const std::set<std::string, text::CanonicalLess> own(words.begin(), words.end());
+    const KnownWords own(words.begin(), words.end());
     // All of them may be among this person's own.
     for (std::string& each : offered(lists.sinhala, personal ? &personal->sinhala : nullptr, word,
                                      lists.neverOffered, limit + words.size()))
