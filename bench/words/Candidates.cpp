@@ -1,4 +1,5 @@
 #include "CandidateTyping.h"
+#include "DoNothingClient.h"
 #include "Figures.h"
 #include "Heap.h"
 #include "SuggestionLists.h"
@@ -42,15 +43,6 @@ const std::vector<std::string>& commonKeys() {
     }();
     return all;
 }
-
-class DoNothingClient final : public TextInputClient {
-public:
-    std::optional<std::string> bundleIdentifier() const override { return "client"; }
-    void insertText(std::string_view text, TextRange) override { benchmark::DoNotOptimize(text.data()); }
-    void setMarkedText(const MarkedText& text, TextRange, TextRange) override {
-        benchmark::DoNotOptimize(text.text.data());
-    }
-};
 
 void noteTimes(benchmark::State& state, const std::string& what, std::vector<double>& times) {
     std::ranges::sort(times);

@@ -82,11 +82,9 @@ bool localeIsUtf8() {
     return std::string_view(::nl_langinfo(CODESET)) == "UTF-8";
 }
 
-/// What `singlish --suggest` suggests from.
+/// What `singlish --suggest` suggests from. The doctor tells which lists cannot be read.
 Suggestions suggestions() {
     WordListFiles::Found found = WordListFiles::read();
-    for (const std::string& problem : found.problems)
-        program.tell(problem, std::cerr);
     return {.areOn = true,
             .lists = std::make_shared<const SuggestionLists>(readSuggestionLists(std::move(found.texts))),
             .store = nullptr}; // where what was learnt is kept, once there is such a place

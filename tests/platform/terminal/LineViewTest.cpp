@@ -213,7 +213,7 @@ TEST(LineView, DrawsCandidatesBelowTheTextAndLeavesNoTrace) {
     };
     EXPECT_EQ(drawn(lineOf("ab", "k"), candidatesOf({"k", "kal", "mal"}, 1)), "ab[k]|/k   <kal>   mal");
     EXPECT_EQ(drawn(lineOf("ab", "k"), candidatesOf({"k", "x\x1By"}, 0)), "ab[k]|/<k>   x\\u{1B}y");
-    EXPECT_EQ(drawn(lineOf("abc"), {}), "abc|/");
+    EXPECT_EQ(drawn(lineOf("abc"), {}), "abc|");
     drawn(lineOf("abc", "k"), candidatesOf({"k", "kal"}, 0));
     terminal.write(view.finish("abck"));
     EXPECT_EQ(terminal.screen(), "abck/|");
