@@ -56,10 +56,10 @@ std::vector<fs::path> folders() {
     return all;
 }
 
-Found read(const std::vector<fs::path>& folders) {
+Found read(const std::vector<fs::path>& from) {
     Found found;
     for (const List& list : lists)
-        readList(list, folders, found);
+        readList(list, from, found);
     return found;
 }
 

@@ -26,6 +26,6 @@ struct Found {
 
 /// Takes each list from the first of the folders that has one that can be read. One that is a folder, too
 /// large, not well-formed UTF-8 or not to be read at all is passed over; a list that is nowhere is empty.
-Found read(const std::vector<std::filesystem::path>& folders = folders());
+Found read(const std::vector<std::filesystem::path>& from = folders());
 
 } // namespace vanoka::WordListFiles

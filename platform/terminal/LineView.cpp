@@ -160,6 +160,7 @@ std::vector<LineView::Row> LineView::rowsOf(const TypedLine& line, std::size_t h
 
 LineView::Row LineView::rowOf(const CandidateLine& candidates) const {
     std::vector<std::string> texts;
+    texts.reserve(candidates.rows.size());
     for (const Candidate& candidate : candidates.rows)
         texts.push_back(text::visible(candidate.text));
     const auto widthTo = [&](std::size_t from, std::size_t end) {
