@@ -81,7 +81,7 @@ void CandidateTyping::setLearning(bool on) {
 }
 
 bool CandidateTyping::needsCandidates(const KeyEvent& event) const {
-    return request().has_value() && lineKeyOf(event) != LineKey::none;
+    return lineKeyOf(event) != LineKey::none && request().has_value();
 }
 
 TypingStep CandidateTyping::press(const KeyEvent& event, const SinglishTransliterator& transliterator) {

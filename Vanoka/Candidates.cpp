@@ -51,7 +51,7 @@ PersonalWords::EnglishUse useOf(const std::string& keys, const PersonalWords* pe
     return found == personal->english.end() ? PersonalWords::EnglishUse{} : found->second;
 }
 
-std::optional<LatinWord> latinWord(const TypedWord& word, const WordLists& lists,
+std::optional<LatinWord> latinWord(const TypedWord& word, const SuggestionLists& lists,
                                    const PersonalWords* personal) {
     const auto [kept, typedInSinhala] = useOf(word.keys, personal);
     const bool isKnown = kept > 0 || lists.english.contains(word.keys);
@@ -62,7 +62,7 @@ std::optional<LatinWord> latinWord(const TypedWord& word, const WordLists& lists
 }
 
 /// Nothing for a word that is never offered, in either script.
-std::vector<std::string> emojiOf(const TypedWord& word, const WordLists& lists) {
+std::vector<std::string> emojiOf(const TypedWord& word, const SuggestionLists& lists) {
     if (lists.neverOffered.holds(word.keys) || lists.neverOffered.holds(word.preview))
         return {};
     std::vector<std::string> emoji = lists.emoji.emojiForSinhala(word.preview);
@@ -84,7 +84,7 @@ bool isOwnWord(const std::string& text, const PersonalWords* personal) {
 
 } // namespace
 
-std::vector<Candidate> candidatesFor(const TypedWord& word, const WordLists& lists,
+std::vector<Candidate> candidatesFor(const TypedWord& word, const SuggestionLists& lists,
                                      const PersonalWords* personal, std::size_t limit) {
     if (word.keys.empty() || word.preview.empty())
         return {};

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "PersonalWords.h"
-#include "WordLists.h"
+#include "SuggestionLists.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -50,7 +50,7 @@ inline constexpr std::size_t least = 3, usual = 6, most = 9;
 ///
 /// No text stands there twice, none but the first is one that `lists` never offers, and none is empty. Takes
 /// microseconds. `personal` may be null.
-std::vector<Candidate> candidatesFor(const TypedWord& word, const WordLists& lists,
+std::vector<Candidate> candidatesFor(const TypedWord& word, const SuggestionLists& lists,
                                      const PersonalWords* personal,
                                      std::size_t limit = CandidateLimit::usual);
 

@@ -3,9 +3,9 @@
 #include "script/SinhalaBlock.h"
 #include "text/Equivalence.h"
 #include "text/LetterCase.h"
-#include "text/Rows.h"
 #include "text/Utf8.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace vanoka {
@@ -22,7 +22,10 @@ std::string keyOf(std::string_view word) {
     return key;
 }
 
-std::string_view withoutSpaceAtTheEnd(std::string_view line) {
+/// The first line of `rest` without space at its end; takes it off.
+std::string_view takeWord(std::string_view& rest) {
+    const std::string_view line = rest.substr(0, rest.find('\n'));
+    rest.remove_prefix(std::min(line.size() + 1, rest.size()));
     return line.substr(0, line.find_last_not_of(" \t\r") + 1);
 }
 
@@ -34,7 +37,7 @@ NeverOffered::NeverOffered(std::string_view text)
     : words_([&] {
           auto words = std::make_shared<Words>();
           while (!text.empty()) {
-              const std::string_view word = withoutSpaceAtTheEnd(text::takeLine(text));
+              const std::string_view word = takeWord(text);
               if (!word.empty() && !word.starts_with('#') && text::isWellFormed(word))
                   words->insert(keyOf(word));
           }

@@ -15,7 +15,7 @@ namespace vanoka {
 /// no list, which may be a slip, behind the others. The rest are those of both, with their scores added up
 /// (see `SinhalaWordList::suggestionsFor`). So what was taken once is the first to be offered for the same
 /// keys, and one page of somebody's writing does not hide the language.
-std::vector<std::string> rankedWords(const TypedWord& word, const WordLists& lists,
+std::vector<std::string> rankedWords(const TypedWord& word, const SuggestionLists& lists,
                                      const PersonalWords* personal, std::size_t limit);
 
 } // namespace vanoka

@@ -2,7 +2,7 @@
 
 #include "Candidates.h"
 #include "PersonalWords.h"
-#include "WordLists.h"
+#include "SuggestionLists.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -17,7 +17,8 @@ struct Suggestions {
     bool areOn = false;     ///< "Suggestions" in the menu. Off, typing is as if there were none.
     bool isPrivate = false; ///< "Private" in the menu: nothing is learnt
     std::size_t limit = CandidateLimit::usual;
-    std::shared_ptr<const WordLists> lists; ///< null: not read yet, or none; only own words are offered then
+    std::shared_ptr<const SuggestionLists>
+        lists;                          ///< null: not read yet, or none; only own words are offered then
     PersonalWordStore* store = nullptr; ///< null: nothing is known of this person; must outlive this object
 };
 

@@ -74,8 +74,8 @@ void VanokaInputController::findCandidates() {
     const auto request = typing_.request();
     if (!request || !suggestions_)
         return;
-    static const WordLists none;
-    const WordLists& lists = suggestions_->lists ? *suggestions_->lists : none;
+    static const SuggestionLists none;
+    const SuggestionLists& lists = suggestions_->lists ? *suggestions_->lists : none;
     const auto personal = suggestions_->store ? suggestions_->store->words() : nullptr;
     typing_.take(request->generation,
                  candidatesFor(request->word, lists, personal.get(), suggestions_->limit));

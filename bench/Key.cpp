@@ -1,4 +1,5 @@
 #include "Allocations.h"
+#include "DoNothingClient.h"
 #include "M17n.h"
 #include "ProcessorTime.h"
 #include "SampleText.h"
@@ -11,15 +12,6 @@
 namespace vanoka::bench {
 
 namespace {
-
-class DoNothingClient final : public TextInputClient {
-public:
-    std::optional<std::string> bundleIdentifier() const override { return "client"; }
-    void insertText(std::string_view text, TextRange) override { benchmark::DoNotOptimize(text.data()); }
-    void setMarkedText(const MarkedText& text, TextRange, TextRange) override {
-        benchmark::DoNotOptimize(text.text.data());
-    }
-};
 
 KeyEvent eventOf(char key) {
     return {.characters = std::string(1, key)};

@@ -18,7 +18,7 @@ struct vanoka_personal {
 };
 
 struct vanoka_candidates {
-    WordLists lists;
+    SuggestionLists lists;
 };
 
 namespace {

@@ -1,3 +1,4 @@
+#include "Figures.h"
 #include "Heap.h"
 #include "Lists.h"
 #include "Randoms.h"
@@ -11,7 +12,7 @@
 #include <cstdio>
 #include <map>
 #include <string>
-#include <time.h>
+#include <string_view>
 #include <unordered_map>
 
 namespace vanoka::bench {
@@ -19,20 +20,6 @@ namespace vanoka::bench {
 namespace {
 
 constexpr std::int64_t limit = 5;
-
-/// Processor time of this thread, in seconds: what other programs do meanwhile does not count. Asking takes a
-/// third of a microsecond, which every figure below includes.
-double now() {
-    timespec time = {};
-    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-}
-
-/// What the summary is made of, by name.
-std::map<std::string, double>& figures() {
-    static std::map<std::string, double> all;
-    return all;
-}
 
 void note(benchmark::State& state, const std::string& name, double value) {
     state.counters[name] = value;
@@ -47,9 +34,9 @@ void suggestAll(benchmark::State& state) {
         times.clear();
         benchmark::DoNotOptimize(made.list.suggestionsFor(made.prefixes.back(), limit));
         for (const std::string& prefix : made.prefixes) {
-            const double start = now();
+            const double start = processorSeconds();
             benchmark::DoNotOptimize(made.list.suggestionsFor(prefix, limit));
-            times.push_back((now() - start) * 1e6);
+            times.push_back((processorSeconds() - start) * 1e6);
         }
     }
     std::ranges::sort(times);
@@ -63,10 +50,10 @@ void suggestOneLetter(benchmark::State& state) {
     const GeneratedList& made = generatedList(static_cast<std::size_t>(state.range(0)));
     double seconds = 0;
     for (auto _ : state) {
-        const double start = now();
+        const double start = processorSeconds();
         for (const std::string& prefix : made.oneLetter)
             benchmark::DoNotOptimize(made.list.suggestionsFor(prefix, limit));
-        seconds = now() - start;
+        seconds = processorSeconds() - start;
         state.SetIterationTime(seconds);
     }
     note(state, "one letter us", seconds * 1e6 / static_cast<double>(made.oneLetter.size()));
@@ -77,10 +64,10 @@ void walkOneLetter(benchmark::State& state) {
     const PlainWalk plain(made);
     double seconds = 0;
     for (auto _ : state) {
-        const double start = now();
+        const double start = processorSeconds();
         for (const std::string& prefix : made.oneLetter)
             benchmark::DoNotOptimize(plain.suggestionsFor(prefix, limit));
-        seconds = now() - start;
+        seconds = processorSeconds() - start;
         state.SetIterationTime(seconds);
     }
     note(state, "one letter, plain us", seconds * 1e6 / static_cast<double>(made.oneLetter.size()));
@@ -92,9 +79,9 @@ void load(benchmark::State& state) {
     for (auto _ : state) {
         const std::size_t before = heapBytes();
         beginHeapPeak();
-        const double start = now();
+        const double start = processorSeconds();
         const SinhalaWordList list(made.tsv);
-        const double taken = now() - start;
+        const double taken = processorSeconds() - start;
         state.SetIterationTime(taken);
         seconds = std::min(seconds, taken);
         bytes = static_cast<double>(heapBytes() - before);
@@ -112,7 +99,7 @@ void loadPlain(benchmark::State& state) {
     const GeneratedList& made = generatedList(static_cast<std::size_t>(state.range(0)));
     double seconds = 1e9;
     for (auto _ : state) {
-        const double start = now();
+        const double start = processorSeconds();
         std::vector<std::string> lines;
         for (std::string_view rest = made.tsv; !rest.empty();) {
             const std::size_t end = rest.find('\n');
@@ -121,7 +108,7 @@ void loadPlain(benchmark::State& state) {
         }
         std::ranges::sort(lines);
         benchmark::DoNotOptimize(lines.data());
-        const double taken = now() - start;
+        const double taken = processorSeconds() - start;
         state.SetIterationTime(taken);
         seconds = std::min(seconds, taken);
     }
@@ -151,7 +138,7 @@ void count(benchmark::State& state) {
     for (auto _ : state) {
         const std::size_t before = heapBytes();
         beginHeapPeak();
-        const double start = now();
+        const double start = processorSeconds();
         {
             WordCounter words;
             PieceCutter cutter;
@@ -163,7 +150,7 @@ void count(benchmark::State& state) {
             cutter.finish(add);
             benchmark::DoNotOptimize(words.ranked(1).size());
         }
-        const double taken = now() - start;
+        const double taken = processorSeconds() - start;
         state.SetIterationTime(taken);
         seconds = std::min(seconds, taken);
         state.counters["peak MB"] = static_cast<double>(heapPeak() - before) / 1e6;
@@ -177,7 +164,7 @@ void countPlain(benchmark::State& state) {
     const std::string& text = runningText();
     double seconds = 1e9;
     for (auto _ : state) {
-        const double start = now();
+        const double start = processorSeconds();
         std::unordered_map<std::string, std::int64_t> words;
         for (std::size_t at = 0; at < text.size();) {
             const std::size_t end = std::min(text.find_first_of(" .\n", at), text.size());
@@ -186,7 +173,7 @@ void countPlain(benchmark::State& state) {
             at = end + 1;
         }
         benchmark::DoNotOptimize(words.size());
-        const double taken = now() - start;
+        const double taken = processorSeconds() - start;
         state.SetIterationTime(taken);
         seconds = std::min(seconds, taken);
     }
@@ -245,6 +232,10 @@ void printSummary() {
             printFigure(what, size);
     if (figures().contains("MB/s counted"))
         std::printf("%10.2f  MB/s, counting words\n", figures()["MB/s counted"]);
+    constexpr std::string_view candidates = "candidates/";
+    for (const auto& [name, value] : figures())
+        if (name.starts_with(candidates))
+            std::printf("%10.2f  %s\n", value, name.c_str() + candidates.size());
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "words/WordCount.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 

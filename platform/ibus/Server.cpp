@@ -3,6 +3,7 @@
 #include "Component.h"
 #include "Engine.h"
 #include "FileUserDefaults.h"
+#include "Folders.h"
 #include "InstalledVersions.h"
 #include "SettingsProgram.h"
 
@@ -19,7 +20,7 @@ constexpr guint patience = 10; // for another daemon, in seconds
 
 /// A program of its own, so that no window toolkit is ever loaded here. It says itself why it cannot start.
 void activate(VanokaInputController::MenuAction action) {
-    const auto program = SettingsProgram::find(SettingsProgram::ownFolder());
+    const auto program = SettingsProgram::find(Folders::ofProgram());
     if (!program)
         return g_printerr("Vanoka: The settings window, %s, is not installed.\n", SettingsProgram::name);
     std::string path = program->native();

@@ -1,4 +1,5 @@
 #include "Component.h"
+#include "Folders.h"
 #include "Registration.h"
 #include "Server.h"
 #include "SettingsProgram.h"
@@ -44,7 +45,7 @@ public:
     }
 
     int runSettings() override {
-        const auto program = SettingsProgram::find(SettingsProgram::ownFolder());
+        const auto program = SettingsProgram::find(Folders::ofProgram());
         if (!program) {
             std::cerr << "Vanoka: The settings window, " << SettingsProgram::name << ", is not installed.\n";
             return 1;

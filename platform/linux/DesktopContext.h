@@ -4,6 +4,7 @@
 #include "Keysym.h"
 #include "VanokaInputController.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -54,6 +55,14 @@ public:
     void commit() { controller_.commitComposition(&client_); }
     /// Ends the composition whose text others have put in, or taken away, and returns the text.
     std::string forget() { return controller_.forgetComposition(); }
+
+    // The line of candidates, as `VanokaInputController` describes it.
+    void setSuggestions(Suggestions* suggestions) { controller_.setSuggestions(suggestions); }
+    void setFieldPrivacy(FieldPrivacy privacy) { controller_.setFieldPrivacy(privacy); }
+    bool updateCandidates() { return controller_.updateCandidates(); }
+    const CandidateLine& candidates() const noexcept { return controller_.candidates(); }
+    bool chooseCandidate(std::size_t row) { return controller_.chooseCandidate(row, &client_); }
+    bool moveHighlight(std::ptrdiff_t rows) { return controller_.moveHighlight(rows, &client_); }
 
 private:
     void prepare(const DesktopKey& key, bool shortcutsEndIt);

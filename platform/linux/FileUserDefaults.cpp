@@ -1,6 +1,6 @@
 #include "FileUserDefaults.h"
 
-#include "UserFolders.h"
+#include "Folders.h"
 
 namespace vanoka {
 
@@ -42,7 +42,7 @@ UserDefaults& UserDefaults::standard() {
 }
 
 fs::path FileUserDefaults::standardFolder() {
-    return UserFolders::configuration();
+    return Folders::ofSettings();
 }
 
 fs::path FileUserDefaults::pathOf(std::string_view name) const {

@@ -40,7 +40,7 @@ public:
     /// The defaults of the user who runs this process, in "vanoka" in the user's configuration folder.
     static FileUserDefaults& standard();
 
-    /// `UserFolders::configuration`.
+    /// `Folders::ofSettings`.
     static std::filesystem::path standardFolder();
 
     std::optional<std::string> data(std::string_view name) override;

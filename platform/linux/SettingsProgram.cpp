@@ -24,9 +24,4 @@ std::optional<fs::path> find(const fs::path& folder) {
     return std::nullopt;
 }
 
-fs::path ownFolder() {
-    std::error_code error;
-    return fs::read_symlink("/proc/self/exe", error).parent_path();
-}
-
 } // namespace vanoka::SettingsProgram

@@ -13,7 +13,4 @@ inline constexpr const char* aboutSwitch = "--about";
 /// Where it is: in `folder`, or where it is installed; nothing when it is in neither place.
 std::optional<std::filesystem::path> find(const std::filesystem::path& folder);
 
-/// The folder of the running program; empty when the system does not say.
-std::filesystem::path ownFolder();
-
 } // namespace vanoka::SettingsProgram

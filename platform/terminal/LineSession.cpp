@@ -29,12 +29,14 @@ std::string cleaned(std::string_view text) {
 
 } // namespace
 
-LineSession::LineSession(Terminal& terminal, SinglishSettings& settings,
+LineSession::LineSession(Terminal& terminal, SinglishSettings& settings, Suggestions* suggestions,
                          std::function<void(const std::string&)> finished)
     : TerminalSession(terminal),
       finished_(std::move(finished)),
       controller_("vanoka", settings),
-      view_(terminal.size()) {}
+      view_(terminal.size()) {
+    controller_.setSuggestions(suggestions);
+}
 
 /// Keys that were edited meanwhile are in force for the next one.
 void LineSession::prepare() {
@@ -124,7 +126,8 @@ void LineSession::finish() {
 }
 
 void LineSession::draw() {
-    terminal().write(view_.draw(line_));
+    controller_.updateCandidates();
+    terminal().write(view_.draw(line_, controller_.candidates()));
 }
 
 } // namespace vanoka

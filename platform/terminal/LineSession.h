@@ -15,8 +15,9 @@ namespace vanoka {
 /// Typing on a terminal, line after line, through the same controller as everywhere.
 class LineSession final : public TerminalSession {
 public:
-    /// Calls `finished` with every line that is finished.
-    LineSession(Terminal& terminal, SinglishSettings& settings,
+    /// Calls `finished` with every line that is finished. Candidates are shown below the line where
+    /// `suggestions`, which may be null and else must outlive the session, are on.
+    LineSession(Terminal& terminal, SinglishSettings& settings, Suggestions* suggestions,
                 std::function<void(const std::string&)> finished);
 
 private:

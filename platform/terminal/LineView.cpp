@@ -11,6 +11,9 @@ namespace {
 
 constexpr std::string_view underlineOn = "\x1B[4m";
 constexpr std::string_view underlineOff = "\x1B[24m";
+constexpr std::string_view inverseOn = "\x1B[7m";
+constexpr std::string_view inverseOff = "\x1B[27m";
+constexpr std::string_view candidateGap = "   ";
 constexpr std::string_view wrapOn = "\x1B[?7h";
 constexpr std::string_view wrapOff = "\x1B[?7l";
 constexpr std::string_view eraseBelow = "\x1B[J";
@@ -76,9 +79,12 @@ private:
     bool isUnderlined_ = false;
 };
 
-std::string LineView::draw(const TypedLine& line) {
+std::string LineView::draw(const TypedLine& line, const CandidateLine& candidates) {
     std::string bytes = toStart();
-    drawn_ = rowsOf(line);
+    const bool showsCandidates = candidates.isShown() && size_.rows > 1;
+    drawn_ = rowsOf(line, size_.rows - (showsCandidates ? 1 : 0));
+    if (showsCandidates)
+        drawn_.push_back(rowOf(candidates));
     bytes += wrapOff;
     bytes += eraseBelow;
     std::size_t caretRow = 0;
@@ -129,7 +135,7 @@ std::string LineView::toStart() const {
     return up(caret == drawn_.end() ? 0 : static_cast<std::size_t>(caret - drawn_.begin())) + '\r';
 }
 
-std::vector<LineView::Row> LineView::rowsOf(const TypedLine& line) const {
+std::vector<LineView::Row> LineView::rowsOf(const TypedLine& line, std::size_t height) const {
     const std::size_t markedStart = line.caret();
     const std::size_t caret = markedStart + line.marked().size();
     std::string text = line.text();
@@ -149,7 +155,32 @@ std::vector<LineView::Row> LineView::rowsOf(const TypedLine& line) const {
     appendUpTo(caret);
     rows.placeCaret();
     appendUpTo(text.size());
-    return rows.take(size_.rows);
+    return rows.take(height);
+}
+
+LineView::Row LineView::rowOf(const CandidateLine& candidates) const {
+    std::vector<std::string> texts;
+    texts.reserve(candidates.rows.size());
+    for (const Candidate& candidate : candidates.rows)
+        texts.push_back(text::visible(candidate.text));
+    const auto widthTo = [&](std::size_t from, std::size_t end) {
+        std::size_t width = 0;
+        for (std::size_t at = from; at <= end; ++at)
+            width += Clusters::width(texts[at]) + (at == from ? 0 : candidateGap.size());
+        return width;
+    };
+    std::size_t first = 0;
+    while (first < candidates.highlighted && widthTo(first, candidates.highlighted) >= size_.columns)
+        ++first;
+    Row row;
+    for (std::size_t at = first; at < texts.size() && widthTo(first, at) < size_.columns; ++at) {
+        const bool isHighlighted = at == candidates.highlighted;
+        row.text.append(at == first ? std::string_view() : candidateGap);
+        row.text.append(isHighlighted ? inverseOn : std::string_view()).append(texts[at]);
+        row.text.append(isHighlighted ? inverseOff : std::string_view());
+        row.width = widthTo(first, at);
+    }
+    return row;
 }
 
 } // namespace vanoka

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CandidateTyping.h"
 #include "TypedLine.h"
 
 #include <cstddef>
@@ -22,8 +23,10 @@ class LineView {
 public:
     explicit LineView(TerminalSize size) noexcept : size_(size) {}
 
-    /// The bytes that draw `line` in place of what was drawn before.
-    std::string draw(const TypedLine& line);
+    /// The bytes that draw `line` in place of what was drawn before, and under it, in one row, as many of the
+    /// candidates as it has room for, the highlighted one always among them. A terminal of one row shows
+    /// none.
+    std::string draw(const TypedLine& line, const CandidateLine& candidates = {});
 
     /// The bytes that leave `text` on the terminal for good, in place of what was drawn, and begin a new row.
     std::string finish(std::string_view text);
@@ -43,7 +46,8 @@ private:
     };
     class Rows;
 
-    std::vector<Row> rowsOf(const TypedLine& line) const;
+    std::vector<Row> rowsOf(const TypedLine& line, std::size_t height) const;
+    Row rowOf(const CandidateLine& candidates) const;
     std::string toStart() const;
 
     TerminalSize size_;

@@ -1,12 +1,16 @@
 #include "VanokaInputController.h"
 
 #include "Keys.h"
+#include "MemoryWordStore.h"
 #include "Randoms.h"
 #include "Replay.h"
 #include "TextField.h"
 #include "text/Utf8.h"
 
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <memory>
 
 namespace vanoka {
 
@@ -311,18 +315,47 @@ TEST_F(VanokaInputControllerTest, AnEmojiWithAJoinerGoesToTheClientByItself) {
 /// A field that asks the controller itself.
 class NearField final : public test::ServedField {
 public:
-    explicit NearField(SinglishSettings& settings) : controller_(ownIdentifier, settings) {}
+    explicit NearField(SinglishSettings& settings, Suggestions* suggestions = nullptr)
+        : controller_(ownIdentifier, settings) {
+        controller_.setSuggestions(suggestions);
+    }
 
     void press(const KeyEvent& event) override {
         if (!controller_.handle(&event, &field()))
             field().apply(event);
+        controller_.updateCandidates();
     }
     void askForComposition() override { controller_.commitComposition(&field()); }
     void leaveAndReturn() override { controller_.deactivateServer(&field()); }
+    void chooseCandidate(std::size_t row) override { controller_.chooseCandidate(row, &field()); }
 
 private:
     VanokaInputController controller_;
 };
+
+std::string contentsOf(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::shared_ptr<const SuggestionLists> listsIn(const std::filesystem::path& folder) {
+    return std::make_shared<const SuggestionLists>(
+        readSuggestionLists({contentsOf(folder / "si.tsv"), contentsOf(folder / "en.tsv"),
+                             contentsOf(folder / "emoji.tsv"), contentsOf(folder / "never-offered.txt")}));
+}
+
+void replayAll(const std::vector<test::Scenario>& scenarios, const Suggestions& from) {
+    ASSERT_FALSE(scenarios.empty());
+    for (const test::Scenario& scenario : scenarios) {
+        MemoryUserDefaults defaults;
+        SinglishSettings settings(defaults);
+        test::MemoryWordStore store;
+        Suggestions suggestions = from;
+        suggestions.store = &store;
+        NearField field(settings, &suggestions);
+        test::replay(scenario, field, settings);
+    }
+}
 
 TEST(Scenarios, ShowOnTheScreenWhatTheySay) {
     const std::vector<test::Scenario> scenarios = test::allScenarios();
@@ -333,6 +366,108 @@ TEST(Scenarios, ShowOnTheScreenWhatTheySay) {
         NearField field(settings);
         test::replay(scenario, field, settings);
     }
+}
+
+TEST(Scenarios, ShowTheSameWithSuggestionsThatAreOff) {
+    replayAll(test::allScenarios(), {.areOn = false, .lists = listsIn(VANOKA_TESTS_FOLDER "/../data")});
+}
+
+TEST(Scenarios, ShowTheSameWithSuggestionsWhereTheHighlightDoesNotMove) {
+    std::vector<test::Scenario> scenarios = test::allScenarios();
+    EXPECT_EQ(std::erase_if(scenarios, [](const auto& each) { return each.name == "return-and-tab"; }), 1U)
+        << "where Tab moves it";
+    replayAll(scenarios, {.areOn = true, .lists = listsIn(VANOKA_TESTS_FOLDER "/../data")});
+}
+
+TEST(Scenarios, WithALineOfCandidatesShowWhatTheySay) {
+    replayAll(test::suggestionScenarios(), {.areOn = true, .lists = listsIn(test::scenarioLists())});
+}
+
+/// A controller with suggestions.
+class SuggestingControllerTest : public VanokaInputControllerTest {
+protected:
+    void SetUp() override {
+        suggestions.areOn = true;
+        suggestions.lists = listsIn(test::scenarioLists());
+        suggestions.store = &store;
+        controller.setSuggestions(&suggestions);
+    }
+
+    test::MemoryWordStore store;
+    Suggestions suggestions;
+};
+
+TEST_F(SuggestingControllerTest, ThePreviewGoesOutBeforeCandidatesAreFound) {
+    type("gedr");
+    EXPECT_EQ(field.screen(), "[ගෙඩ්\u200Dර්]");
+    EXPECT_FALSE(controller.candidates().isShown());
+    EXPECT_TRUE(controller.updateCandidates());
+    EXPECT_EQ(controller.candidates().rows.size(), 3U);
+    EXPECT_FALSE(controller.updateCandidates()) << "nothing new";
+    type("<down>");
+    EXPECT_TRUE(controller.updateCandidates());
+    EXPECT_EQ(controller.candidates().highlighted, 1U);
+    type("<space>");
+    EXPECT_FALSE(controller.candidates().isShown());
+    EXPECT_TRUE(controller.updateCandidates()) << "to be hidden";
+    EXPECT_FALSE(controller.updateCandidates());
+}
+
+TEST_F(SuggestingControllerTest, AKeyMeansTheSameWhetherTheyHaveComeOrNot) {
+    type("gedr<tab><space>");
+    EXPECT_EQ(field.screen(), "ගෙදර ");
+}
+
+TEST_F(SuggestingControllerTest, AClickOnTheLineOfAnOlderKeyDoesNothing) {
+    type("ged");
+    controller.updateCandidates();
+    type("r");
+    EXPECT_FALSE(controller.chooseCandidate(1, &field));
+    EXPECT_FALSE(controller.moveHighlight(1, &field));
+    controller.updateCandidates();
+    EXPECT_FALSE(controller.chooseCandidate(1, nullptr));
+    EXPECT_TRUE(controller.moveHighlight(-1, &field));
+    EXPECT_EQ(field.screen(), "[ගෙදරට]");
+    EXPECT_TRUE(controller.chooseCandidate(1, &field));
+    EXPECT_EQ(field.screen(), "ගෙදර");
+    EXPECT_FALSE(controller.chooseCandidate(0, &field));
+}
+
+TEST_F(SuggestingControllerTest, LearnsInOpenFieldsAlone) {
+    type("gedhara<space>");
+    EXPECT_EQ(store.countOf("ගෙදර"), 1);
+    controller.setFieldPrivacy(FieldPrivacy::notLearnt);
+    type("gedr<down><space>");
+    EXPECT_EQ(field.screen(), "ගෙදර ගෙදර ") << "suggested all the same";
+    controller.setFieldPrivacy(FieldPrivacy::notSuggested);
+    type("gedr<down><return>gedhara<space>");
+    EXPECT_EQ(field.screen(), "ගෙදර ගෙදර ගෙඩ්\u200Dර්\nගෙදර ");
+    controller.updateCandidates();
+    EXPECT_FALSE(controller.candidates().isShown());
+    controller.setFieldPrivacy(FieldPrivacy::open);
+    suggestions.isPrivate = true;
+    type("gedhara<space>");
+    EXPECT_EQ(store.countOf("ගෙදර"), 1);
+    suggestions.isPrivate = false;
+    type("gedhara<space>");
+    EXPECT_EQ(store.countOf("ගෙදර"), 2);
+}
+
+TEST_F(SuggestingControllerTest, LearnsNothingWhereTheyAreOff) {
+    suggestions.areOn = false;
+    type("gedhara<space>gedr<down>");
+    EXPECT_EQ(store.countOf("ගෙදර"), 0);
+    EXPECT_EQ(field.screen(), "ගෙදර ගෙඩ්\u200Dර්");
+}
+
+TEST_F(SuggestingControllerTest, DoesWithoutListsAndWithoutAStore) {
+    suggestions.lists = nullptr;
+    store.learn({"gedhara", "ගෙදර"});
+    type("gedr<tab><space>");
+    EXPECT_EQ(field.screen(), "ගෙදර ") << "own words";
+    suggestions.store = nullptr;
+    type("gedr<tab>");
+    EXPECT_EQ(field.screen(), "ගෙදර ගෙඩ්\u200Dර්\t");
 }
 
 TEST(Keys, AreReadAsTheyAreWritten) {

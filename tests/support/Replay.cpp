@@ -13,6 +13,8 @@ void operate(const std::vector<std::string>& words, ServedField& served, Singlis
         served.askForComposition();
     else if (words[0] == "leave")
         served.leaveAndReturn();
+    else if (words[0] == "choose")
+        served.chooseCandidate(std::stoul(words.at(1)));
     else if (words[0] == "add")
         EXPECT_EQ(settings.add(words.at(1), words.at(2)), std::nullopt);
     else if (words[0] == "remove")
@@ -26,6 +28,10 @@ void operate(const std::vector<std::string>& words, ServedField& served, Singlis
 }
 
 } // namespace
+
+void ServedField::chooseCandidate(std::size_t row) {
+    ADD_FAILURE() << "there is no line of candidates to take row " << row << " of";
+}
 
 void ServedField::type(std::string_view text) {
     type(keys(text));

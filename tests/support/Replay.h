@@ -5,6 +5,7 @@
 #include "settings/SinglishSettings.h"
 #include "typing/KeyEvent.h"
 
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
@@ -21,6 +22,9 @@ public:
     virtual void askForComposition() = 0;
     /// The field loses the focus and gets it back.
     virtual void leaveAndReturn() = 0;
+
+    /// The row of the line of candidates is clicked; a field without one fails the running test.
+    virtual void chooseCandidate(std::size_t row);
 
     void type(std::string_view text);
     void type(const std::vector<KeyEvent>& events);

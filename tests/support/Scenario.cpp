@@ -60,15 +60,27 @@ Scenario read(const std::filesystem::path& path) {
     return scenario;
 }
 
-} // namespace
-
-std::vector<Scenario> allScenarios() {
+std::vector<Scenario> scenariosIn(const std::filesystem::path& folder) {
     std::vector<Scenario> scenarios;
-    for (const auto& entry : std::filesystem::directory_iterator(VANOKA_TESTS_FOLDER "/scenarios"))
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
         if (entry.path().extension() == ".scenario")
             scenarios.push_back(read(entry.path()));
     std::ranges::sort(scenarios, {}, &Scenario::name);
     return scenarios;
+}
+
+} // namespace
+
+std::vector<Scenario> allScenarios() {
+    return scenariosIn(VANOKA_TESTS_FOLDER "/scenarios");
+}
+
+std::vector<Scenario> suggestionScenarios() {
+    return scenariosIn(VANOKA_TESTS_FOLDER "/scenarios/suggestions");
+}
+
+std::filesystem::path scenarioLists() {
+    return VANOKA_TESTS_FOLDER "/scenarios/suggestions/lists";
 }
 
 } // namespace vanoka::test

@@ -18,6 +18,7 @@
 ///
 ///     !commit       the platform asks for the composition
 ///     !leave        the client loses the input method
+///     !choose 2     the third row of the line of candidates is clicked
 ///     !add q ක      a key is added to a letter; likewise !remove, !off, !on with a key, and !reset
 namespace vanoka::test {
 
@@ -34,7 +35,13 @@ struct Scenario {
     std::vector<ScenarioStep> steps;
 };
 
-/// Every scenario of the project, by name. Fails the running test when one cannot be read.
+/// Every scenario that is played without a line of candidates, by name; those with one are
+/// played each from nothing learnt, with the lists of `scenarioLists`, which hold nothing else. Fails the
+/// running test when one cannot be read.
 std::vector<Scenario> allScenarios();
+std::vector<Scenario> suggestionScenarios();
+
+/// The folder of the lists for `suggestionScenarios`: "si.tsv", "en.tsv", "emoji.tsv", "never-offered.txt".
+std::filesystem::path scenarioLists();
 
 } // namespace vanoka::test

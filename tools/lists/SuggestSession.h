@@ -1,8 +1,10 @@
 #pragma once
 
+#include "PersonalWords.h"
+#include "SuggestionLists.h"
 #include "TerminalSession.h"
-#include "singlish/SinglishComposer.h"
-#include "words/SinhalaWordList.h"
+#include "singlish/SinglishTransliterator.h"
+#include "typing/Typing.h"
 
 #include <iosfwd>
 #include <optional>
@@ -11,10 +13,11 @@
 
 namespace vanoka {
 
-/// Suggestions for what is typed, from a list and perhaps a personal one.
+/// The Sinhala words that a line of candidates offers (see "RankedWords.h"), from a list and perhaps a
+/// personal one.
 struct Suggester {
-    SinhalaWordList list;
-    std::optional<SinhalaWordList> personal;
+    SuggestionLists lists;
+    std::optional<PersonalWords> personal;
     std::int64_t limit = 5;
     SinglishTransliterator keys = SinglishTransliterator::standard();
 
@@ -25,8 +28,9 @@ struct Suggester {
 /// Writes a row for every line of `input`; false when reading fails, `errno` tells why then.
 bool suggestForLines(const Suggester& suggester, std::istream& input, std::ostream& output);
 
-/// A line on a terminal that shows the suggestions for the word that is being typed. Space and Return keep
-/// the row and begin another word; Escape forgets the word; Ctrl-C and Ctrl-D end.
+/// A line on a terminal that shows the suggestions for the word that is being typed. Keys mean what they mean
+/// in `Typing`: Space, Return and all others that end a word keep the row and begin another one. Escape
+/// forgets the word; Sinhala letters that a keyboard types belong to it; Ctrl-C and Ctrl-D end.
 class SuggestSession final : public TerminalSession {
 public:
     SuggestSession(Terminal& terminal, const Suggester& suggester);
@@ -38,8 +42,15 @@ private:
     /// Leaves the row on the terminal and begins another word.
     void finish() override;
 
+    std::string typed() const { return before_ + typing_.composer().raw(); }
+    void press(const KeyEvent& event);
+    void append(std::string_view sinhala);
+    void forget();
+    void drawRow(std::string_view word);
+
     const Suggester& suggester_;
-    SinglishComposer composer_;
+    std::string before_; ///< of the word, Sinhala that was not composed here
+    Typing typing_;
 };
 
 } // namespace vanoka

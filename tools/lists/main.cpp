@@ -68,13 +68,15 @@ int runSuggest(ListsCommand& command, const CommandLine& line) {
     if (!list)
         return ExitStatus::failed;
     const SinglishSettings settings(FileUserDefaults::standard());
-    Suggester suggester = {SinhalaWordList(readWordCounts(*list)), std::nullopt, *limit,
-                           settings.transliterator()};
+    Suggester suggester;
+    suggester.lists.sinhala = SinhalaWordList(readWordCounts(*list));
+    suggester.limit = *limit;
+    suggester.keys = settings.transliterator();
     if (const auto path = line.value("--personal")) {
         const auto personal = command.contentsOf(*path);
         if (!personal)
             return ExitStatus::failed;
-        suggester.personal = SinhalaWordList(readWordCounts(*personal));
+        suggester.personal = PersonalWords{SinhalaWordList(readWordCounts(*personal)), {}, {}};
     }
     if (::isatty(STDIN_FILENO))
         return runOnTerminal(suggester);

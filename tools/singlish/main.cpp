@@ -5,7 +5,9 @@
 #include "KeysCommand.h"
 #include "LineSession.h"
 #include "Program.h"
+#include "SqliteWordStore.h"
 #include "Terminal.h"
+#include "WordListFiles.h"
 #include "WordsCommand.h"
 
 #include <cerrno>
@@ -23,7 +25,7 @@ using namespace vanoka;
 constexpr std::string_view help = R"(Write Sinhala with English letters.
 
 Usage:
-  singlish                     type on the terminal, a line at a time
+  singlish [--suggest]         type on the terminal, a line at a time; with suggestions below it
   singlish < FILE              turn Latin text into Sinhala text
   singlish chart               every letter, the keys that type it, an example
   singlish keys [list]         the keys that you have changed
@@ -48,6 +50,8 @@ Usage:
 A LETTER is a Sinhala letter, or a key that types it at present.
 While you type, Space and punctuation put the Sinhala text in, Escape keeps the Latin letters, Backspace
 takes one visible part back, Return finishes the line and Ctrl-D ends. Pasted text stays as it is.
+With --suggest, Down and Tab highlight the next suggestion, Up and Shift-Tab the one before; what is highlighted
+is what goes in. Escape and Backspace go back to what you have typed.
 
 Exit status: 0 done, 1 refused or something missing, 2 not understood, 3 something could not be read, written or stored.
 )";
@@ -55,10 +59,12 @@ Exit status: 0 done, 1 refused or something missing, 2 not understood, 3 somethi
 constexpr std::string_view hint = "\x1B[2mType English letters: amma gedhara. "
                                   "Escape keeps them Latin, Ctrl-D ends.\x1B[22m\r\n";
 
+constexpr std::string_view suggest = "--suggest";
+
 const Program program = {
     .name = "singlish",
     .help = {{"", help}},
-    .commands = {{"", {}}, {"chart", {}}, {"keys", {}, true}, {"words", {}}, {"doctor", {}}},
+    .commands = {{"", {}}, {suggest, {}}, {"chart", {}}, {"keys", {}, true}, {"words", {}}, {"doctor", {}}},
     .noCommand = {},
     .noSuchOption = "Not understood: ",
     .hint = "singlish --help tells what is."};
@@ -84,7 +90,12 @@ bool localeIsUtf8() {
     return std::string_view(::nl_langinfo(CODESET)) == "UTF-8";
 }
 
-int runLine() {
+/// What `singlish --suggest` suggests from. The doctor tells which lists cannot be read.
+std::shared_ptr<const SuggestionLists> suggestionLists() {
+    return std::make_shared<const SuggestionLists>(readSuggestionLists(WordListFiles::read().texts));
+}
+
+int runLine(Suggestions* suggestions) {
     if (!Terminal::movesCursor())
         return fail("This terminal cannot move its cursor",
                     "set TERM to what it is, or pipe text through singlish");
@@ -101,13 +112,23 @@ int runLine() {
     }
     terminal.write(hint);
     int writeError = 0;
-    LineSession session(terminal, SinglishSettings::shared(), [&](const std::string& line) {
+    LineSession session(terminal, SinglishSettings::shared(), suggestions, [&](const std::string& line) {
         if (!isShownThere && std::cout && !(std::cout << line << '\n' << std::flush))
             writeError = errno;
     });
     if (const int readError = session.run())
         return fail("Cannot read", std::strerror(readError));
     return std::cout ? ExitStatus::done : fail("Cannot write", std::strerror(writeError));
+}
+
+int runSuggesting() {
+    if (!::isatty(STDIN_FILENO))
+        return program.misused("--suggest is for typing on a terminal", std::cerr);
+    const auto lists = suggestionLists();
+    SqliteWordStore store(WordDatabase::standardPath(),
+                          [lists](std::string_view word) { return lists->english.contains(word); });
+    Suggestions suggestions = {.areOn = true, .lists = lists, .store = &store};
+    return runLine(&suggestions);
 }
 
 int runChart() {
@@ -138,9 +159,11 @@ int run(const CommandLine& line) {
         return program.misused("Not understood: " + line.operands.front(), std::cerr);
     if (line.command == "chart")
         return runChart();
+    if (line.command == suggest)
+        return runSuggesting();
     if (line.command == "doctor")
         return runDoctor();
-    return ::isatty(STDIN_FILENO) ? runLine() : runFilter();
+    return ::isatty(STDIN_FILENO) ? runLine(nullptr) : runFilter();
 }
 
 } // namespace

@@ -168,6 +168,15 @@ void examineWords(const DoctorSystem& system, Findings& findings) {
         findings.good("What was learnt can be read.");
 }
 
+/// Without them nothing is suggested; typing needs none.
+void examineLists(const DoctorSystem& system, Findings& findings) {
+    const auto problems = system.listProblems();
+    for (const std::string& problem : problems)
+        findings.note(problem, "Suggestions do without it. Mend or remove it, or install the package anew.");
+    if (problems.empty())
+        findings.good("The word lists can be read.");
+}
+
 std::string_view markOf(Kind kind) {
     switch (kind) {
     case Kind::good:
@@ -197,6 +206,7 @@ std::vector<Finding> examine(const DoctorSystem& system) {
     examineLocale(system, findings);
     examineKeys(system, findings);
     examineWords(system, findings);
+    examineLists(system, findings);
     return findings.take();
 }
 

@@ -40,6 +40,8 @@ struct DoctorSystem {
     std::function<std::string()> keysProblem;
     /// What is wrong with the words that were learnt, a sentence each.
     std::function<std::vector<std::string>()> wordProblems;
+    /// A sentence for each word list that cannot be read.
+    std::function<std::vector<std::string>()> listProblems;
 
     /// The system that this process runs on, with its user's `settings`, which must outlive it.
     static DoctorSystem real(const SinglishSettings& settings);

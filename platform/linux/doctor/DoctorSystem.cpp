@@ -2,6 +2,7 @@
 
 #include "StoredKeys.h"
 #include "WordDatabase.h"
+#include "WordListFiles.h"
 #include "WordMessages.h"
 
 #include <algorithm>
@@ -110,7 +111,8 @@ DoctorSystem DoctorSystem::real(const SinglishSettings& settings) {
             askCompositor,
             outputOf,
             [&settings] { return StoredKeys::readingProblem(settings); },
-            [] { return WordMessages::problemsOf(WordDatabase::standardPath()); }};
+            [] { return WordMessages::problemsOf(WordDatabase::standardPath()); },
+            [] { return WordListFiles::read().problems; }};
 }
 
 } // namespace vanoka

@@ -3,7 +3,7 @@
 #include "AtomicFile.h"
 #include "FolderLock.h"
 #include "LastError.h"
-#include "UserFolders.h"
+#include "Folders.h"
 #include "WordSchema.h"
 
 #include <algorithm>
@@ -116,7 +116,7 @@ WordDatabase::WordDatabase(fs::path path, std::chrono::milliseconds patience)
     : path_(std::move(path)), patience_(patience) {}
 
 fs::path WordDatabase::standardPath() {
-    const fs::path folder = UserFolders::data();
+    const fs::path folder = Folders::ofData();
     return folder.empty() ? fs::path() : folder / "words.sqlite";
 }
 

@@ -1,4 +1,5 @@
 #include "SettingsProgram.h"
+#include "Folders.h"
 
 #include "TemporaryFolder.h"
 
@@ -24,7 +25,7 @@ TEST(SettingsProgram, IsTheOneInTheFolderIfItCanBeStarted) {
 }
 
 TEST(SettingsProgram, KnowsTheFolderOfTheRunningProgram) {
-    EXPECT_TRUE(fs::exists(SettingsProgram::ownFolder() / "linux_tests"));
+    EXPECT_TRUE(fs::exists(Folders::ofProgram() / "linux_tests"));
 }
 
 } // namespace

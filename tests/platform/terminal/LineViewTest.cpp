@@ -99,6 +99,8 @@ private:
         const std::string_view code = bytes.substr(2, length - 2);
         if (code == "4m" || code == "24m")
             underlined_ = code == "4m";
+        else if (code == "7m" || code == "27m")
+            put(code == "7m" ? "<" : ">"); // a cell that no terminal needs
         else if (code == "?7h" || code == "?7l")
             wraps_ = code == "?7h";
         else if (code.ends_with('A'))
@@ -192,6 +194,43 @@ TEST_P(LineViewTest, DrawsAnythingTyped) {
         expected.insert(line.caret(), line.marked() + "|");
         ASSERT_EQ(screen, expected);
     }
+}
+
+CandidateLine candidatesOf(const std::vector<std::string>& texts, std::size_t highlighted) {
+    CandidateLine line;
+    for (const std::string& text : texts)
+        line.rows.push_back({text});
+    line.highlighted = highlighted;
+    return line;
+}
+
+TEST(LineView, DrawsCandidatesBelowTheTextAndLeavesNoTrace) {
+    LineView view({40, 5});
+    FakeTerminal terminal({40, 5}, FakeTerminal::Signs::narrow);
+    const auto drawn = [&](const TypedLine& line, const CandidateLine& candidates) {
+        terminal.write(view.draw(line, candidates));
+        return terminal.screen();
+    };
+    EXPECT_EQ(drawn(lineOf("ab", "k"), candidatesOf({"k", "kal", "mal"}, 1)), "ab[k]|/k   <kal>   mal");
+    EXPECT_EQ(drawn(lineOf("ab", "k"), candidatesOf({"k", "x\x1By"}, 0)), "ab[k]|/<k>   x\\u{1B}y");
+    EXPECT_EQ(drawn(lineOf("abc"), {}), "abc|");
+    drawn(lineOf("abc", "k"), candidatesOf({"k", "kal"}, 0));
+    terminal.write(view.finish("abck"));
+    EXPECT_EQ(terminal.screen(), "abck/|");
+}
+
+TEST(LineView, DrawsAsManyCandidatesAsThereIsRoomFor) {
+    const std::vector<std::string> texts = {"aaaa", "bbbb", "cccc"};
+    LineView narrow({12, 3});
+    const auto last = [&](LineView& view, std::size_t highlighted) {
+        const std::string bytes = view.draw(lineOf("x"), candidatesOf(texts, highlighted));
+        const std::size_t start = bytes.find("\r\n") + 2;
+        return bytes.substr(start, bytes.find("\x1B[1A") - start);
+    };
+    EXPECT_EQ(last(narrow, 0), "\x1B[7maaaa\x1B[27m   bbbb");
+    EXPECT_EQ(last(narrow, 2), "bbbb   \x1B[7mcccc\x1B[27m") << "the highlighted one is there";
+    LineView low({40, 1});
+    EXPECT_EQ(low.draw(lineOf("x"), candidatesOf(texts, 0)).find("aaaa"), std::string::npos) << "no room";
 }
 
 INSTANTIATE_TEST_SUITE_P(Terminals, LineViewTest,

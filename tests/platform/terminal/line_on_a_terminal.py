@@ -28,10 +28,16 @@ def until(condition, describe):
 class Tmux:
     """A terminal of its own, with a shell command running on it."""
 
-    def __init__(self, command, columns=60, rows=12):
+    def __init__(self, command, columns=60, rows=12, lists=None):
         self.folder = tempfile.TemporaryDirectory(prefix="vanoka-tmux-")
+        for name, text in (lists or {}).items():
+            path = os.path.join(self.folder.name, "vanoka", name)
+            os.makedirs(os.path.dirname(path), exist_ok=True)
+            with open(path, "w", encoding="utf-8") as file:
+                file.write(text)
         self.socket = os.path.join(self.folder.name, "socket")
-        self.environment = {**os.environ, "XDG_CONFIG_HOME": self.folder.name, "LC_ALL": "C.UTF-8"}
+        self.environment = {**os.environ, "XDG_CONFIG_HOME": self.folder.name,
+                            "XDG_DATA_HOME": self.folder.name, "LC_ALL": "C.UTF-8"}
         self.environment.pop("TMUX", None)
         self.tmux("-f", "/dev/null", "new-session", "-d", "-x", str(columns), "-y", str(rows), command)
 
@@ -92,6 +98,28 @@ class LineOnATerminal(unittest.TestCase):
         tmux.send("Enter")
         tmux.type("k")
         tmux.shows("අම්ම ගෙදර", "ක්")
+
+    def test_suggestions_stand_below_the_line(self):
+        tmux = self.start(f"{SINGLISH} --suggest", lists={
+            "si.tsv": "ගෙදර\t900\nගෙදරට\t400\n", "en.tsv": "hello\t3000\n", "emoji.tsv": "", "never-offered.txt": ""})
+        until(lambda: "Ctrl-D" in "".join(tmux.lines()), lambda: f"no hint in {tmux.lines()}")
+        tmux.type("gedh")
+        tmux.shows("ගෙද්", "ගෙද්   ගෙදර   ගෙදරට")
+        tmux.send("Down")
+        tmux.shows("ගෙදර", "ගෙද්   ගෙදර   ගෙදරට")
+        tmux.send("BTab", "BTab")
+        tmux.shows("ගෙදරට", "ගෙද්   ගෙදර   ගෙදරට")
+        tmux.send("Escape")
+        tmux.shows("ගෙද්", "ගෙද්   ගෙදර   ගෙදරට")
+        tmux.send("Tab")
+        tmux.type(" k")
+        tmux.shows("ගෙදර ක්")
+        tmux.type(" hello")
+        tmux.send("Tab", "Enter")
+        tmux.type("k")
+        tmux.shows("ගෙදර ක් hello", "ක්")
+        tmux.send("Up")
+        tmux.shows("ගෙදර ක් hello", "ගෙදර ක් hello")
 
     def test_backspace_takes_visible_parts(self):
         tmux = self.start_typing()

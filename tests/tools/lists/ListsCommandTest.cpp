@@ -248,13 +248,13 @@ TEST_F(ListsCommandTest, TellsWhatItDoesNotUnderstandOrCannotRead) {
 
 TEST(Suggester, ReadsSinglishAndSinhala) {
     Suggester suggester;
-    suggester.list = SinhalaWordList("\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\t5\n\u0D85\u0DB8\u0DD4\t9\n");
+    suggester.lists.sinhala = SinhalaWordList("\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\t5\n\u0D85\u0DB8\u0DD4\t9\n");
     std::istringstream input("am\n\u0D85\u0DB8\n\nq\n");
     std::ostringstream output;
     EXPECT_TRUE(suggestForLines(suggester, input, output));
     EXPECT_EQ(output.str(), "\u0D85\u0DB8\u0DCA\t\u0D85\u0DB8\u0DD4\t\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\n"
                             "\u0D85\u0DB8\t\u0D85\u0DB8\u0DD4\t\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\n\nq\n");
-    suggester.personal.emplace("\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\t8\n");
+    suggester.personal = {SinhalaWordList("\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\t8\n"), {}, {}};
     suggester.limit = 2;
     EXPECT_EQ(suggester.row("a"), "\u0D85\t\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\t\u0D85\u0DB8\u0DD4");
 }
@@ -264,7 +264,10 @@ TEST(Suggester, AddsUpTheLargestCounts) {
     for (int i = 0; i < 1000; ++i)
         list += "\u0D9C\u0DB8\t9223372036854775807\n\u0D9C\u0DB8\u0DB1\t-9223372036854775808\n";
     const auto words = readWordCounts(list);
-    const Suggester suggester = {SinhalaWordList(words), SinhalaWordList(words), ListReading::mostResults};
+    Suggester suggester;
+    suggester.lists.sinhala = SinhalaWordList(words);
+    suggester.personal = {SinhalaWordList(words), {}, {}};
+    suggester.limit = ListReading::mostResults;
     EXPECT_EQ(suggester.row("\u0D9C\u0DCF\u0DB8"), "\u0D9C\u0DCF\u0DB8\t\u0D9C\u0DB8\t\u0D9C\u0DB8\u0DB1");
 }
 

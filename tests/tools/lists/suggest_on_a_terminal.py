@@ -85,6 +85,18 @@ class SuggestOnATerminal(unittest.TestCase):
         self.type("\x04")
         self.ends(0)
 
+    def test_keys_end_a_word_as_in_every_program(self):
+        for ending in (" ", ",", "\r", "\t", "\x1b[D"):
+            with self.subTest(ending=ending):
+                rows = self.screen.decode(errors="replace").count("\r\n")
+                self.type("am")
+                self.shows("\x1b[4m\u0d85\u0db8\u0dca\x1b[24m")
+                self.type(ending)
+                self.shows("\x1b[4m\x1b[24m")
+                kept = self.screen.decode(errors="replace").split("\r\n")
+                self.assertEqual(len(kept), rows + 2)
+                self.assertIn(f"\x1b[4m\u0d85\u0db8\u0dca\x1b[24m   {AMU}   {AMMA}", kept[-2])
+
     def test_no_control_character_of_the_list_is_drawn(self):
         self.type("k")
         self.shows("\x1b[4m\u0d9a\u0dca\x1b[24m   \u0d9a\\u{1B}]0;title\\u{7}\\u{9B}\\u{0}")

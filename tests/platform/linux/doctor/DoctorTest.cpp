@@ -42,6 +42,7 @@ struct Desktop {
     };
     std::string keysProblem;
     std::vector<std::string> wordProblems;
+    std::vector<std::string> listProblems;
 
     DoctorSystem system() const {
         return {[this](std::string_view name) {
@@ -66,7 +67,8 @@ struct Desktop {
                     return found == outputs.end() ? std::nullopt : std::optional(found->second);
                 },
                 [this] { return keysProblem; },
-                [this] { return wordProblems; }};
+                [this] { return wordProblems; },
+                [this] { return listProblems; }};
     }
 
     static bool isLike(const std::string& file, const std::string& pattern) {
@@ -179,6 +181,8 @@ TEST(Doctor, OnlyNotesWhatSomeProgramsDoWithout) {
                   desktop.wordProblems = {"One word.", "Damaged words are kept as FILE."};
               },
               "Damaged words are kept as FILE."},
+             {[](Desktop& desktop) { desktop.listProblems = {"The word list en.tsv is not installed."}; },
+              "The word list en.tsv is not installed."},
          }) {
         Desktop desktop;
         row.take(desktop);

@@ -1,10 +1,11 @@
-#include "UserFolders.h"
+#include "Folders.h"
 
 #include <cstdlib>
 #include <pwd.h>
+#include <system_error>
 #include <unistd.h>
 
-namespace vanoka::UserFolders {
+namespace vanoka::Folders {
 
 namespace {
 
@@ -26,21 +27,27 @@ fs::path homeFolder() {
     return user && user->pw_dir ? fs::path(user->pw_dir) : fs::path();
 }
 
-fs::path ownFolder(const char* variable, const char* inHome) {
+/// Our folder in the one that the variable names, or in `usual` in the home folder.
+fs::path ownFolderIn(const char* variable, const char* usual) {
     if (const fs::path folder = folderFromEnvironment(variable); !folder.empty())
         return folder / folderName;
     const fs::path home = homeFolder();
-    return home.empty() ? fs::path() : home / inHome / folderName;
+    return home.empty() ? fs::path() : home / usual / folderName;
 }
 
 } // namespace
 
-fs::path configuration() {
-    return ownFolder("XDG_CONFIG_HOME", ".config");
+fs::path ofSettings() {
+    return ownFolderIn("XDG_CONFIG_HOME", ".config");
 }
 
-fs::path data() {
-    return ownFolder("XDG_DATA_HOME", ".local/share");
+fs::path ofData() {
+    return ownFolderIn("XDG_DATA_HOME", ".local/share");
 }
 
-} // namespace vanoka::UserFolders
+fs::path ofProgram() {
+    std::error_code error;
+    return fs::read_symlink("/proc/self/exe", error).parent_path();
+}
+
+} // namespace vanoka::Folders

@@ -1,0 +1,151 @@
+#include "Candidates.h"
+
+#include "MemoryWordStore.h"
+#include "singlish/SinglishTransliterator.h"
+#include "text/Equivalence.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace vanoka {
+
+namespace {
+
+TypedWord typed(const std::string& keys) {
+    return {keys, SinglishTransliterator::standard().transliterate(keys)};
+}
+
+SuggestionLists someLists() {
+    return readSuggestionLists(
+        {.sinhala = "ගෙදර\t900\nගෙදරට\t400\nගෙදරදි\t300\nගෙදරින්\t200\nගෙදරම\t100\nගෙදරක\t90\n"
+                    "ගෙදරයි\t80\nහා\t5000\nමල\t700\nමල්\t800\nගස\t300\nගාස\t10\nගසා\t5\n",
+         .english = "mata\t1000\nmal\t300\nha\t600\ngas\t400\nhello\t3000\nok\tchat\ncat\t900\n",
+         .emoji = "මල\t🌸 🌼 🌷\ncat\t🐈 😺 😸\nගස්\t🌳\n",
+         .neverOffered = {}});
+}
+
+/// The rows as a person sees them: Latin words in parentheses, what was learnt with a star.
+std::string rowsOf(const std::string& keys, const SuggestionLists& lists,
+                   const PersonalWords* personal = nullptr, std::size_t limit = CandidateLimit::usual) {
+    std::string rows;
+    for (const Candidate& row : candidatesFor(typed(keys), lists, personal, limit))
+        rows += (rows.empty() ? "" : " ") +
+                (row.kind == Candidate::Kind::latin ? "(" + row.text + ")" : row.text) +
+                (row.isLearnt ? "*" : "");
+    return rows;
+}
+
+TEST(Candidates, StandInTheirOrder) {
+    struct Row {
+        const char *keys, *rows;
+    };
+    const SuggestionLists lists = someLists();
+    for (const Row& row : std::vector<Row>{
+             {"", ""},
+             {"zz", "zz"},
+             {"gedr", "ගෙඩ්\u200Dර් ගෙදර ගෙදරට ගෙදරදි ගෙදරින් ගෙදරම"}, // by count, no more than the usual six
+             {"gedhara", "ගෙදර ගෙදරට ගෙදරදි ගෙදරින් ගෙදරම ගෙදරක"},   // what is typed is not there twice
+             {"hello", "හෙල්ලො (hello)"},                          // it stays English
+             {"ok", "ඔක් (ok)"},                                   // a chat word
+             {"OK", "ඔඛ් (OK)"},                                   // as typed
+             {"ha", "හ හා (ha)"},                                 // the Sinhala word is commoner: last
+             {"gas", "ගස් ගස ගාස ගසා 🌳 (gas)"},                   // and after emoji
+             {"mala", "මල මල් 🌸 🌼"},                             // two emoji at most
+             {"cat", "චට් (cat) 🐈 😺"},                           // of an English word
+         })
+        EXPECT_EQ(rowsOf(row.keys, lists), row.rows) << row.keys;
+}
+
+TEST(Candidates, AreThreeToNine) {
+    const SuggestionLists lists = someLists();
+    for (const std::size_t limit : {0U, 1U, 2U, 3U})
+        EXPECT_EQ(rowsOf("gedr", lists, nullptr, limit), "ගෙඩ්\u200Dර් ගෙදර ගෙදරට") << limit;
+    EXPECT_EQ(rowsOf("gedr", lists, nullptr, 4), "ගෙඩ්\u200Dර් ගෙදර ගෙදරට ගෙදරදි");
+    for (const std::size_t limit : {9U, 10U, 1000U})
+        EXPECT_EQ(rowsOf("gedr", lists, nullptr, limit),
+                  "ගෙඩ්\u200Dර් ගෙදර ගෙදරට ගෙදරදි ගෙදරින් ගෙදරම ගෙදරක ගෙදරයි")
+            << limit;
+    EXPECT_EQ(rowsOf("gas", lists, nullptr, 3), "ගස් ගස (gas)") << "words before emoji";
+    EXPECT_EQ(rowsOf("gas", lists, nullptr, 4), "ගස් ගස 🌳 (gas)");
+}
+
+TEST(Candidates, ThatWereLearntComeFirst) {
+    const SuggestionLists lists = someLists();
+    test::MemoryWordStore store;
+    store.learn({"gedr", "ගෙදරක"});
+    EXPECT_EQ(rowsOf("gedr", lists, store.words().get()), "ගෙඩ්\u200Dර් ගෙදරක* ගෙදර ගෙදරට ගෙදරදි ගෙදරින්")
+        << "taken once, and the least of the list";
+    store.learn({"gasa", "ගාස"});
+    EXPECT_EQ(rowsOf("gasaa", lists, store.words().get()), "ගසා ගාස* ගස") << "before one spelled alike";
+}
+
+TEST(Candidates, OfOneWordThatMayBeASlipComeAfterTheOthers) {
+    const SuggestionLists lists = someLists();
+    test::MemoryWordStore store;
+    store.learn({"gedaraka", "ගෙදරඇ"});
+    store.learn({"gedhaka", "ගෙදරයි"});
+    EXPECT_TRUE(rowsOf("gedr", lists, store.words().get()).starts_with("ගෙඩ්\u200Dර් ගෙදරයි* ගෙදරඇ* ගෙදර "));
+}
+
+TEST(Candidates, OfThisPersonLeaveRoomForTheLanguage) {
+    const SuggestionLists lists = someLists();
+    test::MemoryWordStore store;
+    for (const char* word : {"ගෙදරඅ", "ගෙදරආ", "ගෙදරඇ", "ගෙදරඈ", "ගෙදරඉ", "ගෙදරඊ"})
+        store.learn({"x", word});
+    const auto rows = candidatesFor(typed("gedr"), lists, store.words().get());
+    ASSERT_EQ(rows.size(), 6U);
+    EXPECT_EQ(std::ranges::count(rows, true, &Candidate::isLearnt), 3);
+    EXPECT_EQ(rows[4].text, "ගෙදර");
+}
+
+TEST(Candidates, KeepEnglishAsThisPersonDoes) {
+    const SuggestionLists lists = someLists();
+    test::MemoryWordStore store;
+    store.learn({"ha", "ha"});
+    EXPECT_EQ(rowsOf("ha", lists, store.words().get()), "හ (ha)* හා");
+    store.learn({"ha", "හ"});
+    store.learn({"ha", "හ"});
+    EXPECT_EQ(rowsOf("ha", lists, store.words().get()), "හ හා (ha)*") << "typed in Sinhala more often";
+    store.learn({"Kasun", "Kasun"});
+    EXPECT_EQ(rowsOf("kasun", lists, store.words().get()), "කසුන් (kasun)*") << "known to nobody else";
+}
+
+TEST(Candidates, AreNeverThoseThatNobodyWantsOffered) {
+    SuggestionLists lists = someLists();
+    lists.neverOffered = NeverOffered("ගෙදර\nගෙදරට\nHello\nමල\ncat\nගෙදරඅ\n");
+    EXPECT_EQ(rowsOf("gedr", lists), "ගෙඩ්\u200Dර් ගෙදරදි ගෙදරින් ගෙදරම ගෙදරක ගෙදරයි") << "others take their place";
+    EXPECT_EQ(rowsOf("hello", lists), "හෙල්ලො");
+    EXPECT_EQ(rowsOf("mala", lists), "මල මල්") << "typed as ever, and no emoji for it";
+    EXPECT_EQ(rowsOf("cat", lists), "චට්");
+    test::MemoryWordStore store;
+    store.learn({"gedara", "ගෙදරඅ"});
+    EXPECT_FALSE(rowsOf("gedr", lists, store.words().get()).find("ගෙදරඅ") != std::string::npos)
+        << "though it was typed";
+}
+
+TEST(Candidates, ComeOfNothingWhereNothingIsKnown) {
+    EXPECT_EQ(rowsOf("gedr", SuggestionLists()), "ගෙඩ්\u200Dර්");
+    test::MemoryWordStore store;
+    store.learn({"gedhara", "ගෙදර"});
+    EXPECT_EQ(rowsOf("gedr", SuggestionLists(), store.words().get()), "ගෙඩ්\u200Dර් ගෙදර*");
+}
+
+TEST(Candidates, OfAListWithImpossibleCountsStopNothing) {
+    const std::string most = std::to_string(std::numeric_limits<std::int64_t>::max());
+    const SuggestionLists lists =
+        readSuggestionLists({.sinhala = "\uFEFFගෙදර\t" + most + "\nගෙදරට\t-" + most + "\nහ\t" + most,
+                             .english = "ha\t" + most + "\n",
+                             .emoji = "\uFEFFමල\t🌸",
+                             .neverOffered = "\uFEFFfool"});
+    test::MemoryWordStore store;
+    store.learn({"gedhara", "ගෙදර"});
+    EXPECT_EQ(rowsOf("gedr", lists, store.words().get()), "ගෙඩ්\u200Dර් ගෙදර* ගෙදරට");
+    EXPECT_EQ(rowsOf("ha", lists), "හ (ha)");
+    EXPECT_EQ(rowsOf("mala", lists), "මල 🌸");
+    EXPECT_TRUE(lists.neverOffered.holds("fool"));
+}
+
+} // namespace
+
+} // namespace vanoka
