@@ -13,7 +13,7 @@ namespace vanoka {
 
 namespace {
 
-constexpr const char* a = "\u0D85";
+constexpr const char* vowelA = "\u0D85";
 
 class SettingsViewTest : public testing::Test {
 protected:
@@ -91,9 +91,9 @@ TEST_F(SettingsViewTest, HasItsSizes) {
 }
 
 TEST_F(SettingsViewTest, StartsWithTheFirstLetter) {
-    EXPECT_EQ(view.selection(), a);
+    EXPECT_EQ(view.selection(), vowelA);
     ASSERT_TRUE(view.editor());
-    EXPECT_EQ(view.editor()->letter().id, a);
+    EXPECT_EQ(view.editor()->letter().id, vowelA);
     EXPECT_EQ(view.editor()->draft(), "");
     EXPECT_FALSE(view.isConfirmingReset());
 }
@@ -108,7 +108,7 @@ TEST_F(SettingsViewTest, AnotherLetterGetsAFreshEditor) {
     view.select(ka);
     EXPECT_EQ(view.editor()->draft(), "wq") << "the same letter keeps its editor";
     EXPECT_EQ(changes, 3);
-    view.select(a);
+    view.select(vowelA);
     view.select(ka);
     EXPECT_EQ(view.editor()->draft(), "");
 }
@@ -223,7 +223,7 @@ TEST_F(SettingsViewTest, EveryEditKeepsWhatOthersHaveStored) {
             view.addDraft();
         },
         [this] { view.perform(SetBuiltIn{"k", false}); },
-        [this] { view.perform(AddKey{"kh", a}); },
+        [this] { view.perform(AddKey{"kh", vowelA}); },
         [this] { view.perform(RemoveKey{"kh"}); },
     };
     std::size_t count = 0;

@@ -9,7 +9,7 @@ namespace vanoka {
 
 namespace {
 
-constexpr const char* document =
+constexpr const char* storedKeys =
     "{\"addedKeys\":[{\"key\":\"q\",\"letter\":\"\u0D9A\"}],\"disabledKeys\":[]}";
 
 using Log = std::vector<std::string>;
@@ -49,12 +49,12 @@ TEST_F(SettingsWindowTest, HasItsTitleSizeAndStyle) {
 TEST_F(SettingsWindowTest, AdoptsWhatIsStoredEveryTimeItIsShown) {
     window.show(false);
     EXPECT_FALSE(toolkit.content->resetButton().isEnabled);
-    defaults.setData(SinglishSettings::storedName, document);
+    defaults.setData(SinglishSettings::storedName, storedKeys);
     EXPECT_TRUE(settings.customization().isEmpty());
     window.show(false);
     EXPECT_FALSE(settings.customization().isEmpty());
     EXPECT_TRUE(toolkit.content->resetButton().isEnabled);
-    EXPECT_EQ(defaults.data(SinglishSettings::storedName), document) << "showing stores nothing";
+    EXPECT_EQ(defaults.data(SinglishSettings::storedName), storedKeys) << "showing stores nothing";
 }
 
 TEST_F(SettingsWindowTest, ComesBackAsItWas) {

@@ -12,7 +12,7 @@ using Clock = std::chrono::steady_clock;
 using Kind = WordChange::Kind;
 
 /// So long the thread is deaf while another program keeps the database locked.
-constexpr std::chrono::milliseconds patience{100};
+constexpr std::chrono::milliseconds longestDeafness{100};
 
 } // namespace
 
@@ -20,7 +20,7 @@ SqliteWordStore::SqliteWordStore(fs::path path, IsEnglish isEnglish)
     : isEnglish_(std::move(isEnglish)),
       path_(std::move(path)),
       watch_(path_.parent_path()),
-      database_(path_, patience),
+      database_(path_, longestDeafness),
       thread_([this] { run(); }) {}
 
 SqliteWordStore::~SqliteWordStore() {
