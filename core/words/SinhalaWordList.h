@@ -61,6 +61,8 @@ public:
     std::size_t memory() const noexcept;
 
 private:
+    friend class TypedWords; // reads the same words in one more order
+
     Shared<SinhalaWordIndex> index_;
 };
 
