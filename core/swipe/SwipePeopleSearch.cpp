@@ -65,7 +65,7 @@ void SwipePeopleSearch::addPersonal() {
                                 std::int64_t occurrences, std::uint32_t order, bool isListed) {
         for (const std::string_view spelling : {full, chat})
             if (ends_.fits(spelling) && layout_.hasAll(spelling))
-                add({stroke_.firstScore(spelling, occurrences),
+                add({stroke_.firstScore(spelling, occurrences, floor()),
                      isListed ? EndKeys(spelling).index() : afterEveryGroup, order, spelling != full,
                      occurrences, word, spelling});
     };
@@ -106,7 +106,7 @@ bool SwipePeopleSearch::consider(Index index, EndKeys group, double endsCost, bo
         const bool isHere =
             isGuest ? spelling.data() != entry.full.data() : !spelling.empty() && EndKeys(spelling) == group;
         if (isHere && layout_.hasAll(spelling) && !(comparison_.lowerBound(spelling, most) > most))
-            add({stroke_.firstScore(spelling, occurrences), group.index(), lexicon_.order(index),
+            add({stroke_.firstScore(spelling, occurrences, floor()), group.index(), lexicon_.order(index),
                  spelling.data() != entry.full.data(), occurrences, entry.word, spelling});
     }
     return true;

@@ -13,6 +13,9 @@ using People = SwipeCost::People;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
+/// What is spared when a sum is given up early, so that no rounding decides.
+constexpr double roundings = 1e-6;
+
 double squared(double value) {
     return value * value;
 }
@@ -93,29 +96,70 @@ double SwipeStroke::endsCost(char first, char last) const {
            People::endDown * squared(stroke_.back().y - end.y);
 }
 
-SwipeStroke::Distance SwipeStroke::distance(std::string_view spelling) const {
-    std::vector<SwipePoint> path;
-    path.reserve(spelling.size());
-    for (const char letter : spelling)
-        path.push_back(key(letter));
-    Distance distance;
-    distance.pathLength = lengthOf(path);
-    const std::vector<SwipePoint> ideal = SwipeGeometry::resample(path, points);
-    for (std::size_t i = 0; i < points; ++i) {
-        const double square = squaredDistance(stroke_[i], ideal[i]);
-        distance.meanSquare += square;
-        distance.mean += std::sqrt(square);
+/// The ideal path of a spelling, and its points at even lengths, one after the other: to the last bit those
+/// of `SwipeGeometry::resample`.
+class SwipeStroke::Path {
+public:
+    Path(const SwipeStroke& stroke, std::string_view spelling) {
+        if (spelling.size() > few_.size())
+            more_.resize(2 * spelling.size());
+        keys_ = more_.empty() ? few_ : std::span(more_).first(spelling.size());
+        for (std::size_t i = 0; i < spelling.size(); ++i) {
+            Key& now = keys_[i];
+            now.at = stroke.key(spelling[i]);
+            now.along = i == 0 ? 0 : keys_[i - 1].along + SwipeGeometry::distance(keys_[i - 1].at, now.at);
+        }
+        last_ = spelling.size() - 1;
     }
-    distance.meanSquare /= points;
-    distance.mean /= points;
-    return distance;
+
+    double length() const { return keys_[last_].along; }
+
+    /// The point number `i`; asked for in order.
+    SwipePoint point(std::size_t i) {
+        if (!(length() > 0))
+            return keys_[0].at;
+        const double target = length() * static_cast<double>(i) / (points - 1);
+        while (end_ < last_ && keys_[end_].along < target)
+            ++end_;
+        const Key &from = keys_[end_ - 1], &to = keys_[end_];
+        const double segment = to.along - from.along;
+        const double fraction = segment > 0 ? std::clamp((target - from.along) / segment, 0.0, 1.0) : 0;
+        return {from.at.x + fraction * (to.at.x - from.at.x), from.at.y + fraction * (to.at.y - from.at.y)};
+    }
+
+private:
+    struct Key {
+        SwipePoint at;
+        double along = 0;
+    };
+
+    std::array<Key, 64> few_; // more are rare
+    std::vector<Key> more_;
+    std::span<Key> keys_;
+    std::size_t last_ = 0, end_ = 1;
+};
+
+double SwipeStroke::meanDistance(std::string_view spelling) const {
+    Path path(*this, spelling);
+    double sum = 0;
+    for (std::size_t i = 0; i < points; ++i)
+        sum += SwipeGeometry::distance(stroke_[i], path.point(i));
+    return sum / points;
 }
 
-double SwipeStroke::firstScore(std::string_view spelling, std::int64_t occurrences) const {
-    const Distance away = distance(spelling);
-    return People::firstFrequency * frequency(occurrences) - endsCost(spelling.front(), spelling.back()) -
-           People::firstMeanSquare * away.meanSquare -
-           squared(std::log((length_ + 1) / (away.pathLength + 1)));
+double SwipeStroke::firstScore(std::string_view spelling, std::int64_t occurrences, double atLeast) const {
+    Path path(*this, spelling);
+    const double best = People::firstFrequency * frequency(occurrences) -
+                        endsCost(spelling.front(), spelling.back()) -
+                        squared(std::log((length_ + 1) / (path.length() + 1)));
+    const double most = (best - atLeast + roundings) / People::firstMeanSquare * points;
+    double sum = 0;
+    for (std::size_t i = 0; i < points; ++i) {
+        if (sum > most)
+            return -infinity;
+        sum += squaredDistance(stroke_[i], path.point(i));
+    }
+    return best - People::firstMeanSquare * (sum / points);
 }
 
 double SwipeStroke::slow(std::string_view spelling) const {
@@ -172,7 +216,7 @@ SwipeStroke::Legs SwipeStroke::legs(std::string_view spelling) const {
 
 double SwipeStroke::score(std::string_view spelling, std::int64_t occurrences) const {
     const Legs along = legs(spelling);
-    return People::frequency * frequency(occurrences) - People::distance * squared(distance(spelling).mean) -
+    return People::frequency * frequency(occurrences) - People::distance * squared(meanDistance(spelling)) -
            endsCost(spelling.front(), spelling.back()) - People::slow * slow(spelling) -
            People::pass * along.pass - People::stray * along.stray;
 }

@@ -25,8 +25,9 @@ public:
     /// What the stroke's ends cost a word that begins and ends with these keys: 0 or more.
     double endsCost(char first, char last) const;
 
-    /// The score by which words are chosen for a closer look.
-    double firstScore(std::string_view spelling, std::int64_t occurrences) const;
+    /// The score by which words are chosen for a closer look; minus infinity as soon as it is known to be
+    /// less than `atLeast`. Allocates nothing for spellings of at most 64 keys.
+    double firstScore(std::string_view spelling, std::int64_t occurrences, double atLeast) const;
     /// The score by which those are ranked. Minus infinity for a spelling of more keys than a stroke has legs
     /// for, 33.
     double score(std::string_view spelling, std::int64_t occurrences) const;
@@ -35,11 +36,7 @@ private:
     static constexpr std::size_t points = SwipeCost::comparedPoints;
     using Points = std::array<SwipePoint, points>;
 
-    /// How far the stroke is from the ideal path, point by point: on average, and squared.
-    struct Distance {
-        double mean = 0, meanSquare = 0;
-        double pathLength = 0;
-    };
+    class Path;
     /// How the stroke goes along the path's legs: past each inner key, and off the legs, both squared.
     struct Legs {
         double pass = 0, stray = 0;
@@ -47,7 +44,7 @@ private:
 
     void measurePace(std::span<const SwipePoint> stroke);
     SwipePoint key(char letter) const;
-    Distance distance(std::string_view spelling) const;
+    double meanDistance(std::string_view spelling) const;
     double slow(std::string_view spelling) const;
     Legs legs(std::string_view spelling) const;
 

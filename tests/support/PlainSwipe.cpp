@@ -191,8 +191,8 @@ struct People {
         double sum = 0;
         for (std::size_t i = 0; i < 32; ++i)
             sum += away(points[i], ideal[i]);
-        return 0.7 * std::log(count) - endsCost(keys) - 3.5 * (sum / 32) -
-               square(std::log((length + 1) / (lengthOf(keys) + 1)));
+        return 0.7 * std::log(count) - endsCost(keys) -
+               square(std::log((length + 1) / (lengthOf(keys) + 1))) - 3.5 * (sum / 32);
     }
 
     double slow(const std::vector<SwipePoint>& keys) const {
@@ -239,7 +239,7 @@ struct People {
         const auto ideal = SwipeGeometry::resample(keys, 32);
         double mean = 0, pass = 0, stray = 0;
         for (std::size_t i = 0; i < 32; ++i) {
-            mean += std::sqrt(away(points[i], ideal[i]));
+            mean += SwipeGeometry::distance(points[i], ideal[i]);
             stray += away(points[i], keys[0]) / 32;
         }
         if (keys.size() > 1) {
