@@ -99,13 +99,12 @@ bool SwipePeopleSearch::consider(Index index, EndKeys group, double endsCost, bo
         return false;
     if (personal_.isListed(index))
         return true;
-    // The mean of squares is at least the mean's square.
     const double most = std::sqrt(spare / People::firstMeanSquare) * keyWidth_;
     const SwipeLexicon::Entry entry = lexicon_.entry(index);
     for (const std::string_view spelling : {entry.full, entry.chat}) {
         const bool isHere =
             isGuest ? spelling.data() != entry.full.data() : !spelling.empty() && EndKeys(spelling) == group;
-        if (isHere && layout_.hasAll(spelling) && !(comparison_.lowerBound(spelling, most) > most))
+        if (isHere && layout_.hasAll(spelling) && !(comparison_.lowerBoundOfSquares(spelling, most) > most))
             add({stroke_.firstScore(spelling, occurrences, floor()), group.index(), lexicon_.order(index),
                  spelling.data() != entry.full.data(), occurrences, entry.word, spelling});
     }

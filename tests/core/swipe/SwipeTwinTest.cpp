@@ -134,6 +134,12 @@ TEST(SwipeTwin, ADistanceIsThatOfTheResampledPathToTheLastBit) {
         const SwipeComparison comparison(stroke, layout);
         const double ours = comparison.distance(spelling, std::numeric_limits<double>::infinity());
         ASSERT_TRUE(ours == plain || (std::isnan(ours) && std::isnan(plain))) << ours << " beside " << plain;
+        double squares = 0;
+        const auto target = SwipeGeometry::resample(stroke, 32), ideal = SwipeGeometry::resample(path, 32);
+        for (std::size_t i = 0; i < 32; ++i)
+            squares += std::pow(SwipeGeometry::distance(target[i], ideal[i]), 2) / 32;
+        for (const double enough : {-1e300, plain, 1e300})
+            ASSERT_FALSE(comparison.lowerBoundOfSquares(spelling, enough) > std::sqrt(squares)) << spelling;
         for (const double enough : {-1e300, plain, 1e300})
             ASSERT_FALSE(comparison.lowerBound(spelling, enough) > plain) << round << " " << spelling;
         EXPECT_TRUE(std::isnan(plain) || comparison.distance(spelling, plain) == plain);
