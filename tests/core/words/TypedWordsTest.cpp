@@ -5,8 +5,11 @@
 #include "text/Utf8.h"
 
 #include <algorithm>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
+#include <sstream>
 
 namespace vanoka {
 
@@ -196,6 +199,35 @@ TEST(TypedWords, WordsThatCannotBeReadAreLeftOut) {
     const TypedWords words(SinhalaWordList({{endless, 5}, {"abc", 5}, {"ක1", 5}, {"", 5}, {"ක", 5}}));
     EXPECT_EQ(words.wordsTyped("ka", 5), Words{"ක"});
     EXPECT_EQ(words.wordsTyped("abc", 5), Words());
+}
+
+/// Whoever knows the keys is read as well: the keys of a word give one of the first three words, unless three
+/// words that occur more often are written so too. Those are few.
+TEST(TypedWords, TheKeysOfAWordGiveIt) {
+    std::ifstream file(VANOKA_TESTS_FOLDER "/../data/si.tsv");
+    std::stringstream tsv;
+    tsv << file.rdbuf();
+    const SinhalaWordList list(tsv.str());
+    const TypedWords words(list);
+    std::map<std::string, std::int64_t> counts;
+    const auto all = list.words();
+    for (const auto& [word, count] : all)
+        counts[word] = count;
+    std::size_t typed = 0, outranked = 0;
+    for (std::size_t i = 0; i < all.size(); i += 40) {
+        std::string keys;
+        if (!forEachTypedLetter(all[i].word, [&keys](const WrittenLetter& each) { keys += each.key; }))
+            continue;
+        ++typed;
+        const Words first = words.wordsTyped(keys, 3);
+        if (std::ranges::find(first, all[i].word) != first.end())
+            continue;
+        ++outranked;
+        for (const std::string& word : first)
+            EXPECT_GE(counts[word], all[i].count) << keys << ' ' << word;
+    }
+    EXPECT_GT(typed, 1000U);
+    EXPECT_LT(outranked, typed / 50);
 }
 
 } // namespace
