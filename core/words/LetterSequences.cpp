@@ -57,6 +57,10 @@ private:
     }
 
     void collect(const WordTrie& words) {
+        std::size_t windows = 0;
+        for (WordTrie::Position position = 0; position < words.all().end; ++position)
+            windows += words.length(position) + 2; // both ends
+        windows_.reserve(windows);
         std::string word;
         words.forEach([&](std::string_view letters, double count) {
             word = static_cast<char>(beginSymbol);
