@@ -87,6 +87,15 @@ void swipeVanoka(benchmark::State& state) {
 }
 BENCHMARK(swipeVanoka)->Name("swipe/vanoka")->Iterations(3)->UseManualTime();
 
+void swipePeople(benchmark::State& state) {
+    const SwipeLayout layout(keyboard().layout());
+    const SwipeDecoder byPeople(views(words()), SwipeWeights::people);
+    decodeEach(state, 2000, [&](const Stroke& stroke) {
+        return byPeople.wordsFor(stroke, layout, keyboard().keyWidth, limit, {});
+    });
+}
+BENCHMARK(swipePeople)->Name("swipe/vanoka, the people's weights")->Iterations(1)->UseManualTime();
+
 void swipePersonal(benchmark::State& state) {
     SwipeDecoder::Personal personal;
     for (std::size_t i = 0; i < words().size(); i += words().size() / 2000)
@@ -114,6 +123,15 @@ void swipePlain(benchmark::State& state) {
     });
 }
 BENCHMARK(swipePlain)->Name("swipe/plain")->Iterations(1)->UseManualTime();
+
+void swipePlainPeople(benchmark::State& state) {
+    const test::plain::SwipeDecoder plain(views(words()));
+    const SwipeKeys layout = keyboard().layout();
+    decodeEach(state, 100, [&](const Stroke& stroke) {
+        return plain.wordsByPeople(stroke, layout, keyboard().keyWidth, limit, {});
+    });
+}
+BENCHMARK(swipePlainPeople)->Name("swipe/plain, the people's weights")->Iterations(1)->UseManualTime();
 
 void swipeBuild(benchmark::State& state) {
     const auto list = views(words());

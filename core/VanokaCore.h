@@ -20,4 +20,5 @@
 #include "words/EnglishWordList.h"
 #include "words/SinhalaSpelling.h"
 #include "words/SinhalaWordList.h"
+#include "words/TypedWords.h"
 #include "words/WordCount.h"

@@ -158,14 +158,15 @@ struct SwipeComparison::Turns {
     }
 };
 
+template <SwipeComparison::Mean mean>
 double SwipeComparison::lowerBound(std::string_view spelling, double enough) const {
     if (!hasBound_ || spelling.size() < 2 || spelling.size() > longestBounded)
         return 0;
     const Turns turns(spelling, layout_);
     if (!(turns.length > 0))
         return 0;
-    const double first = boundOf<coarse>(turns, coarseX_, coarseY_);
-    return first > enough ? first : boundOf<fine>(turns, fineX_, fineY_);
+    const double first = boundOf<mean, coarse>(turns, coarseX_, coarseY_);
+    return first > enough ? first : boundOf<mean, fine>(turns, fineX_, fineY_);
 }
 
 // Some neighbouring points of the stroke and of the ideal path are together at least as far apart as their
@@ -177,7 +178,10 @@ double SwipeComparison::lowerBound(std::string_view spelling, double enough) con
 //
 // Integral and sum differ only for the one point within half a step of the turn, by at most |κᵢ| ÷ 8 steps;
 // |κᵢ| is at most 2. So all blocks together are off by at most a quarter of a step for each turn.
-template <std::size_t blocks>
+//
+// The squares of the points' distances are together at least the squares of the blocks' sums over the points
+// of a block; what the sums are off by is off their root by no more than all blocks together are.
+template <SwipeComparison::Mean mean, std::size_t blocks>
 double SwipeComparison::boundOf(const Turns& turns, const Lanes<blocks>& targetX,
                                 const Lanes<blocks>& targetY) const {
     using Blocks = Lanes<blocks>;
@@ -199,11 +203,16 @@ double SwipeComparison::boundOf(const Turns& turns, const Lanes<blocks>& targetX
                      Blocks(step / 2) * turnedX.growth();
     const Blocks y = targetY - Blocks(each * turns.start.y) - Blocks(step * turns.firstLeg.y) * indices -
                      Blocks(step / 2) * turnedY.growth();
-    const float apart = (x * x + y * y).squareRoot().sum();
     const auto count = static_cast<float>(turns.count + 1);
-    const float bound =
-        (apart - step * count / 4) / static_cast<float>(points) - sizeRounding - count * step * stepRounding;
+    constexpr auto number = static_cast<float>(blocks);
+    const float apart = mean == Mean::plain ? (x * x + y * y).squareRoot().sum() - step * count / 4
+                                            : std::sqrt(number * (x * x + y * y).sum()) -
+                                                  std::sqrt(number) * step * count / 4;
+    const float bound = apart / static_cast<float>(points) - sizeRounding - count * step * stepRounding;
     return static_cast<double>(bound) * *layout_.size();
 }
+
+template double SwipeComparison::lowerBound<SwipeComparison::Mean::plain>(std::string_view, double) const;
+template double SwipeComparison::lowerBound<SwipeComparison::Mean::square>(std::string_view, double) const;
 
 } // namespace vanoka

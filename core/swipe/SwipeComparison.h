@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -27,16 +28,25 @@ public:
     /// A distance, in layout units, that `distance` is not below, roundings included; found in a fraction of
     /// its time, and in less than that where a first guess is already more than `enough`. 0 or less when
     /// nothing is known.
-    double lowerBound(std::string_view spelling, double enough) const;
+    double lowerBound(std::string_view spelling, double enough) const {
+        return lowerBound<Mean::plain>(spelling, enough);
+    }
+    /// The same for the root of the mean of the squared distances.
+    double lowerBoundOfSquares(std::string_view spelling, double enough) const {
+        return lowerBound<Mean::square>(spelling, enough);
+    }
 
 private:
+    enum class Mean : std::uint8_t { plain, square };
     static constexpr std::size_t points = SwipeCost::comparedPoints;
     static constexpr std::size_t coarse = 4, fine = 8; ///< into how many blocks the points are taken together
     struct Turns;
 
     void prepareBound();
     double plainDistance(std::string_view spelling) const;
-    template <std::size_t blocks>
+    template <Mean mean>
+    double lowerBound(std::string_view spelling, double enough) const;
+    template <Mean mean, std::size_t blocks>
     double boundOf(const Turns& turns, const Lanes<blocks>& targetX, const Lanes<blocks>& targetY) const;
 
     const SwipeLayout& layout_;

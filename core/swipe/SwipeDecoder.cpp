@@ -1,6 +1,7 @@
 #include "swipe/SwipeDecoder.h"
 
 #include "swipe/SinglishSpelling.h"
+#include "swipe/SwipePeopleSearch.h"
 #include "swipe/SwipeSearch.h"
 
 #include <limits>
@@ -21,14 +22,16 @@ std::size_t held(std::int64_t limit) {
 
 } // namespace
 
-SwipeDecoder::SwipeDecoder(std::span<const Word> words)
-    : lexicon_(std::make_shared<const SwipeLexicon>(words)) {}
+SwipeDecoder::SwipeDecoder(std::span<const Word> words, SwipeWeights weights)
+    : lexicon_(std::make_shared<const SwipeLexicon>(words)), weights_(weights) {}
 
 std::vector<std::string> SwipeDecoder::wordsFor(std::span<const SwipePoint> stroke, const SwipeLayout& layout,
                                                 double keyWidth, std::int64_t limit,
                                                 const Personal& personal) const {
     if (!canBeDecoded(stroke, keyWidth, limit))
         return {};
+    if (weights_ == SwipeWeights::people)
+        return SwipePeopleSearch(*lexicon_, layout, stroke, keyWidth, personal).words(held(limit));
     return SwipeSearch(*lexicon_, layout, stroke, keyWidth, held(limit), personal).words();
 }
 

@@ -18,6 +18,12 @@
 
 namespace vanoka {
 
+/// What makes one word likelier than another for a stroke.
+enum class SwipeWeights : std::uint8_t {
+    specified, ///< the distance from the ideal path and the count alone: the same on every keyboard
+    people,    ///< what was learnt from the strokes of many people (`SwipeCost::People`)
+};
+
 /// Turns a finger's stroke over a touch keyboard with Latin keys into the words that it may have meant,
 /// Sinhala and English alike.
 ///
@@ -30,7 +36,7 @@ public:
 
     /// Leaves out words that cannot be swiped: those with anything but Sinhala letters that have keys, or but
     /// English letters, and those of more than 255 keys. Holds counts to 1 … 2³¹ − 1. Keeps copies.
-    explicit SwipeDecoder(std::span<const Word> words);
+    explicit SwipeDecoder(std::span<const Word> words, SwipeWeights weights = SwipeWeights::specified);
 
     /// The number of words that were not left out.
     std::size_t count() const noexcept { return lexicon_->count(); }
@@ -41,6 +47,9 @@ public:
     /// A word is compared when it starts with a key near the stroke's start and ends with one near its end
     /// (SwipeGeometry::keysNear). What it scores: SwipeCost. A word's personal count adds to its count in the
     /// list; a personal word that is not in the list counts twice. Fatal when that overflows.
+    ///
+    /// With the people's weights eight keys near each end count, up to three key widths away; a count below 1
+    /// is 1; and there are never more than `SwipeCost::People::lookedAt` words.
     std::vector<std::string> wordsFor(std::span<const SwipePoint> stroke, const SwipeLayout& layout,
                                       double keyWidth, std::int64_t limit, const Personal& personal) const;
 
@@ -61,6 +70,7 @@ public:
 
 private:
     Shared<SwipeLexicon> lexicon_;
+    SwipeWeights weights_;
 };
 
 } // namespace vanoka

@@ -3,9 +3,11 @@
 #include "support/Fatal.h"
 #include "text/LetterCase.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <utility>
 
 namespace vanoka::SwipeGeometry {
 
@@ -90,6 +92,20 @@ KeySet keysNear(SwipePoint point, const Centers& centers, double keyWidth) {
     }
     if (nearest)
         near.set(*nearest);
+    return near;
+}
+
+KeySet nearestKeys(SwipePoint point, const Centers& centers, double keyWidth, std::size_t most,
+                   double farthest) {
+    std::vector<std::pair<double, KeyCode>> keys;
+    for (const auto& [code, center] : centers)
+        if (const double away = distance(point, center); away < std::numeric_limits<double>::infinity())
+            keys.emplace_back(away, code);
+    std::ranges::sort(keys);
+    KeySet near;
+    for (std::size_t i = 0; i < std::min(most, keys.size()); ++i)
+        if (i == 0 || keys[i].first <= farthest * keyWidth)
+            near.set(keys[i].second);
     return near;
 }
 

@@ -49,6 +49,11 @@ std::vector<SwipePoint> resample(std::span<const SwipePoint> path, std::int64_t 
 /// distance.
 KeySet keysNear(SwipePoint point, const Centers& centers, double keyWidth);
 
+/// The `most` keys whose centres are nearest and at most `farthest` key widths away, of equally near ones
+/// those with the lower codes; and always the nearest one of those at a finite distance.
+KeySet nearestKeys(SwipePoint point, const Centers& centers, double keyWidth, std::size_t most,
+                   double farthest);
+
 /// The distances between the points of two paths, pair by pair while both go on, added up and divided by the
 /// number of points of the *first* path; 0 when that is empty.
 double meanDistance(std::span<const SwipePoint> first, std::span<const SwipePoint> second);

@@ -2,17 +2,15 @@
 
 #include "swipe/SwipeComparison.h"
 #include "swipe/SwipeDecoder.h"
+#include "swipe/SwipePersonalWords.h"
 #include "swipe/SwipeRanking.h"
-#include "swipe/SwipeSpellings.h"
 
-#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace vanoka {
@@ -36,29 +34,14 @@ public:
 private:
     using Index = SwipeLexicon::Index;
 
-    struct PersonalWord {
-        std::string_view word;
-        std::int64_t count = 0;
-        std::uint32_t order = 0; ///< among the personal words
-        SwipeSpellings spellings;
-        EndKeys home;
-        bool isSpelled = true; ///< can be swiped as it is spelled, and so without the lexicon
-        bool isListed = false; ///< in the lexicon, too
-    };
-
-    void findPersonal(const Personal& personal);
-    void findListed(std::span<PersonalWord> sameHome);
     void scorePersonal();
     std::vector<EndKeys> groups() const;
     void searchGroup(EndKeys group);
     /// False when no later word of the group can be among the best.
     bool consider(Index index);
-    bool isPersonal(Index index) const;
 
     /// How far a word may be, in layout units, and yet be among the best. Not a number never excludes.
     double reach(std::int64_t occurrences) const;
-    bool fits(std::string_view spelling) const;
-    bool mayFit(SwipeEnds ends) const;
     /// The first group by number that a word with these spellings is met in.
     std::uint32_t firstGroup(std::string_view full, std::string_view chat) const;
     /// The distance, in key widths, of the nearer spelling; infinity when it is known to be more than
@@ -69,10 +52,9 @@ private:
     const SwipeLayout& layout_;
     double keyWidth_;
     SwipePoint start_, end_;
-    SwipeGeometry::KeySet startKeys_, endKeys_;
+    SwipeEndSets ends_;
     SwipeComparison comparison_;
-    std::vector<PersonalWord> personal_;                        ///< those whose ends fit
-    std::vector<std::pair<Index, const PersonalWord*>> listed_; ///< those in the lexicon, by index
+    SwipePersonalWords personal_;
     std::optional<SwipeRanking> ranking_;
 };
 

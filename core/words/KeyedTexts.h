@@ -31,6 +31,8 @@ public:
     std::string_view key(std::uint32_t number) const noexcept;
     /// The text as it was added, in UTF-8.
     std::string text(std::uint32_t number) const;
+    /// The same in compact form.
+    std::string_view compactText(std::uint32_t number) const noexcept { return entry(number).text; }
 
     /// The texts under `key`: two binary searches.
     Range equalTo(std::string_view key) const noexcept;

@@ -68,6 +68,8 @@ public:
     std::size_t memory() const noexcept;
 
 private:
+    friend class TypedWords; // reads the same words in one more order
+
     explicit SinhalaWordList(Shared<SinhalaWordIndex> index) noexcept : index_(std::move(index)) {}
 
     Shared<SinhalaWordIndex> index_;

@@ -23,6 +23,11 @@ public:
                                       double keyWidth, std::int64_t limit,
                                       const vanoka::SwipeDecoder::Personal& personal) const;
 
+    /// The same with the people's weights.
+    std::vector<std::string> wordsByPeople(const std::vector<SwipePoint>& stroke, const SwipeKeys& keys,
+                                           double keyWidth, std::int64_t limit,
+                                           const vanoka::SwipeDecoder::Personal& personal) const;
+
 private:
     struct Candidate {
         std::string word;

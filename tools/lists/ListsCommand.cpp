@@ -4,6 +4,7 @@
 #include "ExitStatus.h"
 #include "FileReading.h"
 #include "ListCheck.h"
+#include "ReadingAccuracy.h"
 #include "WordCounter.h"
 #include "Words.h"
 #include "text/LetterCase.h"
@@ -41,11 +42,13 @@ Usage:
                                how many words it has and what it takes
   vanoka-lists suggest [--personal LIST] [--limit N] LIST
                                type Singlish or Sinhala and see the suggestions
+  vanoka-lists accuracy [--unlisted N] [--every N] LIST PAIRS
+                               how often what people typed is read as the word that they meant
   vanoka-lists --help, --version
 
 Texts are UTF-8; without a FILE, or with -, they come from standard input. Lists go to standard output.
 A KIND is sinhala, english or emoji; without one it is guessed. The option --minimum leaves out words that
-come less often.
+come less often. PAIRS is a text of lines "typed<tab>word" or "typed<tab>word<tab>count".
 
 Exit status: 0 done, 1 lines do not load as they are or a file is damaged, 2 not understood, 3 something could not be read
 or written.
@@ -60,7 +63,8 @@ const Program ListsCommand::program = {.name = "vanoka-lists",
                                                     {"emoji", {"--annotations", "--emoji-test"}},
                                                     {"check", {"--as"}},
                                                     {"stats", {"--as"}},
-                                                    {"suggest", {"--personal", "--limit"}}},
+                                                    {"suggest", {"--personal", "--limit"}},
+                                                    {"accuracy", {"--unlisted", "--every"}}},
                                        .noCommand = "No command",
                                        .noSuchOption = "No such option: ",
                                        .hint = "vanoka-lists --help tells what it does."};
@@ -77,7 +81,9 @@ std::optional<int> ListsCommand::run(const CommandLine& line) {
         return emoji(line);
     if (line.command == "check")
         return check(line);
-    return line.command == "stats" ? std::optional(stats(line)) : std::nullopt;
+    if (line.command == "stats")
+        return stats(line);
+    return line.command == "accuracy" ? std::optional(accuracy(line)) : std::nullopt;
 }
 
 int ListsCommand::misuse(const std::string& problem) {
@@ -218,6 +224,30 @@ int ListsCommand::stats(const CommandLine& line) {
     }
     output_ << "lines skipped       " << countOf(LineProblem::Kind::skipped, problemsOf(list, kind)) << '\n';
     return ExitStatus::done;
+}
+
+int ListsCommand::accuracy(const CommandLine& line) {
+    const auto unlisted = line.number("--unlisted", 6, 0, 6);
+    if (!unlisted || (*unlisted != 0 && *unlisted != 4 && *unlisted != 6))
+        return misuse("--unlisted is 0, 4 or 6");
+    const auto every = line.number("--every", 1, 1);
+    if (!every)
+        return misuse("--every is a whole number from 1 up");
+    if (line.operands.size() != 2)
+        return misuse("accuracy takes a list and a text of what was typed for which words");
+    const auto list = contentsOf(line.operands[0]);
+    const auto pairs = list ? contentsOf(line.operands[1]) : std::nullopt;
+    if (!pairs)
+        return ExitStatus::failed;
+    auto [romanizations, skipped] = readRomanizations(ListReading::withoutByteOrderMark(*pairs));
+    std::vector<Romanization> measured;
+    for (std::size_t i = 0; i < romanizations.size(); i += static_cast<std::size_t>(*every))
+        measured.push_back(std::move(romanizations[i]));
+    output_ << table(accuracyOf(SinhalaWordList(readWordCounts(*list)),
+                                static_cast<TypedWords::Unlisted>(*unlisted), measured));
+    if (skipped > 0)
+        program.tell("Lines that are no romanizations: " + std::to_string(skipped), errors_);
+    return skipped > 0 ? ExitStatus::refused : ExitStatus::done;
 }
 
 } // namespace vanoka

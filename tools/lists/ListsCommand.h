@@ -10,8 +10,8 @@
 
 namespace vanoka {
 
-/// "vanoka-lists count", "english", "emoji", "check" and "stats": makes word lists and looks into them. Each
-/// call does one thing and returns an exit status (see "ExitStatus.h").
+/// "vanoka-lists count", "english", "emoji", "check", "stats" and "accuracy": makes word lists and looks into
+/// them. Each call does one thing and returns an exit status (see "ExitStatus.h").
 class ListsCommand {
 public:
     /// Is told how many bytes were read and how many different words were found so far.
@@ -38,6 +38,7 @@ private:
     int emoji(const CommandLine& line);
     int check(const CommandLine& line);
     int stats(const CommandLine& line);
+    int accuracy(const CommandLine& line);
 
     std::istream& input_;
     std::ostream& output_;

@@ -29,7 +29,7 @@ using Words = std::vector<WordCount>;
 constexpr std::string_view help = R"(Measures and shows how strokes over a keyboard become words.
 
 Usage:
-  vanoka-swipe measure WORDS LAYOUT STROKES [--limit 5] [--personal WORDS]
+  vanoka-swipe measure WORDS LAYOUT STROKES [--limit 5] [--personal WORDS] [--weights specified]
       decodes every stroke: how often the meant word was first, among three and five, or missing, and how
       long it took
   vanoka-swipe simulate WORDS LAYOUT [--strokes 1000] [--seed 1] [--even 0] [--HABIT NUMBER]...
@@ -127,14 +127,23 @@ SwipeDecoder::Personal personalIn(const Job& job) {
     return personal;
 }
 
+SwipeWeights weightsIn(const Job& job) {
+    const std::string name = job.line.value("--weights").value_or("specified");
+    if (name != "specified" && name != "people")
+        throw Failure{ExitStatus::usage, "--weights is specified or people"};
+    return name == "people" ? SwipeWeights::people : SwipeWeights::specified;
+}
+
 void runMeasure(const Job& job) {
+    const SwipeWeights weights = weightsIn(job);
     const auto limit = option<std::int64_t>(job, "--limit", 5, 1, ListReading::mostResults);
     const Words words = wordsIn(job, job.file(0));
     const auto list = views(words);
     const SwipeLayout layout(keyboardIn(job, job.file(1)).layout());
     const auto strokes = strokesIn(job, job.file(2));
     const auto personal = personalIn(job);
-    writeMeasurement(job.output, measure(SwipeDecoder(list), list, layout, strokes, limit, personal));
+    writeMeasurement(job.output,
+                     measure(SwipeDecoder(list, weights), list, layout, strokes, limit, personal));
 }
 
 FingerHabits habitsIn(const Job& job) {
@@ -237,7 +246,7 @@ void perform(const Job& job) {
 const Program SwipeCommand::program = {
     .name = "vanoka-swipe",
     .help = {{"", help}, {"habits", habitsHelp}},
-    .commands = {{"measure", {"--limit", "--personal"}},
+    .commands = {{"measure", {"--limit", "--personal", "--weights"}},
                  {"simulate",
                   {"--strokes", "--seed", "--even", "--speed", "--speed-spread", "--lag", "--scatter",
                    "--offset", "--jitter", "--rate", "--chat"}},

@@ -58,6 +58,48 @@ TEST(SwipeTwin, TheRankingIsThatOfThePlainTwin) {
     EXPECT_GT(found, test::rounds(20'000)) << "there was something to compare";
 }
 
+TEST(SwipeTwin, SoIsTheRankingByThePeoplesWeights) {
+    SwipeRandoms randoms(5);
+    std::size_t found = 0;
+    for (std::size_t round = 0; round < test::rounds(250); ++round) {
+        const auto list = randoms.words(randoms.oneIn(4) ? 900 : 60);
+        const auto words = views(list);
+        const SwipeDecoder decoder(words, SwipeWeights::people);
+        const test::plain::SwipeDecoder twin(words);
+        const SwipeKeys keys = randoms.layout();
+        const SwipeLayout layout(keys);
+        for (int query = 0; query < 12; ++query) {
+            const auto stroke = randoms.stroke(keys);
+            const double width = oneWidthOf(keys, randoms);
+            const auto personal = randoms.personal(list);
+            const auto limit = static_cast<std::int64_t>(randoms.oneIn(4) ? 1000 : 1 + randoms.below(6));
+            const auto expected = twin.wordsByPeople(stroke, keys, width, limit, personal);
+            ASSERT_EQ(decoder.wordsFor(stroke, layout, width, limit, personal), expected)
+                << "round " << round << ", query " << query;
+            found += expected.size();
+        }
+    }
+    EXPECT_GT(found, test::rounds(10'000)) << "there was something to compare";
+}
+
+TEST(SwipeTwin, ManyWordsByThePeoplesWeights) {
+    SwipeRandoms randoms(6);
+    std::vector<std::pair<std::string, std::int64_t>> list;
+    while (list.size() < 6000)
+        list.emplace_back(randoms.word(), 1 + randoms.below(randoms.oneIn(3) ? 10'000 : 3));
+    const auto words = views(list);
+    const SwipeDecoder decoder(words, SwipeWeights::people);
+    const test::plain::SwipeDecoder twin(words);
+    const SwipeKeys keys = test::qwerty();
+    for (std::size_t query = 0; query < test::rounds(60); ++query) {
+        const auto stroke = randoms.stroke(keys);
+        const auto personal = randoms.personal(list);
+        ASSERT_EQ(decoder.wordsFor(stroke, keys, 10, 80, personal),
+                  twin.wordsByPeople(stroke, keys, 10, 80, personal))
+            << "query " << query;
+    }
+}
+
 TEST(SwipeTwin, ManyWordsOnOneKeyboard) {
     SwipeRandoms randoms(2);
     std::vector<std::pair<std::string, std::int64_t>> list;
@@ -92,6 +134,12 @@ TEST(SwipeTwin, ADistanceIsThatOfTheResampledPathToTheLastBit) {
         const SwipeComparison comparison(stroke, layout);
         const double ours = comparison.distance(spelling, std::numeric_limits<double>::infinity());
         ASSERT_TRUE(ours == plain || (std::isnan(ours) && std::isnan(plain))) << ours << " beside " << plain;
+        double squares = 0;
+        const auto target = SwipeGeometry::resample(stroke, 32), ideal = SwipeGeometry::resample(path, 32);
+        for (std::size_t i = 0; i < 32; ++i)
+            squares += std::pow(SwipeGeometry::distance(target[i], ideal[i]), 2) / 32;
+        for (const double enough : {-1e300, plain, 1e300})
+            ASSERT_FALSE(comparison.lowerBoundOfSquares(spelling, enough) > std::sqrt(squares)) << spelling;
         for (const double enough : {-1e300, plain, 1e300})
             ASSERT_FALSE(comparison.lowerBound(spelling, enough) > plain) << round << " " << spelling;
         EXPECT_TRUE(std::isnan(plain) || comparison.distance(spelling, plain) == plain);

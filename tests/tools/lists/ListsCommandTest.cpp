@@ -271,6 +271,49 @@ TEST(Suggester, AddsUpTheLargestCounts) {
     EXPECT_EQ(suggester.row("\u0D9C\u0DCF\u0DB8"), "\u0D9C\u0DCF\u0DB8\t\u0D9C\u0DB8\t\u0D9C\u0DB8\u0DB1");
 }
 
+TEST_F(ListsCommandTest, MeasuresHowWellRomanizationsAreRead) {
+    const std::string list = file("list", "ගෙදර\t900\nපොත\t60\nපොට\t40\nමම\t500\n");
+    const std::string pairs = file("pairs", "# typed, meant, how often\n"
+                                            "gedara\tගෙදර\t6\n"
+                                            "pota\tපොත\t3\r\n"
+                                            "mala\tමල\n");
+    EXPECT_EQ(run({"accuracy", "--unlisted=0", list, pairs}), ExitStatus::done) << errors;
+    EXPECT_EQ(output, "romanizations 10\n"
+                      "of words in the list 90.0 %\n"
+                      "letters saved 75.0 %\n"
+                      "\n"
+                      "the word in the first, %                           1       3       5\n"
+                      "typed form, then suggestions                    10.0   100.0   100.0\n"
+                      "read and ranked                                 60.0    90.0    90.0\n"
+                      "typed form, then read                           10.0   100.0   100.0\n"
+                      "words in the list: typed, then suggestions       0.0   100.0   100.0\n"
+                      "words in the list: read and ranked              66.7   100.0   100.0\n"
+                      "words in the list: typed, then read              0.0   100.0   100.0\n");
+    EXPECT_EQ(run({"accuracy", "--unlisted=4", list, pairs}), ExitStatus::done);
+    EXPECT_NE(output.find("read and ranked                                 60.0   100.0   100.0\n"),
+              std::string::npos)
+        << output;
+    EXPECT_EQ(run({"accuracy", "--every=2", list, pairs}), ExitStatus::done);
+    EXPECT_TRUE(output.starts_with("romanizations 7\n")) << output;
+}
+
+TEST_F(ListsCommandTest, MeasuresNothingOfWhatIsNoRomanization) {
+    const std::string list = file("list", "ගෙදර\t900\n");
+    const std::string strange =
+        file("pairs", "gedara\nගෙදර\t\n\tගෙදර\na\tb\tc\na\tb\t0\na\tb\t1\t2\na\t\xFF\n");
+    EXPECT_EQ(run({"accuracy", list, strange}), ExitStatus::refused);
+    EXPECT_NE(errors.find("Lines that are no romanizations: 7"), std::string::npos) << errors;
+    EXPECT_TRUE(output.starts_with("romanizations 0\nof words in the list 0.0 %\n")) << output;
+    EXPECT_EQ(run({"accuracy", file("empty", ""), file("none", "")}), ExitStatus::done);
+    EXPECT_EQ(run({"accuracy", file("empty", ""), file("one", "1 2\tගෙදර\t9223372036854775807\n")}),
+              ExitStatus::done);
+    EXPECT_EQ(run({"accuracy", list}), ExitStatus::usage);
+    EXPECT_EQ(run({"accuracy", list, strange, "c"}), ExitStatus::usage);
+    EXPECT_EQ(run({"accuracy", "--unlisted=5", list, strange}), ExitStatus::usage);
+    EXPECT_EQ(run({"accuracy", "--every=0", list, strange}), ExitStatus::usage);
+    EXPECT_EQ(run({"accuracy", list, (folder.path() / "nothing").string()}), ExitStatus::failed);
+}
+
 } // namespace
 
 } // namespace vanoka

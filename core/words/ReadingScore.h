@@ -1,0 +1,35 @@
+#pragma once
+
+#include "words/LetterSequences.h"
+
+#include <cmath>
+
+/// What makes one word likelier than another for what was typed: how well it reads so, times how often it
+/// occurs. Scores are products of probabilities, none so small that it were lost in a number's range.
+namespace vanoka::ReadingScore {
+
+/// A word is worth its frequency to this power: a little less than its share, since counts are of other
+/// people's texts. Learnt with the table of readings.
+inline constexpr double frequencyPower = 0.8;
+
+/// The frequency of a word with this count among so many; one never seen counts as half seen.
+inline double prior(double count, double total) {
+    return std::pow((count + 0.5) / total, frequencyPower);
+}
+
+/// A word that is longer than what was typed is less likely meant by e² for going on at all, and by e for
+/// each letter to come.
+inline const double goesOn = std::exp(-2.0), letterToCome = std::exp(-1.0);
+
+/// What reads worse than this, by all that was typed, is not offered.
+inline constexpr double leastLikely = 1e-8;
+
+/// How much of what people write is in no list.
+inline constexpr double unknownShare = 0.2;
+
+/// What a word that is in no list is worth as a word whose letters cost so much.
+inline double unknownPrior(LetterSequences::Cost cost) {
+    return std::exp(frequencyPower * (std::log(unknownShare) - cost * LetterSequences::costUnit));
+}
+
+} // namespace vanoka::ReadingScore

@@ -1,0 +1,74 @@
+#include "words/TypedWords.h"
+
+#include "text/LetterCase.h"
+#include "text/Utf8.h"
+#include "words/LetterSequences.h"
+#include "words/ReadingScore.h"
+#include "words/ReadingSearch.h"
+#include "words/UnknownWords.h"
+#include "words/WordTrie.h"
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+
+namespace vanoka {
+
+namespace {
+
+constexpr std::size_t mostLetters = 96;
+
+bool canBeRead(std::string_view letters) {
+    return !letters.empty() && letters.size() <= mostLetters &&
+           std::ranges::all_of(letters, text::isAsciiLetter);
+}
+
+std::size_t held(std::int64_t limit) {
+    constexpr std::uint64_t most = std::numeric_limits<std::size_t>::max();
+    return static_cast<std::size_t>(std::min(static_cast<std::uint64_t>(limit), most));
+}
+
+} // namespace
+
+struct TypedWords::Tables {
+    Tables(const Shared<SinhalaWordIndex>& index, Unlisted unlisted)
+        : words(index), canGuess(unlisted != Unlisted::none) {
+        if (canGuess)
+            sequences = LetterSequences(words, static_cast<std::size_t>(unlisted));
+    }
+
+    WordTrie words;
+    bool canGuess;
+    LetterSequences sequences;
+};
+
+TypedWords::TypedWords(const SinhalaWordList& list, Unlisted unlisted)
+    : tables_(std::make_shared<const Tables>(list.index_, unlisted)) {}
+
+std::vector<std::string> TypedWords::wordsTyped(std::string_view letters, std::int64_t limit,
+                                                const TypedWords* personal,
+                                                const LetterReadings& readings) const {
+    if (!canBeRead(letters) || limit < 1)
+        return {};
+    const std::string lower = text::lowercased(letters);
+    const TypedReadings typed(lower, readings);
+    const WordTrie* own = personal ? &personal->tables_->words : nullptr;
+    ReadingSearch search(typed, tables_->words, own, held(limit));
+    if (tables_->canGuess)
+        for (UnknownWords::Guess& guess : UnknownWords(lower, readings, tables_->sequences).words()) {
+            const double likely = typed.likelihood(guess.letters);
+            if (likely >= ReadingScore::leastLikely && !tables_->words.contains(guess.letters) &&
+                !(own && own->contains(guess.letters)))
+                search.add(std::move(guess.letters), likely * ReadingScore::unknownPrior(guess.cost));
+        }
+    std::vector<std::string> words;
+    for (ReadWord& each : search.words())
+        words.push_back(each.word.empty() ? WordLetters::text(each.letters) : std::move(each.word));
+    return words;
+}
+
+std::size_t TypedWords::memory() const noexcept {
+    return tables_->words.memory() + tables_->sequences.memory();
+}
+
+} // namespace vanoka

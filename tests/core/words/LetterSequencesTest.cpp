@@ -1,0 +1,110 @@
+#include "words/LetterSequences.h"
+
+#include "PlainReading.h"
+#include "Randoms.h"
+#include "Rounds.h"
+#include "words/SinhalaWordIndex.h"
+#include "words/WordTrie.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace vanoka {
+
+namespace {
+
+WordTrie trieOf(const std::vector<WordCount>& words) {
+    SinhalaWordIndex::Builder builder;
+    for (const auto& [word, count] : words)
+        builder.add(word, count);
+    return WordTrie(Shared<SinhalaWordIndex>(std::make_shared<const SinhalaWordIndex>(builder.finish())));
+}
+
+std::string bytesOf(std::string_view word) {
+    std::string bytes;
+    for (const WordLetter letter : test::plain::lettersOf(word))
+        bytes += WordLetters::byte(letter);
+    return bytes;
+}
+
+/// Costs are kept to half a sixteenth, one for each step that they are added up from.
+constexpr double rounding = 0.51;
+
+TEST(LetterSequences, CostWhatThePlainEstimateSays) {
+    test::Randoms randoms(5);
+    const std::vector<std::string> pieces = {"\u0D9A", "\u0DB8", "\u0DCA", "\u0DD2", "\u0D85", "\u0D82"};
+    for (std::size_t round = 0; round < test::rounds(60); ++round) {
+        std::vector<WordCount> words;
+        std::vector<std::pair<std::string, double>> weighed;
+        for (std::size_t count = 1 + randoms.below(12); count > 0; --count) {
+            std::string word;
+            for (std::size_t length = 1 + randoms.below(7); length > 0; --length)
+                word += randoms.of(pieces);
+            const auto occurs = static_cast<std::int64_t>(randoms.below(50)) * 2 * 49;
+            const bool isKnown =
+                std::ranges::any_of(words, [&](const auto& each) { return each.word == word; });
+            if (isKnown)
+                continue;
+            words.push_back({word, occurs});
+            // A weight is kept to a sixty-fourth.
+            const double weight = std::sqrt(std::max<double>(1, static_cast<double>(occurs)));
+            weighed.emplace_back(bytesOf(word), std::floor(weight * 64) / 64);
+        }
+        const std::size_t order = 2 + randoms.below(5);
+        const LetterSequences sequences(trieOf(words), order);
+        std::string before = "^";
+        LetterSequences::Context context = sequences.begin();
+        for (std::size_t length = randoms.below(8); length > 0; --length) {
+            const std::string letters = bytesOf(randoms.of(words).word);
+            const char next = letters[randoms.below(letters.size())];
+            const double expected =
+                -16 * std::log(test::plain::sequenceProbability(weighed, order, before, next));
+            const double cost = sequences.advance(context, WordLetters::fromByte(next));
+            EXPECT_NEAR(cost, expected, rounding * static_cast<double>(order)) << "order " << order;
+            before += next;
+        }
+        EXPECT_NEAR(sequences.end(context),
+                    -16 * std::log(test::plain::sequenceProbability(weighed, order, before, '$')),
+                    rounding * static_cast<double>(order));
+    }
+}
+
+TEST(LetterSequences, OfNothingKnowNothing) {
+    for (const auto& words : {std::vector<WordCount>(), std::vector<WordCount>{{"abc", 5}}}) {
+        const LetterSequences sequences(trieOf(words), 6);
+        LetterSequences::Context context = sequences.begin();
+        const auto cost = sequences.advance(context, WordLetters::letter(char32_t{0x0D9A}));
+        EXPECT_EQ(sequences.advance(context, WordLetters::letter(char32_t{0x0DCA})), cost);
+        EXPECT_EQ(sequences.end(context), cost);
+    }
+    LetterSequences nothing;
+    LetterSequences::Context context = nothing.begin();
+    EXPECT_EQ(nothing.advance(context, WordLetters::inherent), nothing.end(context));
+    EXPECT_EQ(nothing.memory(), 0U);
+}
+
+TEST(LetterSequences, OfOneLetterExpectItAgain) {
+    const LetterSequences sequences(trieOf({{"\u0D85", 1'000'000}}), 6);
+    LetterSequences::Context context = sequences.begin();
+    EXPECT_LT(sequences.advance(context, WordLetters::letter(char32_t{0x0D85})), 2U);
+    EXPECT_LT(sequences.end(context), 2U);
+    LetterSequences::Context other = sequences.begin();
+    EXPECT_GT(sequences.advance(other, WordLetters::letter(char32_t{0x0D9A})), 100U);
+}
+
+TEST(LetterSequences, TakeHugeAndNegativeCounts) {
+    const LetterSequences sequences(
+        trieOf({{"\u0D85", INT64_MAX}, {"\u0D86", INT64_MIN}, {"\u0D89", 0}, {"\u0D8B", -1}}), 4);
+    const auto costOf = [&](char32_t scalar) {
+        LetterSequences::Context context = sequences.begin();
+        return sequences.advance(context, WordLetters::letter(scalar));
+    };
+    EXPECT_LT(costOf(0x0D85), costOf(0x0D86));
+    EXPECT_EQ(costOf(0x0D86), costOf(0x0D89));
+    EXPECT_EQ(costOf(0x0D89), costOf(0x0D8B));
+}
+
+} // namespace
+
+} // namespace vanoka

@@ -1,0 +1,141 @@
+#include "PlainReading.h"
+
+#include "text/Equivalence.h"
+#include "text/Utf8.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <set>
+
+namespace vanoka::test::plain {
+
+namespace {
+
+constexpr std::size_t longestPiece = 4, longestWord = 250;
+
+struct Listed {
+    double count = 0;
+    std::int64_t bestCount = 0;
+    std::string word;
+};
+using Table = std::map<std::vector<WordLetter>, Listed>;
+
+Table tableOf(const std::vector<WordCount>& words) {
+    Table table;
+    for (const auto& [word, count] : words) {
+        const auto letters = lettersOf(word);
+        if (letters.empty() || letters.size() > longestWord)
+            continue;
+        const auto [place, isNew] = table.try_emplace(letters);
+        if (isNew || count > place->second.bestCount)
+            place->second = {static_cast<double>(std::max<std::int64_t>(count, 0)), count, word};
+    }
+    return table;
+}
+
+/// What a word is worth: read as a whole, or as one that goes on after what was typed.
+double likelihood(const std::vector<WordLetter>& letters, std::string_view typed,
+                  const LetterReadings& readings) {
+    std::vector<double> row(typed.size() + 1);
+    row[0] = 1;
+    double goingOn = 0;
+    for (const WordLetter letter : letters) {
+        goingOn = std::max(goingOn, row.back() * std::exp(-2.0)) * std::exp(-1.0);
+        std::vector<double> next(row.size());
+        for (std::size_t end = 0; end < row.size(); ++end)
+            for (std::size_t length = 0; length <= std::min(longestPiece, end); ++length)
+                next[end] +=
+                    row[end - length] * readings.probability(letter, typed.substr(end - length, length));
+        row = next;
+    }
+    return std::max(row.back(), goingOn);
+}
+
+} // namespace
+
+std::vector<WordLetter> lettersOf(std::string_view word) {
+    std::vector<WordLetter> letters;
+    const std::string composed = text::nfc(word);
+    bool isOwed = false;
+    for (const text::Scalar& scalar : text::Scalars(composed)) {
+        if (script::isJoiner(scalar.value))
+            continue;
+        const auto row = std::ranges::find(script::rows, scalar.value, &script::Row::scalar);
+        if (row == script::rows.end() || script::partOf(row->kind) == script::Part::none)
+            return {};
+        const bool takesVowel = row->kind == script::Kind::vowelSign || row->kind == script::Kind::virama;
+        if (isOwed && !takesVowel)
+            letters.push_back(WordLetters::inherent);
+        letters.push_back(WordLetters::letter(scalar.value));
+        isOwed = row->kind == script::Kind::consonant;
+    }
+    if (isOwed)
+        letters.push_back(WordLetters::inherent);
+    return letters;
+}
+
+double sumOverAllCuts(const std::vector<WordLetter>& letters, std::string_view typed,
+                      const LetterReadings& readings) {
+    if (letters.empty())
+        return typed.empty() ? 1 : 0;
+    double sum = 0;
+    for (std::size_t length = 0; length <= std::min(longestPiece, typed.size()); ++length)
+        sum += readings.probability(letters.front(), typed.substr(0, length)) *
+               sumOverAllCuts({letters.begin() + 1, letters.end()}, typed.substr(length), readings);
+    return sum;
+}
+
+std::vector<std::string> wordsTyped(const std::vector<WordCount>& words, const std::vector<WordCount>& own,
+                                    const std::string& typed, std::size_t limit,
+                                    const LetterReadings& readings) {
+    const Table listed = tableOf(words), personal = tableOf(own);
+    Table all = listed;
+    for (const auto& [letters, word] : personal) {
+        const auto [place, isNew] = all.try_emplace(letters, word);
+        if (isNew)
+            continue;
+        if (word.count > place->second.count)
+            place->second.word = word.word;
+        place->second.count += word.count;
+    }
+    double total = 0;
+    for (const auto& [letters, word] : all)
+        total += word.count;
+    std::vector<std::pair<double, std::string>> ranked;
+    for (const auto& [letters, word] : all) {
+        const double likely = likelihood(letters, typed, readings);
+        if (likely >= 1e-8)
+            ranked.emplace_back(likely * std::pow((word.count + 0.5) / std::max(total, 1.0), 0.8), word.word);
+    }
+    std::ranges::stable_sort(ranked, std::ranges::greater(), &std::pair<double, std::string>::first);
+    std::vector<std::string> best;
+    for (const auto& [score, word] : ranked)
+        if (best.size() < limit)
+            best.push_back(word);
+    return best;
+}
+
+double sequenceProbability(const std::vector<std::pair<std::string, double>>& words, std::size_t order,
+                           const std::string& before, char next) {
+    const std::string context = before.size() >= order ? before.substr(before.size() - order + 1) : before;
+    double seen = 0, seenNext = 0;
+    std::set<char> kinds;
+    for (const auto& [word, weight] : words) {
+        const std::string whole = '^' + word + '$';
+        for (std::size_t at = 1; at < whole.size(); ++at) {
+            if (at < context.size() || whole.substr(at - context.size(), context.size()) != context)
+                continue;
+            seen += weight;
+            seenNext += whole[at] == next ? weight : 0;
+            kinds.insert(whole[at]);
+        }
+    }
+    constexpr double alike = 1.0 / 82;
+    const double shorter =
+        context.empty() ? alike : sequenceProbability(words, order, context.substr(1), next);
+    const auto kind = static_cast<double>(kinds.size());
+    return kinds.empty() ? shorter : (seenNext + kind * shorter) / (seen + kind);
+}
+
+} // namespace vanoka::test::plain

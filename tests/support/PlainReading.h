@@ -1,0 +1,32 @@
+#pragma once
+
+#include "words/LetterReadings.h"
+#include "words/WordCount.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// How what was typed is read, written down in the plainest way: every word of the list, every way to cut the
+/// typed letters up among its own. The judge of the library's search.
+namespace vanoka::test::plain {
+
+/// The letters of a word, joiners left out; empty when it has any other scalar.
+std::vector<WordLetter> lettersOf(std::string_view word);
+
+/// The sum over all cuts, each by itself.
+double sumOverAllCuts(const std::vector<WordLetter>& letters, std::string_view typed,
+                      const LetterReadings& readings);
+
+/// The best words for what was typed; `words` and `own` in the order in which a list gives its words.
+std::vector<std::string> wordsTyped(const std::vector<WordCount>& words, const std::vector<WordCount>& own,
+                                    const std::string& typed, std::size_t limit,
+                                    const LetterReadings& readings);
+
+/// P(letter | the letters before it) after Witten and Bell, over sequences of up to `order` letters of the
+/// words, which have '^' before their letters and '$' after them.
+double sequenceProbability(const std::vector<std::pair<std::string, double>>& words, std::size_t order,
+                           const std::string& before, char next);
+
+} // namespace vanoka::test::plain
