@@ -289,9 +289,8 @@ LetterReadings::LetterReadings(const SinglishCustomization& customization)
     : readings_(customization.addedKeys.empty() ? builtIn() : withKeys(customization.addedKeys)) {}
 
 std::span<const Reading> LetterReadings::of(std::string_view typed) const noexcept {
-    const auto found = std::ranges::equal_range(
-        *readings_, typed, {}, [](const Reading& each) { return std::string_view(each.typed); });
-    return {found.begin(), found.end()};
+    const auto first = std::ranges::lower_bound(*readings_, typed, {}, &Reading::typed);
+    return {first, std::ranges::upper_bound(first, readings_->end(), typed, {}, &Reading::typed)};
 }
 
 double LetterReadings::probability(WordLetter letter, std::string_view typed) const noexcept {

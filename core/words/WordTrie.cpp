@@ -2,7 +2,6 @@
 
 #include "words/SortedOrder.h"
 
-#include <ranges>
 #include <utility>
 
 namespace vanoka {
@@ -17,11 +16,11 @@ namespace {
 /// The letters of all words of an index that can be read, while they are sorted.
 class ReadableWords {
 public:
-    ReadableWords(const KeyedTexts& words, std::size_t longest) {
+    ReadableWords(const KeyedTexts& words, std::size_t longestWord) {
         std::string letters;
         for (std::uint32_t number = 0; number < words.size(); ++number) {
             const bool isReadable = WordLetters::assign(words.compactText(number), letters);
-            if (!isReadable || letters.empty() || letters.size() > longest)
+            if (!isReadable || letters.empty() || letters.size() > longestWord)
                 continue;
             numbers_.push_back(number);
             starts_.push_back(static_cast<std::uint32_t>(letters_.size()));
@@ -95,9 +94,15 @@ bool WordTrie::contains(std::string_view letters) const {
         assignLetters(position, other);
         return other;
     };
-    const auto positions = std::views::iota(Position{0}, all().end);
-    const auto found = std::ranges::lower_bound(positions, letters, {}, lettersOf);
-    return found != positions.end() && lettersOf(*found) == letters;
+    Position first = 0, end = all().end;
+    while (first < end) {
+        const Position middle = first + (end - first) / 2;
+        if (lettersOf(middle) < letters)
+            first = middle + 1;
+        else
+            end = middle;
+    }
+    return first < all().end && lettersOf(first) == letters;
 }
 
 /// Whole summaries as soon as the range's ends stand between two.
