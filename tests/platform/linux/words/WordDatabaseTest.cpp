@@ -59,7 +59,7 @@ TEST_F(WordDatabaseTest, HoldsWhatAPlainTallyHolds) {
     WordTally plain;
     for (std::size_t round = 0; round < test::rounds(400); ++round) {
         const CommittedWord& word = randoms.of(words);
-        const auto kind = randoms.oneIn(40)  ? WordChange::Kind::forget
+        const auto kind = randoms.oneIn(20)  ? WordChange::Kind::forget
                           : randoms.oneIn(3) ? WordChange::Kind::unlearn
                                              : WordChange::Kind::learn;
         const WordChange change = {kind, kind == WordChange::Kind::forget ? LearntWords::formOf(word.text)
