@@ -57,7 +57,7 @@ TEST_F(WordDatabaseTest, HoldsWhatAPlainTallyHolds) {
     const std::vector<CommittedWord> words = {{"gama", gama},   {"gama", "gama"}, {"amma", amma},
                                               {"mama", "mama"}, {"x", "x"},       {"mama", gama}};
     WordTally plain;
-    for (std::size_t round = 0; round < test::rounds(400); ++round) {
+    for (std::size_t round = 0; round < test::rounds(1600); ++round) {
         const CommittedWord& word = randoms.of(words);
         const auto kind = randoms.oneIn(20)  ? WordChange::Kind::forget
                           : randoms.oneIn(3) ? WordChange::Kind::unlearn
