@@ -81,8 +81,10 @@ void FieldClient::showForTheLastTime() {
 }
 
 void FieldClient::show(const fcitx::Text& text) {
-    // Candidates stay until those of the next key take their place.
+    // Candidates stay until those of the next key take their place; the framework's word on which input
+    // method this is would stay as long as there is marked text.
     fcitx::InputPanel& panel = context_.inputPanel();
+    panel.setAuxUp({});
     const bool isInField = showsMarkedText();
     panel.setClientPreedit(isInField ? text : fcitx::Text());
     panel.setPreedit(isInField ? fcitx::Text() : text);
