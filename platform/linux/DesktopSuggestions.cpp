@@ -6,6 +6,21 @@
 
 namespace vanoka {
 
+namespace {
+
+/// The Sinhala list takes as long as all others several times over, and so has a thread of its own.
+std::shared_ptr<const SuggestionLists> readLists() {
+    SuggestionListTexts texts = WordListFiles::read().texts;
+    SuggestionListTexts sinhala;
+    sinhala.sinhala.swap(texts.sinhala);
+    auto reading = std::async(std::launch::async, [&] { return readSuggestionLists(sinhala).sinhala; });
+    auto lists = std::make_shared<SuggestionLists>(readSuggestionLists(texts));
+    lists->sinhala = reading.get();
+    return lists;
+}
+
+} // namespace
+
 DesktopSuggestions::DesktopSuggestions(FileUserDefaults& defaults, std::function<void()> listsAreRead)
     : defaults_(defaults),
       watch_(defaults.pathOf(SuggestionChoices::storedName)),
@@ -62,8 +77,7 @@ void DesktopSuggestions::enforce(const SuggestionChoices& choices) {
 
 void DesktopSuggestions::read() {
     reading_ = std::async(std::launch::async, [this] {
-        auto lists =
-            std::make_shared<const SuggestionLists>(readSuggestionLists(WordListFiles::read().texts));
+        auto lists = readLists();
         listsAreRead_();
         return lists;
     });
