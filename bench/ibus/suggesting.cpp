@@ -24,7 +24,7 @@ using namespace vanoka;
 using namespace vanoka::test;
 using namespace vanoka::bench;
 
-constexpr std::size_t rounds = 30;
+constexpr std::size_t rounds = 60;
 constexpr guint pause = 10; // between keys, in milliseconds, as of a fast typist
 constexpr guint shownHere =
     IBUS_CAP_PREEDIT_TEXT | IBUS_CAP_FOCUS | IBUS_CAP_PROPERTY | IBUS_CAP_LOOKUP_TABLE;
