@@ -139,14 +139,14 @@ void VanokaEngine::reset(const fcitx::InputMethodEntry&, fcitx::InputContextEven
 }
 
 const fcitx::Configuration* VanokaEngine::getConfig() const {
-    options_.show(suggestions_.choices());
+    show(suggestions_.choices(), options_);
     return &options_;
 }
 
 void VanokaEngine::setConfig(const fcitx::RawConfig& config) {
-    options_.show(suggestions_.choices());
+    show(suggestions_.choices(), options_);
     options_.load(config, true);
-    suggestions_.choose(options_.choices());
+    suggestions_.choose(choicesOf(options_));
     showSuggestions();
 }
 
