@@ -20,6 +20,16 @@ TEST_F(EngineSuggestionsTest, ThePanelDecidesWhichWayTheLineRuns) {
     EXPECT_EQ(IBusPanel::shared().orientation(), IBUS_ORIENTATION_SYSTEM);
 }
 
+TEST_F(EngineSuggestionsTest, TheLineStandsWhereTheFieldSaysThatItsCaretIs) {
+    IBus::tellPlace(*remote, 10, 20, 3, 40);
+    remote->type("gedr");
+    ASSERT_TRUE(shows({atFirst, 0, ""}));
+    const IBusRectangle& place = IBusPanel::shared().place();
+    EXPECT_TRUE(waitUntil([&] { return place.x == 10 && place.y == 20; }));
+    EXPECT_EQ(place.width, 3);
+    EXPECT_EQ(place.height, 40);
+}
+
 TEST_F(EngineSuggestionsTest, PasswordsHaveNoLineAndPrivateFieldsTeachNothing) {
     for (const guint purpose : {IBUS_INPUT_PURPOSE_PASSWORD, IBUS_INPUT_PURPOSE_PIN}) {
         field().setPurpose(purpose);
