@@ -3,94 +3,33 @@
 
 #include "IBusDaemon.h"
 #include "IBusField.h"
+#include "Measures.h"
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <cstdio>
-#include <fstream>
-#include <numeric>
 #include <random>
-#include <string>
 #include <vector>
 
 namespace {
 
 using namespace vanoka::test;
-using Clock = std::chrono::steady_clock;
-using Microseconds = std::chrono::duration<double, std::micro>;
+using namespace vanoka::bench;
 
-constexpr const char* words[] = {"amma ",     "gedhara ",        "shrii ",
-                                 "lankaava ", "samaajavaadhii ", "janarajaya "};
 // One stretch of keys is short, so that what else the machine does falls on each engine alike.
-constexpr std::size_t rounds = 400, wordsInStretch = 6;
-constexpr std::size_t resamplings = 300;
-
-/// What is measured: the engine, the bare one, and the bare one again, which shows how far two measurements
-/// of the same thing are apart.
-struct Arm {
-    const char* engine;
-    std::vector<std::vector<double>> stretches = {}; ///< times of keys, in microseconds
-};
-
-double press(IBusField& field, guint keysym) {
-    const auto start = Clock::now();
-    ibus_input_context_process_key_event(field.context(), keysym, 0, 0);
-    return Microseconds(Clock::now() - start).count();
-}
+constexpr std::size_t rounds = 400;
 
 void typeStretch(IBusField& field, Arm& arm) {
-    field.choose(arm.engine);
+    field.choose(arm.name);
     for (const char* key = words[0]; *key; ++key) // a new engine object has its first word behind it
         press(field, static_cast<guint>(*key));
     std::vector<double> times;
-    for (std::size_t word = 0; word < wordsInStretch; ++word)
-        for (const char* key = words[word % std::size(words)]; *key; ++key)
+    for (const char* word : words)
+        for (const char* key = word; *key; ++key)
             times.push_back(press(field, static_cast<guint>(*key)));
     arm.stretches.push_back(std::move(times));
     settle();
-}
-
-double quantile(std::vector<double> times, double part) {
-    const auto at = times.begin() + static_cast<std::ptrdiff_t>(part * static_cast<double>(times.size() - 1));
-    std::nth_element(times.begin(), at, times.end());
-    return *at;
-}
-
-/// The quantile of all keys of the chosen rounds.
-double quantile(const Arm& arm, const std::vector<std::size_t>& chosen, double part) {
-    std::vector<double> times;
-    for (const std::size_t round : chosen)
-        times.insert(times.end(), arm.stretches[round].begin(), arm.stretches[round].end());
-    return quantile(std::move(times), part);
-}
-
-/// The ratio of the arms' quantiles, and the span in which it lies in nine of ten drawings of whole rounds,
-/// as the rounds are what is independent of each other.
-void report(const char* name, const Arm& arm, const Arm& beside, double part) {
-    std::vector<std::size_t> chosen(rounds);
-    std::iota(chosen.begin(), chosen.end(), 0);
-    const double time = quantile(arm, chosen, part), bare = quantile(beside, chosen, part);
-    std::mt19937 random(1);
-    std::uniform_int_distribution<std::size_t> anyRound(0, rounds - 1);
-    std::vector<double> ratios;
-    for (std::size_t i = 0; i < resamplings; ++i) {
-        std::ranges::generate(chosen, [&] { return anyRound(random); });
-        ratios.push_back(quantile(arm, chosen, part) / quantile(beside, chosen, part));
-    }
-    std::printf("  %-6s  bare %7.1f us   %-7s %7.1f us   ratio %.3f (%.3f to %.3f)\n", name, bare, arm.engine,
-                time, time / bare, quantile(ratios, 0.05), quantile(ratios, 0.95));
-}
-
-/// In kilobytes.
-long privateMemory(pid_t process) {
-    std::ifstream file("/proc/" + std::to_string(process) + "/smaps_rollup");
-    long total = 0, size = 0;
-    for (std::string line; std::getline(file, line);)
-        if (std::sscanf(line.c_str(), "Private_%*[CleanDirty]: %ld", &size) == 1)
-            total += size;
-    return total;
 }
 
 /// In milliseconds, from the choice of the engine, whose process does not run, to the answer to a key.
@@ -110,6 +49,7 @@ double startTime(IBusField& field) {
 
 int main() {
     IBusField field("bench");
+    // The bare one again shows how far two measurements of the same thing are apart.
     Arm bare{"echo"}, ours{"vanoka"}, again{"echo"};
     std::array<Arm*, 3> arms = {&bare, &ours, &again};
     std::mt19937 random(1);
@@ -128,13 +68,12 @@ int main() {
     }
     field.choose("vanoka");
     if (const auto process = IBusDaemon::shared().engineProcess())
-        std::printf("private memory of the engine after that: %.1f MB\n",
-                    static_cast<double>(privateMemory(*process)) / 1024);
+        std::printf("private memory of the engine after that: %.1f MB\n", privateMemory(*process));
     constexpr guint deadAcute = 0xFE51;
     press(field, deadAcute);
     press(field, 'e');
     if (const auto process = IBusDaemon::shared().engineProcess())
-        std::printf("and after a dead key: %.1f MB\n", static_cast<double>(privateMemory(*process)) / 1024);
+        std::printf("and after a dead key: %.1f MB\n", privateMemory(*process));
     std::vector<double> starts;
     for (int i = 0; i < 15; ++i)
         starts.push_back(startTime(field));

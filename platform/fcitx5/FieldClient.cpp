@@ -28,6 +28,18 @@ bool FieldClient::losesTextToOtherWindows() const {
     return context_.program().starts_with("firefox") && !putsTextInItself();
 }
 
+void FieldClient::showCandidates(const CandidateLine& line, std::string_view hint,
+                                 const CandidateRows::Actions& actions) {
+    fcitx::InputPanel& panel = context_.inputPanel();
+    panel.setCandidateList(line.isShown() ? std::make_unique<CandidateRows>(line, actions) : nullptr);
+    panel.setAuxUp(fcitx::Text(std::string(hint)));
+    context_.updateUserInterface(fcitx::UserInterfaceComponent::InputPanel);
+}
+
+bool FieldClient::showsCandidates() const {
+    return context_.inputPanel().candidateList() != nullptr;
+}
+
 void FieldClient::clear() {
     show({});
 }
@@ -69,12 +81,13 @@ void FieldClient::showForTheLastTime() {
 }
 
 void FieldClient::show(const fcitx::Text& text) {
+    // Candidates stay until those of the next key take their place; the framework's word on which input
+    // method this is would stay as long as there is marked text.
     fcitx::InputPanel& panel = context_.inputPanel();
-    panel.reset();
-    if (showsMarkedText())
-        panel.setClientPreedit(text);
-    else
-        panel.setPreedit(text);
+    panel.setAuxUp({});
+    const bool isInField = showsMarkedText();
+    panel.setClientPreedit(isInField ? text : fcitx::Text());
+    panel.setPreedit(isInField ? fcitx::Text() : text);
     context_.updatePreedit();
     context_.updateUserInterface(fcitx::UserInterfaceComponent::InputPanel);
 }

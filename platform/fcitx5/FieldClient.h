@@ -1,11 +1,13 @@
 #pragma once
 
+#include "CandidateRows.h"
 #include "TextInputClient.h"
 
 #include <fcitx/inputcontext.h>
 #include <fcitx/text.h>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace vanoka::fcitx5 {
 
@@ -24,6 +26,10 @@ public:
     /// Whether the field no longer takes the text that the framework puts in when another window gets the
     /// focus.
     bool losesTextToOtherWindows() const;
+    /// Shows the line, with a text beside it, in place of the one that is shown, or hides that.
+    void showCandidates(const CandidateLine& line, std::string_view hint,
+                        const CandidateRows::Actions& actions);
+    bool showsCandidates() const;
     /// Takes the marked text away.
     void clear();
 

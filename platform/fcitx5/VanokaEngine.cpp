@@ -46,6 +46,14 @@ void activateMenu(MenuAction action) {
     fcitx::startProcess(command);
 }
 
+FieldPrivacy privacyOf(fcitx::CapabilityFlags flags) {
+    if (flags.test(fcitx::CapabilityFlag::Password))
+        return FieldPrivacy::notSuggested;
+    const bool isPrivate = flags.testAny(
+        fcitx::CapabilityFlags{fcitx::CapabilityFlag::Sensitive, fcitx::CapabilityFlag::Terminal});
+    return isPrivate ? FieldPrivacy::notLearnt : FieldPrivacy::open;
+}
+
 } // namespace
 
 Field::Field(fcitx::InputContext& context, SinglishSettings& settings, FileWatch& storedSettings)
@@ -55,9 +63,22 @@ VanokaEngine::VanokaEngine(fcitx::Instance& instance)
     : instance_(instance),
       settings_(SinglishSettings::shared()),
       storedSettings_(FileUserDefaults::standard().pathOf(SinglishSettings::storedName)),
-      fields_(
-          [this](fcitx::InputContext& context) { return new Field(context, settings_, storedSettings_); }) {
+      suggestions_(FileUserDefaults::standard(),
+                   [this] {
+                       keyThread_.schedule([this] {
+                           if (suggestions_.adoptLists())
+                               showSuggestions();
+                       });
+                   }),
+      fields_([this](fcitx::InputContext& context) {
+          auto* field = new Field(context, settings_, storedSettings_);
+          field->desktop.setSuggestions(&suggestions_.inForce());
+          return field;
+      }) {
+    keyThread_.attach(&instance_.eventLoop());
     instance_.inputContextManager().registerProperty("vanokaField", &fields_);
+    for (std::size_t each = 0; each < switches_.size(); ++each)
+        initialize(switches_[each], suggestionSwitches[each]);
     const auto menu = VanokaInputController::menu();
     initialize(showSettings_, menu[0]);
     initialize(showAbout_, menu[1]);
@@ -66,24 +87,33 @@ VanokaEngine::VanokaEngine(fcitx::Instance& instance)
 }
 
 void VanokaEngine::keyEvent(const fcitx::InputMethodEntry&, fcitx::KeyEvent& event) {
-    Field& field = fieldOf(event);
+    if (suggestions_.adoptStoredBeforeKey())
+        showSuggestions();
+    fcitx::InputContext& context = *event.inputContext();
+    Field& field = fieldOf(context);
+    field.desktop.setFieldPrivacy(privacyOf(context.capabilityFlags()));
     const std::uint32_t keysym = keysymOf(event, instance_);
     const DesktopKey key = {keysym, event.isRelease(), keyEventOf(event, keysym)};
     // A shortcut may be one to another window.
     if (field.desktop.handle(key, field.client.losesTextToOtherWindows(),
-                             [&](const KeyEvent&) { return followSequence(*event.inputContext(), keysym); }))
+                             [&](const KeyEvent&) { return followSequence(context, keysym); }))
         event.filterAndAccept();
+    updateCandidatesLater(context);
 }
 
 void VanokaEngine::activate(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
-    fieldOf(event).desktop.activate();
+    fieldOf(*event.inputContext()).desktop.activate();
+    if (suggestions_.adoptStored())
+        showSuggestions();
     fcitx::StatusArea& area = event.inputContext()->statusArea();
+    for (fcitx::SimpleAction& each : switches_)
+        area.addAction(fcitx::StatusGroup::InputMethod, &each);
     area.addAction(fcitx::StatusGroup::InputMethod, &showSettings_);
     area.addAction(fcitx::StatusGroup::InputMethod, &showAbout_);
 }
 
 void VanokaEngine::deactivate(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
-    Field& field = fieldOf(event);
+    Field& field = fieldOf(*event.inputContext());
     const bool isSwitch = event.type() == fcitx::EventType::InputContextSwitchInputMethod;
     // On any other occasion the framework or the client puts in what the client shows. Done twice, it would
     // be there twice, or in the field that has focus next.
@@ -94,20 +124,79 @@ void VanokaEngine::deactivate(const fcitx::InputMethodEntry&, fcitx::InputContex
     // has the focus.
     if (isSwitch || !field.client.putsTextInItself())
         field.client.clear();
+    updateCandidates(*event.inputContext());
 }
 
 void VanokaEngine::reset(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
-    Field& field = fieldOf(event);
+    Field& field = fieldOf(*event.inputContext());
     if (field.client.resetsFirst()) {
         field.client.clear();
         field.desktop.commit();
     }
     field.desktop.forget();
     field.client.clear();
+    updateCandidates(*event.inputContext());
 }
 
-Field& VanokaEngine::fieldOf(fcitx::InputContextEvent& event) {
-    return *event.inputContext()->propertyFor(&fields_);
+const fcitx::Configuration* VanokaEngine::getConfig() const {
+    show(suggestions_.choices(), options_);
+    return &options_;
+}
+
+void VanokaEngine::setConfig(const fcitx::RawConfig& config) {
+    show(suggestions_.choices(), options_);
+    options_.load(config, true);
+    suggestions_.choose(choicesOf(options_));
+    showSuggestions();
+}
+
+Field& VanokaEngine::fieldOf(fcitx::InputContext& context) {
+    return *context.propertyFor(&fields_);
+}
+
+/// Finds the candidates if they are missing, and shows the line as it is now.
+void VanokaEngine::updateCandidates(fcitx::InputContext& context) {
+    Field& field = fieldOf(context);
+    if (!field.desktop.updateCandidates())
+        return;
+    const auto redraw = [this, &context] { updateCandidates(context); };
+    field.client.showCandidates(field.desktop.candidates(), field.desktop.candidateHint(),
+                                {.choose =
+                                     [&field, redraw](std::size_t row) {
+                                         field.desktop.chooseCandidate(row);
+                                         redraw();
+                                     },
+                                 .moveHighlight =
+                                     [&field, redraw](std::ptrdiff_t rows) {
+                                         field.desktop.moveHighlight(rows);
+                                         redraw();
+                                     }});
+}
+
+/// When the key has its answer.
+void VanokaEngine::updateCandidatesLater(fcitx::InputContext& context) {
+    Field& field = fieldOf(context);
+    if (!suggestions_.inForce().areOn && !field.client.showsCandidates())
+        return;
+    if (!field.update) {
+        field.update = instance_.eventLoop().addDeferEvent([this, &context](fcitx::EventSource*) {
+            updateCandidates(context);
+            return true;
+        });
+    }
+    field.update->setOneShot();
+}
+
+/// They are other ones than before, or the user's choices about them are.
+void VanokaEngine::showSuggestions() {
+    fcitx::InputContext* focused = instance_.inputContextManager().lastFocusedInputContext();
+    for (std::size_t each = 0; each < switches_.size(); ++each) {
+        switches_[each].setChecked(suggestions_.choices().*suggestionSwitches[each].choice);
+        if (focused)
+            switches_[each].update(focused);
+    }
+    if (focused)
+        updateCandidates(*focused);
 }
 
 /// A dead key, the Compose key and the keys after them, of which the framework makes one character.
@@ -119,6 +208,17 @@ SequenceStep VanokaEngine::followSequence(fcitx::InputContext& context, std::uin
     if (made ? made->empty() : !instance_.isComposing(&context) && !givesUp)
         return {}; // it knows no sequence with this key
     return {true, made.value_or("")};
+}
+
+void VanokaEngine::initialize(fcitx::SimpleAction& action, const SuggestionSwitch& which) {
+    action.setShortText(std::string(which.title));
+    action.setCheckable(true);
+    action.setChecked(suggestions_.choices().*which.choice);
+    action.connect<fcitx::SimpleAction::Activated>([this, &which](fcitx::InputContext*) {
+        suggestions_.toggle(which);
+        showSuggestions();
+    });
+    instance_.userInterfaceManager().registerAction("vanoka-" + std::string(which.name), &action);
 }
 
 void VanokaEngine::initialize(fcitx::SimpleAction& action, VanokaInputController::MenuItem item) {

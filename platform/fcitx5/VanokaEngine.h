@@ -1,14 +1,20 @@
 #pragma once
 
 #include "DesktopContext.h"
+#include "DesktopSuggestions.h"
 #include "FieldClient.h"
+#include "SuggestionOptions.h"
 
+#include <array>
+#include <fcitx-utils/event.h>
+#include <fcitx-utils/eventdispatcher.h>
 #include <fcitx-utils/handlertable.h>
 #include <fcitx/action.h>
 #include <fcitx/addonfactory.h>
 #include <fcitx/inputcontextproperty.h>
 #include <fcitx/inputmethodengine.h>
 #include <fcitx/instance.h>
+#include <memory>
 
 namespace vanoka::fcitx5 {
 
@@ -18,6 +24,7 @@ struct Field final : fcitx::InputContextProperty {
 
     FieldClient client;
     DesktopContext desktop;
+    std::unique_ptr<fcitx::EventSource> update; ///< finds and shows candidates; null before the first ones
 };
 
 /// The add-on: hands the framework's calls on to the controller of the input context they are about.
@@ -29,16 +36,26 @@ public:
     void activate(const fcitx::InputMethodEntry& entry, fcitx::InputContextEvent& event) override;
     void deactivate(const fcitx::InputMethodEntry& entry, fcitx::InputContextEvent& event) override;
     void reset(const fcitx::InputMethodEntry& entry, fcitx::InputContextEvent& event) override;
+    const fcitx::Configuration* getConfig() const override;
+    void setConfig(const fcitx::RawConfig& config) override;
 
 private:
-    Field& fieldOf(fcitx::InputContextEvent& event);
+    Field& fieldOf(fcitx::InputContext& context);
+    void updateCandidates(fcitx::InputContext& context);
+    void updateCandidatesLater(fcitx::InputContext& context);
+    void showSuggestions();
     SequenceStep followSequence(fcitx::InputContext& context, std::uint32_t keysym);
     void initialize(fcitx::SimpleAction& action, VanokaInputController::MenuItem item);
+    void initialize(fcitx::SimpleAction& action, const SuggestionSwitch& which);
 
     fcitx::Instance& instance_;
     SinglishSettings& settings_;
     FileWatch storedSettings_;
+    fcitx::EventDispatcher keyThread_;
+    DesktopSuggestions suggestions_;
+    mutable SuggestionOptions options_; ///< as the framework was told them last
     fcitx::FactoryFor<Field> fields_;
+    std::array<fcitx::SimpleAction, suggestionSwitches.size()> switches_;
     fcitx::SimpleAction showSettings_, showAbout_;
 };
 

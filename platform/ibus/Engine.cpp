@@ -59,14 +59,19 @@ void focusOutWithClient(IBusEngine* engine, const gchar* field) {
         context->focusOut(field);
 }
 
-void setContentType(IBusEngine* engine, guint purpose, guint) {
+void setContentType(IBusEngine* engine, guint purpose, guint hints) {
     if (InputContext* context = contextOf(engine))
-        context->setContentType(purpose);
+        context->setContentType(purpose, hints);
 }
 
 void activateProperty(IBusEngine* engine, const gchar* name, guint) {
     if (InputContext* context = contextOf(engine))
         context->activateProperty(name);
+}
+
+void clickCandidate(IBusEngine* engine, guint row, guint, guint) {
+    if (InputContext* context = contextOf(engine))
+        context->clickCandidate(row);
 }
 
 void finalize(GObject* object) {
@@ -92,6 +97,11 @@ static void vanoka_engine_class_init(VanokaEngineClass* engineClass) {
     calls.reset = handOn<&InputContext::reset>;
     calls.set_content_type = setContentType;
     calls.property_activate = activateProperty;
+    calls.page_up = handOn<&InputContext::pageUp>;
+    calls.page_down = handOn<&InputContext::pageDown>;
+    calls.cursor_up = handOn<&InputContext::cursorUp>;
+    calls.cursor_down = handOn<&InputContext::cursorDown>;
+    calls.candidate_clicked = clickCandidate;
 }
 
 static void vanoka_engine_init(VanokaEngine* engine) {
@@ -109,6 +119,11 @@ IBusEngine* newEngine(const char* name, const char* path, GDBusConnection* conne
     engine->context = new InputContext(*parent, environment);
     contexts().push_back(engine->context);
     return parent;
+}
+
+void showSuggestionsInAllEngines() {
+    for (InputContext* context : contexts())
+        context->showSuggestions();
 }
 
 void finishAllEngines() {

@@ -12,6 +12,9 @@ namespace vanoka::ibus {
 IBusEngine* newEngine(const char* name, const char* path, GDBusConnection* connection,
                       EngineEnvironment& environment);
 
+/// Suggestions are other ones than before, or the user's choices about them are.
+void showSuggestionsInAllEngines();
+
 /// Ends the compositions of all engines: the process is about to end.
 void finishAllEngines();
 

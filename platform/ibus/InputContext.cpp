@@ -35,17 +35,44 @@ IBusText* newText(std::string_view text) {
     return ibus_text_new_from_string(std::string(text).c_str());
 }
 
+IBusProperty* newEntry(std::string_view name, std::string_view title) {
+    return ibus_property_new(std::string(name).c_str(), PROP_TYPE_NORMAL, newText(title), nullptr, nullptr,
+                             TRUE, TRUE, PROP_STATE_UNCHECKED, nullptr);
+}
+
+IBusProperty* newSwitch(const SuggestionSwitch& each, const SuggestionChoices& choices) {
+    return ibus_property_new(std::string(each.name).c_str(), PROP_TYPE_TOGGLE, newText(each.title), nullptr,
+                             nullptr, TRUE, TRUE,
+                             choices.*each.choice ? PROP_STATE_CHECKED : PROP_STATE_UNCHECKED, nullptr);
+}
+
+FieldPrivacy privacyOf(guint purpose, guint hints) {
+    if (purpose == IBUS_INPUT_PURPOSE_PASSWORD || purpose == IBUS_INPUT_PURPOSE_PIN)
+        return FieldPrivacy::notSuggested;
+    if (purpose == IBUS_INPUT_PURPOSE_TERMINAL || (hints & IBUS_INPUT_HINT_PRIVATE) != 0)
+        return FieldPrivacy::notLearnt;
+    return FieldPrivacy::open;
+}
+
 } // namespace
 
 InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment)
     : engine_(engine),
       environment_(environment),
       client_(engine),
-      desktop_(client_, environment.settings, environment.storedSettings) {
+      desktop_(client_, environment.settings, environment.storedSettings),
+      table_(engine) {
+    desktop_.setSuggestions(&environment.suggestions.inForce());
     updatePolicy();
 }
 
 bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
+    const bool isConsumed = answers(keysym, keyCode, state);
+    updateCandidatesLater();
+    return isConsumed;
+}
+
+bool InputContext::answers(guint keysym, guint keyCode, guint state) {
     if (!takesNoInput() && takes(keysym, state))
         return true;
     client_.finishHiding(); // the key is the client's, which shall find no marked text
@@ -57,6 +84,8 @@ bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
 }
 
 bool InputContext::takes(guint keysym, guint state) {
+    if (environment_.suggestions.adoptStoredBeforeKey())
+        environment_.suggestionsChanged();
     const DesktopKey key = {keysym, (state & IBUS_RELEASE_MASK) != 0,
                             Keysym::keyEvent(keysym, state, ibus_keyval_to_unicode(keysym))};
     return desktop_.handle(key, policy_.commitsBeforeShortcut,
@@ -78,6 +107,7 @@ void InputContext::enable() {
 
 void InputContext::disable() {
     forget();
+    forgetCandidates();
 }
 
 void InputContext::focusIn() {
@@ -97,10 +127,12 @@ void InputContext::focusIn(const std::string& field, std::string client) {
 
 void InputContext::focusOut() {
     forget();
+    forgetCandidates();
 }
 
 void InputContext::focusOut(std::string field) {
     const std::string text = forget();
+    forgetCandidates();
     if (policy_.losesTextToOthers)
         droppedTexts_.leave(std::move(field), text);
 }
@@ -109,23 +141,49 @@ void InputContext::reset() {
     client_.finishHiding();
     if (!policy_.commitsInReset) {
         forget();
-        return;
+    } else {
+        client_.hideMarkedText();
+        desktop_.commit();
     }
-    client_.hideMarkedText();
-    desktop_.commit();
+    updateCandidates();
 }
 
-void InputContext::setContentType(guint purpose) {
+void InputContext::setContentType(guint purpose, guint hints) {
     // It comes after the focus and only when it is another, so the last one holds until then.
     purpose_ = purpose;
-    if (takesNoInput())
+    desktop_.setFieldPrivacy(privacyOf(purpose, hints));
+    if (takesNoInput()) {
         desktop_.commit();
+        updateCandidates();
+    }
 }
 
 void InputContext::activateProperty(std::string_view name) {
     for (const NamedAction& named : actions)
         if (named.name == name)
             environment_.activate(named.action);
+    for (const SuggestionSwitch& each : suggestionSwitches) {
+        if (each.name == name) {
+            environment_.suggestions.toggle(each);
+            environment_.suggestionsChanged();
+        }
+    }
+}
+
+void InputContext::clickCandidate(guint row) {
+    desktop_.chooseCandidate(row);
+    updateCandidates();
+}
+
+void InputContext::moveHighlight(std::ptrdiff_t rows) {
+    desktop_.moveHighlight(rows);
+    updateCandidates();
+}
+
+void InputContext::showSuggestions() {
+    updateCandidates();
+    for (const SuggestionSwitch& each : suggestionSwitches)
+        ibus_engine_update_property(&engine_, newSwitch(each, environment_.suggestions.choices()));
 }
 
 void InputContext::finish() {
@@ -134,6 +192,41 @@ void InputContext::finish() {
 
 bool InputContext::takesNoInput() const noexcept {
     return purpose_ == IBUS_INPUT_PURPOSE_PASSWORD || purpose_ == IBUS_INPUT_PURPOSE_PIN;
+}
+
+/// Finds the candidates if they are missing, and shows the line as it is now.
+void InputContext::updateCandidates() {
+    cancelUpdate();
+    if (desktop_.updateCandidates())
+        table_.show(desktop_.candidates(), desktop_.candidateHint());
+}
+
+/// When nothing else is to be done: neither this key's answer nor a key that is waiting comes later for it.
+void InputContext::updateCandidatesLater() {
+    if (update_ != 0 || (!environment_.suggestions.inForce().areOn && !table_.isShown()))
+        return;
+    const auto update = [](gpointer context) -> gboolean {
+        auto& self = *static_cast<InputContext*>(context);
+        self.update_ = 0;
+        // A thread of the connection writes the answer, and may wait for this processor.
+        g_dbus_connection_flush_sync(ibus_service_get_connection(IBUS_SERVICE(&self.engine_)), nullptr,
+                                     nullptr);
+        self.updateCandidates();
+        return G_SOURCE_REMOVE;
+    };
+    update_ = g_idle_add_full(G_PRIORITY_DEFAULT_IDLE, update, this, nullptr);
+}
+
+/// The daemon has hidden them before it took the focus away. What is sent now would reach the next field.
+void InputContext::forgetCandidates() {
+    cancelUpdate();
+    desktop_.updateCandidates();
+    table_.forget();
+}
+
+void InputContext::cancelUpdate() {
+    if (update_ != 0)
+        g_source_remove(std::exchange(update_, 0));
 }
 
 /// Ends the composition whose text has been put in by others, and returns the text.
@@ -145,6 +238,7 @@ std::string InputContext::forget() {
 
 void InputContext::becomesActive() {
     desktop_.activate();
+    environment_.suggestions.adoptStored();
     showMenu();
 }
 
@@ -156,11 +250,10 @@ void InputContext::updatePolicy() {
 /// The daemon drops the menu with the focus, so each focus brings it anew.
 void InputContext::showMenu() {
     IBusPropList* properties = ibus_prop_list_new();
-    for (const auto& item : VanokaInputController::menu()) {
-        ibus_prop_list_append(properties, ibus_property_new(nameOf(item.action).c_str(), PROP_TYPE_NORMAL,
-                                                            newText(item.title), nullptr, nullptr, TRUE, TRUE,
-                                                            PROP_STATE_UNCHECKED, nullptr));
-    }
+    for (const SuggestionSwitch& each : suggestionSwitches)
+        ibus_prop_list_append(properties, newSwitch(each, environment_.suggestions.choices()));
+    for (const auto& item : VanokaInputController::menu())
+        ibus_prop_list_append(properties, newEntry(nameOf(item.action), item.title));
     ibus_engine_register_properties(&engine_, properties);
 }
 

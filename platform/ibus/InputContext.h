@@ -1,8 +1,10 @@
 #pragma once
 
+#include "CandidateTable.h"
 #include "CommitPolicy.h"
 #include "ComposeSequence.h"
 #include "DesktopContext.h"
+#include "DesktopSuggestions.h"
 #include "DroppedTexts.h"
 #include "EngineClient.h"
 
@@ -16,8 +18,10 @@ namespace vanoka::ibus {
 struct EngineEnvironment {
     SinglishSettings& settings;
     FileWatch& storedSettings; ///< the file behind them
+    DesktopSuggestions& suggestions;
     Versions versions;
     std::function<void(VanokaInputController::MenuAction)> activate; ///< of an entry of the menu
+    std::function<void()> suggestionsChanged;                        ///< the user's choices, that is
 };
 
 /// One engine object of the daemon and the composition in it. The daemon moves the object from client to
@@ -27,6 +31,9 @@ struct EngineEnvironment {
 class InputContext {
 public:
     InputContext(IBusEngine& engine, EngineEnvironment& environment);
+    InputContext(const InputContext&) = delete;
+    InputContext& operator=(const InputContext&) = delete;
+    ~InputContext() { cancelUpdate(); }
 
     /// True when the key is consumed.
     bool processKeyEvent(guint keysym, guint keyCode, guint state);
@@ -39,29 +46,45 @@ public:
     void focusOut();
     void focusOut(std::string field);
     void reset();
-    void setContentType(guint purpose);
+    void setContentType(guint purpose, guint hints);
     void activateProperty(std::string_view name);
 
+    void pageUp() { moveHighlight(-1); }
+    void pageDown() { moveHighlight(1); }
+    void cursorUp() { moveHighlight(-1); }
+    void cursorDown() { moveHighlight(1); }
+    void clickCandidate(guint row);
+
+    /// Suggestions are other ones than before, or the choices in the menu are.
+    void showSuggestions();
     /// The process is about to end.
     void finish();
 
 private:
     bool takesNoInput() const noexcept;
+    bool answers(guint keysym, guint keyCode, guint state);
     bool takes(guint keysym, guint state);
     SequenceStep followSequence(guint keysym, const KeyEvent& event);
     std::string forget();
     void becomesActive();
     void updatePolicy();
     void showMenu();
+    void moveHighlight(std::ptrdiff_t rows);
+    void updateCandidates();
+    void updateCandidatesLater();
+    void forgetCandidates();
+    void cancelUpdate();
 
     IBusEngine& engine_;
     EngineEnvironment& environment_;
     EngineClient client_;
     DesktopContext desktop_;
+    CandidateTable table_;
     CommitPolicy policy_;
     DroppedTexts droppedTexts_;
     ComposeSequence sequence_;
     guint purpose_ = IBUS_INPUT_PURPOSE_FREE_FORM;
+    guint update_ = 0; ///< the source that finds and shows candidates; 0 for none
 };
 
 } // namespace vanoka::ibus

@@ -45,7 +45,9 @@ gboolean callServer(gpointer server) {
 Server::Server(std::string connectionName)
     : connectionName_(std::move(connectionName)),
       storedSettings_(FileUserDefaults::standard().pathOf(SinglishSettings::storedName)),
-      environment_{SinglishSettings::shared(), storedSettings_, installedVersions(), activate},
+      suggestions_(FileUserDefaults::standard(), [this] { adoptListsSoon(); }),
+      environment_{SinglishSettings::shared(), storedSettings_, suggestions_,
+                   installedVersions(),        activate,        showSuggestionsInAllEngines},
       loop_(g_main_loop_new(nullptr, FALSE)) {}
 
 Server::~Server() {
@@ -118,6 +120,16 @@ gboolean Server::onTermination() {
         g_dbus_connection_flush_sync(ibus_bus_get_connection(bus_), nullptr, nullptr);
     g_main_loop_quit(loop_);
     return G_SOURCE_CONTINUE;
+}
+
+/// From the thread that reads them. Not by invoking it: that would be here where the loop does not run yet.
+void Server::adoptListsSoon() {
+    const auto adopt = [](gpointer server) -> gboolean {
+        if (static_cast<Server*>(server)->suggestions_.adoptLists())
+            showSuggestionsInAllEngines();
+        return G_SOURCE_REMOVE;
+    };
+    g_idle_add_full(G_PRIORITY_DEFAULT_IDLE, adopt, this, nullptr);
 }
 
 void Server::withdrawEngine() {

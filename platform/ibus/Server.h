@@ -31,10 +31,12 @@ private:
     void onDisconnected();
     gboolean onWaitedLongEnough();
     gboolean onTermination();
+    void adoptListsSoon();
     void withdrawEngine();
 
     std::string connectionName_;
     FileWatch storedSettings_;
+    DesktopSuggestions suggestions_;
     EngineEnvironment environment_;
     GMainLoop* loop_;
     IBusBus* bus_ = nullptr;

@@ -10,6 +10,12 @@ DesktopContext::DesktopContext(TextInputClient& client, SinglishSettings& settin
       storedSettings_(storedSettings),
       controller_(SettingsProgram::name, settings) {}
 
+std::string_view DesktopContext::candidateHint() const noexcept {
+    const CandidateLine& line = candidates();
+    return line.isShown() && line.rows[line.highlighted].isLearnt ? "Shift+Delete forgets this word"
+                                                                  : std::string_view();
+}
+
 void DesktopContext::prepare(const DesktopKey& key, bool shortcutsEndIt) {
     if (storedSettings_.hasChanged())
         settings_.reloadIfChanged();

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace vanoka {
 
@@ -63,6 +64,8 @@ public:
     const CandidateLine& candidates() const noexcept { return controller_.candidates(); }
     bool chooseCandidate(std::size_t row) { return controller_.chooseCandidate(row, &client_); }
     bool moveHighlight(std::ptrdiff_t rows) { return controller_.moveHighlight(rows, &client_); }
+    /// What a person should know of the highlighted row; empty for nothing.
+    std::string_view candidateHint() const noexcept;
 
 private:
     void prepare(const DesktopKey& key, bool shortcutsEndIt);

@@ -18,6 +18,7 @@ import os
 import re
 import shutil
 import signal
+import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -25,6 +26,8 @@ import time
 
 KA = "\u0d9a"
 WORD = "\u0d85\u0db8\u0dca\u0db8"  # amma
+HOUSE, TO_HOUSE = "\u0d9c\u0dd9\u0daf\u0dbb", "\u0d9c\u0dd9\u0daf\u0dbb\u0da7"  # what is suggested for gedr
+LISTS = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../scenarios/suggestions/lists")
 PATIENCE = 8  # seconds
 
 
@@ -121,6 +124,24 @@ class Desk:
     def close(self):
         self.processes.end_all()
         shutil.rmtree(self.folder, ignore_errors=True)
+
+    def suggest(self, are_on):
+        """Switches suggestions, which the engine sees with the next focus; nothing is learnt before they are on."""
+        shutil.rmtree(self.folder + "/data/vanoka", ignore_errors=True)
+        if are_on:
+            shutil.copytree(LISTS, self.folder + "/data/vanoka")
+        os.makedirs(self.folder + "/config/vanoka", exist_ok=True)
+        with open(self.folder + "/config/vanoka/vanoka.suggestions.v1", "w") as file:
+            file.write("suggestions=%s\n" % ("on" if are_on else "off"))
+
+    def has_learnt(self, word):
+        words = sqlite3.connect("file:%s/data/vanoka/words.sqlite?mode=ro" % self.folder, uri=True)
+        try:
+            return word in "\n".join(words.iterdump())
+        except sqlite3.Error:
+            return False  # not made yet, or being written
+        finally:
+            words.close()
 
     # Toolkits ask the input method asynchronously. A key that comes back to a program only after the next
     # one was pressed acts later than that one, whatever the engine does; so the typist pauses after those that
@@ -397,6 +418,22 @@ def by_engine_with_shortcut(fields):
     fields.expect(WORD + " " + KA + "x.", "", "")
 
 
+def with_suggestions(fields):
+    """The second word is taken, and is the first one the next time."""
+    fields.desk.keys(*"gedr", "Tab", "Down", "space")
+    fields.expect(TO_HOUSE + " ", "", "")
+    wait_until(lambda: fields.desk.has_learnt(TO_HOUSE), "the word is learnt")
+    fields.desk.keys(*"gedr", "Down", "period")
+    fields.expect(TO_HOUSE + " " + TO_HOUSE + ".", "", "")
+
+
+def with_a_suggestion_by_click_elsewhere(fields):
+    fields.desk.keys(*"gedr", "Down")
+    fields.click(1)
+    fields.desk.keys(*"ka", "period")
+    fields.expect({HOUSE, TO_HOUSE}, KA + ".", "")  # as the part before has taught
+
+
 def in_password(fields):
     fields.click(1)
     fields.desk.keys(*"amma", "period")
@@ -412,6 +449,7 @@ def in_field_that_is_left(fields):
 
 PARTS = [by_keys, by_click_elsewhere, by_tab, by_other_window, by_other_window_and_back, by_click_in_the_field,
          by_click_before, by_shortcut, by_engine, by_engine_with_shortcut, in_password, in_field_that_is_left]
+SUGGESTING_PARTS = [with_suggestions, with_a_suggestion_by_click_elsewhere]
 
 # What no engine can mend, with the reason; it is run, and reported when it has become better.
 KNOWN = {
@@ -529,11 +567,15 @@ def run_part(desk, toolkit, part):
         part(desk)
         return
     mode = {in_password: ["password"], in_field_that_is_left: ["left"]}.get(part, [])
+    if part in SUGGESTING_PARTS:
+        desk.suggest(True)
     fields = Fields(desk, toolkit, *mode)
     try:
         part(fields)
     finally:
         fields.close()
+        if part in SUGGESTING_PARTS:
+            desk.suggest(False)
 
 
 def options_of(description):
@@ -587,7 +629,7 @@ CLIENTS = ["gtk3", "gtk4", "qt5", "qt6", "xim"]
 
 
 def parts_of(client):
-    return XIM_PARTS if client == "xim" else PARTS
+    return XIM_PARTS if client == "xim" else PARTS + SUGGESTING_PARTS
 
 
 if __name__ == "__main__":

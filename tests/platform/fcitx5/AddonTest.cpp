@@ -1,46 +1,9 @@
-#include "Fcitx5Daemon.h"
-#include "Fcitx5Field.h"
-#include "Fcitx5Panel.h"
+#include "Fcitx5Framework.h"
 #include "FrameworkTest.h"
-
-#include <functional>
 
 namespace vanoka::test {
 
 namespace {
-
-struct Fcitx5 {
-    static constexpr const char *engine = "vanoka", *plainEngine = "keyboard-us",
-                                *ownProgram = "vanoka-settings";
-
-    static Fcitx5Daemon& daemon() { return Fcitx5Daemon::shared(); }
-    static std::unique_ptr<RemoteField> newField(const std::string& program) {
-        return std::make_unique<Fcitx5Field>(program);
-    }
-    static std::vector<std::function<std::unique_ptr<RemoteField>()>> everyKindOfField() {
-        return {[] { return newField("editor"); }};
-    }
-    static bool choose(RemoteField&, const char* name) { return daemon().choose(name); }
-
-    static std::vector<std::string> menu(RemoteField&) {
-        const Fcitx5Panel panel;
-        std::vector<std::string> labels;
-        for (const Fcitx5Panel::Entry& entry : panel.entries())
-            labels.push_back(entry.label);
-        return labels;
-    }
-    /// Waits until the script has run: the framework does not act at once, and only while a panel is there.
-    static void activate(RemoteField&, std::size_t index) {
-        const std::size_t before = daemon().settingsStarts().size();
-        Fcitx5Panel panel;
-        panel.click(panel.entries().at(index));
-        waitUntil([before] { return daemon().settingsStarts().size() > before; });
-    }
-    template <class Condition>
-    static bool waitUntil(Condition condition) {
-        return test::waitUntil(condition);
-    }
-};
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Addon, FrameworkTest, Fcitx5);
 

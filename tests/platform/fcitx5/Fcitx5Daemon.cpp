@@ -69,7 +69,7 @@ void Fcitx5Daemon::writeConfiguration() const {
     const auto set = [](const char* name, const std::string& value) { ::setenv(name, value.c_str(), 1); };
     set("HOME", folder_.path());
     set("XDG_CONFIG_HOME", configuration());
-    set("XDG_DATA_HOME", folder_.path() / "data");
+    set("XDG_DATA_HOME", data());
     set("XDG_CACHE_HOME", folder_.path() / "cache");
     set("XDG_RUNTIME_DIR", folder_.path());
     set("FCITX_ADDON_DIRS", (folder_.path() / "addon").native() + ":" VANOKA_FRAMEWORK_ADDON_FOLDER);
@@ -122,6 +122,10 @@ bool Fcitx5Daemon::isOnBus() const {
 
 fs::path Fcitx5Daemon::configuration() const {
     return folder_.path() / "configuration";
+}
+
+fs::path Fcitx5Daemon::data() const {
+    return folder_.path() / "data";
 }
 
 bool Fcitx5Daemon::choose(const char* inputMethod) const {

@@ -24,6 +24,8 @@ public:
     GDBusConnection* connection() const noexcept { return connection_; }
     /// The folder that stands for the user's configuration folder.
     std::filesystem::path configuration() const;
+    /// And for the user's data folder.
+    std::filesystem::path data() const;
 
     /// The arguments of each start of the settings program, for which a script stands in.
     std::vector<std::string> settingsStarts() const { return settings_->starts(); }

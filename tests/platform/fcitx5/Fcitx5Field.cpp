@@ -1,6 +1,7 @@
 #include "Fcitx5Field.h"
 
 #include "Fcitx5Daemon.h"
+#include "Fcitx5Panel.h"
 #include "Keysym.h"
 #include "Keysyms.h"
 #include "VanokaInputController.h"
@@ -67,6 +68,19 @@ void Fcitx5Field::askForComposition() {
 void Fcitx5Field::leaveAndReturn() {
     focusOut();
     focusIn();
+}
+
+void Fcitx5Field::chooseCandidate(std::size_t row) {
+    EXPECT_TRUE(waitUntil([&] {
+        Fcitx5Panel::shared().click(row); // which does nothing before the line is there, and after it
+        g_usleep(1000);
+        return field().marked().empty();
+    })) << "row "
+        << row << " is not taken";
+}
+
+void Fcitx5Field::tellPlace(int x, int y, int width, int height) {
+    call("SetCursorRect", g_variant_new("(iiii)", x, y, width, height));
 }
 
 void Fcitx5Field::pressAtOnce(const KeyEvent& event) {

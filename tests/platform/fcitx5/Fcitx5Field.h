@@ -14,6 +14,8 @@ public:
     // What the field can do, in the framework's bits.
     static constexpr std::uint64_t showsMarkedText = 0x12;
     static constexpr std::uint64_t isPassword = 1U << 3;
+    static constexpr std::uint64_t isTerminal = 1ULL << 32;
+    static constexpr std::uint64_t isSensitive = 1ULL << 36;
 
     explicit Fcitx5Field(const std::string& program = "editor", std::uint64_t capabilities = showsMarkedText);
     Fcitx5Field(const Fcitx5Field&) = delete;
@@ -26,6 +28,10 @@ public:
     bool waitUntilFinished(std::size_t count) override;
     void askForComposition() override;
     void leaveAndReturn() override;
+    void chooseCandidate(std::size_t row) override;
+
+    /// Where the field says that its caret is.
+    void tellPlace(int x, int y, int width, int height);
 
     /// What stood marked when the last text came, in whose place it goes.
     const std::string& replaced() const noexcept { return replaced_; }

@@ -1,59 +1,13 @@
 #include "FrameworkTest.h"
-#include "IBusDaemon.h"
-#include "IBusField.h"
+#include "IBusFramework.h"
 #include "InstalledVersions.h"
 
 #include <array>
 #include <csignal>
-#include <functional>
 
 namespace vanoka::test {
 
 namespace {
-
-constexpr const char *ourEngine = "vanoka", *plainXkb = "xkb:us::eng";
-
-struct IBus {
-    static constexpr const char *engine = ourEngine, *plainEngine = plainXkb,
-                                *ownProgram = "gtk3-im:vanoka-settings";
-
-    static IBusDaemon& daemon() { return IBusDaemon::shared(); }
-    static std::unique_ptr<RemoteField> newField(const std::string& name) {
-        return std::make_unique<IBusField>(name);
-    }
-    static std::vector<std::function<std::unique_ptr<RemoteField>()>> everyKindOfField() {
-        return {[] { return newField("test:editor"); },
-                [] { return std::make_unique<IBusField>("test:editor", IBusField::Commits::field); }, newXim};
-    }
-    /// A field that the engine knows to be XIM's: the daemon tells the name with every focus but the first.
-    static std::unique_ptr<IBusField> newXim() {
-        auto made = std::make_unique<IBusField>("xim");
-        EXPECT_TRUE(made->choose(ourEngine));
-        made->leaveAndReturn();
-        return made;
-    }
-    static bool choose(RemoteField& field, const char* name) {
-        return static_cast<IBusField&>(field).choose(name);
-    }
-
-    static std::vector<std::string> menu(RemoteField& field) {
-        auto& ibus = static_cast<IBusField&>(field);
-        EXPECT_TRUE(waitUntil([&] { return ibus.menu() != nullptr; }));
-        std::vector<std::string> labels;
-        for (guint index = 0; IBusProperty* item = ibus_prop_list_get(ibus.menu(), index); ++index)
-            labels.emplace_back(ibus_text_get_text(ibus_property_get_label(item)));
-        return labels;
-    }
-    static void activate(RemoteField& field, std::size_t index) {
-        auto& ibus = static_cast<IBusField&>(field);
-        IBusProperty* item = ibus_prop_list_get(ibus.menu(), static_cast<guint>(index));
-        ibus_input_context_property_activate(ibus.context(), ibus_property_get_key(item), 0);
-    }
-    template <class Condition>
-    static bool waitUntil(Condition condition) {
-        return test::waitUntil(condition);
-    }
-};
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Engine, FrameworkTest, IBus);
 

@@ -72,6 +72,7 @@ void IBusDaemon::setEnvironment() const {
     const auto set = [](const char* name, const std::string& value) { ::setenv(name, value.c_str(), 1); };
     set("HOME", folder_.path());
     set("XDG_CONFIG_HOME", configuration());
+    set("XDG_DATA_HOME", data());
     set("XDG_CACHE_HOME", folder_.path() / "cache");
     set("XDG_RUNTIME_DIR", folder_.path());
     set("IBUS_ADDRESS_FILE", folder_.path() / "address");
@@ -109,6 +110,10 @@ void IBusDaemon::stop(int signal) {
 
 fs::path IBusDaemon::configuration() const {
     return folder_.path() / "configuration";
+}
+
+fs::path IBusDaemon::data() const {
+    return folder_.path() / "data";
 }
 
 std::optional<pid_t> IBusDaemon::engineProcess() const {

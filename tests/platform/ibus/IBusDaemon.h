@@ -33,6 +33,8 @@ public:
     IBusBus* bus() const noexcept { return bus_; }
     /// The folder that stands for the user's configuration folder.
     std::filesystem::path configuration() const;
+    /// And for the user's data folder.
+    std::filesystem::path data() const;
 
     /// The engine's program, as the daemon starts it.
     std::filesystem::path program() const;

@@ -1,6 +1,7 @@
 #include "IBusField.h"
 
 #include "IBusDaemon.h"
+#include "IBusPanel.h"
 #include "Keysym.h"
 #include "Keysyms.h"
 #include "VanokaInputController.h"
@@ -123,6 +124,15 @@ void IBusField::leaveAndReturn() {
     focusIn();
 }
 
+void IBusField::chooseCandidate(std::size_t row) {
+    EXPECT_TRUE(waitUntil([&] {
+        IBusPanel::shared().click(row); // which does nothing before the line is there, and after it
+        settleDaemon();
+        return field().marked().empty();
+    })) << "row "
+        << row << " is not taken";
+}
+
 void IBusField::focusIn() {
     ibus_input_context_focus_in(context_);
     settleDaemon();
@@ -157,8 +167,8 @@ std::string IBusField::chosen() const {
     return name;
 }
 
-void IBusField::setPurpose(guint purpose) {
-    ibus_input_context_set_content_type(context_, purpose, 0);
+void IBusField::setPurpose(guint purpose, guint hints) {
+    ibus_input_context_set_content_type(context_, purpose, hints);
     settleDaemon();
 }
 

@@ -22,6 +22,7 @@ public:
     void press(const KeyEvent& event) override;
     void askForComposition() override;
     void leaveAndReturn() override;
+    void chooseCandidate(std::size_t row) override;
 
     void press(std::uint32_t keysym, std::uint32_t state) override;
     void pressAtOnce(const KeyEvent& event) override;
@@ -33,7 +34,7 @@ public:
     /// Chooses an engine; true when it is in force.
     bool choose(const char* engine);
     std::string chosen() const;
-    void setPurpose(guint purpose);
+    void setPurpose(guint purpose, guint hints = 0);
 
     IBusInputContext* context() const noexcept { return context_; }
     IBusPropList* menu() const noexcept { return menu_; }

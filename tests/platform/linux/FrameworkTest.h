@@ -23,6 +23,8 @@ namespace vanoka::test {
 ///   - `newField(program)`, a field that has the focus, and `everyKindOfField()`, functions that make one,
 ///   - `choose(field, engine)`, true when it is in force, and `engine` and `plainEngine` to choose,
 ///   - `menu(field)`, the labels that the user sees, and `activate(field, index)`,
+///   - `panel()`, which shows the line of candidates, and `tellPlace(field, x, y, width, height)`, by which a
+///     field says where,
 ///   - `ownProgram`, the name of the settings window as a program.
 template <class Framework>
 class FrameworkTest : public testing::Test {
@@ -196,14 +198,15 @@ TYPED_TEST_P(FrameworkTest, DamagedSettingsNeverStopTyping) {
     EXPECT_EQ(this->remote->field().screen(), "\u0D9A.");
 }
 
-TYPED_TEST_P(FrameworkTest, HasAMenuOfTwoItemsThatStartTheSettingsProgram) {
+TYPED_TEST_P(FrameworkTest, HasAMenuOfSwitchesAndOfItemsThatStartTheSettingsProgram) {
     RemoteField& field = *this->remote;
-    EXPECT_EQ(TypeParam::menu(field), (std::vector<std::string>{"Vanoka Settings\u2026", "About Vanoka"}));
+    EXPECT_EQ(TypeParam::menu(field),
+              (std::vector<std::string>{"Suggestions", "Private", "Vanoka Settings\u2026", "About Vanoka"}));
     field.type("ka");
-    for (const std::size_t index : {0U, 1U}) {
-        TypeParam::activate(field, index);
+    for (const std::size_t start : {1U, 2U}) {
+        TypeParam::activate(field, start + 1);
         ASSERT_TRUE(
-            TypeParam::waitUntil([&] { return TypeParam::daemon().settingsStarts().size() == index + 1; }));
+            TypeParam::waitUntil([&] { return TypeParam::daemon().settingsStarts().size() == start; }));
     }
     EXPECT_EQ(TypeParam::daemon().settingsStarts(), (std::vector<std::string>{"", "--about"}));
     field.type("la.");
@@ -215,6 +218,6 @@ REGISTER_TYPED_TEST_SUITE_P(FrameworkTest, PlaysEveryScenario, KeepsTenThousandK
                             ModifierKeysAndReleasesLeaveTheWordAlone, SequencesOfKeysMakeOneText,
                             AKeyThatFitsNoSequenceIsItself, ComposesNothingInItsOwnWindows,
                             AnEditIsInForceAtTheVeryNextKey, DamagedSettingsNeverStopTyping,
-                            HasAMenuOfTwoItemsThatStartTheSettingsProgram);
+                            HasAMenuOfSwitchesAndOfItemsThatStartTheSettingsProgram);
 
 } // namespace vanoka::test

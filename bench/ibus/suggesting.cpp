@@ -1,0 +1,183 @@
+// What suggestions add to the time in which a key goes to the daemon, to the engine and back, beside the same
+// engine without them; when the candidates follow; what memory they take; and how long after they are
+// switched on the first ones stand.
+
+#include "FileUserDefaults.h"
+#include "IBusDaemon.h"
+#include "IBusField.h"
+#include "Measures.h"
+#include "SuggestionChoices.h"
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <optional>
+#include <random>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace vanoka;
+using namespace vanoka::test;
+using namespace vanoka::bench;
+
+constexpr std::size_t rounds = 60;
+constexpr guint pause = 10; // between keys, in milliseconds, as of a fast typist
+constexpr guint shownHere =
+    IBUS_CAP_PREEDIT_TEXT | IBUS_CAP_FOCUS | IBUS_CAP_PROPERTY | IBUS_CAP_LOOKUP_TABLE;
+
+/// A field that notes when it is told of candidates.
+class Field {
+public:
+    Field() : field_("bench", IBusField::Commits::daemon, shownHere) {
+        g_signal_connect(field_.context(), "update-lookup-table",
+                         G_CALLBACK(+[](IBusInputContext*, IBusLookupTable*, gboolean, gpointer field) {
+                             static_cast<Field*>(field)->shown_ = Clock::now();
+                         }),
+                         this);
+    }
+    IBusField* operator->() noexcept { return &field_; }
+    IBusField& operator*() noexcept { return field_; }
+
+    /// Presses a key, and sees in the pause after it when its candidates come, in microseconds after its
+    /// answer; the time of the key is the first.
+    std::pair<double, std::optional<double>> type(char key) {
+        settle();
+        shown_.reset();
+        const double time = press(field_, static_cast<guint>(key));
+        const auto answered = Clock::now();
+        wait();
+        return {time, shown_ ? std::optional(Microseconds(*shown_ - answered).count()) : std::nullopt};
+    }
+    /// Until candidates come; false when none do.
+    bool waitForCandidates() {
+        shown_.reset();
+        return waitUntil([this] { return shown_.has_value(); });
+    }
+
+private:
+    static void wait() {
+        bool isOver = false;
+        g_timeout_add(
+            pause,
+            [](gpointer over) -> gboolean {
+                *static_cast<bool*>(over) = true;
+                return G_SOURCE_REMOVE;
+            },
+            &isOver);
+        while (!isOver)
+            g_main_context_iteration(nullptr, TRUE);
+    }
+
+    IBusField field_;
+    std::optional<Clock::time_point> shown_;
+};
+
+void installLists() {
+    const auto folder = IBusDaemon::shared().data() / "vanoka";
+    std::filesystem::create_directories(folder);
+    for (const char* list : {"si.tsv", "en.tsv", "emoji.tsv", "never-offered.txt"})
+        std::filesystem::copy_file(std::filesystem::path(VANOKA_DATA) / list, folder / list);
+}
+
+/// As another program does, which the engine sees with the focus.
+void choose(bool areOn) {
+    FileUserDefaults defaults(IBusDaemon::shared().configuration() / "vanoka");
+    defaults.setData(SuggestionChoices::storedName, textOf({.areOn = areOn}));
+}
+
+void typeStretch(Field& field, Arm& arm, std::vector<double>& candidates) {
+    field->leaveAndReturn();
+    std::vector<double> times;
+    for (const char* word : words) {
+        for (const char* key = word; *key; ++key) {
+            const auto [time, candidatesCame] = field.type(*key);
+            times.push_back(time);
+            if (candidatesCame)
+                candidates.push_back(*candidatesCame);
+        }
+    }
+    arm.stretches.push_back(std::move(times));
+}
+
+double memoryAfterTyping(Field& field) {
+    Arm arm{"once"};
+    std::vector<double> candidates;
+    typeStretch(field, arm, candidates);
+    return privateMemory(IBusDaemon::shared().engineProcess().value());
+}
+
+/// In milliseconds, from a click on the switch to the first candidates, in a process that has never had them
+/// on.
+std::optional<double> firstCandidates(Field& field) {
+    choose(false);
+    field->choose("xkb:us::eng");
+    IBusDaemon::shared().killEngine(SIGKILL);
+    field->choose("vanoka");
+    for (const char* key = "gedr"; *key; ++key)
+        field.type(*key);
+    const auto start = Clock::now();
+    ibus_input_context_property_activate(field->context(), "suggestions", 0);
+    if (!field.waitForCandidates())
+        return std::nullopt;
+    return Microseconds(Clock::now() - start).count() / 1000;
+}
+
+void reportMemory(Field& field) {
+    const double without = memoryAfterTyping(field);
+    choose(true);
+    field->leaveAndReturn();
+    for (const char key : {'g', 'e'})
+        field.type(key);
+    field.waitForCandidates();
+    const double with = memoryAfterTyping(field);
+    std::printf("private memory of the engine: %.1f MB without, %.1f MB with suggestions: %.1f MB more\n",
+                without, with, with - without);
+}
+
+void reportKeys(Field& field) {
+    Arm off{"off"}, on{"on"}, again{"off"};
+    std::array<Arm*, 3> arms = {&off, &on, &again};
+    std::vector<double> candidates, none;
+    std::mt19937 random(1);
+    for (std::size_t round = 0; round < rounds; ++round) {
+        std::ranges::shuffle(arms, random);
+        for (Arm* arm : arms) {
+            choose(arm == &on);
+            typeStretch(field, *arm, arm == &on ? candidates : none);
+        }
+    }
+    std::printf(
+        "key round trip through the daemon, %zu keys each, %u ms apart, nine of ten ratios in brackets\n",
+        rounds * on.stretches[0].size(), pause);
+    for (const auto& [name, part] : {std::pair("median", 0.5), std::pair("p99", 0.99)}) {
+        report(name, on, off, part);
+        report(name, again, off, part);
+    }
+    std::printf("candidates after the answer, %zu times (%zu times while off): median %.0f us, p99 %.0f us\n",
+                candidates.size(), none.size(), quantile(candidates, 0.5), quantile(candidates, 0.99));
+}
+
+void reportStarts(Field& field) {
+    std::vector<double> starts;
+    for (int i = 0; i < 15; ++i)
+        if (const auto time = firstCandidates(field))
+            starts.push_back(*time);
+    std::printf("a click on the switch to the first candidates, %zu times: median %.0f ms, longest %.0f ms\n",
+                starts.size(), quantile(starts, 0.5), quantile(starts, 1));
+}
+
+} // namespace
+
+int main() {
+    installLists();
+    Field field;
+    field->choose("vanoka");
+    reportMemory(field);
+    reportKeys(field);
+    reportStarts(field);
+    return 0;
+}
