@@ -1,0 +1,137 @@
+#!/usr/bin/env python3
+"""Makes each call of a run fail, one after the other, and kills the program at each: sweep.py LIBRARY SINGLISH
+VANOKA-LISTS [--every N] [--only NAME].
+
+After each: the status is one of the table, a failure says why, what is stored is the old value or the new one, and
+the new one if the program said so; and the next run does what it should. --every takes one call of N.
+"""
+
+import argparse
+import errno
+import itertools
+import sys
+from dataclasses import dataclass, field
+from pathlib import Path
+
+from runs import TRANSFERS, Home, home, wrongs
+
+KA, GA = "\u0d9a", "\u0d9c"
+GEDARA, AMMA = "\u0d9c\u0dd9\u0daf\u0dbb", "\u0d85\u0db8\u0dca\u0db8"
+STATUSES = (0, 1, 2, 3)
+
+
+def no_state(_):
+    return None
+
+
+@dataclass
+class Scenario:
+    """A command, what stands before it, and how what is stored is read."""
+    name: str
+    command: list
+    before: list = field(default_factory=list)  # commands
+    given: bytes = b""
+    state: object = no_state
+    program: str = "singlish"
+
+
+KEYS = '{"addedKeys":[{"key":"zi","letter":"%s"},{"key":"zj","letter":"%s"}],"disabledKeys":["a"]}' % (KA, GA)
+WORDS = f"{GEDARA}\t3\nmate\tenglish\t3\t1\n{AMMA}\tforgotten\n"
+A_KEY, A_WORD = ["keys", "add", "zq", KA], ["words", "add", AMMA]
+SCENARIOS = [
+    Scenario("the first key", ["keys", "add", "zr", GA], state=Home.keys),
+    Scenario("another key", ["keys", "add", "zr", GA], before=[A_KEY], state=Home.keys),
+    Scenario("removing a key", ["keys", "remove", "zq"], before=[A_KEY], state=Home.keys),
+    Scenario("importing keys", ["keys", "import", "-"], before=[A_KEY], given=KEYS.encode(), state=Home.keys),
+    Scenario("the filter", [], before=[A_KEY], given=b"amma zqa gedhara\n" * 10000, state=Home.keys),
+    Scenario("the first word", ["words", "add", GEDARA], state=Home.words),
+    Scenario("another word", ["words", "add", GEDARA], before=[A_WORD], state=Home.words),
+    Scenario("forgetting a word", ["words", "forget", AMMA], before=[A_WORD], state=Home.words),
+    Scenario("importing words", ["words", "import", "-"], before=[A_WORD], given=WORDS.encode(), state=Home.words),
+    Scenario("a list", ["suggest", "-"], given=f"{GEDARA}\t5\n".encode(), program="vanoka-lists"),
+]
+
+
+class Sweep:
+    def __init__(self, options):
+        self.options = options
+        self.runs = self.failures = 0
+
+    def home(self, scenario):
+        return home(self.options.library, str(self.options.singlish.parent / scenario.program))
+
+    def prepared(self, scenario, place):
+        for command in scenario.before:
+            done = place.run(command)
+            assert done.status == 0, done
+
+    def plain(self, scenario):
+        """A run in which nothing goes wrong, and what is stored before and after it."""
+        with self.home(scenario) as place:
+            self.prepared(scenario, place)
+            before = scenario.state(place)
+            done = place.run(scenario.command, scenario.given, at=0)
+            assert done.status == 0, done
+            return done, before, scenario.state(place)
+
+    def turns(self, scenario, calls):
+        for number, call in itertools.islice(enumerate(calls, 1), 0, None, self.options.every):
+            for wrong in (*wrongs(call.name), "kill", *(("torn",) if call.name in TRANSFERS[2:] else ())):
+                yield number, call, wrong
+
+    def scenario(self, scenario):
+        plain, before, after = self.plain(scenario)
+        for number, call, wrong in self.turns(scenario, plain.calls):
+            with self.home(scenario) as place:
+                self.prepared(scenario, place)
+                done = place.run(scenario.command, scenario.given, at=number, how=wrong)
+                self.runs += 1
+                problems = list(self.problems(scenario, place, done, wrong, plain, (before, after)))
+            if problems:
+                self.failures += 1
+                how = errno.errorcode.get(wrong, wrong)
+                print(f"{scenario.name}: call {number}, {call.name} {' '.join(call.about)[:100]}: {how}: "
+                      f"status {done.status}, {done.errors.strip()!r}: {'; '.join(problems)}")
+
+    def problems(self, scenario, place, done, wrong, plain, values):
+        if wrong in ("kill", "torn"):
+            if done.status != -9:
+                yield "it was not killed"
+        else:
+            if done.status not in STATUSES:
+                yield "no such status"
+            if done.status != 0 and not done.errors.strip():
+                yield "it does not say why"
+            if done.status == 0 and done.output != plain.output:
+                yield "what it put out is not what it should be"
+        try:
+            left = scenario.state(place)
+            if left not in values:
+                yield f"neither the old value nor the new one is there: {left}"
+            if done.status == 0 and left != values[1]:
+                yield "the new value is not there"
+            again = place.run(scenario.command, scenario.given)
+            if left == values[0] and again.status != 0:
+                yield f"the next run: {again.errors.strip()}"
+            if scenario.state(place) != values[1] and not (left == values[1] and "add" in scenario.command):
+                yield "the next run did not do it"
+        except AssertionError as problem:
+            yield str(problem)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("library", type=Path)
+    parser.add_argument("singlish", type=Path)
+    parser.add_argument("--every", type=int, default=1)
+    parser.add_argument("--only")
+    sweep = Sweep(parser.parse_args())
+    for scenario in SCENARIOS:
+        if sweep.options.only in (None, scenario.name):
+            sweep.scenario(scenario)
+    print(f"{sweep.runs} runs, {sweep.failures} failures")
+    sys.exit(1 if sweep.failures or not sweep.runs else 0)
+
+
+if __name__ == "__main__":
+    main()
