@@ -36,7 +36,7 @@ fs::path resolved(const fs::path& path) {
     return path;
 }
 
-/// Makes a renaming or removal beside the file last. Not every file system can: no error.
+/// Makes a name that was given or taken beside the file last. Not every file system can: no error.
 void syncFolderOf(const fs::path& file) {
     const Descriptor folder(::open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen())
@@ -62,6 +62,7 @@ std::error_code makeFolder(const fs::path& folder) {
         return error;
     if (::mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
         return lastError();
+    syncFolderOf(folder); // or the power takes it with all that was forced to the disk in it
     return {};
 }
 

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """Makes each call of a run fail, one after the other, and kills the program at each: sweep.py LIBRARY SINGLISH
-VANOKA-LISTS [--every N] [--only NAME].
+[--every N] [--only NAME] [--calls NAME].
 
 After each: the status is one of the table, a failure says why, what is stored is the old value or the new one, and
-the new one if the program said so; and the next run does what it should. --every takes one call of N.
+the new one if the program said so; and the next run does what it should. --every takes one call of N, --only one
+of the scenarios, --calls the calls of one name.
 """
 
 import argparse
@@ -76,6 +77,8 @@ class Sweep:
 
     def turns(self, scenario, calls):
         for number, call in itertools.islice(enumerate(calls, 1), 0, None, self.options.every):
+            if self.options.calls not in (None, call.name):
+                continue
             for wrong in (*wrongs(call.name), "kill", *(("torn",) if call.name in TRANSFERS[2:] else ())):
                 yield number, call, wrong
 
@@ -125,6 +128,7 @@ def main():
     parser.add_argument("singlish", type=Path)
     parser.add_argument("--every", type=int, default=1)
     parser.add_argument("--only")
+    parser.add_argument("--calls")
     sweep = Sweep(parser.parse_args())
     for scenario in SCENARIOS:
         if sweep.options.only in (None, scenario.name):

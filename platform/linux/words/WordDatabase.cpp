@@ -2,8 +2,8 @@
 
 #include "AtomicFile.h"
 #include "FolderLock.h"
-#include "LastError.h"
 #include "Folders.h"
+#include "LastError.h"
 #include "WordSchema.h"
 
 #include <algorithm>
@@ -77,19 +77,31 @@ Fault later() {
             "a later version of Vanoka or another program has made it; it is left as it is"};
 }
 
-/// A file whose tables are not what its version says is as good as a torn one.
-int checkTables(sqlite3* database) {
+int checkStructure(sqlite3* database) {
     sqlite::Statement check(database, "PRAGMA quick_check(1)");
     if (const int result = check.step(); result != SQLITE_ROW)
         return result;
-    if (check.text(0) != "ok")
-        return SQLITE_CORRUPT;
+    return check.text(0) == "ok" ? SQLITE_OK : SQLITE_CORRUPT;
+}
+
+/// Reads every row. A file whose tables are not what its version says is as good as a torn one.
+int checkRows(sqlite3* database) {
     for (const char* const table :
          {"SELECT tick FROM clock", "SELECT word, count, used FROM sinhala",
           "SELECT word, kept, typed, used FROM english", "SELECT word FROM forgotten"})
-        if (const int result = sqlite::Statement(database, table).step(); result == SQLITE_ERROR)
-            return SQLITE_CORRUPT;
+        if (const int result = sqlite::Statement(database, table).finish(); result != SQLITE_OK)
+            return result == SQLITE_ERROR ? SQLITE_CORRUPT : result;
     return SQLITE_OK;
+}
+
+/// A disk that fails to read looks like damage to the check of the structure, and no good file is to be set
+/// aside for it: rows tell the one from the other, and a second look tells what has passed.
+int checkTables(sqlite3* database) {
+    const int structure = checkStructure(database);
+    if (structure != SQLITE_OK && structure != SQLITE_CORRUPT)
+        return structure;
+    const int rows = checkRows(database);
+    return rows == SQLITE_OK && structure == SQLITE_CORRUPT ? checkStructure(database) : rows;
 }
 
 int versionOf(sqlite3* database) {
