@@ -2,6 +2,7 @@
 
 #include "Descriptor.h"
 #include "LastError.h"
+#include "Owner.h"
 #include "UnfinishedFile.h"
 
 #include <cstdint>
@@ -22,11 +23,19 @@ std::error_code lastErrorUnlessAbsent() {
 
 constexpr int mostLinks = 40; // in a row, as the system counts them
 
+bool leadsOn(const fs::path& path) {
+    struct stat status = {};
+    return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode) && isTrustedOwner(status.st_uid);
+}
+
 /// The file behind a symbolic link, there or not yet: a settings file may be linked from elsewhere, and shall
-/// stay so. Links that lead nowhere because they lead in a circle are files like others.
+/// stay so. Links that lead nowhere because they lead in a circle are files like others, and so are links of
+/// other users.
 fs::path resolved(const fs::path& path) {
     fs::path target = path;
     for (int links = 0; links < mostLinks; ++links) {
+        if (!leadsOn(target))
+            return target;
         std::error_code error;
         const fs::path next = fs::read_symlink(target, error);
         if (error)

@@ -1,9 +1,11 @@
 #!/usr/bin/env python3
-"""Takes the power away between any two calls of runs that edit: power.py LIBRARY SINGLISH [--chances N].
+"""Takes the power away between any two calls of runs that edit: power.py LIBRARY SINGLISH [--chances N]
+[--every N].
 
 The runs' calls are recorded. For each beginning of that record a folder is made of what a disk may hold then: what was
 forced to it, and of the rest nothing, all data, all names, or what the lot draws, torn at any byte. There, an
-acknowledged edit of the keys is stored, the words are whole, and the next edit works.
+acknowledged edit of the keys is stored, the words are whole, and the next edit works. --every looks at one beginning
+of N, and at all that end with an edit.
 """
 
 import argparse
@@ -193,7 +195,8 @@ class PowerLoss:
         disk, keys, number = Disk(folder), [], 0
         for (calls, after), (command, kind) in zip(edits, EDITS):
             for call in calls:
-                self.look(disk, number, command, (keys, after) if kind == "keys" else (keys,))
+                if number % self.options.every == 0:
+                    self.look(disk, number, command, (keys, after) if kind == "keys" else (keys,))
                 disk.follow(call)
                 disk.opened = disk.opened if call is not calls[-1] else {}
                 number += 1
@@ -229,6 +232,7 @@ def main():
     parser.add_argument("library", type=Path)
     parser.add_argument("singlish")
     parser.add_argument("--chances", type=int, default=3)
+    parser.add_argument("--every", type=int, default=1)
     loss = PowerLoss(parser.parse_args())
     loss.run()
     print(f"{loss.states} states of a disk, {loss.failures} failures")

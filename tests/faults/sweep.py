@@ -1,15 +1,18 @@
 #!/usr/bin/env python3
 """Makes each call of a run fail, one after the other, and kills the program at each: sweep.py LIBRARY SINGLISH
-[--every N] [--only NAME] [--calls NAME].
+[--every N] [--only NAME] [--calls NAME]
+[--memory N].
 
 After each: the status is one of the table, a failure says why, what is stored is the old value or the new one, and
 the new one if the program said so; and the next run does what it should. --every takes one call of N, --only one
-of the scenarios, --calls the calls of one name.
+of the scenarios, --calls the calls of one name. With --memory, one request for memory of N is what fails, and then
+the program may also give up.
 """
 
 import argparse
 import errno
 import itertools
+import signal
 import sys
 from dataclasses import dataclass, field
 from pathlib import Path
@@ -75,7 +78,7 @@ class Sweep:
             assert done.status == 0, done
             return done, before, scenario.state(place)
 
-    def turns(self, scenario, calls):
+    def turns(self, calls):
         for number, call in itertools.islice(enumerate(calls, 1), 0, None, self.options.every):
             if self.options.calls not in (None, call.name):
                 continue
@@ -83,25 +86,34 @@ class Sweep:
                 yield number, call, wrong
 
     def scenario(self, scenario):
-        plain, before, after = self.plain(scenario)
-        for number, call, wrong in self.turns(scenario, plain.calls):
-            with self.home(scenario) as place:
-                self.prepared(scenario, place)
-                done = place.run(scenario.command, scenario.given, at=number, how=wrong)
-                self.runs += 1
-                problems = list(self.problems(scenario, place, done, wrong, plain, (before, after)))
-            if problems:
-                self.failures += 1
-                how = errno.errorcode.get(wrong, wrong)
-                print(f"{scenario.name}: call {number}, {call.name} {' '.join(call.about)[:100]}: {how}: "
-                      f"status {done.status}, {done.errors.strip()!r}: {'; '.join(problems)}")
+        plain, *values = self.plain(scenario)
+        if self.options.memory:
+            number = 1
+            while self.run(scenario, plain, values, "request for memory", at=number, how=errno.ENOMEM, memory=1).calls:
+                number += self.options.memory
+            return
+        for number, call, wrong in self.turns(plain.calls):
+            self.run(scenario, plain, values, f"{call.name} {' '.join(call.about)[:100]}", at=number, how=wrong)
 
-    def problems(self, scenario, place, done, wrong, plain, values):
-        if wrong in ("kill", "torn"):
-            if done.status != -9:
+    def run(self, scenario, plain, values, what, **fault):
+        with self.home(scenario) as place:
+            self.prepared(scenario, place)
+            done = place.run(scenario.command, scenario.given, **fault)
+            self.runs += 1
+            problems = list(self.problems(scenario, place, done, fault, plain, values))
+        if problems:
+            self.failures += 1
+            how = errno.errorcode.get(fault["how"], fault["how"])
+            print(f"{scenario.name}: call {fault['at']}, {what}: {how}: status {done.status}, "
+                  f"{done.errors.strip()!r}: {'; '.join(problems)}")
+        return done
+
+    def problems(self, scenario, place, done, fault, plain, values):
+        if fault["how"] in ("kill", "torn"):
+            if done.status != -signal.SIGKILL:
                 yield "it was not killed"
         else:
-            if done.status not in STATUSES:
+            if done.status not in STATUSES and not ("memory" in fault and done.status == -signal.SIGABRT):
                 yield "no such status"
             if done.status != 0 and not done.errors.strip():
                 yield "it does not say why"
@@ -129,6 +141,7 @@ def main():
     parser.add_argument("--every", type=int, default=1)
     parser.add_argument("--only")
     parser.add_argument("--calls")
+    parser.add_argument("--memory", type=int)
     sweep = Sweep(parser.parse_args())
     for scenario in SCENARIOS:
         if sweep.options.only in (None, scenario.name):

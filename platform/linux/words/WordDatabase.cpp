@@ -4,6 +4,7 @@
 #include "FolderLock.h"
 #include "Folders.h"
 #include "LastError.h"
+#include "Owner.h"
 #include "WordSchema.h"
 
 #include <algorithm>
@@ -47,6 +48,14 @@ void keepFromOthers(const fs::path& path, mode_t mode) {
     constexpr mode_t others = S_IRWXG | S_IRWXO;
     if (S_ISREG(mode) && (mode & others) != 0)
         ::chmod(path.c_str(), mode & S_IRWXU);
+}
+
+/// What another user has put there, the file or a link to it, is read by that user or leads to something else
+/// of ours.
+bool isOfAnother(const fs::path& path) {
+    struct stat link = {}, file = {};
+    return (::lstat(path.c_str(), &link) == 0 && !isTrustedOwner(link.st_uid)) ||
+           (::stat(path.c_str(), &file) == 0 && !isTrustedOwner(file.st_uid));
 }
 
 fs::path freeNameBeside(const fs::path& path) {
@@ -230,6 +239,8 @@ Fault WordDatabase::openIfNeeded() {
     if (const auto error = AtomicFile::makeFolder(path_.parent_path()))
         return {FaultKind::other, error.message()};
     makeFile(path_);
+    if (isOfAnother(path_))
+        return {FaultKind::other, "it belongs to another user"};
     opened_ = identityOf(path_); // one that is replaced from here on is opened anew the next time
     keepFromOthers(path_, opened_.mode);
     Fault fault = faultOf(sqlite::open(path_, database_));
