@@ -5,6 +5,7 @@
 //     VANOKA_FAULT_AT     the number of the call that goes wrong, from 1; none without it
 //     VANOKA_FAULT        how: the number of an error; "kill", before the call; "short", half of the bytes;
 //                         "torn", half of the bytes and then a kill
+//     VANOKA_FAULT_CALLS  the names of the calls that count, with commas between; all without it
 //     VANOKA_FAULT_MEMORY counts and fails what asks for memory instead
 //
 // A line of the log: number, name, result, what it was about; bytes in hexadecimal.
@@ -36,6 +37,7 @@ struct Plan {
     long error = 0;
     bool kills = false, halves = false, isOfMemory = false;
     int log = -1;
+    std::string counted; // names with commas before and after; empty for all
 };
 
 const char* setting(const char* name) {
@@ -61,7 +63,10 @@ const Plan& plan() {
                     .kills = how == "kill" || how == "torn",
                     .halves = how == "short" || how == "torn",
                     .isOfMemory = *setting("VANOKA_FAULT_MEMORY") != '\0',
-                    .log = openLog(setting("VANOKA_FAULT_LOG"))};
+                    .log = openLog(setting("VANOKA_FAULT_LOG")),
+                    .counted = *setting("VANOKA_FAULT_CALLS") == '\0'
+                                   ? std::string()
+                                   : ',' + std::string(setting("VANOKA_FAULT_CALLS")) + ','};
     }();
     return asked;
 }
@@ -83,8 +88,13 @@ struct Turn {
     bool isWrong;
 };
 
-Turn nextTurn() {
-    if (!isReady || plan().isOfMemory)
+bool counts(const char* name) {
+    const std::string& counted = plan().counted;
+    return counted.empty() || counted.find(',' + std::string(name) + ',') != std::string::npos;
+}
+
+Turn nextTurn(const char* name) {
+    if (!isReady || plan().isOfMemory || !counts(name))
         return {0, false};
     const long number = ++calls;
     const bool isWrong = number == plan().at;
@@ -113,7 +123,7 @@ Function* real(const char* name) {
 /// Does what `call` does, unless it is to fail.
 template <class Result, class Call>
 Result attempt(const char* name, Result failure, const std::string& about, Call call) {
-    const Turn turn = nextTurn();
+    const Turn turn = nextTurn(name);
     Result result = failure;
     if (turn.isWrong && !plan().halves)
         errno = static_cast<int>(plan().error);
@@ -142,7 +152,7 @@ std::string hexadecimal(const void* bytes, long size) {
 template <class Call>
 ssize_t transfer(const char* name, const std::string& about, const void* written, std::size_t size,
                  Call call) {
-    const Turn turn = nextTurn();
+    const Turn turn = nextTurn(name);
     const bool isHalved = turn.isWrong && plan().halves;
     ssize_t result = -1;
     if (turn.isWrong && !plan().halves)
@@ -290,7 +300,7 @@ FILE* fopen64(const char* path, const char* mode) {
                           [=] { return real<decltype(fopen)>("fopen64")(path, mode); });
 }
 int mkostemp(char* path, int flags) {
-    const Turn turn = nextTurn();
+    const Turn turn = nextTurn("mkostemp");
     int result = -1;
     if (turn.isWrong && !plan().halves)
         errno = static_cast<int>(plan().error);
