@@ -67,7 +67,10 @@ class Edits:
     def stored_keys(self):
         """Read without the program, which would take a third of the time; it agrees, now and then."""
         path = self.place.folder / ".config/vanoka/vanoka.customization.v1"
-        document = json.loads(path.read_bytes()) if path.exists() else {"addedKeys": []}
+        try:
+            document = json.loads(path.read_bytes()) if path.exists() else {"addedKeys": []}
+        except ValueError:
+            sys.exit(f"After {self.kills} kills the keys are torn: {path.read_bytes()!r}")
         keys = frozenset(each["key"] for each in document["addedKeys"])
         if self.chance.randrange(100) == 0 and keys != frozenset(key for key, _ in self.place.keys()):
             raise AssertionError("the program reads something else")
