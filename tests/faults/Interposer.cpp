@@ -265,21 +265,7 @@ int open(const char* path, int flags, ...) {
     va_end(arguments);
     return openAt("open", AT_FDCWD, path, flags, mode);
 }
-int open64(const char* path, int flags, ...) {
-    std::va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeIn(flags, arguments);
-    va_end(arguments);
-    return openAt("open", AT_FDCWD, path, flags, mode);
-}
 int openat(int folder, const char* path, int flags, ...) {
-    std::va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeIn(flags, arguments);
-    va_end(arguments);
-    return openAt("open", folder, path, flags, mode);
-}
-int openat64(int folder, const char* path, int flags, ...) {
     std::va_list arguments;
     va_start(arguments, flags);
     const mode_t mode = modeIn(flags, arguments);
@@ -309,9 +295,6 @@ int mkostemp(char* path, int flags) {
     note(turn.number, "mkostemp", result, path); // the name that it got
     return result;
 }
-int mkostemp64(char* path, int flags) {
-    return mkostemp(path, flags);
-}
 DIR* opendir(const char* path) {
     return attempt<DIR*>("opendir", nullptr, path, [=] { return real<decltype(opendir)>("opendir")(path); });
 }
@@ -323,9 +306,6 @@ ssize_t __read_chk(int file, void* bytes, std::size_t size, std::size_t) {
     return readFrom("read", file, bytes, size);
 }
 ssize_t pread(int file, void* bytes, std::size_t size, off_t offset) {
-    return readAt(file, bytes, size, offset);
-}
-ssize_t pread64(int file, void* bytes, std::size_t size, off_t offset) {
     return readAt(file, bytes, size, offset);
 }
 ssize_t __pread64_chk(int file, void* bytes, std::size_t size, off_t offset, std::size_t) {
@@ -344,14 +324,8 @@ ssize_t writev(int file, const iovec* parts, int count) {
 ssize_t pwrite(int file, const void* bytes, std::size_t size, off_t offset) {
     return writeAt(file, bytes, size, offset);
 }
-ssize_t pwrite64(int file, const void* bytes, std::size_t size, off_t offset) {
-    return writeAt(file, bytes, size, offset);
-}
 off_t lseek(int file, off_t offset, int from) {
     return attempt("lseek", off_t(-1), text(file), [=] { return syscall(SYS_lseek, file, offset, from); });
-}
-off_t lseek64(int file, off_t offset, int from) {
-    return lseek(file, offset, from);
 }
 int close(int file) {
     const int result =
@@ -371,13 +345,7 @@ int fdatasync(int file) {
 int ftruncate(int file, off_t size) {
     return cut(file, size);
 }
-int ftruncate64(int file, off_t size) {
-    return cut(file, size);
-}
 void* mmap(void* place, std::size_t size, int protection, int flags, int file, off_t offset) {
-    return map(place, size, protection, flags, file, offset);
-}
-void* mmap64(void* place, std::size_t size, int protection, int flags, int file, off_t offset) {
     return map(place, size, protection, flags, file, offset);
 }
 int flock(int file, int operation) {
@@ -385,13 +353,6 @@ int flock(int file, int operation) {
                    [=] { return static_cast<int>(syscall(SYS_flock, file, operation)); });
 }
 int fcntl(int file, int command, ...) {
-    std::va_list arguments;
-    va_start(arguments, command);
-    void* const argument = va_arg(arguments, void*);
-    va_end(arguments);
-    return control(file, command, argument);
-}
-int fcntl64(int file, int command, ...) {
     std::va_list arguments;
     va_start(arguments, command);
     void* const argument = va_arg(arguments, void*);
@@ -460,5 +421,18 @@ int fstat(int file, struct stat* status) {
 int fstat64(int file, struct stat64* status) {
     return look("stat", file, "", status, AT_EMPTY_PATH);
 }
+
+// Offsets have one size here, so that the calls with two names are one each.
+int open64(const char* path, int flags, ...) __attribute__((alias("open")));
+int openat64(int folder, const char* path, int flags, ...) __attribute__((alias("openat")));
+int fcntl64(int file, int command, ...) __attribute__((alias("fcntl")));
+int mkostemp64(char* path, int flags) __attribute__((alias("mkostemp")));
+ssize_t pread64(int file, void* bytes, std::size_t size, off_t offset) __attribute__((alias("pread")));
+ssize_t pwrite64(int file, const void* bytes, std::size_t size, off_t offset)
+    __attribute__((alias("pwrite")));
+off_t lseek64(int file, off_t offset, int from) noexcept __attribute__((alias("lseek")));
+int ftruncate64(int file, off_t size) noexcept __attribute__((alias("ftruncate")));
+void* mmap64(void* place, std::size_t size, int protection, int flags, int file, off_t offset) noexcept
+    __attribute__((alias("mmap")));
 
 } // extern "C"
