@@ -1,8 +1,6 @@
 // What the engine adds to the time in which a key goes to the daemon, to the engine and back, beside a bare
 // engine in the same daemon; what memory its process takes; and how long after its start it answers a key.
-// With
-// --busy, while a program keeps each processor busy; with --million, what a million keys change, which takes
-// minutes on an idle machine.
+// With --busy, while a program keeps each processor busy; with --million, what a million keys change.
 
 #include "IBusDaemon.h"
 #include "IBusField.h"
