@@ -1,5 +1,6 @@
 // What the engine adds to the time in which a key goes to the daemon, to the engine and back, beside a bare
 // engine in the same daemon; what memory its process takes; and how long after its start it answers a key.
+// With --busy, while a program keeps each processor busy; with --million, what a million keys change.
 
 #include "IBusDaemon.h"
 #include "IBusField.h"
@@ -10,6 +11,11 @@
 #include <csignal>
 #include <cstdio>
 #include <random>
+#include <string_view>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -45,11 +51,37 @@ double startTime(IBusField& field) {
     return time;
 }
 
-} // namespace
+/// As many processes that only count as there are processors, until this is gone.
+class BusyMachine {
+public:
+    BusyMachine() {
+        for (unsigned i = 0; i < std::thread::hardware_concurrency(); ++i) {
+            const pid_t process = ::fork();
+            if (process == 0)
+                count();
+            processes_.push_back(process);
+        }
+    }
+    BusyMachine(const BusyMachine&) = delete;
+    BusyMachine& operator=(const BusyMachine&) = delete;
+    ~BusyMachine() {
+        for (const pid_t process : processes_) {
+            ::kill(process, SIGKILL);
+            ::waitpid(process, nullptr, 0);
+        }
+    }
 
-int main() {
-    IBusField field("bench");
-    // The bare one again shows how far two measurements of the same thing are apart.
+private:
+    [[noreturn]] static void count() {
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL); // when who started it is gone
+        for (volatile unsigned turns = 0;; turns = turns + 1) {
+        }
+    }
+
+    std::vector<pid_t> processes_;
+};
+
+void compareWithBare(IBusField& field) {
     Arm bare{"echo"}, ours{"vanoka"}, again{"echo"};
     std::array<Arm*, 3> arms = {&bare, &ours, &again};
     std::mt19937 random(1);
@@ -62,10 +94,45 @@ int main() {
     }
     std::printf("key round trip through the daemon, %zu keys each, nine of ten ratios in brackets\n",
                 rounds * ours.stretches[0].size());
-    for (const auto& [name, part] : {std::pair("median", 0.5), std::pair("p99", 0.99)}) {
+    for (const auto& [name, part] :
+         {std::pair("median", 0.5), std::pair("p99", 0.99), std::pair("worst", 1.0)}) {
         report(name, ours, bare, part);
         report(name, again, bare, part);
     }
+}
+
+/// What a key takes and what the process holds, after each tenth of a million keys.
+void typeAMillion(IBusField& field) {
+    constexpr std::size_t tenth = 100'000;
+    field.choose("vanoka");
+    for (int part = 1; part <= 10; ++part) {
+        std::vector<double> times;
+        while (times.size() < tenth)
+            for (const char* word : words)
+                for (const char* key = word; *key; ++key)
+                    times.push_back(press(field, static_cast<guint>(*key)));
+        settle();
+        if (const auto process = IBusDaemon::shared().engineProcess())
+            std::printf("%2d00,000 keys: median %5.1f us, private memory %.1f MB\n", part,
+                        quantile(times, 0.5), privateMemory(*process));
+    }
+}
+
+} // namespace
+
+int main(int count, char** values) {
+    IBusField field("bench");
+    const std::string_view option = count > 1 ? values[1] : "";
+    if (option == "--million") {
+        typeAMillion(field);
+        return 0;
+    }
+    if (option == "--busy") {
+        const BusyMachine busy;
+        compareWithBare(field);
+        return 0;
+    }
+    compareWithBare(field);
     field.choose("vanoka");
     if (const auto process = IBusDaemon::shared().engineProcess())
         std::printf("private memory of the engine after that: %.1f MB\n", privateMemory(*process));

@@ -2,6 +2,7 @@
 
 #include "Descriptor.h"
 #include "LastError.h"
+#include "Owner.h"
 #include "UnfinishedFile.h"
 
 #include <cstdint>
@@ -22,11 +23,19 @@ std::error_code lastErrorUnlessAbsent() {
 
 constexpr int mostLinks = 40; // in a row, as the system counts them
 
+bool leadsOn(const fs::path& path) {
+    struct stat status = {};
+    return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode) && isTrustedOwner(status.st_uid);
+}
+
 /// The file behind a symbolic link, there or not yet: a settings file may be linked from elsewhere, and shall
-/// stay so. Links that lead nowhere because they lead in a circle are files like others.
+/// stay so. Links that lead nowhere because they lead in a circle are files like others, and so are links of
+/// other users.
 fs::path resolved(const fs::path& path) {
     fs::path target = path;
     for (int links = 0; links < mostLinks; ++links) {
+        if (!leadsOn(target))
+            return target;
         std::error_code error;
         const fs::path next = fs::read_symlink(target, error);
         if (error)
@@ -36,7 +45,7 @@ fs::path resolved(const fs::path& path) {
     return path;
 }
 
-/// Makes a renaming or removal beside the file last. Not every file system can: no error.
+/// Makes a name that was given or taken beside the file last. Not every file system can: no error.
 void syncFolderOf(const fs::path& file) {
     const Descriptor folder(::open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen())
@@ -62,6 +71,7 @@ std::error_code makeFolder(const fs::path& folder) {
         return error;
     if (::mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
         return lastError();
+    syncFolderOf(folder); // or the power takes it with all that was forced to the disk in it
     return {};
 }
 

@@ -24,7 +24,8 @@ Contents read(const std::filesystem::path& path, std::size_t most);
 
 /// Puts a file with `bytes`, readable by its owner only, in the place of whatever stands at `path`, through a
 /// symbolic link if there is one, even to a file that is not there yet; makes the folders above it. On an
-/// error what stood there still stands.
+/// error what stood there still stands. A link of another user (not of this one nor of the system) is
+/// replaced.
 std::error_code write(const std::filesystem::path& path, std::string_view bytes);
 
 /// Removes the file at `path`, or the one behind a symbolic link, which stays. That there is none is no

@@ -6,6 +6,7 @@
 #include "LineSession.h"
 #include "Program.h"
 #include "SqliteWordStore.h"
+#include "StoredKeys.h"
 #include "Terminal.h"
 #include "WordListFiles.h"
 #include "WordsCommand.h"
@@ -73,7 +74,15 @@ int fail(std::string_view what, std::string_view why) {
     return program.failed(std::string(what) + ": " + std::string(why), std::cerr);
 }
 
+/// Says why the keys in force are not the stored ones, if so: nobody shall take the text for what their own
+/// keys give.
+int tellOfKeys() {
+    const std::string problem = StoredKeys::readingProblem(SinglishSettings::shared());
+    return problem.empty() ? ExitStatus::done : program.failed(problem, std::cerr);
+}
+
 int runFilter() {
+    const int status = tellOfKeys();
     switch (filter(STDIN_FILENO, STDOUT_FILENO, SinglishSettings::shared().transliterator())) {
     case FilterOutcome::done:
         break;
@@ -82,7 +91,7 @@ int runFilter() {
     case FilterOutcome::cannotWrite:
         return fail("Cannot write", std::strerror(errno));
     }
-    return ExitStatus::done;
+    return status;
 }
 
 bool localeIsUtf8() {
@@ -102,6 +111,7 @@ int runLine(Suggestions* suggestions) {
     const int output = Terminal::outputDescriptor();
     if (output < 0)
         return fail("No terminal to type on", std::strerror(errno));
+    const int status = tellOfKeys();
     const bool isShownThere = output == STDOUT_FILENO;
     Terminal terminal(STDIN_FILENO, output);
     if (!localeIsUtf8() && !terminal.showsUtf8()) {
@@ -118,7 +128,7 @@ int runLine(Suggestions* suggestions) {
     });
     if (const int readError = session.run())
         return fail("Cannot read", std::strerror(readError));
-    return std::cout ? ExitStatus::done : fail("Cannot write", std::strerror(writeError));
+    return std::cout ? status : fail("Cannot write", std::strerror(writeError));
 }
 
 int runSuggesting() {
@@ -132,8 +142,9 @@ int runSuggesting() {
 }
 
 int runChart() {
+    const int status = tellOfKeys();
     writeChart(std::cout, SinglishSettings::shared());
-    return ExitStatus::done;
+    return status;
 }
 
 int runKeys(const CommandLine& line) {

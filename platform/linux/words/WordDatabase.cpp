@@ -2,8 +2,9 @@
 
 #include "AtomicFile.h"
 #include "FolderLock.h"
-#include "LastError.h"
 #include "Folders.h"
+#include "LastError.h"
+#include "Owner.h"
 #include "WordSchema.h"
 
 #include <algorithm>
@@ -49,6 +50,14 @@ void keepFromOthers(const fs::path& path, mode_t mode) {
         ::chmod(path.c_str(), mode & S_IRWXU);
 }
 
+/// What another user has put there, the file or a link to it, is read by that user or leads to something else
+/// of ours.
+bool isOfAnother(const fs::path& path) {
+    struct stat link = {}, file = {};
+    return (::lstat(path.c_str(), &link) == 0 && !isTrustedOwner(link.st_uid)) ||
+           (::stat(path.c_str(), &file) == 0 && !isTrustedOwner(file.st_uid));
+}
+
 fs::path freeNameBeside(const fs::path& path) {
     const std::string start = path.string().append(damagedMark);
     std::error_code ignored;
@@ -77,19 +86,31 @@ Fault later() {
             "a later version of Vanoka or another program has made it; it is left as it is"};
 }
 
-/// A file whose tables are not what its version says is as good as a torn one.
-int checkTables(sqlite3* database) {
+int checkStructure(sqlite3* database) {
     sqlite::Statement check(database, "PRAGMA quick_check(1)");
     if (const int result = check.step(); result != SQLITE_ROW)
         return result;
-    if (check.text(0) != "ok")
-        return SQLITE_CORRUPT;
+    return check.text(0) == "ok" ? SQLITE_OK : SQLITE_CORRUPT;
+}
+
+/// Reads every row. A file whose tables are not what its version says is as good as a torn one.
+int checkRows(sqlite3* database) {
     for (const char* const table :
          {"SELECT tick FROM clock", "SELECT word, count, used FROM sinhala",
           "SELECT word, kept, typed, used FROM english", "SELECT word FROM forgotten"})
-        if (const int result = sqlite::Statement(database, table).step(); result == SQLITE_ERROR)
-            return SQLITE_CORRUPT;
+        if (const int result = sqlite::Statement(database, table).finish(); result != SQLITE_OK)
+            return result == SQLITE_ERROR ? SQLITE_CORRUPT : result;
     return SQLITE_OK;
+}
+
+/// A disk that fails to read looks like damage to the check of the structure, and no good file is to be set
+/// aside for it: rows tell the one from the other, and a second look tells what has passed.
+int checkTables(sqlite3* database) {
+    const int structure = checkStructure(database);
+    if (structure != SQLITE_OK && structure != SQLITE_CORRUPT)
+        return structure;
+    const int rows = checkRows(database);
+    return rows == SQLITE_OK && structure == SQLITE_CORRUPT ? checkStructure(database) : rows;
 }
 
 int versionOf(sqlite3* database) {
@@ -218,6 +239,8 @@ Fault WordDatabase::openIfNeeded() {
     if (const auto error = AtomicFile::makeFolder(path_.parent_path()))
         return {FaultKind::other, error.message()};
     makeFile(path_);
+    if (isOfAnother(path_))
+        return {FaultKind::other, "it belongs to another user"};
     opened_ = identityOf(path_); // one that is replaced from here on is opened anew the next time
     keepFromOthers(path_, opened_.mode);
     Fault fault = faultOf(sqlite::open(path_, database_));

@@ -21,7 +21,7 @@ namespace vanoka {
 /// file. Each object belongs to one thread at a time.
 ///
 /// A damaged file is set aside under another name, and a new one begun. One of a later version is left alone.
-/// A file that was removed or replaced by another counts as it now is.
+/// A file that was removed or replaced by another counts as it now is. One of another user is left alone.
 class WordDatabase {
 public:
     struct Fault {

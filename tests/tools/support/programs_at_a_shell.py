@@ -118,6 +118,24 @@ class WhatIsPrinted(AtAShell):
         return printed.decode().replace("\r\r\n", "\r\n")
 
 
+class KeysThatCannotBeRead(AtAShell):
+    """Text is written with the built-in keys all the same, and nobody takes it for what their own keys give."""
+
+    def test_are_told(self):
+        for keys, reason in ((b"damaged", "It is damaged"), (None, "Is a directory")):
+            stored = os.path.join(self.folder, "vanoka/vanoka.customization.v1")
+            if keys is None:
+                os.remove(stored)
+                os.mkdir(stored)
+            else:
+                self.file("vanoka/vanoka.customization.v1", keys)
+            for command, begins in (([SINGLISH], f"{GAMA}\n"), ([SINGLISH, "chart"], "")):
+                done = self.run_program(command, input="gama\n", capture_output=True, text=True)
+                self.assertEqual(done.returncode, 3)
+                self.assertTrue(done.stdout.startswith(begins) and done.stdout)
+                self.assertRegex(done.stderr, f"^singlish: Your keys cannot be read from .*: {reason}[^\n]*\n$")
+
+
 class WhatAllPrograms(AtAShell):
     PROGRAMS = (SINGLISH, VANOKA_LISTS, VANOKA_SWIPE)
 

@@ -6,6 +6,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -146,6 +147,45 @@ TEST_F(WordStoreTroubleTest, ALaterVersionIsLeftAlone) {
         EXPECT_TRUE(store.condition().problem.starts_with("a later version")) << store.condition().problem;
     }
     EXPECT_EQ(test::bytesOf(file), before);
+}
+
+/// In a folder to which several may write.
+TEST_F(WordStoreTroubleTest, WhatAnotherUserHasPutThereIsLeftAlone) {
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can give files away";
+    constexpr uid_t nobody = 65534;
+    const fs::path own = temporary.path() / "notes";
+    fs::create_directories(folder);
+    for (const bool isLink : {false, true}) {
+        fs::remove(file);
+        std::ofstream(own) << "";
+        fs::permissions(own, fs::perms(0644));
+        isLink ? fs::create_symlink(own, file) : static_cast<void>(std::ofstream(file));
+        ASSERT_EQ(::lchown(file.c_str(), nobody, nobody), 0);
+        SqliteWordStore store(file);
+        store.learn(committed(gama));
+        EXPECT_FALSE(store.flush(longEnough));
+        EXPECT_TRUE(has(store, gama)) << "in this process";
+        EXPECT_EQ(store.condition().problem, "it belongs to another user");
+        EXPECT_EQ(fs::file_size(file), 0U);
+        EXPECT_EQ(test::modeOf(own), 0644U);
+    }
+}
+
+TEST_F(WordStoreTroubleTest, NobodyWaitsForAPipeOrADevice) {
+    for (const bool isPipe : {false, true}) {
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+        if (isPipe)
+            ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+        else
+            fs::create_symlink("/dev/zero", file);
+        SqliteWordStore store(file);
+        store.learn(committed(gama));
+        EXPECT_FALSE(store.flush(longEnough));
+        EXPECT_TRUE(has(store, gama)) << "in this process";
+        EXPECT_NE(store.condition().problem, "");
+    }
 }
 
 TEST_F(WordStoreTroubleTest, AFileThatVanishedIsBegunAnew) {

@@ -1,0 +1,102 @@
+#!/usr/bin/env python3
+"""Kills a program that edits, again and again: kills.py LIBRARY SINGLISH COUNT.
+
+Each edit gives a key to a letter, takes it away, or learns a word. Three of four kills come at a call of the system
+that is drawn by lot, half of those with half of the bytes of a call written; the fourth comes from outside at any
+instant. After each kill what is stored is what was acknowledged, or that and the edit that was being made.
+"""
+
+import json
+import random
+import signal
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+from runs import home
+
+KA, AMMA = "\u0d9a", "\u0d85\u0db8\u0dca\u0db8"
+LETTERS = "bcdfghjklm"
+WORDS_EVERY = 10  # one kill of ten is of a program that learns a word
+
+
+class Edits:
+    """What may be stored: what was acknowledged, and what the edit that is being made would give."""
+
+    def __init__(self, place, chance):
+        self.place, self.chance = place, chance
+        self.keys, self.learnt = frozenset(), 0
+        self.lost = self.acknowledged = self.kills = 0
+
+    def kill_one(self):
+        if self.kills % WORDS_EVERY == 0:
+            self.learn_a_word()
+        else:
+            self.edit_a_key()
+
+    def edit_a_key(self):
+        key = "zq" + self.chance.choice(LETTERS)
+        wanted = self.keys ^ {key}
+        verb = ["add", key, KA] if key in wanted else ["remove", key]
+        status = self.run(["keys", *verb], most_calls=26)
+        stored = self.stored_keys()
+        self.judge(stored, self.keys, wanted, status)
+        self.keys = stored
+
+    def learn_a_word(self):
+        status = self.run(["words", "add", AMMA], most_calls=150)
+        line = next((line for line in self.place.words().splitlines() if line.startswith(AMMA)), f"{AMMA}\t0")
+        stored = int(line.split("\t")[1])
+        self.judge(stored, self.learnt, self.learnt + 1, status)
+        self.learnt = stored
+
+    def run(self, command, most_calls):
+        if self.chance.randrange(4) == 0:
+            return self.killed_from_outside(command)
+        how = "kill" if self.chance.randrange(2) else "torn"
+        return self.place.run(command, at=self.chance.randrange(1, most_calls), how=how).status
+
+    def killed_from_outside(self, command):
+        with subprocess.Popen([self.place.program, *command], env=self.place.environment, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.DEVNULL) as process:
+            time.sleep(self.chance.random() * 0.01)
+            process.send_signal(signal.SIGKILL)
+        return process.returncode
+
+    def stored_keys(self):
+        """Read without the program, which would take a third of the time; it agrees, now and then."""
+        path = self.place.folder / ".config/vanoka/vanoka.customization.v1"
+        try:
+            document = json.loads(path.read_bytes()) if path.exists() else {"addedKeys": []}
+        except ValueError:
+            sys.exit(f"After {self.kills} kills the keys are torn: {path.read_bytes()!r}")
+        keys = frozenset(each["key"] for each in document["addedKeys"])
+        if self.chance.randrange(100) == 0 and keys != frozenset(key for key, _ in self.place.keys()):
+            raise AssertionError("the program reads something else")
+        return keys
+
+    def judge(self, stored, before, after, status):
+        self.kills += status == -signal.SIGKILL
+        self.acknowledged += status == 0
+        if status not in (0, -signal.SIGKILL):
+            raise AssertionError(f"status {status}")
+        if stored != after and (status == 0 or stored != before):
+            self.lost += 1
+            print(f"kill {self.kills}: status {status}, {stored} and not {before} or {after}")
+
+
+def main():
+    library, singlish, count = Path(sys.argv[1]), sys.argv[2], int(sys.argv[3])
+    with home(library, singlish) as place:
+        edits = Edits(place, random.Random(1))
+        while edits.kills < count:
+            edits.kill_one()
+        left = [path.name for path in place.folder.rglob("*") if ".damaged" in path.name or ".kept" in path.name]
+        print(f"{edits.kills} kills, {edits.acknowledged} acknowledged edits between them, {edits.lost} lost; "
+              f"set aside: {left or 'nothing'}")
+        sys.exit(1 if edits.lost or left else 0)
+
+
+if __name__ == "__main__":
+    main()
