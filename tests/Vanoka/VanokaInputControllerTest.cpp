@@ -413,6 +413,29 @@ TEST_F(SuggestingControllerTest, ThePreviewGoesOutBeforeCandidatesAreFound) {
     EXPECT_FALSE(controller.updateCandidates());
 }
 
+TEST_F(SuggestingControllerTest, KeysThatAreAddedAreReadFromTheNextOneOn) {
+    suggestions.lists = std::make_shared<const SuggestionLists>(
+        withReading(readSuggestionLists(
+                        {.sinhala = "ගම\t10\nකම\t5000\n", .english = {}, .emoji = {}, .neverOffered = {}}),
+                    TypedWords::Unlisted::none));
+    const auto first = [this] {
+        type("qama");
+        controller.updateCandidates();
+        const std::string word = controller.candidates().rows.at(1).text;
+        controller.commitComposition(&field);
+        return word;
+    };
+    EXPECT_EQ(first(), "කම");
+    ASSERT_FALSE(settings.add("q", "ග"));
+    suggestions.limit = 6;
+    type("qamaa");
+    controller.updateCandidates();
+    EXPECT_EQ(controller.candidates().rows.at(1).text, "ගම");
+    controller.commitComposition(&field);
+    settings.reset();
+    EXPECT_EQ(first(), "කම");
+}
+
 TEST_F(SuggestingControllerTest, AKeyMeansTheSameWhetherTheyHaveComeOrNot) {
     type("gedr<tab><space>");
     EXPECT_EQ(field.screen(), "ගෙදර ");

@@ -48,7 +48,7 @@ private:
         for (const auto& [word, count] : counts_)
             counts.push_back({word, count});
         words_ =
-            std::make_shared<PersonalWords>(PersonalWords{SinhalaWordList(counts), english_, forgotten_});
+            std::make_shared<PersonalWords>(withReading({SinhalaWordList(counts), english_, forgotten_}));
     }
 
     std::map<std::string, std::int64_t> counts_;

@@ -40,7 +40,7 @@ Usage:
                                every line that does not load as it is written, and why
   vanoka-lists stats [--as KIND] LIST
                                how many words it has and what it takes
-  vanoka-lists suggest [--personal LIST] [--limit N] LIST
+  vanoka-lists suggest [--personal LIST] [--limit N] [--reading no] LIST
                                type Singlish or Sinhala and see the suggestions
   vanoka-lists accuracy [--unlisted N] [--every N] LIST PAIRS
                                how often what people typed is read as the word that they meant
@@ -63,7 +63,7 @@ const Program ListsCommand::program = {.name = "vanoka-lists",
                                                     {"emoji", {"--annotations", "--emoji-test"}},
                                                     {"check", {"--as"}},
                                                     {"stats", {"--as"}},
-                                                    {"suggest", {"--personal", "--limit"}},
+                                                    {"suggest", {"--personal", "--limit", "--reading"}},
                                                     {"accuracy", {"--unlisted", "--every"}}},
                                        .noCommand = "No command",
                                        .noSuchOption = "No such option: ",
