@@ -36,7 +36,7 @@ private:
 /// Asks `find` for more and more words until `limit` of them may be offered, or there are no more.
 template <class Find>
 Words offered(const TypedWord& word, const NeverOffered& never, std::size_t limit, Find find) {
-    for (std::size_t asked = limit;; asked *= 2) {
+    for (std::size_t asked = limit + 1;; asked *= 2) { // one of them may be the preview
         const Words words = find(static_cast<std::int64_t>(asked));
         Offer offer(word, never);
         offer.add(words, limit);
@@ -106,14 +106,13 @@ std::vector<std::string> rankedWords(const TypedWord& word, const SuggestionList
     if (limit == 0)
         return {};
     const std::size_t ownMost = personal ? (limit + 1) / 2 : 0;
-    const std::size_t asked = limit + ownMost; // all of them may be among this person's own
-    Words read = readSo(lists, personal, word, asked, readings);
+    Words read = readSo(lists, personal, word, limit, readings);
     Offer offer(word, lists.neverOffered);
     if (personal)
         offer.add(ownWords(word, lists, *personal, read, ownMost), ownMost);
     const Found found = inOrder(
         word, std::move(read),
-        spelledSo(lists.sinhala, personal ? &personal->sinhala : nullptr, word, lists.neverOffered, asked));
+        spelledSo(lists.sinhala, personal ? &personal->sinhala : nullptr, word, lists.neverOffered, limit));
     offer.add(found.first, limit > 2 ? limit - 1 : limit);
     offer.add(found.second, limit);
     offer.add(found.first, limit);

@@ -83,7 +83,7 @@ int runSuggest(ListsCommand& command, const CommandLine& line) {
         const auto personal = command.contentsOf(*path);
         if (!personal)
             return ExitStatus::failed;
-        suggester.personal = withReading({SinhalaWordList(readWordCounts(*personal)), {}, {}});
+        suggester.personal = withReading(PersonalWords{SinhalaWordList(readWordCounts(*personal)), {}, {}});
     }
     if (::isatty(STDIN_FILENO))
         return runOnTerminal(suggester);
