@@ -74,7 +74,7 @@ void ReadingSearch::open(const Node& opened) {
 
 /// One word alone is read to its end at once, or to where it is known not to be among the best.
 void ReadingSearch::readOn(const WordTrie& trie, WordTrie::Position position, const Node& node) {
-    const double prior = ReadingScore::prior(trie.count(position), total_) * roundings * roundings;
+    const double prior = mostPrior(node.ranges) * roundings * roundings;
     scratch_.resize(2 * width_);
     double *now = scratch_.data(), *next = now + width_;
     typed_.advance(row(node.before), node.last, now);
