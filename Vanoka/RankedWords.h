@@ -22,8 +22,7 @@ namespace vanoka {
 ///     to be offered for the same keys, and one page of somebody's writing does not hide the language.
 ///  2. The words found the better way.
 ///  3. Those found the other way: in what is left, and in the last of three places or more in any case, so
-///  that
-///     words which begin so or are abbreviated so are never all pushed out.
+///     that words which begin so or are abbreviated so are never all pushed out.
 std::vector<std::string> rankedWords(const TypedWord& word, const SuggestionLists& lists,
                                      const PersonalWords* personal, std::size_t limit,
                                      const LetterReadings& readings = {});
