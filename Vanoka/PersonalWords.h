@@ -27,7 +27,7 @@ struct PersonalWords {
     std::map<std::string, EnglishUse, std::less<>> english; ///< by the word in lower case
     std::set<std::string, std::less<>> forgotten; ///< never learnt again, and in neither of the others
     /// How the Sinhala words are read; without it they are found by their spelling alone.
-    std::optional<TypedWords> reading = {};
+    std::optional<TypedWords> reading = std::nullopt;
 };
 
 /// The same words with the reading of the Sinhala ones. It takes some hundred nanoseconds a word.

@@ -19,7 +19,7 @@ struct SuggestionLists {
     EmojiWords emoji;
     NeverOffered neverOffered;
     /// How what people type is read; without it words are found by their spelling alone.
-    std::optional<TypedWords> reading = {};
+    std::optional<TypedWords> reading = std::nullopt;
 };
 
 /// The lists as they stand in files, each in its own form; an empty text is an empty list.
