@@ -1,11 +1,13 @@
 #pragma once
 
 #include "words/SinhalaWordList.h"
+#include "words/TypedWords.h"
 
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -24,7 +26,15 @@ struct PersonalWords {
     SinhalaWordList sinhala;                                ///< how often each word was put in
     std::map<std::string, EnglishUse, std::less<>> english; ///< by the word in lower case
     std::set<std::string, std::less<>> forgotten; ///< never learnt again, and in neither of the others
+    /// How the Sinhala words are read; without it they are found by their spelling alone.
+    std::optional<TypedWords> reading = std::nullopt;
 };
+
+/// The same words with the reading of the Sinhala ones. It takes some hundred nanoseconds a word.
+inline PersonalWords withReading(PersonalWords words) {
+    words.reading.emplace(words.sinhala);
+    return words;
+}
 
 /// A word that was put in, and the keys that it was typed with.
 struct CommittedWord {

@@ -1,6 +1,8 @@
 #include "RankedWords.h"
 
 #include "text/Equivalence.h"
+#include "words/CompactText.h"
+#include "words/WordLetters.h"
 
 #include <algorithm>
 #include <set>
@@ -12,47 +14,109 @@ namespace {
 using Words = std::vector<std::string>;
 using KnownWords = std::set<std::string, text::CanonicalLess>;
 
-/// The suggestions of `source` for the preview that may be offered, at most `limit`, each once.
-Words offered(const SinhalaWordList& source, const SinhalaWordList* added, const TypedWord& word,
-              const NeverOffered& never, std::size_t limit) {
-    for (std::size_t asked = limit;; asked *= 2) {
-        Words words = source.suggestionsFor(word.preview, static_cast<std::int64_t>(asked), added);
-        const bool isAll = words.size() < asked;
-        KnownWords known;
-        std::erase_if(
-            words, [&](const std::string& each) { return never.holds(each) || !known.insert(each).second; });
-        if (words.size() < limit && !isAll)
-            continue;
-        words.resize(std::min(words.size(), limit));
-        return words;
+/// Words, each once, none of which is never offered.
+class Offer {
+public:
+    explicit Offer(const TypedWord& word, const NeverOffered& never) : never_(never), known_{word.preview} {}
+
+    /// The first of `words` that are not there yet, until there are `most` in all.
+    void add(const Words& words, std::size_t most) {
+        for (const std::string& word : words)
+            if (words_.size() < most && !never_.holds(word) && known_.insert(word).second)
+                words_.push_back(word);
+    }
+    const Words& words() const { return words_; }
+
+private:
+    const NeverOffered& never_;
+    KnownWords known_;
+    Words words_;
+};
+
+/// Asks `find` for more and more words until `limit` of them may be offered, or there are no more.
+template <class Find>
+Words offered(const TypedWord& word, const NeverOffered& never, std::size_t limit, Find find) {
+    for (std::size_t asked = limit + 1;; asked *= 2) { // one of them may be the preview
+        const Words words = find(static_cast<std::int64_t>(asked));
+        Offer offer(word, never);
+        offer.add(words, limit);
+        if (offer.words().size() == limit || words.size() < asked)
+            return offer.words();
     }
 }
 
+Words spelledSo(const SinhalaWordList& source, const SinhalaWordList* added, const TypedWord& word,
+                const NeverOffered& never, std::size_t limit) {
+    return offered(word, never, limit,
+                   [&](std::int64_t asked) { return source.suggestionsFor(word.preview, asked, added); });
+}
+
+Words readSo(const SuggestionLists& lists, const PersonalWords* personal, const TypedWord& word,
+             std::size_t limit, const LetterReadings& readings) {
+    if (!lists.reading)
+        return {};
+    const TypedWords* own = personal && personal->reading ? &*personal->reading : nullptr;
+    return offered(word, lists.neverOffered, limit, [&](std::int64_t asked) {
+        return lists.reading->wordsTyped(word.keys, asked, own, readings);
+    });
+}
+
+/// True for consonants alone, all of them killed: nobody writes a word so, many abbreviate one.
+bool isAbbreviation(std::string_view preview) {
+    std::string compact, letters;
+    return CompactText::assign(preview, compact) && WordLetters::assign(compact, letters) &&
+           std::ranges::all_of(letters, [](char letter) {
+               const auto kind = WordLetters::kind(WordLetters::fromByte(letter));
+               return kind == script::Kind::consonant || kind == script::Kind::virama;
+           });
+}
+
+/// What was found in both ways, the better one first.
+struct Found {
+    Words first, second;
+};
+
+Found inOrder(const TypedWord& word, Words read, Words spelled) {
+    if (isAbbreviation(word.preview))
+        return {std::move(spelled), std::move(read)};
+    return {std::move(read), std::move(spelled)};
+}
+
 /// This person's own words: those that may be slips go last.
-Words ownWords(const TypedWord& word, const SuggestionLists& lists, const PersonalWords& personal,
+Words ownWords(const TypedWord& word, const SuggestionLists& lists, const PersonalWords& personal, Words read,
                std::size_t limit) {
-    Words words = offered(personal.sinhala, nullptr, word, lists.neverOffered, 2 * limit);
+    std::erase_if(read, [&](const std::string& each) { return !personal.sinhala.contains(each); });
+    const Found found = inOrder(word, std::move(read),
+                                spelledSo(personal.sinhala, nullptr, word, lists.neverOffered, 2 * limit));
+    Offer own(word, lists.neverOffered);
+    own.add(found.first, 2 * limit);
+    own.add(found.second, 2 * limit);
+    Words words = own.words();
     std::stable_partition(words.begin(), words.end(), [&](const std::string& each) {
         return personal.sinhala.countOfSpelling(each) > 1 || lists.sinhala.countOfSpelling(each) > 0;
     });
-    words.resize(std::min(words.size(), limit));
     return words;
 }
 
 } // namespace
 
 std::vector<std::string> rankedWords(const TypedWord& word, const SuggestionLists& lists,
-                                     const PersonalWords* personal, std::size_t limit) {
-    Words words;
-    if (limit > 0 && personal)
-        words = ownWords(word, lists, *personal, (limit + 1) / 2);
-    const KnownWords own(words.begin(), words.end());
-    // All of them may be among this person's own.
-    for (std::string& each : offered(lists.sinhala, personal ? &personal->sinhala : nullptr, word,
-                                     lists.neverOffered, limit + words.size()))
-        if (words.size() < limit && !own.contains(each))
-            words.push_back(std::move(each));
-    return words;
+                                     const PersonalWords* personal, std::size_t limit,
+                                     const LetterReadings& readings) {
+    if (limit == 0)
+        return {};
+    const std::size_t ownMost = personal ? (limit + 1) / 2 : 0;
+    Words read = readSo(lists, personal, word, limit, readings);
+    Offer offer(word, lists.neverOffered);
+    if (personal)
+        offer.add(ownWords(word, lists, *personal, read, ownMost), ownMost);
+    const Found found = inOrder(
+        word, std::move(read),
+        spelledSo(lists.sinhala, personal ? &personal->sinhala : nullptr, word, lists.neverOffered, limit));
+    offer.add(found.first, limit > 2 ? limit - 1 : limit);
+    offer.add(found.second, limit);
+    offer.add(found.first, limit);
+    return offer.words();
 }
 
 } // namespace vanoka

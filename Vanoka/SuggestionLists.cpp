@@ -10,4 +10,9 @@ SuggestionLists readSuggestionLists(const SuggestionListTexts& texts) {
             NeverOffered(ListReading::withoutByteOrderMark(texts.neverOffered))};
 }
 
+SuggestionLists withReading(SuggestionLists lists, TypedWords::Unlisted unlisted) {
+    lists.reading.emplace(lists.sinhala, unlisted);
+    return lists;
+}
+
 } // namespace vanoka

@@ -78,7 +78,17 @@ void VanokaInputController::findCandidates() {
     const SuggestionLists& lists = suggestions_->lists ? *suggestions_->lists : none;
     const auto personal = suggestions_->store ? suggestions_->store->words() : nullptr;
     typing_.take(request->generation,
-                 candidatesFor(request->word, lists, personal.get(), suggestions_->limit));
+                 candidatesFor(request->word, lists, personal.get(), suggestions_->limit, readings()));
+}
+
+/// Made anew when the user's keys have changed.
+const LetterReadings& VanokaInputController::readings() {
+    const auto& keys = settings_.customization().addedKeys;
+    if (keys != readKeys_) {
+        readings_ = LetterReadings(settings_.customization());
+        readKeys_ = keys;
+    }
+    return readings_;
 }
 
 /// True when the step was consumed.

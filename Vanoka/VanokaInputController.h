@@ -77,8 +77,8 @@ public:
     /// What the field that has the focus asks for; in force from its next key on.
     void setFieldPrivacy(FieldPrivacy privacy) noexcept { privacy_ = privacy; }
 
-    /// Finds the candidates of the newest key if they are missing, in microseconds; true when the line is
-    /// another one than after the last call.
+    /// Finds the candidates of the newest key if they are missing (see `candidatesFor`); true when the line
+    /// is another one than after the last call.
     bool updateCandidates();
 
     /// The line of candidates as it is to be shown; `highlighted` is its marked row. Not shown when there is
@@ -98,6 +98,7 @@ private:
     bool isOwn(const TextInputClient& client) const;
     void adoptSuggestions();
     void findCandidates();
+    const LetterReadings& readings();
     bool apply(TypingStep step, TextInputClient& client);
     void teach(const Lesson& lesson);
     static void apply(TypingEffect effect, TextInputClient& client);
@@ -107,6 +108,8 @@ private:
     CandidateTyping typing_;
     Suggestions* suggestions_ = nullptr;
     FieldPrivacy privacy_ = FieldPrivacy::open;
+    LetterReadings readings_; ///< of the keys that the user had added then:
+    std::vector<SinglishCustomization::AddedKey> readKeys_;
     CandidateLine told_; ///< the line when a change of it was told last
 };
 

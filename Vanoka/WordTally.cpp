@@ -56,9 +56,9 @@ PersonalWords WordTally::words() && {
     counted.reserve(sinhala.size());
     for (const auto& [word, count] : sinhala)
         counted.push_back({word, count});
-    return {.sinhala = SinhalaWordList(counted),
-            .english = std::move(english),
-            .forgotten = std::move(forgotten)};
+    return withReading(PersonalWords{.sinhala = SinhalaWordList(counted),
+                                     .english = std::move(english),
+                                     .forgotten = std::move(forgotten)});
 }
 
 void apply(const WordChange& change, WordTally& tally) {

@@ -52,11 +52,10 @@ void noteTimes(benchmark::State& state, const std::string& what, std::vector<dou
 }
 
 /// Every key of the commonest words: to its preview, and then to its candidates.
-void keys(benchmark::State& state, bool suggests) {
+void keys(benchmark::State& state, const std::string& name, const Suggestions& from) {
     MemoryUserDefaults defaults;
     SinglishSettings settings(defaults);
-    Suggestions suggestions = {
-        .areOn = suggests, .lists = std::make_shared<SuggestionLists>(readSuggestionLists(shippedTexts()))};
+    Suggestions suggestions = from;
     DoNothingClient client;
     VanokaInputController controller("own", settings);
     controller.setSuggestions(&suggestions);
@@ -74,17 +73,24 @@ void keys(benchmark::State& state, bool suggests) {
             }
             controller.commitComposition(&client);
         }
-    const std::string name = suggests ? "suggestions on: " : "suggestions off: ";
-    noteTimes(state, name + "a key to its preview,", previews);
-    if (suggests)
-        noteTimes(state, name + "from there to its candidates,", candidates);
+    noteTimes(state, name + ": a key to its preview,", previews);
+    if (from.areOn)
+        noteTimes(state, name + ": from there to its candidates,", candidates);
 }
 
+std::shared_ptr<const SuggestionLists> shared(SuggestionLists lists) {
+    return std::make_shared<const SuggestionLists>(std::move(lists));
+}
+
+void keysWithReading(benchmark::State& state) {
+    keys(state, "suggestions with reading",
+         {.areOn = true, .lists = shared(withReading(readSuggestionLists(shippedTexts())))});
+}
 void keysWithSuggestions(benchmark::State& state) {
-    keys(state, true);
+    keys(state, "suggestions on", {.areOn = true, .lists = shared(readSuggestionLists(shippedTexts()))});
 }
 void keysWithout(benchmark::State& state) {
-    keys(state, false);
+    keys(state, "suggestions off", {.areOn = false, .lists = shared(readSuggestionLists(shippedTexts()))});
 }
 
 /// From files in memory to the first candidates.
@@ -106,6 +112,7 @@ void switchOn(benchmark::State& state) {
 
 BENCHMARK(keysWithout)->Name("candidates/off")->Iterations(5)->Unit(benchmark::kMillisecond);
 BENCHMARK(keysWithSuggestions)->Name("candidates/on")->Iterations(5)->Unit(benchmark::kMillisecond);
+BENCHMARK(keysWithReading)->Name("candidates/reading")->Iterations(1)->Unit(benchmark::kMillisecond);
 BENCHMARK(switchOn)
     ->Name("candidates/switching on")
     ->Iterations(10)

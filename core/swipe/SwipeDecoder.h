@@ -36,6 +36,8 @@ public:
 
     /// Leaves out words that cannot be swiped: those with anything but Sinhala letters that have keys, or but
     /// English letters, and those of more than 255 keys. Holds counts to 1 … 2³¹ − 1. Keeps copies.
+    /// Words of two lists need counts on one scale, such as occurrences in ten million words of either
+    /// language.
     explicit SwipeDecoder(std::span<const Word> words, SwipeWeights weights = SwipeWeights::specified);
 
     /// The number of words that were not left out.

@@ -61,9 +61,6 @@ double ReadingSearch::goingOn(double completion, const double* from) const {
 
 void ReadingSearch::open(const Node& opened) {
     const Node node = opened; // the nodes move
-    for (std::size_t list = 0; list < lists; ++list)
-        if (node.ranges[list].isSingle() && node.ranges[1 - list].isEmpty())
-            return readOn(*tries_[list], node.ranges[list].first, node);
     const std::uint32_t own = addRow();
     typed_.advance(row(node.before), node.last, row(own));
     findChildren(node.ranges, node.depth);
@@ -72,9 +69,20 @@ void ReadingSearch::open(const Node& opened) {
     openAll(own, node.depth, goingOn(node.completion, row(own)));
 }
 
+/// False for more than one word. Hardly any word alone that may be among the best is spared by waiting for
+/// its turn, and waiting costs more than reading it.
+bool ReadingSearch::readAlone(const Node& node) {
+    for (std::size_t list = 0; list < lists; ++list)
+        if (node.ranges[list].isSingle() && node.ranges[1 - list].isEmpty()) {
+            readOn(*tries_[list], node.ranges[list].first, node);
+            return true;
+        }
+    return false;
+}
+
 /// One word alone is read to its end at once, or to where it is known not to be among the best.
 void ReadingSearch::readOn(const WordTrie& trie, WordTrie::Position position, const Node& node) {
-    const double prior = ReadingScore::prior(trie.count(position), total_) * roundings * roundings;
+    const double prior = mostPrior(node.ranges) * roundings * roundings;
     scratch_.resize(2 * width_);
     double *now = scratch_.data(), *next = now + width_;
     typed_.advance(row(node.before), node.last, now);
@@ -120,10 +128,13 @@ void ReadingSearch::openAll(std::uint32_t from, std::size_t depth, double comple
         const double most = likely * mostPrior(child.ranges) * roundings;
         if (!isGoodEnough(most))
             continue;
+        const Node node = {child.ranges, from, static_cast<std::uint32_t>(depth + 1), child.letter,
+                           completion};
+        if (readAlone(node))
+            continue;
         promises_.push_back({most, static_cast<std::uint32_t>(nodes_.size())});
         std::ranges::push_heap(promises_, {}, &Promise::most);
-        nodes_.push_back(
-            {child.ranges, from, static_cast<std::uint32_t>(depth + 1), child.letter, completion});
+        nodes_.push_back(node);
     }
 }
 

@@ -62,6 +62,7 @@ private:
 
     void open(const Node& node);
     void findChildren(const Ranges& ranges, std::size_t depth);
+    bool readAlone(const Node& node);
     void readOn(const WordTrie& trie, WordTrie::Position position, const Node& node);
     void openAll(std::uint32_t row, std::size_t depth, double completion);
     void addWord(double likely);

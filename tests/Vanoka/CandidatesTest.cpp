@@ -27,9 +27,10 @@ SuggestionLists someLists() {
 
 /// The rows as a person sees them: Latin words in parentheses, what was learnt with a star.
 std::string rowsOf(const std::string& keys, const SuggestionLists& lists,
-                   const PersonalWords* personal = nullptr, std::size_t limit = CandidateLimit::usual) {
+                   const PersonalWords* personal = nullptr, std::size_t limit = CandidateLimit::usual,
+                   const LetterReadings& readings = {}) {
     std::string rows;
-    for (const Candidate& row : candidatesFor(typed(keys), lists, personal, limit))
+    for (const Candidate& row : candidatesFor(typed(keys), lists, personal, limit, readings))
         rows += (rows.empty() ? "" : " ") +
                 (row.kind == Candidate::Kind::latin ? "(" + row.text + ")" : row.text) +
                 (row.isLearnt ? "*" : "");
@@ -122,6 +123,74 @@ TEST(Candidates, AreNeverThoseThatNobodyWantsOffered) {
     store.learn({"gedara", "ගෙදරඅ"});
     EXPECT_FALSE(rowsOf("gedr", lists, store.words().get()).find("ගෙදරඅ") != std::string::npos)
         << "though it was typed";
+}
+
+SuggestionLists readLists(TypedWords::Unlisted unlisted = TypedWords::Unlisted::none) {
+    return withReading(
+        readSuggestionLists({.sinhala = "ගෙදර\t900\nගෙදරට\t400\nගෙඩර\t5\nගමන\t50\nගම්න\t1\nඥාන\t60\nඥානය\t70\n"
+                                        "ගනන\t3\nකොහොමද\t300\nමම\t5000\nමාමා\t300\nමාම\t1\nමමත්\t2\n",
+                             .english = {},
+                             .emoji = "මල\t🌸\n",
+                             .neverOffered = {}}),
+        unlisted);
+}
+
+TEST(Candidates, AreWhatTheKeysAreReadAs) {
+    struct Row {
+        const char *keys, *rows;
+    };
+    const SuggestionLists lists = readLists();
+    for (const Row& row : std::vector<Row>{
+             {"gedara", "ගෙඩර ගෙදර ගෙදරට"},      // what they mean to most people
+             {"mama", "මම මාමා මාම මමත් ගමන"},    // what is typed is not there twice
+             {"gnana", "ඥන ඥාන ඥානය ගනන"},       // in letters that are no looser spelling
+             {"gmn", "ග්ම්න් ගමන ගම්න ගනන ඥාන"},     // consonants alone abbreviate first of all
+             {"g", "ග් ගෙදර ගෙදරට ගමන ගෙඩර ගනන"}, // or begin
+         })
+        EXPECT_EQ(rowsOf(row.keys, lists), row.rows) << row.keys;
+}
+
+TEST(Candidates, KeepAPlaceForWhatIsAbbreviatedSo) {
+    const SuggestionLists lists =
+        withReading(readSuggestionLists({.sinhala = "ක්ම්ට්ලා\t50\nක්ම්ත්ලා\t40\nක්ම්ත්ළා\t30\nකුමුතල\t900\n",
+                                         .english = {},
+                                         .emoji = {},
+                                         .neverOffered = {}}),
+                    TypedWords::Unlisted::none);
+    EXPECT_EQ(rowsOf("kmtla", lists), "ක්ම්ට්ල ක්ම්ට්ලා ක්ම්ත්ලා ක්ම්ත්ළා කුමුතල");
+    EXPECT_EQ(rowsOf("kmtla", lists, nullptr, 4), "ක්ම්ට්ල ක්ම්ට්ලා ක්ම්ත්ලා කුමුතල");
+    EXPECT_EQ(rowsOf("kmtla", lists, nullptr, 3), "ක්ම්ට්ල ක්ම්ට්ලා ක්ම්ත්ලා") << "of three places or more";
+}
+
+TEST(Candidates, OfWordsThatNoListHolds) {
+    const SuggestionLists lists = readLists(TypedWords::Unlisted::sixLetters);
+    EXPECT_EQ(rowsOf("gedama", readLists()).find("ගෙදම"), std::string::npos);
+    EXPECT_NE(rowsOf("gedama", lists).find("ගෙදම"), std::string::npos) << rowsOf("gedama", lists);
+    EXPECT_TRUE(rowsOf("gmn", lists).starts_with("ග්ම්න් ගමන ")) << rowsOf("gmn", lists);
+}
+
+TEST(Candidates, ThatWereLearntAreReadToo) {
+    const SuggestionLists lists = readLists();
+    test::MemoryWordStore store;
+    store.learn({"gnana", "ඥානය"});
+    EXPECT_EQ(rowsOf("gnana", lists, store.words().get()), "ඥන ඥානය* ඥාන ගනන") << "first for the same keys";
+    store.learn({"gnanaya", "ගනනය"});
+    EXPECT_EQ(rowsOf("gnanaya", lists, store.words().get()), "ඥනය ඥානය* ගනනය*") << "in no list";
+}
+
+TEST(Candidates, AreReadByTheKeysOfThisPerson) {
+    const SuggestionLists lists = withReading(readSuggestionLists(
+        {.sinhala = "ගම\t10\nකම\t5000\n", .english = {}, .emoji = {}, .neverOffered = {}}));
+    EXPECT_TRUE(rowsOf("qama", lists).starts_with("qඅම කම ගම")) << rowsOf("qama", lists);
+    const LetterReadings own({{{"q", "ග"}}, {}});
+    EXPECT_TRUE(rowsOf("qama", lists, nullptr, 6, own).starts_with("qඅම ගම "))
+        << rowsOf("qama", lists, nullptr, 6, own);
+}
+
+TEST(Candidates, ThatAreReadAreNeverThoseThatNobodyWantsOffered) {
+    SuggestionLists lists = readLists();
+    lists.neverOffered = NeverOffered("ගෙදර\n");
+    EXPECT_EQ(rowsOf("gedara", lists), "ගෙඩර ගෙදරට");
 }
 
 TEST(Candidates, ComeOfNothingWhereNothingIsKnown) {

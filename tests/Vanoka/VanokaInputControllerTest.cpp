@@ -413,6 +413,25 @@ TEST_F(SuggestingControllerTest, ThePreviewGoesOutBeforeCandidatesAreFound) {
     EXPECT_FALSE(controller.updateCandidates());
 }
 
+TEST_F(SuggestingControllerTest, KeysThatAreAddedAreReadFromTheNextOneOn) {
+    suggestions.lists = std::make_shared<const SuggestionLists>(
+        withReading(readSuggestionLists(
+                        {.sinhala = "ගමන\t10\nකමන\t5000\n", .english = {}, .emoji = {}, .neverOffered = {}}),
+                    TypedWords::Unlisted::none));
+    const auto first = [this] {
+        type("qaman");
+        controller.updateCandidates();
+        const std::string word = controller.candidates().rows.at(1).text;
+        controller.commitComposition(&field);
+        return word;
+    };
+    EXPECT_EQ(first(), "කමන");
+    ASSERT_FALSE(settings.add("q", "ග"));
+    EXPECT_EQ(first(), "ගමන");
+    settings.reset();
+    EXPECT_EQ(first(), "කමන");
+}
+
 TEST_F(SuggestingControllerTest, AKeyMeansTheSameWhetherTheyHaveComeOrNot) {
     type("gedr<tab><space>");
     EXPECT_EQ(field.screen(), "ගෙදර ");

@@ -47,8 +47,8 @@ private:
         std::vector<WordCount> counts;
         for (const auto& [word, count] : counts_)
             counts.push_back({word, count});
-        words_ =
-            std::make_shared<PersonalWords>(PersonalWords{SinhalaWordList(counts), english_, forgotten_});
+        words_ = std::make_shared<PersonalWords>(
+            withReading(PersonalWords{SinhalaWordList(counts), english_, forgotten_}));
     }
 
     std::map<std::string, std::int64_t> counts_;

@@ -1,5 +1,6 @@
 #include "ListsCommand.h"
 
+#include "CountScale.h"
 #include "EmojiAnnotations.h"
 #include "ExitStatus.h"
 #include "FileReading.h"
@@ -40,7 +41,9 @@ Usage:
                                every line that does not load as it is written, and why
   vanoka-lists stats [--as KIND] LIST
                                how many words it has and what it takes
-  vanoka-lists suggest [--personal LIST] [--limit N] LIST
+  vanoka-lists scale [--total N] LIST
+                               the list with counts out of so many words, ten million if not given
+  vanoka-lists suggest [--personal LIST] [--limit N] [--reading no] LIST
                                type Singlish or Sinhala and see the suggestions
   vanoka-lists accuracy [--unlisted N] [--every N] LIST PAIRS
                                how often what people typed is read as the word that they meant
@@ -63,7 +66,8 @@ const Program ListsCommand::program = {.name = "vanoka-lists",
                                                     {"emoji", {"--annotations", "--emoji-test"}},
                                                     {"check", {"--as"}},
                                                     {"stats", {"--as"}},
-                                                    {"suggest", {"--personal", "--limit"}},
+                                                    {"scale", {"--total"}},
+                                                    {"suggest", {"--personal", "--limit", "--reading"}},
                                                     {"accuracy", {"--unlisted", "--every"}}},
                                        .noCommand = "No command",
                                        .noSuchOption = "No such option: ",
@@ -83,6 +87,8 @@ std::optional<int> ListsCommand::run(const CommandLine& line) {
         return check(line);
     if (line.command == "stats")
         return stats(line);
+    if (line.command == "scale")
+        return scale(line);
     return line.command == "accuracy" ? std::optional(accuracy(line)) : std::nullopt;
 }
 
@@ -223,6 +229,24 @@ int ListsCommand::stats(const CommandLine& line) {
                 << "bytes in memory     " << words.memory() << '\n';
     }
     output_ << "lines skipped       " << countOf(LineProblem::Kind::skipped, problemsOf(list, kind)) << '\n';
+    return ExitStatus::done;
+}
+
+int ListsCommand::scale(const CommandLine& line) {
+    const auto total = line.number("--total", CountScale::usualTotal, 1, ListReading::largestCount);
+    if (!total)
+        return misuse("--total is a whole number from 1 to " + std::to_string(ListReading::largestCount));
+    if (line.operands.size() != 1)
+        return misuse("scale takes one list");
+    const auto list = contentsOf(line.operands[0]);
+    if (!list)
+        return ExitStatus::failed;
+    const auto scaled = CountScale::scaled(*list, *total);
+    if (!scaled) {
+        program.tell("The list has no count above 0", errors_);
+        return ExitStatus::refused;
+    }
+    output_ << *scaled;
     return ExitStatus::done;
 }
 

@@ -38,6 +38,7 @@ private:
     int emoji(const CommandLine& line);
     int check(const CommandLine& line);
     int stats(const CommandLine& line);
+    int scale(const CommandLine& line);
     int accuracy(const CommandLine& line);
 
     std::istream& input_;

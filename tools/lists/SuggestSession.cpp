@@ -30,7 +30,7 @@ std::string Suggester::row(std::string_view typed) const {
     std::string row = keys.transliterate(typed);
     const TypedWord word = {std::string(typed), row};
     for (const std::string& each :
-         rankedWords(word, lists, personal ? &*personal : nullptr, static_cast<std::size_t>(limit)))
+         rankedWords(word, lists, personal ? &*personal : nullptr, static_cast<std::size_t>(limit), readings))
         row.append(1, '\t').append(each);
     return row;
 }

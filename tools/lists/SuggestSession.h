@@ -20,6 +20,7 @@ struct Suggester {
     std::optional<PersonalWords> personal;
     std::int64_t limit = 5;
     SinglishTransliterator keys = SinglishTransliterator::standard();
+    LetterReadings readings; ///< of the same keys
 
     /// `typed`, keys or Sinhala, as Sinhala text, and the words that it may become, a tab before each.
     std::string row(std::string_view typed) const;

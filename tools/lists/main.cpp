@@ -67,16 +67,23 @@ int runSuggest(ListsCommand& command, const CommandLine& line) {
     const auto list = command.contentsOf(line.operands[0]);
     if (!list)
         return ExitStatus::failed;
+    const auto reading = line.value("--reading").value_or("yes");
+    if (reading != "yes" && reading != "no")
+        return command.misuse("--reading is yes or no");
+    const bool reads = reading == "yes";
     const SinglishSettings settings(FileUserDefaults::standard());
     Suggester suggester;
     suggester.lists.sinhala = SinhalaWordList(readWordCounts(*list));
+    if (reads)
+        suggester.lists = withReading(std::move(suggester.lists));
     suggester.limit = *limit;
     suggester.keys = settings.transliterator();
+    suggester.readings = LetterReadings(settings.customization());
     if (const auto path = line.value("--personal")) {
         const auto personal = command.contentsOf(*path);
         if (!personal)
             return ExitStatus::failed;
-        suggester.personal = PersonalWords{SinhalaWordList(readWordCounts(*personal)), {}, {}};
+        suggester.personal = withReading(PersonalWords{SinhalaWordList(readWordCounts(*personal)), {}, {}});
     }
     if (::isatty(STDIN_FILENO))
         return runOnTerminal(suggester);

@@ -35,7 +35,7 @@ Usage:
   vanoka-swipe simulate WORDS LAYOUT [--strokes 1000] [--seed 1] [--even 0] [--HABIT NUMBER]...
       writes strokes of a simulated finger, for words as often as their counts say (--even 1: each word
       alike). Habits, with their values unless given: speed 12, speed-spread 0.25, lag 0.05, scatter 0.2,
-      offset 0.1, jitter 0.02, rate 60, chat 0.5; --help habits tells what they are
+      offset 0.1, ends 1, jitter 0.02, rate 60, chat 0.5; --help habits tells what they are
   vanoka-swipe draw WORDS LAYOUT STROKES [--stroke 1] [--limit 5] [--personal WORDS]
       writes an SVG picture of one stroke, the first being 1, with the paths of its best words
   vanoka-swipe --help, --version
@@ -50,12 +50,14 @@ constexpr std::string_view habitsHelp = R"(The habits of the simulated finger:
   speed-spread  the standard deviation of the logarithm of a stroke's own speed
   lag           how far the finger is behind what it aims at, in seconds; it cuts corners the more, the
                 faster it is
-  scatter       how far it aims beside each key, the standard deviation either way, in key widths
+  scatter       how far it aims beside each inner key, the standard deviation either way, in key widths
   offset        how far a whole stroke is beside the keys, the same
+  ends          how far its first and last points are beside their keys, times what was measured of people;
+                0 is as the offset has it
   jitter        how far each reported point is beside the finger, the same
   rate          points reported a second
   chat          how often a word is swiped by its chat spelling, from 0 to 1
-They are guesses about hands, not measurements of people.
+All but the ends are guesses about hands, not measurements of people.
 )";
 
 /// An outcome to tell and to leave with.
@@ -156,6 +158,7 @@ FingerHabits habitsIn(const Job& job) {
     take("--lag", habits.lag, 0, 10);
     take("--scatter", habits.scatter, 0, 100);
     take("--offset", habits.offset, 0, 100);
+    take("--ends", habits.ends, 0, 100);
     take("--jitter", habits.jitter, 0, 100);
     take("--rate", habits.rate, 1, 10'000);
     take("--chat", habits.chat, 0, 1);
@@ -249,7 +252,7 @@ const Program SwipeCommand::program = {
     .commands = {{"measure", {"--limit", "--personal", "--weights"}},
                  {"simulate",
                   {"--strokes", "--seed", "--even", "--speed", "--speed-spread", "--lag", "--scatter",
-                   "--offset", "--jitter", "--rate", "--chat"}},
+                   "--offset", "--ends", "--jitter", "--rate", "--chat"}},
                  {"draw", {"--stroke", "--limit", "--personal"}}},
     .noCommand = "What is to be done?",
     .noSuchOption = "Not understood: ",

@@ -10,7 +10,8 @@
 
 namespace vanoka {
 
-/// How a simulated finger moves. These are guesses about hands, not measurements of people.
+/// How a simulated finger moves. Where it begins and ends was measured of people; all else are guesses about
+/// hands.
 struct FingerHabits {
     double speed = 12;         ///< along the keys, in key widths a second; each stroke has its own, near this
     double speedSpread = 0.25; ///< the standard deviation of the logarithm of a stroke's speed
@@ -18,6 +19,9 @@ struct FingerHabits {
         0.05; ///< how far the finger is behind its aim, in seconds: the faster, the more it cuts corners
     double scatter = 0.2; ///< how far a key is aimed beside, the standard deviation either way, in key widths
     double offset = 0.1;  ///< how far a whole stroke is beside, the same
+    /// How far a stroke's first and last points are beside their keys, times what was measured of people; 0
+    /// is as the offset has it.
+    double ends = 1;
     double jitter = 0.02; ///< how far a reported point is beside the finger, the same
     double rate = 60;     ///< points reported a second
     double chat = 0.5;    ///< how often a word is swiped by its chat spelling, from 0 to 1
@@ -44,6 +48,9 @@ public:
 private:
     double normal();
     SwipePoint beside(SwipePoint point, double deviation);
+    struct Ending;
+    static const Ending start, end;
+    SwipePoint besideAtEnd(SwipePoint point, const Ending& ending, double keyWidth, double rowHeight);
 
     FingerHabits habits_;
     std::mt19937_64 random_;

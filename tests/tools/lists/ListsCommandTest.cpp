@@ -259,6 +259,14 @@ TEST(Suggester, ReadsSinglishAndSinhala) {
     EXPECT_EQ(suggester.row("a"), "\u0D85\t\u0D85\u0DB8\u0DCA\u0DB8\u0DCF\t\u0D85\u0DB8\u0DD4");
 }
 
+TEST(Suggester, ReadsWhatPeopleTypeWithoutAScheme) {
+    Suggester suggester;
+    suggester.lists.sinhala = SinhalaWordList("ඥාන\t5\nගනන\t3\n");
+    EXPECT_EQ(suggester.row("gnana"), "ඥන\tඥාන");
+    suggester.lists = withReading(suggester.lists, TypedWords::Unlisted::none);
+    EXPECT_EQ(suggester.row("gnana"), "ඥන\tඥාන\tගනන");
+}
+
 TEST(Suggester, AddsUpTheLargestCounts) {
     std::string list;
     for (int i = 0; i < 1000; ++i)
@@ -269,6 +277,31 @@ TEST(Suggester, AddsUpTheLargestCounts) {
     suggester.personal = {SinhalaWordList(words), {}, {}};
     suggester.limit = ListReading::mostResults;
     EXPECT_EQ(suggester.row("\u0D9C\u0DCF\u0DB8"), "\u0D9C\u0DCF\u0DB8\t\u0D9C\u0DB8\t\u0D9C\u0DB8\u0DB1");
+}
+
+TEST_F(ListsCommandTest, BringsAListToAScale) {
+    const std::string list =
+        file("list", "# made by hand\nගෙදර\t\t300\nමම\t99\n\nlol\tchat\nපොත\t1\nහ\t0\nහා\t-7\nx");
+    EXPECT_EQ(run({"scale", "--total=4000", list}), ExitStatus::done) << errors;
+    EXPECT_EQ(output, "# made by hand\nගෙදර\t3000\nමම\t990\n\nlol\tchat\nපොත\t10\nහ\t0\nහා\t-7\nx\n");
+    EXPECT_EQ(run({"scale", "--total", "4", list}), ExitStatus::done);
+    EXPECT_NE(output.find("පොත\t1\n"), std::string::npos) << "no word is lost";
+    EXPECT_EQ(run({"scale", file("mark", "\uFEFFa\t1\nb\t3\n")}), ExitStatus::done);
+    EXPECT_EQ(output, "a\t2500000\nb\t7500000\n");
+    EXPECT_EQ(run({"scale", file("huge", "a\t9223372036854775807\nb\t9223372036854775807\n")}),
+              ExitStatus::done);
+    EXPECT_EQ(output, "a\t5000000\nb\t5000000\n");
+}
+
+TEST_F(ListsCommandTest, BringsNothingToAScaleThatHasNoCounts) {
+    EXPECT_EQ(run({"scale", file("emoji", "මල\t🌸\n")}), ExitStatus::refused);
+    EXPECT_EQ(errors, "vanoka-lists: The list has no count above 0\n");
+    EXPECT_EQ(output, "");
+    EXPECT_EQ(run({"scale", file("empty", "")}), ExitStatus::refused);
+    for (const char* total : {"0", "-1", "2147483648", "x"})
+        EXPECT_EQ(run({"scale", "--total", total, file("list", "a\t1\n")}), ExitStatus::usage) << total;
+    EXPECT_EQ(run({"scale"}), ExitStatus::usage);
+    EXPECT_EQ(run({"scale", (folder.path() / "nothing").string()}), ExitStatus::failed);
 }
 
 TEST_F(ListsCommandTest, MeasuresHowWellRomanizationsAreRead) {

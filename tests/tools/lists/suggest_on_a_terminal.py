@@ -26,7 +26,7 @@ class SuggestOnATerminal(unittest.TestCase):
         self.process, self.terminal = pty.fork()
         if self.process == 0:
             environment = {**os.environ, "TERM": "xterm", "XDG_CONFIG_HOME": self.folder.name}
-            os.execve(VANOKA_LISTS, [VANOKA_LISTS, "suggest", path], environment)
+            os.execve(VANOKA_LISTS, [VANOKA_LISTS, "suggest", "--reading", "no", path], environment)
         self.addCleanup(self.end)
         self.screen = b""
         self.status = None

@@ -16,7 +16,7 @@ constexpr double keyWidth = 10;
 
 /// A finger that errs in nothing but its lag.
 FingerHabits tidy() {
-    return {.speedSpread = 0, .scatter = 0, .offset = 0, .jitter = 0, .chat = 0};
+    return {.speedSpread = 0, .scatter = 0, .offset = 0, .ends = 0, .jitter = 0, .chat = 0};
 }
 
 Path swiped(const FingerHabits& habits, std::uint64_t seed = 1, std::string_view word = "qaz") {
@@ -78,6 +78,42 @@ TEST(SimulatedFinger, HabitsSpreadAsTheySay) {
     EXPECT_NEAR(std::sqrt(squares / rounds), 0.3, 0.02);
 }
 
+/// Mean and standard deviation of one number of many strokes.
+struct Spread {
+    double sum = 0, squares = 0;
+    int count = 0;
+    void add(double value) {
+        sum += value;
+        squares += value * value;
+        ++count;
+    }
+    double mean() const { return sum / count; }
+    double deviation() const { return std::sqrt(squares / count - mean() * mean()); }
+};
+
+TEST(SimulatedFinger, BeginsAndEndsWherePeopleDo) {
+    const SwipeKeys keys = test::qwerty();
+    const double rowHeight = keys.at("a").y - keys.at("q").y;
+    FingerHabits habits;
+    habits.chat = 0;
+    Spread startAcross, startDown, endAcross, endDown;
+    for (std::uint64_t seed = 0; seed < 4000; ++seed) {
+        const Path path = swiped(habits, seed, "hello");
+        startAcross.add((path.front().x - keys.at("h").x) / keyWidth);
+        startDown.add((path.front().y - keys.at("h").y) / rowHeight);
+        endAcross.add((path.back().x - keys.at("o").x) / keyWidth);
+        endDown.add((path.back().y - keys.at("o").y) / rowHeight);
+    }
+    EXPECT_NEAR(startAcross.mean(), 0.01, 0.02);
+    EXPECT_NEAR(startDown.mean(), 0.07, 0.02);
+    EXPECT_NEAR(startAcross.deviation(), 0.27, 0.02);
+    EXPECT_NEAR(startDown.deviation(), 0.16, 0.02);
+    EXPECT_NEAR(endAcross.mean(), 0.03, 0.04); // which comes to rest a little before it
+    EXPECT_NEAR(endDown.mean(), 0.10, 0.04);
+    EXPECT_NEAR(endAcross.deviation(), 0.47, 0.02);
+    EXPECT_NEAR(endDown.deviation(), 0.26, 0.02);
+}
+
 TEST(SimulatedFinger, WordsThatCannotBeSwiped) {
     SwipeKeys keys = test::qwerty();
     SimulatedFinger finger({}, 1);
@@ -103,7 +139,7 @@ TEST(SimulatedFinger, WordsAreFoundAgain) {
         {"hello", 5}, {"world", 5}, {"mama", 5}, {"keyboard", 5}, {"gedara", 5}};
     const SwipeDecoder decoder(words);
     const SwipeKeys keys = test::qwerty();
-    SimulatedFinger finger({}, 3);
+    SimulatedFinger finger({.ends = 0.5}, 3); // the specified score knows no careless ends
     for (const SwipeDecoder::Word& word : words)
         EXPECT_EQ(decoder.wordsFor(finger.swipe(word.word, keys, keyWidth).value(), keys, keyWidth, 1, {}),
                   std::vector<std::string>{std::string(word.word)});
