@@ -23,6 +23,11 @@ export class Vanoka {
         return new Vanoka(await Module.from(await bytesOf(source ?? (await beside()))));
     }
 
+    /// Another instance of a compiled module, at once.
+    static again(module: WebAssembly.Module): Vanoka {
+        return new Vanoka(Module.again(module));
+    }
+
     /// What a text of Latin keys reads as by the built-in keys.
     transliterate(text: string): string {
         return this.#settings.transliterate(text);

@@ -13,11 +13,12 @@ const scratchSize = 1 << 16;
 const itemSize = 24;
 
 /// The module asks nothing of a system in normal work.
-const system = new Proxy({}, {
+const system: WebAssembly.ModuleImports = new Proxy({}, {
     get: (_, name) => () => {
-        throw new Error(`the module calls ${String(name)}`);
+        throw new WebAssembly.RuntimeError(`the module calls ${String(name)}`);
     },
 });
+const imports = { wasi_snapshot_preview1: system };
 
 /// One instance of the WebAssembly module, called with texts in place of addresses. After a trap, which only a lack
 /// of memory can cause, it is of no use any more (`isBroken`).
@@ -34,9 +35,13 @@ export class Module {
     #isBroken = false;
 
     static async from(source: WebAssembly.Module | BufferSource): Promise<Module> {
-        const imports = { wasi_snapshot_preview1: system as WebAssembly.ModuleImports };
         const module = source instanceof WebAssembly.Module ? source : await WebAssembly.compile(source);
         return new Module((await WebAssembly.instantiate(module, imports)).exports as Exports);
+    }
+
+    /// At once; browsers that limit this for large modules allow one of this size.
+    static again(module: WebAssembly.Module): Module {
+        return new Module(new WebAssembly.Instance(module, imports).exports as Exports);
     }
 
     private constructor(exports: Exports) {
