@@ -18,7 +18,7 @@ import { KeysStore } from "./KeysStore.ts";
 import { prefer, preferences } from "./preferences.ts";
 import { showStatus } from "./status.ts";
 import { languageOf, speak, texts } from "./texts.ts";
-import { drawTools, showHint } from "./tools.ts";
+import { drawTools, showHint, showKeyboardState } from "./tools.ts";
 
 const usualLimit = 6, strokeLimit = 5;
 
@@ -146,7 +146,10 @@ function assemble(field: EditableField, module: WebAssembly.Module, vanoka: Vano
         document.documentElement.dataset["words"] = words.ready.strokes ? "strokes" : "words";
     };
     words.onproblem = () => showStatus(texts.noWords);
-    addEventListener("vanoka-preferences", adopt);
+    addEventListener("vanoka-preferences", () => {
+        adopt();
+        showKeyboardState();
+    });
     adopt();
     draw();
     if (keys.isDamaged)

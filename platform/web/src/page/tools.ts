@@ -1,5 +1,6 @@
 import type { EditableField } from "../field/EditableField.ts";
 import { button, byId, make } from "./dom.ts";
+import { symbol, type Symbol } from "./icons.ts";
 import type { Page } from "./main.ts";
 import { prefer, preferences } from "./preferences.ts";
 import { showStatus } from "./status.ts";
@@ -22,16 +23,24 @@ export function drawTools(page: Page): void {
     const tools = byId("tools");
     tools.setAttribute("aria-label", texts.title);
     tools.replaceChildren(
-        button(texts.copy, withText((text) => void copy(text))),
-        ...("share" in navigator ? [button(texts.share, withText((text) => void navigator.share({ text }).catch(() => undefined)))] : []),
-        button(texts.save, withText((text) => saveAs("vanoka.txt", text))),
-        button(texts.clear, withText(() => clear(field))),
-        button(texts.keyboard, page.toggleKeyboard, { "aria-pressed": !byId("keyboard").hidden, id: "keyboard-button" }),
-        button(texts.settings, panel((panels) => panels.showSettings(page))),
-        button(texts.chart, panel((panels) => panels.showChart(page))),
-        button(texts.about, panel((panels) => panels.showAbout())));
-    addEventListener("vanoka-preferences", () =>
-        byId("keyboard-button").setAttribute("aria-pressed", String(!byId("keyboard").hidden)));
+        tool("copy", withText((text) => void copy(text))),
+        ...("share" in navigator ? [tool("share", withText((text) => void navigator.share({ text }).catch(() => undefined)))] : []),
+        tool("save", withText((text) => saveAs("vanoka.txt", text))),
+        tool("clear", withText(() => clear(field))),
+        tool("keyboard", page.toggleKeyboard, { "aria-pressed": !byId("keyboard").hidden, id: "keyboard-button" }),
+        tool("settings", panel((panels) => panels.showSettings(page))),
+        tool("chart", panel((panels) => panels.showChart(page))),
+        tool("about", panel((panels) => panels.showAbout())));
+}
+
+export function showKeyboardState(): void {
+    byId("keyboard-button").setAttribute("aria-pressed", String(!byId("keyboard").hidden));
+}
+
+function tool(name: Symbol, act: () => void, properties: Record<string, unknown> = {}): HTMLButtonElement {
+    const made = button("", act, { title: texts[name], "aria-label": texts[name], ...properties });
+    made.append(symbol(name), make("span", {}, texts[name]));
+    return made;
 }
 
 async function copy(text: string): Promise<void> {
