@@ -70,6 +70,6 @@ export function editorIn(frame: HTMLElement, page: Page, id: string, changed: ()
             edit((each) => void each.add(field.value, id))();
     } }, field, add);
     frame.replaceChildren(make("div", { className: "letter-head" }, make("span", { className: "large", lang: "si" }, letter.display),
-        make("span", {}, make("strong", {}, now.group), make("br"), now.example)), ...rows, make("h4", {}, texts.addTitle), form, message,
+        make("span", {}, make("strong", {}, now.group), make("br"), now.example)), ...rows, make("h3", {}, texts.addTitle), form, message,
     make("p", { className: "footnote" }, now.footnote));
 }

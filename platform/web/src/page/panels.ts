@@ -88,7 +88,7 @@ const activeKeys = (settings: Settings, letter: Letter): string[] =>
 function ownKeys(page: Page): HTMLElement {
     const { keys } = page, editor = make("div", { className: "editor" }), list = make("div", { className: "letters" });
     const redraw = (): void => {
-        list.replaceChildren(...groupsOf(keys.settings).flatMap(([title, letters]) => [make("h4", {}, title),
+        list.replaceChildren(...groupsOf(keys.settings).flatMap(([title, letters]) => [make("h3", {}, title),
             make("div", { className: "letter-grid" }, ...letters.map((letter) => {
                 const typed = activeKeys(keys.settings, letter);
                 return button("", () => editorIn(editor, page, letter.id, redraw), { className: letter.isCustomized ? "letter changed" : "letter" }, )

@@ -85,8 +85,9 @@ export class Fingers {
     }
 
     up(id: number): Promise<unknown> {
+        const lifted = this.#down.get(id)!;
         this.#down.delete(id);
-        return this.#send("touchEnd");
+        return this.session.send("Input.dispatchTouchEvent", { type: "touchEnd", touchPoints: [lifted] });
     }
 
     async tap(...keys: string[]): Promise<void> {
@@ -106,7 +107,7 @@ export class Fingers {
         await this.up(0);
     }
 
-    #send(type: "touchStart" | "touchMove" | "touchEnd"): Promise<unknown> {
+    #send(type: "touchStart" | "touchMove"): Promise<unknown> {
         return this.session.send("Input.dispatchTouchEvent", { type, touchPoints: [...this.#down.values()] });
     }
 }
