@@ -12,10 +12,13 @@ export * from "./words.ts";
 
 /// Vanoka: Latin keys to Sinhala text, word lists, candidates, emoji, swiping.
 export class Vanoka {
-    readonly #settings: Settings;
+    #builtIn: Settings | undefined;
 
-    private constructor(readonly module: Module) {
-        this.#settings = new Settings(module);
+    private constructor(readonly module: Module) {}
+
+    /// The built-in keys, worked out when they are first asked for.
+    get #settings(): Settings {
+        return (this.#builtIn ??= new Settings(this.module));
     }
 
     /// From the compiled or the raw module, from a response that holds it, or from the file beside this one.

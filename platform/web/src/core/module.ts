@@ -11,6 +11,7 @@ export type Argument = number | bigint | string | Uint8Array | Float64Array;
 
 const scratchSize = 1 << 16;
 const itemSize = 24;
+const shortText = 96; // in bytes
 
 /// The module asks nothing of a system in normal work.
 const system: WebAssembly.ModuleImports = new Proxy({}, {
@@ -223,6 +224,24 @@ export class Module {
         this.#view = new DataView(buffer);
     }
 
+    /// Decoded here where it is short, since handing it over costs more than that.
+    #textAt(start: number, size: number): string {
+        if (size > shortText)
+            return this.#decoder.decode(this.#bytes.subarray(start, start + size));
+        const bytes = this.#bytes, end = start + size;
+        let text = "";
+        for (let at = start; at < end;) {
+            const first = bytes[at++]!;
+            if (first < 0x80)
+                text += String.fromCharCode(first);
+            else if (first >= 0xe0 && first < 0xf0)
+                text += String.fromCharCode(((first & 15) << 12) | ((bytes[at++]! & 63) << 6) | (bytes[at++]! & 63));
+            else
+                return this.#decoder.decode(bytes.subarray(start, end));
+        }
+        return text;
+    }
+
     #items(): Item[] {
         const count = this.#function("answer_count")(this.#answer);
         const first = this.#function("answer_items")(this.#answer);
@@ -231,8 +250,8 @@ export class Module {
             const text = this.#view.getUint32(at, true), size = this.#view.getUint32(at + 4, true);
             items.push({
                 kind: this.#view.getInt32(at + 8, true),
-                text: this.#decoder.decode(this.#bytes.subarray(text, text + size)),
-                number: Number(this.#view.getBigInt64(at + 16, true)),
+                text: this.#textAt(text, size),
+                number: this.#view.getInt32(at + 20, true) * 2 ** 32 + this.#view.getUint32(at + 16, true),
             });
         }
         return items;

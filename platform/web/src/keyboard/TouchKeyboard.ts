@@ -41,7 +41,6 @@ export class TouchKeyboard {
         const measures = { keyAt: (point: Point) => this.#keyAt(point), keyWidth: 36, longPress: 300, strokes: true };
         this.touches = new Touches(measures);
         this.#listen();
-        this.draw();
         new ResizeObserver(() => this.#measure()).observe(element);
     }
 

@@ -150,15 +150,14 @@ function assemble(field: EditableField, module: WebAssembly.Module, vanoka: Vano
         adopt();
         showKeyboardState();
     });
-    adopt();
-    draw();
-    if (keys.isDamaged)
-        showStatus(texts.keysDamaged, true);
     words.start(() => new Worker(new URL("../words/worker.ts", import.meta.url), { type: "module" }), {
         module, store: "vanoka-learnt",
         lists: { words: absolute(wordsUrl), english: absolute(englishUrl), emoji: absolute(emojiUrl) },
     });
-    keyboard.draw();
+    adopt();
+    draw();
+    if (keys.isDamaged)
+        showStatus(texts.keysDamaged, true);
     showHint(field);
     if (!matchMedia("(pointer: coarse)").matches)
         field.element.focus();
