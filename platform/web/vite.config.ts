@@ -10,7 +10,8 @@ export default defineConfig({
         alias: [
             { find: /^#module/, replacement: process.env["VANOKA_MODULE"] ?? top("build/wasm/bin/vanoka.wasm") },
             { find: /^#data/, replacement: top("data") },
-            { find: /^#licences/, replacement: top("data") },
+            { find: /^#lists-licences/, replacement: top("data/LICENSES.md") },
+            { find: /^#licence/, replacement: top("LICENSE") },
         ],
     },
     assetsInclude: ["**/*.tsv"],

@@ -1,5 +1,5 @@
 import type { LongPressLetter } from "../core/index.ts";
-import { make } from "../page/dom.ts";
+import { make } from "../ui/dom.ts";
 import type { Point } from "./Touches.ts";
 
 const cell = 48, reach = 90;

@@ -1,6 +1,6 @@
 import type { KeyPlace, Settings } from "../core/index.ts";
-import { button, make } from "../page/dom.ts";
-import { filled, texts } from "../page/texts.ts";
+import { button, make } from "../ui/dom.ts";
+import { filled, texts } from "../ui/texts.ts";
 import { layers, type LayerName, type TouchKey } from "./keys.ts";
 import { LettersBehind } from "./LettersBehind.ts";
 import { Shift } from "./Shift.ts";

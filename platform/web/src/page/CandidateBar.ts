@@ -1,6 +1,6 @@
 import type { Candidate } from "../core/index.ts";
-import { button, make } from "./dom.ts";
-import { filled, texts } from "./texts.ts";
+import { button, make } from "../ui/dom.ts";
+import { filled, texts } from "../ui/texts.ts";
 
 /// The line of candidates. Its place is always kept, so that nothing moves when words come.
 export class CandidateBar {

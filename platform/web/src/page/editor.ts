@@ -1,7 +1,7 @@
 import type { EditorTexts, KeyState, Settings } from "../core/index.ts";
-import { button, make } from "./dom.ts";
+import { button, make } from "../ui/dom.ts";
 import type { Page } from "./main.ts";
-import { filled, language, texts } from "./texts.ts";
+import { filled, language, texts } from "../ui/texts.ts";
 
 const sinhala = {
     group: { vowel: "ස්වරය", consonant: "ව්\u200Dයඤ්ජනය", sign: "ලකුණ" },

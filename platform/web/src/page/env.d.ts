@@ -6,7 +6,7 @@ declare module "#data/*?url" {
     const url: string;
     export default url;
 }
-declare module "#licences/*?raw" {
+declare module "#*?raw" {
     const text: string;
     export default text;
 }

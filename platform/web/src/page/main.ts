@@ -11,13 +11,13 @@ import wordsUrl from "#data/si.tsv?url";
 import englishUrl from "#data/en.tsv?url";
 import emojiUrl from "#data/emoji.tsv?url";
 import { CandidateBar } from "./CandidateBar.ts";
-import { byId } from "./dom.ts";
+import { byId } from "../ui/dom.ts";
 import { Drafts } from "./Drafts.ts";
 import { feel } from "./feel.ts";
 import { KeysStore } from "./KeysStore.ts";
 import { prefer, preferences } from "./preferences.ts";
 import { showStatus } from "./status.ts";
-import { languageOf, speak, texts } from "./texts.ts";
+import { languageOf, speak, texts } from "../ui/texts.ts";
 import { drawTools, showHint, showKeyboardState } from "./tools.ts";
 
 const usualLimit = 6, strokeLimit = 5;

@@ -1,13 +1,14 @@
 import type { Group, Letter, Settings } from "../core/index.ts";
-import { button, byId, make } from "./dom.ts";
+import { button, byId, make } from "../ui/dom.ts";
 import type { Page } from "./main.ts";
 import { largestDocument } from "./KeysStore.ts";
 import { longPressRange, prefer, preferences, type Preferences } from "./preferences.ts";
 import { showStatus } from "./status.ts";
-import { filled, language, texts } from "./texts.ts";
+import { filled, language, texts } from "../ui/texts.ts";
 import { editorIn } from "./editor.ts";
 import { saveAs } from "./tools.ts";
-import licences from "#licences/LICENSES.md?raw";
+import licence from "#licence?raw";
+import licences from "#lists-licences?raw";
 import components from "./components.txt?raw";
 
 const panel = (): HTMLDialogElement => byId("panel") as HTMLDialogElement;
@@ -23,7 +24,7 @@ function open(title: string, name: string, ...content: Node[]): void {
 
 function choice(label: string, name: keyof { [Name in keyof Preferences as Preferences[Name] extends boolean ? Name : never]: 0 }): HTMLElement {
     const box = make("input", { type: "checkbox", checked: preferences[name], onchange: () => prefer({ [name]: box.checked }) });
-    return make("label", { className: "choice" }, box, label);
+    return make("label", { className: "choice" }, box, make("span", {}, label));
 }
 
 function holding(): HTMLElement {
@@ -130,5 +131,5 @@ export function showChart({ keys }: Page): void {
 
 export function showAbout(): void {
     open(texts.about, "about", make("p", {}, language === "si" ? "\u0DC0\u0DB1\u0DDC\u0D9A\u0DCF" : "Vanoka", " \u2014 ", texts.tagline),
-        make("p", {}, texts.privacy), make("h3", {}, texts.licences), make("pre", { lang: "en", tabIndex: 0, role: "region", "aria-label": texts.licences }, components, "\n", licences));
+        make("p", {}, texts.privacy), make("h3", {}, texts.licences), make("pre", { lang: "en", tabIndex: 0, role: "region", "aria-label": texts.licences }, components, "\n", licences, "\n", licence));
 }

@@ -1,5 +1,5 @@
-import { byId, button } from "./dom.ts";
-import { texts } from "./texts.ts";
+import { byId, button } from "../ui/dom.ts";
+import { texts } from "../ui/texts.ts";
 
 let timer: ReturnType<typeof setTimeout> | undefined;
 

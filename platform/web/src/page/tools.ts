@@ -1,10 +1,10 @@
 import type { EditableField } from "../field/EditableField.ts";
-import { button, byId, make } from "./dom.ts";
+import { button, byId, make } from "../ui/dom.ts";
 import { symbol, type Symbol } from "./icons.ts";
 import type { Page } from "./main.ts";
 import { prefer, preferences } from "./preferences.ts";
 import { showStatus } from "./status.ts";
-import { texts } from "./texts.ts";
+import { texts } from "../ui/texts.ts";
 
 /// The buttons above the text.
 export function drawTools(page: Page): void {
