@@ -76,10 +76,13 @@ vanoka_status vanoka_learnt_import(vanoka_learnt* learnt, const char* document, 
         if (const auto problem = firstProblem(learnt, bytes); problem != VANOKA_OK)
             return problem;
         const auto read = WordsDocument::read(bytes.view());
-        if (const auto* problem = std::get_if<WordsDocument::Problem>(&read))
+        if (const auto* problem = std::get_if<WordsDocument::Problem>(&read)) {
             reply.add(VANOKA_REFUSED, problem->reason, static_cast<std::int64_t>(problem->line));
-        else
-            merge(std::get<WordTally>(read), learnt->tally);
+            return vanoka_status{VANOKA_OK};
+        }
+        WordTally merged = learnt->tally;
+        merge(std::get<WordTally>(read), merged);
+        learnt->tally = std::move(merged);
         return vanoka_status{VANOKA_OK};
     });
 }

@@ -61,6 +61,12 @@ test("two tabs keep a text each, and share keys and words", async () => {
     await second.keyboard.press("Control+End");
     await second.keyboard.type("qq ");
     await expectText(second, `${mama} \u0D85 `);
+    await second.getByRole("button", { name: "Settings" }).click();
+    await expect.poll(async () => {
+        const download = second.waitForEvent("download");
+        await second.getByRole("button", { name: "Export words" }).click();
+        return readFileSync(await (await download).path(), "utf-8");
+    }).toMatch(new RegExp(`(${amma}\t1\n${mama}|${mama}\t1\n${amma})\t1\n`));
     await within.close();
 });
 
