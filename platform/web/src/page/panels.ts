@@ -91,10 +91,9 @@ function ownKeys(page: Page): HTMLElement {
     const redraw = (): void => {
         list.replaceChildren(...groupsOf(keys.settings).flatMap(([title, letters]) => [make("h3", {}, title),
             make("div", { className: "letter-grid" }, ...letters.map((letter) => {
-                const typed = activeKeys(keys.settings, letter);
-                return button("", () => editorIn(editor, page, letter.id, redraw), { className: letter.isCustomized ? "letter changed" : "letter" }, )
-                    .appendChild(make("span", { lang: "si" }, letter.display)).parentElement!
-                    .appendChild(make("small", {}, typed.join(" ") || texts.noKey)).parentElement!;
+                const shown = button("", () => editorIn(editor, page, letter.id, redraw), { className: letter.isCustomized ? "letter changed" : "letter" });
+                shown.append(make("span", { lang: "si" }, letter.display), make("small", {}, activeKeys(keys.settings, letter).join(" ") || texts.noKey));
+                return shown;
             }))]));
     };
     redraw();

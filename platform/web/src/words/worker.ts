@@ -9,6 +9,7 @@ class Lists {
     candidates: Candidates;
     decoder: Decoder | undefined;
     layout: Layout | undefined;
+    #forgotten: Promise<unknown> = Promise.resolve(); // a word that is being forgotten is offered no more
 
     constructor(readonly vanoka: Vanoka, readonly learnt: LearntStore) {
         this.candidates = vanoka.candidates({});
@@ -29,12 +30,18 @@ class Lists {
 
     /// By what a question asks.
     readonly answers: { [What in Question["what"]]: (question: Extract<Question, { what: What }>) => Answers[What] | Promise<Answers[What]> } = {
-        find: ({ word, limit }) => this.candidates.find(word, limit, this.learnt.personal),
+        find: async ({ word, limit }) => {
+            await this.#forgotten;
+            return this.candidates.find(word, limit, this.learnt.personal);
+        },
         decode: ({ points, keyWidth, limit }) =>
             this.decoder && this.layout ? this.decoder.decode(points, this.layout, keyWidth, limit) : [],
         layout: ({ keys }) => this.#adopt(keys),
         teach: async ({ lesson }) => {
-            const problem = await this.learnt.teach(lesson);
+            const taught = this.learnt.teach(lesson);
+            if (lesson.forget !== undefined)
+                this.#forgotten = taught;
+            const problem = await taught;
             others.postMessage("taught");
             return problem;
         },

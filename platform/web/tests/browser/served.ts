@@ -10,8 +10,8 @@ declare module "vitest" {
 
 /// The page as it was built, below a folder as on a shared host.
 export default async function setup(project: TestProject): Promise<() => void> {
-    const { server, address } = await serve(new URL("../../dist/page", import.meta.url).pathname);
-    project.provide("address", address);
+    const { server, address } = await serve(new URL("../../dist", import.meta.url).pathname);
+    project.provide("address", `${address}page/`);
     return () => {
         server.closeAllConnections();
         server.close();
