@@ -1,12 +1,13 @@
 #include "WordTally.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace vanoka {
 
 namespace {
 
-using Kind = WordChange::Kind;
+using Change = WordChange::Kind;
 
 std::int64_t& countOf(PersonalWords::EnglishUse& use, LearntWord::Use kind) {
     return kind == LearntWord::Use::kept ? use.kept : use.typedInSinhala;
@@ -44,6 +45,27 @@ void forget(const std::string& word, WordTally& tally) {
     tally.forgotten.insert(word);
 }
 
+std::int64_t usesOf(std::int64_t count) {
+    return count;
+}
+
+std::int64_t usesOf(const PersonalWords::EnglishUse& use) {
+    return use.kept + use.typedInSinhala;
+}
+
+template <class Words>
+void keepMostUsed(Words& words) {
+    constexpr auto most = static_cast<std::size_t>(LearntWords::most);
+    if (words.size() <= most)
+        return;
+    std::vector<typename Words::iterator> order;
+    for (auto word = words.begin(); word != words.end(); ++word)
+        order.push_back(word);
+    std::ranges::stable_sort(order, std::ranges::greater(), [](auto word) { return usesOf(word->second); });
+    for (std::size_t at = most; at < order.size(); ++at)
+        words.erase(order[at]);
+}
+
 } // namespace
 
 WordTally::WordTally(const PersonalWords& words) : english(words.english), forgotten(words.forgotten) {
@@ -61,13 +83,33 @@ PersonalWords WordTally::words() && {
                                      .forgotten = std::move(forgotten)});
 }
 
+void merge(const WordTally& other, WordTally& tally) {
+    for (const std::string& word : other.forgotten)
+        forget(word, tally);
+    for (const auto& [word, count] : other.sinhala)
+        if (!tally.forgotten.contains(word))
+            tally.sinhala[word] = std::max(tally.sinhala[word], count);
+    for (const auto& [word, use] : other.english) {
+        if (tally.forgotten.contains(word))
+            continue;
+        PersonalWords::EnglishUse& own = tally.english[word];
+        own = {std::max(own.kept, use.kept), std::max(own.typedInSinhala, use.typedInSinhala)};
+    }
+    makeRoom(tally);
+}
+
+void makeRoom(WordTally& tally) {
+    keepMostUsed(tally.sinhala);
+    keepMostUsed(tally.english);
+}
+
 void apply(const WordChange& change, WordTally& tally) {
     switch (change.kind) {
-    case Kind::learn:
+    case Change::learn:
         return learn(change.word, tally);
-    case Kind::unlearn:
+    case Change::unlearn:
         return unlearn(change.word, tally);
-    case Kind::forget:
+    case Change::forget:
         forget(change.word.sinhala, tally);
         return forget(change.word.english, tally);
     }

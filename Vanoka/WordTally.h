@@ -33,6 +33,12 @@ struct WordChange {
     LearntWord word;
 };
 
+/// Adds what was learnt elsewhere: of each count the larger one, and all that is forgotten.
+void merge(const WordTally& other, WordTally& tally);
+
+/// Drops the least used words beyond `LearntWords::most` of a kind.
+void makeRoom(WordTally& tally);
+
 /// Learns what is not forgotten; takes back no more than there is.
 void apply(const WordChange& change, WordTally& tally);
 

@@ -2,6 +2,7 @@
 
 #include "Answer.h"
 #include "Arguments.h"
+#include "CandidateKinds.h"
 #include "Lists.h"
 #include "text/Rows.h"
 #include "vanoka.h"
@@ -12,10 +13,6 @@
 
 using namespace vanoka;
 using namespace vanoka::c;
-
-struct vanoka_personal {
-    PersonalWords words;
-};
 
 struct vanoka_candidates {
     SuggestionLists lists;
@@ -32,20 +29,6 @@ void readUses(std::string_view list, std::int64_t EnglishUse::* times, PersonalW
                          if (const auto count = text::integer(field))
                              words.english[std::string(word)].*times = ListReading::held(*count);
                      });
-}
-
-std::int32_t kindOf(Candidate::Kind kind) {
-    switch (kind) {
-    case Candidate::Kind::typed:
-        return VANOKA_TYPED;
-    case Candidate::Kind::sinhala:
-        return VANOKA_WORD;
-    case Candidate::Kind::latin:
-        return VANOKA_LATIN;
-    case Candidate::Kind::emoji:
-        break;
-    }
-    return VANOKA_EMOJI;
 }
 
 /// The list of a handle, or an empty one.
@@ -100,7 +83,7 @@ vanoka_status vanoka_candidates_find(const vanoka_candidates* candidates, const 
         const auto most = static_cast<std::size_t>(std::max(limit, 0));
         for (const Candidate& row :
              candidatesFor(word, candidates->lists, personal ? &personal->words : nullptr, most))
-            reply.add(kindOf(row.kind), row.text, row.isLearnt ? 1 : 0);
+            addCandidate(reply, row);
         return vanoka_status{VANOKA_OK};
     });
 }

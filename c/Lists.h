@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PersonalWords.h"
 #include "words/EmojiWords.h"
 #include "words/EnglishWordList.h"
 #include "words/SinhalaWordList.h"
@@ -14,4 +15,8 @@ struct vanoka_english {
 
 struct vanoka_emoji {
     vanoka::EmojiWords list;
+};
+
+struct vanoka_personal {
+    vanoka::PersonalWords words;
 };

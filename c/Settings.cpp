@@ -47,13 +47,6 @@ void addLetter(Reply& reply, const Letter& letter, std::int64_t number) {
     reply.add(VANOKA_DISPLAY, letter.display());
 }
 
-void addKey(Reply& reply, const SinglishKeyState& state) {
-    const bool isAdded = state.kind == SinglishKeyState::Kind::added;
-    reply.add(isAdded ? VANOKA_ADDED : VANOKA_BUILT_IN, state.key, state.isOn ? 1 : 0);
-    if (state.takenBy)
-        reply.add(VANOKA_TAKEN_BY, *state.takenBy);
-}
-
 void addCheck(Reply& reply, const SinglishSettings::KeyCheck& check) {
     if (check.problem)
         reply.add(kindOf(*check.problem), message(*check.problem));
@@ -89,6 +82,13 @@ vanoka_status check(const vanoka_settings* settings, const Pair& pair, Reply& re
 }
 
 } // namespace
+
+void vanoka::c::addKey(Reply& reply, const SinglishKeyState& state) {
+    const bool isAdded = state.kind == SinglishKeyState::Kind::added;
+    reply.add(isAdded ? VANOKA_ADDED : VANOKA_BUILT_IN, state.key, state.isOn ? 1 : 0);
+    if (state.takenBy)
+        reply.add(VANOKA_TAKEN_BY, *state.takenBy);
+}
 
 vanoka_status vanoka_settings_create(vanoka_settings** settings) {
     return creating(

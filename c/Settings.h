@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Answer.h"
 #include "settings/SinglishSettings.h"
 #include "settings/UserDefaults.h"
 #include "vanoka.h"
@@ -13,6 +14,9 @@ struct KeySettings {
     MemoryUserDefaults defaults;
     SinglishSettings keys{defaults};
 };
+
+/// A key as `vanoka_settings_keys` tells it.
+void addKey(Reply& reply, const SinglishKeyState& state);
 
 } // namespace vanoka::c
 

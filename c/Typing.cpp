@@ -3,14 +3,11 @@
 #include "Answer.h"
 #include "Arguments.h"
 #include "Settings.h"
-#include "text/Utf8.h"
+#include "TypingCalls.h"
 #include "vanoka.h"
 
-#include <algorithm>
 #include <memory>
 #include <string>
-#include <type_traits>
-#include <utility>
 
 using namespace vanoka;
 using namespace vanoka::c;
@@ -25,30 +22,7 @@ namespace {
 static_assert(VANOKA_SPACE == KeyEvent::space && VANOKA_DELETE == KeyEvent::deleteBackward);
 static_assert(VANOKA_ESCAPE == KeyEvent::escape && VANOKA_OTHER_KEY == KeyEvent::otherKey);
 static_assert(VANOKA_CONTROL == KeyEvent::control && VANOKA_OPTION == KeyEvent::option);
-static_assert(VANOKA_COMMAND == KeyEvent::command);
-
-void addEffect(Reply& reply, const TypingEffect& effect) {
-    if (effect.kind == TypingEffect::Kind::none)
-        return;
-    const bool isMark = effect.kind == TypingEffect::Kind::mark;
-    reply.add(isMark ? VANOKA_MARK : VANOKA_INSERT, effect.text,
-              static_cast<std::int64_t>(text::utf16Length(effect.text)));
-}
-
-/// Lets `act` change a copy of the typing: what memory is too short to answer has not happened.
-template <class Act>
-void change(vanoka_typing& handle, Act act) {
-    static_assert(std::is_nothrow_move_assignable_v<Typing>);
-    Typing changed = handle.typing;
-    act(changed);
-    handle.typing = std::move(changed);
-}
-
-KeyEvent eventOf(std::uint32_t code, std::uint32_t modifiers, std::string_view characters) {
-    return {.modifierFlags = modifiers,
-            .keyCode = static_cast<std::uint16_t>(std::min<std::uint32_t>(code, KeyEvent::otherKey)),
-            .characters = std::string(characters)};
-}
+static_assert(VANOKA_COMMAND == KeyEvent::command && VANOKA_SHIFT == KeyEvent::shift);
 
 } // namespace
 
@@ -115,11 +89,7 @@ vanoka_status vanoka_typing_composition(const vanoka_typing* typing, vanoka_answ
     return answering(answer, [&](Reply& reply) {
         if (const auto problem = firstProblem(typing); problem != VANOKA_OK)
             return problem;
-        const SinglishComposer& composer = typing->typing.composer();
-        if (composer.isComposing()) {
-            reply.add(VANOKA_KEYS, composer.raw());
-            reply.add(VANOKA_PREVIEW, composer.preview());
-        }
+        addComposition(reply, typing->typing.composer());
         return vanoka_status{VANOKA_OK};
     });
 }

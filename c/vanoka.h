@@ -77,8 +77,9 @@ enum {
     VANOKA_WORD = 1,
     VANOKA_EMOJI = 2,
     VANOKA_TEXT = 3,
-    VANOKA_TYPED = 4, /* what was typed, as it is put in by itself */
-    VANOKA_LATIN = 5, /* the keys as they were typed, as an English word */
+    VANOKA_TYPED = 4,       /* what was typed, as it is put in by itself */
+    VANOKA_LATIN = 5,       /* the keys as they were typed, as an English word */
+    VANOKA_HIGHLIGHTED = 6, /* the row of candidates before is what Space puts in; the text is empty */
 
     VANOKA_INSERT = 10,  /* a text to put in for good, in place of what is marked */
     VANOKA_MARK = 11,    /* a text to show as marked, in place of what is marked; empty: take it away */
@@ -94,12 +95,25 @@ enum {
     VANOKA_ADDED = 31,    /* a key that the user has given to a letter */
     VANOKA_TAKEN_BY = 32, /* the id of the letter that the key before types instead */
 
-    VANOKA_KEY_FREE = 40,         /* the key can be added; the text is empty */
-    VANOKA_KEY_REPLACES = 41,     /* the key can be added, and types the letter with this id until then */
-    VANOKA_KEY_EMPTY = 42,        /* the key cannot be added: it is empty; the text tells a person so */
-    VANOKA_KEY_NOT_LETTERS = 43,  /* likewise: it holds something else than English letters */
-    VANOKA_KEY_TOO_LONG = 44,     /* likewise: it has more than six letters */
-    VANOKA_KEY_ALREADY_THERE = 45 /* likewise: it types this letter already */
+    VANOKA_KEY_FREE = 40,          /* the key can be added; the text is empty */
+    VANOKA_KEY_REPLACES = 41,      /* the key can be added, and types the letter with this id until then */
+    VANOKA_KEY_EMPTY = 42,         /* the key cannot be added: it is empty; the text tells a person so */
+    VANOKA_KEY_NOT_LETTERS = 43,   /* likewise: it holds something else than English letters */
+    VANOKA_KEY_TOO_LONG = 44,      /* likewise: it has more than six letters */
+    VANOKA_KEY_ALREADY_THERE = 45, /* likewise: it types this letter already */
+
+    VANOKA_LEARN = 50,   /* a text that was put in and is to be learnt; the VANOKA_KEYS after it typed it */
+    VANOKA_UNLEARN = 51, /* likewise, what was learnt is to be taken back */
+    VANOKA_FORGET = 52,  /* a word that is never to be offered from learning again */
+    VANOKA_REFUSED = 53, /* why a document was not taken; number: the line that is wrong, from 1 */
+
+    VANOKA_GROUP = 60,   /* what a letter is: "Vowel" */
+    VANOKA_EXAMPLE = 61, /* how a letter is typed, or that no key types it; number: 1 when one does, else 0 */
+    VANOKA_NOTE = 62,    /* what is said of the key before */
+    VANOKA_CONTROL_NAME = 63, /* what the control beside the key before does, and to which key */
+    VANOKA_MESSAGE =
+        64, /* what adding the draft would do, or why it cannot be added; number: 1 when it can */
+    VANOKA_FOOTNOTE = 65 /* what a key may be made of */
 };
 
 /* One part of an answer. 24 bytes on every machine. */
@@ -160,6 +174,14 @@ VANOKA_API vanoka_status vanoka_settings_set_built_in(vanoka_settings* settings,
 /* Drops all that was added and switched off. */
 VANOKA_API vanoka_status vanoka_settings_reset(vanoka_settings* settings);
 
+/* What an editor of one letter's keys says, while `draft` stands in its field: VANOKA_GROUP, VANOKA_EXAMPLE;
+   for each key the items of `vanoka_settings_keys`, a VANOKA_NOTE where there is one, and a
+   VANOKA_CONTROL_NAME; VANOKA_MESSAGE, VANOKA_FOOTNOTE. Everything is in English. VANOKA_BAD_ARGUMENT when
+   there is no such letter. */
+VANOKA_API vanoka_status vanoka_settings_editor(const vanoka_settings* settings, const char* letter,
+                                                size_t letter_size, const char* draft, size_t draft_size,
+                                                vanoka_answer* answer);
+
 /* The letters that `key` may stand for while it is held down, likeliest first: for each its id as
    VANOKA_VOWEL, VANOKA_CONSONANT or VANOKA_SIGN, a VANOKA_DISPLAY, and the VANOKA_KEYS that type it. */
 VANOKA_API vanoka_status vanoka_settings_long_press(const vanoka_settings* settings, const char* key,
@@ -173,8 +195,9 @@ VANOKA_API vanoka_status vanoka_settings_transliterate(const vanoka_settings* se
 
 /* The key codes that mean something by themselves. All others are known by their characters. */
 enum { VANOKA_SPACE = 49, VANOKA_DELETE = 51, VANOKA_ESCAPE = 53, VANOKA_OTHER_KEY = 0xFFFF };
-/* The modifiers that make a key a shortcut, to be added up. Shift, AltGr and the locks are none. */
-enum { VANOKA_CONTROL = 1 << 18, VANOKA_OPTION = 1 << 19, VANOKA_COMMAND = 1 << 20 };
+/* The modifiers that make a key a shortcut, to be added up. AltGr and the locks are none, nor is Shift, which
+   means something with Tab and Delete in a line of candidates. */
+enum { VANOKA_SHIFT = 1 << 17, VANOKA_CONTROL = 1 << 18, VANOKA_OPTION = 1 << 19, VANOKA_COMMAND = 1 << 20 };
 
 typedef struct vanoka_typing vanoka_typing;
 
@@ -287,6 +310,81 @@ VANOKA_API vanoka_status vanoka_candidates_find(const vanoka_candidates* candida
                                                 const vanoka_personal* personal, const char* keys,
                                                 size_t keys_size, const char* preview, size_t preview_size,
                                                 int32_t limit, vanoka_answer* answer);
+
+/* ---- Typing with a line of candidates under it ---- */
+
+/* While a line is shown, Down and Tab highlight the next row, Up and Shift with Tab the one before; what puts
+   text in puts the highlighted row in; Escape and Delete move the highlight back. Until it is moved, every
+   key does exactly what it does in `vanoka_typing_press`. */
+typedef struct vanoka_suggesting vanoka_suggesting;
+
+/* Suggests and learns nothing until it is told to. */
+VANOKA_API vanoka_status vanoka_suggesting_create(const vanoka_settings* settings,
+                                                  vanoka_suggesting** suggesting);
+VANOKA_API void vanoka_suggesting_release(vanoka_suggesting* suggesting);
+/* Whether candidates are asked for, and whether words teach something: any number but 0, or 0. */
+VANOKA_API vanoka_status vanoka_suggesting_switch(vanoka_suggesting* suggesting, int32_t suggests,
+                                                  int32_t learns);
+
+/* As `vanoka_typing_press`. After the INSERT or MARK the answer holds what the key teaches, if anything:
+   VANOKA_LEARN or VANOKA_UNLEARN with VANOKA_KEYS, or VANOKA_FORGET. So do those of the next calls that put
+   something in. */
+VANOKA_API vanoka_status vanoka_suggesting_press(vanoka_suggesting* suggesting, uint32_t code,
+                                                 uint32_t modifiers, const char* characters, size_t size,
+                                                 int32_t* consumed, vanoka_answer* answer);
+/* `needs` becomes 1 when what the key does depends on candidates that were asked for and have not come: it is
+   to be pressed when they have. */
+VANOKA_API vanoka_status vanoka_suggesting_needs(const vanoka_suggesting* suggesting, uint32_t code,
+                                                 uint32_t modifiers, const char* characters, size_t size,
+                                                 int32_t* needs);
+/* As `vanoka_typing_end`, with the highlighted row. */
+VANOKA_API vanoka_status vanoka_suggesting_end(vanoka_suggesting* suggesting, vanoka_answer* answer);
+/* As `vanoka_typing_forget`. */
+VANOKA_API vanoka_status vanoka_suggesting_forget(vanoka_suggesting* suggesting, vanoka_answer* answer);
+/* As `vanoka_typing_composition`. */
+VANOKA_API vanoka_status vanoka_suggesting_composition(const vanoka_suggesting* suggesting,
+                                                       vanoka_answer* answer);
+/* Puts a row in, as a click on it does. Nothing is done where there is none. */
+VANOKA_API vanoka_status vanoka_suggesting_choose(vanoka_suggesting* suggesting, size_t row,
+                                                  vanoka_answer* answer);
+/* Forgets a row if it was learnt. The answer holds the mark of the first row, and a VANOKA_FORGET. */
+VANOKA_API vanoka_status vanoka_suggesting_forget_row(vanoka_suggesting* suggesting, size_t row,
+                                                      vanoka_answer* answer);
+
+/* What candidates are missing for: VANOKA_KEYS, whose number is to be passed to `vanoka_suggesting_take`, and
+   VANOKA_PREVIEW; nothing when those of the newest key are there, or none are wanted. */
+VANOKA_API vanoka_status vanoka_suggesting_request(const vanoka_suggesting* suggesting,
+                                                   vanoka_answer* answer);
+/* The candidates of a request, as `vanoka_candidates_find` gave them, here or in another thread or process.
+   `taken` becomes 0, and they are dropped, when it is not the newest. */
+VANOKA_API vanoka_status vanoka_suggesting_take(vanoka_suggesting* suggesting, int64_t request,
+                                                const vanoka_item* rows, size_t count, int32_t* taken);
+/* The line as it is to be shown, with a VANOKA_HIGHLIGHTED after one of its rows; nothing when none is. */
+VANOKA_API vanoka_status vanoka_suggesting_line(const vanoka_suggesting* suggesting, vanoka_answer* answer);
+
+/* ---- What is learnt ---- */
+
+/* The words that one person has written, to be changed. Where they are stored is the program's business. */
+typedef struct vanoka_learnt vanoka_learnt;
+
+VANOKA_API vanoka_status vanoka_learnt_create(vanoka_learnt** learnt);
+VANOKA_API void vanoka_learnt_release(vanoka_learnt* learnt);
+/* What a VANOKA_LEARN or a VANOKA_UNLEARN says. Not every text is a word: what is none is not learnt, and
+   neither is what was forgotten. */
+VANOKA_API vanoka_status vanoka_learnt_learn(vanoka_learnt* learnt, const char* keys, size_t keys_size,
+                                             const char* text, size_t text_size);
+VANOKA_API vanoka_status vanoka_learnt_unlearn(vanoka_learnt* learnt, const char* keys, size_t keys_size,
+                                               const char* text, size_t text_size);
+/* What a VANOKA_FORGET says. */
+VANOKA_API vanoka_status vanoka_learnt_forget(vanoka_learnt* learnt, const char* word, size_t size);
+/* All of it as one VANOKA_TEXT, to be stored or carried elsewhere. */
+VANOKA_API vanoka_status vanoka_learnt_document(const vanoka_learnt* learnt, vanoka_answer* answer);
+/* Adds the words of such a text, wherever it was written. A VANOKA_REFUSED, and nothing has changed, when it
+   is none; otherwise the answer is empty. */
+VANOKA_API vanoka_status vanoka_learnt_import(vanoka_learnt* learnt, const char* document, size_t size,
+                                              vanoka_answer* answer);
+/* The words as they are now, for `vanoka_candidates_find`. */
+VANOKA_API vanoka_status vanoka_learnt_personal(const vanoka_learnt* learnt, vanoka_personal** personal);
 
 /* ---- Swiping ---- */
 

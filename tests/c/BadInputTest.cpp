@@ -297,6 +297,82 @@ TEST_F(BadInput, Candidates) {
     }
 }
 
+TEST_F(BadInput, Editor) {
+    const std::string_view ka = "\u0D9A";
+    expect(VANOKA_BAD_ARGUMENT, vanoka_settings_editor, nullptr, ka.data(), ka.size(), "", std::size_t{0});
+    expect(VANOKA_BAD_ARGUMENT, vanoka_settings_editor, settings.get(), "k", std::size_t{1}, "",
+           std::size_t{0});
+    expectBadTextsRefused([&](const char* draft, std::size_t size, vanoka_answer* reply) {
+        return vanoka_settings_editor(settings.get(), ka.data(), ka.size(), draft, size, reply);
+    });
+}
+
+TEST_F(BadInput, Suggesting) {
+    expectNoHandle<vanoka_suggesting>(VANOKA_BAD_ARGUMENT, vanoka_suggesting_create, nullptr);
+    const auto suggesting = test::created<test::SuggestingHandle>(vanoka_suggesting_create, settings.get());
+    EXPECT_EQ(vanoka_suggesting_switch(nullptr, 1, 1), VANOKA_BAD_ARGUMENT);
+    EXPECT_EQ(vanoka_suggesting_switch(suggesting.get(), -1, 7), VANOKA_OK);
+    std::int32_t number = 7;
+    EXPECT_EQ(vanoka_suggesting_needs(suggesting.get(), VANOKA_OTHER_KEY, 0, nullptr, 1, &number),
+              VANOKA_BAD_ARGUMENT);
+    EXPECT_EQ(number, 0);
+    EXPECT_EQ(vanoka_suggesting_needs(suggesting.get(), VANOKA_OTHER_KEY, 0, "k", 1, nullptr),
+              VANOKA_BAD_ARGUMENT);
+    expect(VANOKA_BAD_ARGUMENT, vanoka_suggesting_press, suggesting.get(), VANOKA_OTHER_KEY, 0U, "k",
+           std::size_t{1}, nullptr);
+    expect(VANOKA_BAD_ARGUMENT, vanoka_suggesting_press, nullptr, VANOKA_OTHER_KEY, 0U, "k", std::size_t{1},
+           &number);
+    for (const auto call : {vanoka_suggesting_choose, vanoka_suggesting_forget_row}) {
+        expect(VANOKA_BAD_ARGUMENT, call, nullptr, std::size_t{0});
+        EXPECT_EQ(call(suggesting.get(), huge, answer.get()), VANOKA_OK) << "a row that there is not";
+        EXPECT_EQ(vanoka_answer_count(answer.get()), 0U);
+    }
+    for (const auto call : {vanoka_suggesting_composition, vanoka_suggesting_request, vanoka_suggesting_line})
+        expect(VANOKA_BAD_ARGUMENT, call, nullptr);
+    for (const auto call : {vanoka_suggesting_end, vanoka_suggesting_forget})
+        expect(VANOKA_BAD_ARGUMENT, call, nullptr);
+}
+
+TEST_F(BadInput, CandidatesThatAreTaken) {
+    const auto suggesting = test::created<test::SuggestingHandle>(vanoka_suggesting_create, settings.get());
+    std::int32_t taken = 7;
+    const auto take = [&](const vanoka_item& row) {
+        return vanoka_suggesting_take(suggesting.get(), 0, &row, 1, &taken);
+    };
+    EXPECT_EQ(take({.text = "k", .size = 1, .kind = VANOKA_TEXT}), VANOKA_BAD_ARGUMENT);
+    EXPECT_EQ(taken, 0);
+    EXPECT_EQ(take({.text = nullptr, .size = 1, .kind = VANOKA_WORD}), VANOKA_BAD_ARGUMENT);
+    EXPECT_EQ(take({.text = illFormed.data(), .size = 3, .kind = VANOKA_WORD}), VANOKA_ILL_FORMED);
+    EXPECT_EQ(vanoka_suggesting_take(suggesting.get(), 0, nullptr, 1, &taken), VANOKA_BAD_ARGUMENT);
+    const std::array<vanoka_item, 1> one = {{{.text = "k", .size = 1, .kind = VANOKA_WORD}}};
+    EXPECT_EQ(vanoka_suggesting_take(suggesting.get(), 0, one.data(), huge, &taken), VANOKA_TOO_LARGE);
+    EXPECT_EQ(vanoka_suggesting_take(suggesting.get(), 0, one.data(), 1, nullptr), VANOKA_BAD_ARGUMENT);
+    EXPECT_EQ(vanoka_suggesting_take(nullptr, 0, one.data(), 1, &taken), VANOKA_BAD_ARGUMENT);
+    EXPECT_EQ(vanoka_suggesting_take(suggesting.get(), -1, one.data(), 1, &taken), VANOKA_OK);
+    EXPECT_EQ(taken, 0) << "nothing was asked for";
+}
+
+TEST_F(BadInput, WhatIsLearnt) {
+    const auto learnt = test::created<test::LearntHandle>(vanoka_learnt_create);
+    for (const auto call : {vanoka_learnt_learn, vanoka_learnt_unlearn}) {
+        EXPECT_EQ(call(nullptr, "k", 1, "k", 1), VANOKA_BAD_ARGUMENT);
+        EXPECT_EQ(call(learnt.get(), nullptr, 1, "k", 1), VANOKA_BAD_ARGUMENT);
+        EXPECT_EQ(call(learnt.get(), "k", 1, illFormed.data(), illFormed.size()), VANOKA_ILL_FORMED);
+        EXPECT_EQ(call(learnt.get(), "k", huge, "k", 1), VANOKA_TOO_LARGE);
+        EXPECT_EQ(call(learnt.get(), "never seen", 10, "!", 1), VANOKA_OK) << "no word";
+    }
+    EXPECT_EQ(vanoka_learnt_forget(learnt.get(), illFormed.data(), illFormed.size()), VANOKA_ILL_FORMED);
+    EXPECT_EQ(vanoka_learnt_forget(learnt.get(), "!", 1), VANOKA_OK);
+    expect(VANOKA_BAD_ARGUMENT, vanoka_learnt_document, nullptr);
+    expect(VANOKA_BAD_ARGUMENT, vanoka_learnt_import, nullptr, "", std::size_t{0});
+    expect(VANOKA_TOO_LARGE, vanoka_learnt_import, learnt.get(), "", huge);
+    EXPECT_EQ(vanoka_learnt_import(learnt.get(), illFormed.data(), illFormed.size(), answer.get()),
+              VANOKA_OK);
+    ASSERT_EQ(vanoka_answer_count(answer.get()), 1U);
+    EXPECT_EQ(vanoka_answer_items(answer.get())->kind, VANOKA_REFUSED);
+    expectNoHandle<vanoka_personal>(VANOKA_BAD_ARGUMENT, vanoka_learnt_personal, nullptr);
+}
+
 class BadStrokes : public BadInput {
 protected:
     static constexpr std::string_view list = "ma\t9223372036854775807\nam\t-5\nat\tchat\n";

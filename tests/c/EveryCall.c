@@ -230,6 +230,101 @@ static void candidates(void) {
     vanoka_personal_release(personal);
 }
 
+static void editor(void) {
+    vanoka_settings *settings = NULL;
+    CHECK(vanoka_settings_create(&settings) == VANOKA_OK);
+    CHECK(vanoka_settings_add(settings, TEXT("kh"), TEXT(KA), answer) == VANOKA_OK);
+    CHECK(vanoka_settings_editor(settings, TEXT(KA), TEXT("q"), answer) == VANOKA_OK && count() == 9);
+    CHECK(is(0, VANOKA_GROUP, "Consonant") && vanoka_answer_items(answer)[1].kind == VANOKA_EXAMPLE && number(1) == 1);
+    CHECK(is(2, VANOKA_BUILT_IN, "k") && is(3, VANOKA_CONTROL_NAME, "On, k"));
+    CHECK(is(4, VANOKA_ADDED, "kh") && is(5, VANOKA_NOTE, "Your key"));
+    CHECK(is(6, VANOKA_CONTROL_NAME, "Remove this key, kh"));
+    CHECK(vanoka_answer_items(answer)[7].kind == VANOKA_MESSAGE && number(7) == 1);
+    CHECK(vanoka_answer_items(answer)[8].kind == VANOKA_FOOTNOTE);
+    CHECK(vanoka_settings_editor(settings, TEXT(KA), TEXT("1"), answer) == VANOKA_OK && number(7) == 0);
+    vanoka_settings_release(settings);
+}
+
+static int32_t pressed(vanoka_suggesting *typing, uint32_t code, const char *characters) {
+    int32_t consumed = -1;
+    CHECK(vanoka_suggesting_press(typing, code, 0, characters, strlen(characters), &consumed, answer) == VANOKA_OK);
+    return consumed;
+}
+
+/* Types mama and takes the rows. */
+static void type_mama(vanoka_suggesting *typing, const vanoka_item *rows, size_t rows_count) {
+    const char *keys[] = {"m", "a", "m", "a"};
+    int32_t taken = 0;
+    for (size_t at = 0; at < 4; ++at)
+        CHECK(pressed(typing, VANOKA_OTHER_KEY, keys[at]) == 1 && count() == 1);
+    CHECK(vanoka_suggesting_composition(typing, answer) == VANOKA_OK && is(0, VANOKA_KEYS, "mama"));
+    CHECK(vanoka_suggesting_request(typing, answer) == VANOKA_OK && count() == 2);
+    CHECK(is(0, VANOKA_KEYS, "mama") && is(1, VANOKA_PREVIEW, MAMA));
+    const int64_t request = number(0);
+    CHECK(vanoka_suggesting_take(typing, request - 1, rows, rows_count, &taken) == VANOKA_OK && taken == 0);
+    CHECK(vanoka_suggesting_take(typing, request, rows, rows_count, &taken) == VANOKA_OK && taken == 1);
+    CHECK(vanoka_suggesting_request(typing, answer) == VANOKA_OK && count() == 0);
+}
+
+static void suggesting(void) {
+    const vanoka_item rows[] = {{MAMA, sizeof(MAMA) - 1, VANOKA_TYPED, 0},
+                                {MAMAYA, sizeof(MAMAYA) - 1, VANOKA_WORD, 1},
+                                {"mama", 4, VANOKA_LATIN, 0}};
+    vanoka_settings *settings = NULL;
+    vanoka_suggesting *typing = NULL;
+    int32_t needs = -1;
+    CHECK(vanoka_settings_create(&settings) == VANOKA_OK);
+    CHECK(vanoka_suggesting_create(settings, &typing) == VANOKA_OK);
+    vanoka_settings_release(settings);
+    CHECK(vanoka_suggesting_switch(typing, 1, 1) == VANOKA_OK);
+    CHECK(pressed(typing, VANOKA_OTHER_KEY, "k") == 1);
+    CHECK(vanoka_suggesting_needs(typing, VANOKA_OTHER_KEY, 0, TEXT("\t"), &needs) == VANOKA_OK && needs == 1);
+    CHECK(vanoka_suggesting_end(typing, answer) == VANOKA_OK && count() == 1);
+
+    type_mama(typing, rows, 3);
+    CHECK(vanoka_suggesting_line(typing, answer) == VANOKA_OK && count() == 4);
+    CHECK(is(0, VANOKA_TYPED, MAMA) && is(1, VANOKA_HIGHLIGHTED, "") && number(2) == 1);
+    CHECK(pressed(typing, VANOKA_OTHER_KEY, "\t") == 1 && is(0, VANOKA_MARK, MAMAYA));
+    CHECK(pressed(typing, VANOKA_SPACE, " ") == 1 && is(0, VANOKA_INSERT, MAMAYA " "));
+    CHECK(is(1, VANOKA_LEARN, MAMAYA) && is(2, VANOKA_KEYS, "mama"));
+    CHECK(pressed(typing, VANOKA_DELETE, "\x7F") == 0 && is(0, VANOKA_UNLEARN, MAMAYA) && is(1, VANOKA_KEYS, "mama"));
+
+    type_mama(typing, rows, 3);
+    CHECK(vanoka_suggesting_forget_row(typing, 2, answer) == VANOKA_OK && count() == 0);
+    CHECK(vanoka_suggesting_forget_row(typing, 1, answer) == VANOKA_OK && is(1, VANOKA_FORGET, MAMAYA));
+    CHECK(vanoka_suggesting_line(typing, answer) == VANOKA_OK && count() == 3);
+    CHECK(vanoka_suggesting_choose(typing, 1, answer) == VANOKA_OK && is(0, VANOKA_INSERT, "mama"));
+    CHECK(pressed(typing, VANOKA_OTHER_KEY, "k") == 1);
+    CHECK(vanoka_suggesting_forget(typing, answer) == VANOKA_OK && is(0, VANOKA_TEXT, KA "\xE0\xB7\x8A"));
+    vanoka_suggesting_release(typing);
+}
+
+static void learnt(void) {
+    vanoka_learnt *learnt = NULL, *other = NULL;
+    vanoka_personal *personal = NULL;
+    CHECK(vanoka_learnt_create(&learnt) == VANOKA_OK && vanoka_learnt_create(&other) == VANOKA_OK);
+    CHECK(vanoka_learnt_learn(learnt, TEXT("amma"), TEXT(AMMA)) == VANOKA_OK);
+    CHECK(vanoka_learnt_learn(learnt, TEXT("mama"), TEXT(MAMA)) == VANOKA_OK);
+    CHECK(vanoka_learnt_unlearn(learnt, TEXT("mama"), TEXT(MAMA)) == VANOKA_OK);
+    CHECK(vanoka_learnt_forget(learnt, TEXT(MAMAYA)) == VANOKA_OK);
+    CHECK(vanoka_learnt_document(learnt, answer) == VANOKA_OK && count() == 1);
+    CHECK(strstr(vanoka_answer_items(answer)->text, AMMA "\t1\n") != NULL);
+    CHECK(strstr(vanoka_answer_items(answer)->text, MAMA "\t") == NULL);
+    CHECK(vanoka_learnt_import(other, vanoka_answer_items(answer)->text, vanoka_answer_items(answer)->size, answer) ==
+          VANOKA_OK);
+    CHECK(count() == 0);
+    CHECK(vanoka_learnt_import(other, TEXT(AMMA "\t7\n" MAMAYA "\t9\n"), answer) == VANOKA_OK && count() == 0);
+    CHECK(vanoka_learnt_import(other, TEXT(AMMA "\t8\nno list\n"), answer) == VANOKA_OK && count() == 1);
+    CHECK(vanoka_answer_items(answer)->kind == VANOKA_REFUSED && number(0) == 2);
+    CHECK(vanoka_learnt_document(other, answer) == VANOKA_OK);
+    CHECK(strstr(vanoka_answer_items(answer)->text, AMMA "\t7\n") != NULL); /* the larger count of both */
+    CHECK(strstr(vanoka_answer_items(answer)->text, MAMAYA "\tforgotten") != NULL);
+    CHECK(vanoka_learnt_personal(other, &personal) == VANOKA_OK && personal != NULL);
+    vanoka_personal_release(personal);
+    vanoka_learnt_release(other);
+    vanoka_learnt_release(learnt);
+}
+
 static void swiping(void) {
     const double centers[] = {0, 0, 10, 0, 20, 0};
     const double stroke[] = {10, 0, 0, 0, 10, 0, 0, 0};
@@ -266,6 +361,9 @@ int main(void) {
     typing();
     lists();
     candidates();
+    editor();
+    suggesting();
+    learnt();
     swiping();
     memory();
     vanoka_answer_release(answer);

@@ -149,6 +149,14 @@ TEST_F(ShortMemory, Creations) {
         const std::size_t sizes[] = {list.size()};
         return vanoka_decoder_create(lists, sizes, 1, handle);
     });
+    const auto settings = test::created<test::SettingsHandle>(vanoka_settings_create);
+    expectCreationToSurvive<test::SuggestingHandle>(
+        [&](auto** handle) { return vanoka_suggesting_create(settings.get(), handle); });
+    expectCreationToSurvive<test::LearntHandle>([](auto** handle) { return vanoka_learnt_create(handle); });
+    const auto learnt = test::created<test::LearntHandle>(vanoka_learnt_create);
+    ASSERT_EQ(vanoka_learnt_learn(learnt.get(), "mama", 4, "\u0DB8\u0DB8", 6), VANOKA_OK);
+    expectCreationToSurvive<test::PersonalHandle>(
+        [&](auto** handle) { return vanoka_learnt_personal(learnt.get(), handle); });
     expectCreationToSurvive<test::LayoutHandle>([](auto** handle) {
         const double centers[] = {0, 0, 1, 0};
         return vanoka_layout_create("am", 2, centers, 2, handle);
@@ -169,6 +177,10 @@ TEST_F(ShortMemory, Lists) {
         [&](vanoka_answer* own) { return vanoka_emoji_match(emoji.get(), "\u0DB8\u0DB8", 6, own); });
     expectAnsweringToSurvive([&](vanoka_answer* own) {
         return vanoka_candidates_find(candidates.get(), nullptr, "mama", 4, "\u0DB8\u0DB8", 6, 6, own);
+    });
+    const auto settings = test::created<test::SettingsHandle>(vanoka_settings_create);
+    expectAnsweringToSurvive([&](vanoka_answer* own) {
+        return vanoka_settings_editor(settings.get(), "\u0D9A", 3, "zq", 2, own);
     });
     std::int32_t keeps = 7;
     expectToSurvive(
