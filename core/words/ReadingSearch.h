@@ -60,11 +60,11 @@ private:
         Ranges ranges;
     };
 
-    void open(const Node& node);
+    void open(const Node& opened);
     void findChildren(const Ranges& ranges, std::size_t depth);
     bool readAlone(const Node& node);
     void readOn(const WordTrie& trie, WordTrie::Position position, const Node& node);
-    void openAll(std::uint32_t row, std::size_t depth, double completion);
+    void openAll(std::uint32_t from, std::size_t depth, double completion);
     void addWord(double likely);
     void keep(ReadWord word);
     bool isGoodEnough(double score) const { return best_.size() < limit_ || score >= best_.back().score; }

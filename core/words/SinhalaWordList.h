@@ -70,7 +70,7 @@ public:
 private:
     friend class TypedWords; // reads the same words in one more order
 
-    explicit SinhalaWordList(Shared<SinhalaWordIndex> index) noexcept : index_(std::move(index)) {}
+    explicit SinhalaWordList(const Shared<SinhalaWordIndex>& index) noexcept : index_(index) {}
 
     Shared<SinhalaWordIndex> index_;
 };

@@ -42,7 +42,7 @@ private:
 
 } // namespace
 
-WordTrie::WordTrie(Shared<SinhalaWordIndex> index) : index_(std::move(index)) {
+WordTrie::WordTrie(const Shared<SinhalaWordIndex>& index) : index_(index) {
     const ReadableWords words(index_->words(), longest);
     std::string_view before;
     for (const std::uint32_t place :

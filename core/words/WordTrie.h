@@ -34,7 +34,7 @@ public:
         bool isSingle() const noexcept { return end - first == 1; }
     };
 
-    explicit WordTrie(Shared<SinhalaWordIndex> index);
+    explicit WordTrie(const Shared<SinhalaWordIndex>& index);
 
     Range all() const noexcept { return {0, static_cast<Position>(numbers_.size())}; }
 
