@@ -78,9 +78,9 @@ PersonalWords WordTally::words() && {
     counted.reserve(sinhala.size());
     for (const auto& [word, count] : sinhala)
         counted.push_back({word, count});
-    return withReading(PersonalWords{.sinhala = SinhalaWordList(counted),
-                                     .english = std::move(english),
-                                     .forgotten = std::move(forgotten)});
+    return {.sinhala = SinhalaWordList(counted),
+            .english = std::move(english),
+            .forgotten = std::move(forgotten)};
 }
 
 void merge(const WordTally& other, WordTally& tally) {

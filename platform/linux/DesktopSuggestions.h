@@ -17,8 +17,7 @@ namespace vanoka {
 /// engines of the user share.
 ///
 /// Nothing is read or made before suggestions are switched on: the lists are read on a thread then, no key
-/// waits for them, and suggestions are on when they are there. What people type is read a moment later, when
-/// that has been prepared from them. All stays until the process ends.
+/// waits for them, and suggestions are on when they are there. What was read stays until the process ends.
 ///
 /// All calls come from the thread of the keys, but for `listsAreRead`.
 class DesktopSuggestions {
@@ -45,15 +44,13 @@ public:
     /// brings it.
     bool adoptStoredBeforeKey() { return choices_.areOn && adoptStored(); }
 
-    /// True when lists were read, with which suggestions are on from now on, or better ones.
+    /// True when lists were read, with which suggestions are on now.
     bool adoptLists();
 
 private:
-    using Lists = std::shared_ptr<const SuggestionLists>;
-
     SuggestionChoices stored();
     void enforce(const SuggestionChoices& choices);
-    void read(std::function<Lists()> lists);
+    void read();
 
     FileUserDefaults& defaults_;
     FileWatch watch_;
@@ -61,7 +58,7 @@ private:
     SuggestionChoices choices_;
     std::optional<SqliteWordStore> store_;
     Suggestions suggestions_;
-    std::future<Lists> reading_; // last: it waits for its thread
+    std::future<std::shared_ptr<const SuggestionLists>> reading_; // last: it waits for its thread
 };
 
 } // namespace vanoka
