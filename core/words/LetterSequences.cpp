@@ -86,7 +86,9 @@ private:
         std::vector<Window> sorted(windows_.size());
         const auto bits = weightBits + symbolBits * static_cast<unsigned>(order_);
         for (unsigned shift = weightBits; shift < bits; shift += digitBits) {
-            const auto digit = [shift](Window window) { return window >> shift & (digits - 1); };
+            const auto digit = [shift](Window window) {
+                return static_cast<std::size_t>(window >> shift & (digits - 1));
+            };
             std::vector<std::uint32_t> starts(digits + 1);
             for (const Window window : windows_)
                 ++starts[digit(window) + 1];
@@ -197,13 +199,13 @@ LetterSequences::LetterSequences(const WordTrie& words, std::size_t order) {
 
 std::uint32_t LetterSequences::find(std::size_t level, std::uint32_t node, Symbol symbol) const noexcept {
     const std::vector<Symbol>& symbols = levels_[level].symbols;
-    auto first = symbols.begin(), end = symbols.end();
+    const Symbol *first = symbols.data(), *end = first + symbols.size();
     if (level > 0) {
         end = first + levels_[level - 1].children[node + 1];
         first += levels_[level - 1].children[node];
     }
     const auto found = std::lower_bound(first, end, symbol);
-    return found != end && *found == symbol ? static_cast<std::uint32_t>(found - symbols.begin()) : none;
+    return found != end && *found == symbol ? static_cast<std::uint32_t>(found - symbols.data()) : none;
 }
 
 LetterSequences::Context LetterSequences::begin() const noexcept {

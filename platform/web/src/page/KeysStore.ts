@@ -1,7 +1,8 @@
 import type { Settings, Vanoka } from "../core/index.ts";
 import { storage } from "./preferences.ts";
+import { keysName as name } from "./stored.ts";
 
-const name = "vanoka.customization.v1", damagedName = "vanoka.customization.damaged";
+const damagedName = "vanoka.customization.damaged";
 export const largestDocument = 16 * 1024 * 1024;
 
 /// The keys, stored in the browser and shared with other tabs.

@@ -2,6 +2,7 @@ import { EditableField } from "../field/EditableField.ts";
 import { listen } from "../field/listen.ts";
 import { deleteKey, returnKey } from "../field/keys.ts";
 import { Writer } from "../field/Writer.ts";
+import { instances } from "../field/instances.ts";
 import { Vanoka, FunctionKey, type Key } from "../core/index.ts";
 import { FieldTypist } from "../keyboard/FieldTypist.ts";
 import { TouchKeyboard } from "../keyboard/TouchKeyboard.ts";
@@ -60,19 +61,9 @@ async function start(): Promise<void> {
         return;
     }
     assemble(field, module, vanoka);
-    if ("serviceWorker" in navigator)
+    if ("serviceWorker" in navigator && location.protocol.startsWith("http"))
         void navigator.serviceWorker.register("./sw.js").catch(() => undefined);
     document.documentElement.dataset["ready"] = "typing";
-}
-
-/// A trap of the module can only come of a lack of memory: another instance takes over, from the same compiled code.
-function instances(module: WebAssembly.Module, first: Vanoka): () => Vanoka {
-    let current = first;
-    return () => {
-        if (current.module.isBroken)
-            current = Vanoka.again(module);
-        return current;
-    };
 }
 
 function assemble(field: EditableField, module: WebAssembly.Module, vanoka: Vanoka): void {

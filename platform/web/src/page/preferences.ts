@@ -1,38 +1,4 @@
-/// What a person has chosen on this page. Kept where the browser keeps it, and in force even where it does not.
-export interface Preferences {
-    suggestions: boolean;
-    privateMode: boolean;
-    strokes: boolean;
-    sound: boolean;
-    vibration: boolean;
-    keyboard: "automatic" | "shown" | "hidden";
-    longPress: number; ///< milliseconds
-    language: string; ///< empty: the browser's
-    hintSeen: boolean;
-}
-
-export const longPressRange = { least: 100, usual: 300, most: 1000 } as const;
-const name = "vanoka.preferences.v1";
-const usual: Preferences = {
-    suggestions: true, privateMode: false, strokes: true, sound: false, vibration: false, keyboard: "automatic",
-    longPress: longPressRange.usual, language: "", hintSeen: false,
-};
-
-/// Whatever is stored: what is missing, of another type or out of range is as usual.
-export function preferencesOf(stored: string | null): Preferences {
-    const result: Record<string, unknown> = { ...usual };
-    try {
-        const read: unknown = JSON.parse(stored ?? "{}");
-        for (const [key, value] of Object.entries(read as object))
-            if (key in usual && typeof value === typeof result[key])
-                result[key] = value;
-    } catch {
-        return { ...usual };
-    }
-    const preferences = result as unknown as Preferences;
-    preferences.longPress = Math.min(Math.max(Math.round(preferences.longPress) || longPressRange.usual, longPressRange.least), longPressRange.most);
-    return preferences;
-}
+import { preferencesName, preferencesOf, type Preferences } from "./stored.ts";
 
 export const storage = {
     get(key: string): string | null {
@@ -46,11 +12,14 @@ export const storage = {
     set(key: string, value: string): boolean {
         try {
             localStorage.setItem(key, value);
+            storage.onset(key, value);
             return true;
         } catch {
             return false;
         }
     },
+    /// Tells who keeps a copy elsewhere.
+    onset: (_key: string, _value: string): void => undefined,
     remove(key: string): void {
         try {
             localStorage.removeItem(key);
@@ -60,11 +29,12 @@ export const storage = {
     },
 };
 
-export const preferences = preferencesOf(storage.get(name));
+/// In force even where the browser keeps nothing.
+export const preferences = preferencesOf(storage.get(preferencesName));
 
 /// Calls `changed` with every change that is to be adopted.
 export function prefer(change: Partial<Preferences>): void {
     Object.assign(preferences, change);
-    storage.set(name, JSON.stringify(preferences));
+    storage.set(preferencesName, JSON.stringify(preferences));
     dispatchEvent(new Event("vanoka-preferences"));
 }

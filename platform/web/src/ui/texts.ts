@@ -27,6 +27,7 @@ const english = {
     shiftKey: "Shift", lockedKey: "Caps lock", deleteKey: "Backspace", returnKey: "Return", spaceKey: "Space", lettersKey: "ABC", numbersKey: "?123", signsKey: "=\\<",
     keysRegion: "Keyboard", behind: "Letters behind {0}", privacy: "Nothing that you type leaves this device. The page's security policy lets it load only its own files, and send nothing anywhere.",
     licences: "What is built in",
+    writeSinhala: "Write Sinhala", offHere: "Off on {0}", notServed: "Vanoka cannot write on this page.",
 };
 
 export type Texts = typeof english;
@@ -59,6 +60,7 @@ const sinhala: Texts = {
     shiftKey: "ෂිෆ්ට්", lockedKey: "කැප්ස් ලොක්", deleteKey: "ආපසු මකන්න", returnKey: "නව පේළිය", spaceKey: "හිස් තැන", lettersKey: "ABC", numbersKey: "?123", signsKey: "=\\<",
     keysRegion: "යතුරුපුවරුව", behind: "{0} පසුපස ඇති අකුරු", privacy: "ඔබ ලියන කිසිවක් මේ උපාංගයෙන් පිටතට නොයයි. පිටුවට එහිම ගොනු පමණක් ගත හැකි අතර කිසි තැනකට කිසිවක් යැවිය නොහැක.",
     licences: "මෙහි අඩංගු දේ",
+    writeSinhala: "සිංහලෙන් ලියන්න", offHere: "{0} හි අක්\u200Dරිය කරන්න", notServed: "මෙම පිටුවේ ලිවිය නොහැක.",
 };
 
 export type Language = "en" | "si";

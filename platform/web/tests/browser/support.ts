@@ -2,7 +2,7 @@ import { mkdirSync } from "node:fs";
 import { chromium, type Browser, type BrowserContext, type BrowserContextOptions, type CDPSession, type Page } from "playwright-core";
 import { expect, inject } from "vitest";
 
-const flags = ["--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run", "--disable-background-networking",
+export const flags = ["--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run", "--disable-background-networking",
     "--disable-component-update", "--disable-sync"];
 export const phone = { viewport: { width: 390, height: 780 }, hasTouch: true, isMobile: true, deviceScaleFactor: 2 } as const;
 export const desktop = { viewport: { width: 1000, height: 700 } } as const;

@@ -2,7 +2,7 @@ import { expect, test } from "vitest";
 import { FunctionKey, KeyCode, Modifier } from "../../src/core/index.ts";
 import { keyOf, keyTyping } from "../../src/field/keys.ts";
 import { Shift } from "../../src/keyboard/Shift.ts";
-import { preferencesOf } from "../../src/page/preferences.ts";
+import { preferencesOf } from "../../src/page/stored.ts";
 import { filled, languageOf } from "../../src/ui/texts.ts";
 
 const event = (key: string, more = {}, states: string[] = []): Parameters<typeof keyOf>[0] => ({ key, ctrlKey: false, altKey: false, metaKey: false,

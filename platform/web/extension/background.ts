@@ -1,0 +1,67 @@
+/// The extension's one place for the lists and what was learnt, and for what the button shows.
+import { Vanoka } from "../src/core/index.ts";
+import { LearntStore } from "../src/words/LearntStore.ts";
+import { answerOf, Lists } from "../src/words/Lists.ts";
+import moduleUrl from "#module?url";
+import wordsUrl from "#data/si.tsv?url";
+import englishUrl from "#data/en.tsv?url";
+import emojiUrl from "#data/emoji.tsv?url";
+import type { FromBackground, TabState, ToBackground } from "./messages.ts";
+import { followState, readState, switchOn } from "./state.ts";
+
+/// The settings page learns into the same store.
+const others = new BroadcastChannel("vanoka-learnt");
+const absolute = (url: string): string => new URL(url, import.meta.url).href;
+let reading: Promise<Lists> | undefined;
+
+async function read(): Promise<Lists> {
+    const vanoka = await Vanoka.load(fetch(absolute(moduleUrl)));
+    const lists = new Lists(vanoka, await LearntStore.open(vanoka, "vanoka-learnt"), () => others.postMessage("taught"));
+    others.onmessage = () => void lists.learnt.refresh();
+    await lists.readWords({ words: absolute(wordsUrl), english: absolute(englishUrl), emoji: absolute(emojiUrl) });
+    return lists;
+}
+
+/// Read when they are first asked for, and anew after they failed.
+async function answer(question: Extract<ToBackground, { what: "ask" }>["question"]): Promise<FromBackground> {
+    try {
+        return { answer: await answerOf(await (reading ??= read()), question) };
+    } catch (problem) {
+        reading = undefined;
+        return { failed: String(problem) };
+    }
+}
+
+const badges: Record<TabState, { text?: string; title: string }> = {
+    usual: { title: "Vanoka" },
+    off: { text: "\u2013", title: "Vanoka: off on this site" },
+    failed: { text: "!", title: "Vanoka cannot run in this page" },
+};
+
+async function show(tabId: number, state: TabState): Promise<void> {
+    const { text, title } = badges[state];
+    await chrome.action.setTitle({ tabId, title });
+    await chrome.action.setBadgeText({ tabId, text: text ?? letterOf((await readState()).isOn) });
+}
+
+const letterOf = (isOn: boolean): string => (isOn ? "\u0D85" : "A");
+
+chrome.runtime.onMessage.addListener((message: ToBackground, sender, reply: (answer: FromBackground) => void) => {
+    if (message.what === "ask") {
+        void answer(message.question).then(reply);
+        return true;
+    }
+    if (message.what === "show" && sender.tab?.id !== undefined)
+        void show(sender.tab.id, message.state).catch(() => undefined);
+    return false;
+});
+
+chrome.commands.onCommand.addListener((command) => {
+    if (command === "switch")
+        void readState().then(({ isOn }) => switchOn(!isOn));
+});
+
+followState(({ isOn }) => {
+    void chrome.action.setBadgeBackgroundColor({ color: isOn ? "#1450a3" : "#5f6368" });
+    void chrome.action.setBadgeText({ text: letterOf(isOn) });
+});

@@ -1,0 +1,82 @@
+import type { Candidates, Decoder, KeyPlace, Layout, Vanoka } from "../core/index.ts";
+import type { LearntStore } from "./LearntStore.ts";
+import type { Answers, Question, Start } from "./protocol.ts";
+
+/// The lists in one instance of the module, what was learnt, and what is asked of them.
+export class Lists {
+    candidates: Candidates;
+    decoder: Decoder | undefined;
+    layout: Layout | undefined;
+    #forgotten: Promise<unknown> = Promise.resolve(); // a word that is being forgotten is offered no more
+
+    /// `taught` tells others with the same store.
+    constructor(readonly vanoka: Vanoka, readonly learnt: LearntStore, readonly taught: () => void) {
+        this.candidates = vanoka.candidates({});
+    }
+
+    /// What candidates come from. Returns the lists whose words can be swiped.
+    async readWords(lists: Start["lists"]): Promise<Uint8Array[]> {
+        const [words, english, emoji] = await Promise.all([lists.words, lists.english, lists.emoji].map(listAt));
+        const { vanoka } = this;
+        const sources = { words: vanoka.words(words!), english: vanoka.english(english!), emoji: vanoka.emoji(emoji!) };
+        this.candidates = vanoka.candidates(sources);
+        for (const source of Object.values(sources))
+            source.release(); // the candidates keep them
+        return [words!, english!];
+    }
+
+    /// What strokes are compared with.
+    readStrokes(lists: readonly Uint8Array[]): void {
+        this.decoder = this.vanoka.decoder(lists);
+    }
+
+    /// By what a question asks.
+    readonly answers: { [What in Question["what"]]: (question: Extract<Question, { what: What }>) => Answers[What] | Promise<Answers[What]> } = {
+        find: async ({ word, limit }) => {
+            await this.#forgotten;
+            return this.candidates.find(word, limit, this.learnt.personal);
+        },
+        decode: ({ points, keyWidth, limit }) =>
+            this.decoder && this.layout ? this.decoder.decode(points, this.layout, keyWidth, limit) : [],
+        layout: ({ keys }) => this.#adopt(keys),
+        teach: async ({ lesson }) => {
+            const taught = this.learnt.teach(lesson);
+            if (lesson.forget !== undefined)
+                this.#forgotten = taught;
+            const problem = await taught;
+            this.taught();
+            return problem;
+        },
+        export: () => this.learnt.document,
+        import: async ({ document }) => {
+            const problem = await this.learnt.import(document);
+            this.taught();
+            return problem;
+        },
+        erase: async () => {
+            const problem = await this.learnt.erase();
+            this.taught();
+            return problem;
+        },
+        memory: () => ({ module: this.vanoka.module.memory }),
+    };
+
+    #adopt(keys: readonly KeyPlace[]): true {
+        this.layout?.release();
+        this.layout = this.vanoka.layout(keys);
+        return true;
+    }
+}
+
+async function listAt(url: string): Promise<Uint8Array> {
+    const response = await fetch(url);
+    if (!response.ok)
+        throw new Error(`a list cannot be fetched: ${response.status}`);
+    return new Uint8Array(await response.arrayBuffer());
+}
+
+/// The answer to any question.
+export async function answerOf(lists: Lists, question: Question): Promise<unknown> {
+    const give = lists.answers[question.what] as (question: Question) => unknown;
+    return give(question);
+}
