@@ -21,7 +21,7 @@ constexpr auto colours =
     std::to_array<std::string_view>({"#0072b2", "#d55e00", "#009e73", "#cc79a7", "#e69f00", "#56b4e9"});
 
 constexpr double scale = 60; // a key width, in the picture's units
-constexpr double margin = 14, rowHeight = 22;
+constexpr double margin = 14, drawnRowHeight = 22;
 
 struct Box {
     double left, top, right, bottom;
@@ -60,7 +60,7 @@ public:
 
     std::string finish(std::size_t rows) const {
         const double width = std::max(480.0, (box_.right - box_.left) * unit() + 2 * margin);
-        const double height = rowsTop() + rowHeight * static_cast<double>(rows) + margin;
+        const double height = rowsTop() + drawnRowHeight * static_cast<double>(rows) + margin;
         std::ostringstream svg;
         svg << std::fixed << std::setprecision(0)
             << "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " << width << ' ' << height
@@ -107,7 +107,7 @@ public:
 
     void row(std::size_t index, std::string_view colour, std::string_view text) {
         body_ << "<text x=\"" << margin << "\" y=\""
-              << rowsTop() + rowHeight * static_cast<double>(index) + 14 << "\" font-size=\"15\" fill=\""
+              << rowsTop() + drawnRowHeight * static_cast<double>(index) + 14 << "\" font-size=\"15\" fill=\""
               << colour << "\">" << text << "</text>\n";
     }
 
