@@ -30,7 +30,7 @@ bool ximAsksSynchronously(const Versions& versions) {
 // (GTK, browsers, GNOME Shell, newer Qt), or leave it to the daemon.
 //
 // A text sent while focus changes reaches whoever has focus next, so no row ever commits on losing focus.
-constexpr std::array rows = std::to_array<Row>({
+constexpr std::array policyRows = std::to_array<Row>({
     // Puts the text in, then resets the engine, whereupon the daemon puts it in again: the daemon must not.
     // It then drops the text when the engine is changed, which a shortcut does. And it takes the text
     // away as soon as another program gets the focus, which Qt notices only later.
@@ -62,10 +62,10 @@ constexpr std::array rows = std::to_array<Row>({
 } // namespace
 
 CommitPolicy commitPolicyFor(std::string_view client, const Versions& versions) {
-    const auto* row = std::ranges::find_if(rows, [&](const Row& candidate) {
+    const auto* row = std::ranges::find_if(policyRows, [&](const Row& candidate) {
         return client.starts_with(candidate.client) && candidate.holds(versions);
     });
-    return row == rows.end() ? CommitPolicy{} : row->policy;
+    return row == policyRows.end() ? CommitPolicy{} : row->policy;
 }
 
 } // namespace vanoka::ibus

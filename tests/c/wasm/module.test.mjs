@@ -7,7 +7,8 @@ import { Field, stepsOf } from "./scenarios.mjs";
 
 const path = process.env.VANOKA_MODULE;
 const read = (name) => readFileSync(new URL(`../../${name}`, import.meta.url), "utf-8");
-const namesIn = (folder) => readdirSync(new URL(`../../${folder}`, import.meta.url));
+const namesIn = (folder) =>
+    readdirSync(new URL(`../../${folder}`, import.meta.url), { withFileTypes: true }).filter((entry) => entry.isFile()).map((entry) => entry.name);
 const withJoiners = (text) => text.replaceAll("\\u200D", "\u200D");
 const vanoka = await Module.load(path);
 
