@@ -45,8 +45,9 @@ TEST(LearntWord, IsTheTextTheKeysBothOrNothing) {
         const LearntWord learnt = LearntWords::learntFrom({row.keys, row.text});
         EXPECT_EQ(learnt.sinhala, row.sinhala) << row.keys << " " << row.text;
         EXPECT_EQ(learnt.english, row.english) << row.keys << " " << row.text;
-        if (!row.english.empty())
+        if (!row.english.empty()) {
             EXPECT_EQ(learnt.use, row.use) << row.keys << " " << row.text;
+        }
     }
 }
 
