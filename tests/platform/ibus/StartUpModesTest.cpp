@@ -50,6 +50,7 @@ TEST_F(StartUpModesTest, RegistersWithTheRunningDaemon) {
 TEST_F(StartUpModesTest, StartsADaemonAnewThatWasThereBeforeTheEngine) {
     daemon.removeDescription();
     daemon.stop(SIGTERM);
+    ASSERT_TRUE(waitUntil([&] { return ibus_bus_is_connected(daemon.bus()) == FALSE; }));
     daemon.start();
     ASSERT_TRUE(waitUntil([&] { return ibus_bus_is_connected(daemon.bus()) != FALSE; }));
     daemon.writeDescription();
