@@ -15,18 +15,22 @@
 
 namespace vanoka::test {
 
-/// What suggestions are like in a real daemon, with a panel that records what it is told to show. `Framework`
-/// is as for `FrameworkTest`. Each test begins with suggestions on, and with nothing learnt.
-template <class Framework>
-class SuggestionsTest : public testing::Test {
-protected:
+/// What is typed in the tests, and what it stands for. Not in the template: its constants have no order.
+struct SuggestedWords {
     using Rows = std::vector<std::string>;
-    using Line = RemotePanel::Line;
 
     static inline const std::string gedr = "\u0D9C\u0DD9\u0DA9\u0DCA\u200D\u0DBB\u0DCA",
                                     gedara = "\u0D9C\u0DD9\u0DAF\u0DBB",
                                     gedarata = "\u0D9C\u0DD9\u0DAF\u0DBB\u0DA7";
     static inline const Rows atFirst = {gedr, gedara, gedarata}; ///< for the keys "gedr"
+};
+
+/// What suggestions are like in a real daemon, with a panel that records what it is told to show. `Framework`
+/// is as for `FrameworkTest`. Each test begins with suggestions on, and with nothing learnt.
+template <class Framework>
+class SuggestionsTest : public testing::Test, protected SuggestedWords {
+protected:
+    using Line = RemotePanel::Line;
 
     void SetUp() override {
         std::filesystem::remove_all(Framework::daemon().configuration() / "vanoka");
