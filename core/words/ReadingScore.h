@@ -3,6 +3,8 @@
 #include "words/LetterSequences.h"
 
 #include <cmath>
+#include <cstddef>
+#include <iterator>
 
 /// What makes one word likelier than another for what was typed: how well it reads so, times how often it
 /// occurs. Scores are products of probabilities, none so small that it were lost in a number's range.
@@ -21,11 +23,18 @@ inline double prior(double count, double total) {
 /// each letter to come.
 inline const double goesOn = std::exp(-2.0), letterToCome = std::exp(-1.0);
 
-/// What reads worse than this, by all that was typed, is not offered.
-inline constexpr double leastLikely = 1e-8;
+/// What reads worse than this, by all of so many letters, is not offered. Few letters hold no slip of the
+/// finger that could be told from another word.
+constexpr double leastLikely(std::size_t typed) noexcept {
+    constexpr double bounds[] = {1e-5, 1e-5, 1e-5, 3e-6, 1e-6, 5e-8};
+    return typed < std::size(bounds) ? bounds[typed] : 1e-8;
+}
 
 /// How much of what people write is in no list.
 inline constexpr double unknownShare = 0.2;
+
+/// A word that is in no list and worth less than this part of the best word is not offered: it is noise.
+inline constexpr double leastGuess = 0.003;
 
 /// What a word that is in no list is worth as a word whose letters cost so much.
 inline double unknownPrior(LetterSequences::Cost cost) {

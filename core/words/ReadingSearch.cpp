@@ -19,7 +19,8 @@ ReadingSearch::ReadingSearch(const TypedReadings& typed, const WordTrie& list, c
       tries_{&list, personal},
       limit_(limit),
       width_(typed.length() + 1),
-      total_(std::max(1.0, list.total() + (personal ? personal->total() : 0))) {
+      total_(std::max(1.0, list.total() + (personal ? personal->total() : 0))),
+      leastLikely_(ReadingScore::leastLikely(typed.length())) {
     for (std::size_t level = 0; level < WordTrie::levels; ++level)
         priors_[level] = ReadingScore::prior(WordTrie::countAt(level), total_);
     typed_.begin(row(addRow()));
@@ -31,10 +32,6 @@ void ReadingSearch::keep(ReadWord word) {
     best_.insert(std::ranges::upper_bound(best_, word, std::less()), std::move(word));
     if (best_.size() > limit_)
         best_.pop_back();
-}
-
-void ReadingSearch::add(std::string letters, double score) {
-    keep({score, std::move(letters), {}});
 }
 
 std::vector<ReadWord> ReadingSearch::words() {
@@ -123,7 +120,7 @@ void ReadingSearch::findChildren(const Ranges& ranges, std::size_t depth) {
 void ReadingSearch::openAll(std::uint32_t from, std::size_t depth, double completion) {
     for (const Child& child : children_) {
         const double likely = std::max(typed_.mostLikely(row(from), child.letter), completion) * roundings;
-        if (likely < ReadingScore::leastLikely)
+        if (likely < leastLikely_)
             continue;
         const double most = likely * mostPrior(child.ranges) * roundings;
         if (!isGoodEnough(most))
@@ -147,7 +144,7 @@ double ReadingSearch::mostPrior(const Ranges& ranges) const {
 }
 
 void ReadingSearch::addWord(double likely) {
-    if (likely < ReadingScore::leastLikely)
+    if (likely < leastLikely_)
         return;
     double count = 0, mostCount = -1;
     const WordTrie* speller = nullptr;

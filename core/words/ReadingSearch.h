@@ -33,9 +33,6 @@ public:
     ReadingSearch(const TypedReadings& typed, const WordTrie& list, const WordTrie* personal,
                   std::size_t limit);
 
-    /// Lets a word that is in neither list take part.
-    void add(std::string letters, double score);
-
     /// The best words, best first. To be called once.
     std::vector<ReadWord> words();
 
@@ -76,7 +73,7 @@ private:
     const TypedReadings& typed_;
     std::array<const WordTrie*, lists> tries_;
     std::size_t limit_, width_;
-    double total_;
+    double total_, leastLikely_;
     std::array<double, WordTrie::levels> priors_{}; ///< by level of the count
     std::vector<Node> nodes_;
     std::vector<double> rows_; ///< one for each node

@@ -28,6 +28,15 @@ std::size_t held(std::int64_t limit) {
     return static_cast<std::size_t>(std::min(static_cast<std::uint64_t>(limit), most));
 }
 
+/// The best words, without the guesses that are far behind.
+void keepBest(std::vector<ReadWord>& found, std::size_t limit) {
+    std::ranges::sort(found, std::less());
+    std::erase_if(found, [least = found.empty() ? 0 : found.front().score * ReadingScore::leastGuess](
+                             const ReadWord& each) { return each.word.empty() && each.score < least; });
+    if (found.size() > limit)
+        found.resize(limit);
+}
+
 } // namespace
 
 struct TypedWords::Tables {
@@ -53,16 +62,19 @@ std::vector<std::string> TypedWords::wordsTyped(std::string_view letters, std::i
     const std::string lower = text::lowercased(letters);
     const TypedReadings typed(lower, readings);
     const WordTrie* own = personal ? &personal->tables_->words : nullptr;
-    ReadingSearch search(typed, tables_->words, own, held(limit));
-    if (tables_->canGuess)
+    std::vector<ReadWord> found = ReadingSearch(typed, tables_->words, own, held(limit)).words();
+    if (tables_->canGuess) {
         for (UnknownWords::Guess& guess : UnknownWords(lower, readings, tables_->sequences).words()) {
             const double likely = typed.likelihood(guess.letters);
-            if (likely >= ReadingScore::leastLikely && !tables_->words.contains(guess.letters) &&
-                !(own && own->contains(guess.letters)))
-                search.add(std::move(guess.letters), likely * ReadingScore::unknownPrior(guess.cost));
+            if (likely >= ReadingScore::leastLikely(lower.size()) &&
+                !tables_->words.contains(guess.letters) && !(own && own->contains(guess.letters)))
+                found.push_back(
+                    {likely * ReadingScore::unknownPrior(guess.cost), std::move(guess.letters), {}});
         }
+        keepBest(found, held(limit));
+    }
     std::vector<std::string> words;
-    for (ReadWord& each : search.words())
+    for (ReadWord& each : found)
         words.push_back(each.word.empty() ? WordLetters::text(each.letters) : std::move(each.word));
     return words;
 }

@@ -8,6 +8,9 @@ namespace vanoka {
 
 namespace {
 
+/// The longer sequences would take a megabyte more in every engine.
+constexpr auto unlisted = TypedWords::Unlisted::fourLetters;
+
 /// The Sinhala list takes as long as all others several times over, and so has a thread of its own.
 std::shared_ptr<const SuggestionLists> readLists() {
     SuggestionListTexts texts = WordListFiles::read().texts;
@@ -51,13 +54,16 @@ bool DesktopSuggestions::adoptStored() {
 }
 
 bool DesktopSuggestions::adoptLists() {
-    if (!reading_.valid())
+    if (!isRead_.exchange(false))
         return false;
     const auto lists = reading_.get();
     suggestions_.lists = lists;
-    store_.emplace(WordDatabase::standardPath(),
-                   [lists](std::string_view word) { return lists->english.contains(word); });
+    if (!store_)
+        store_.emplace(WordDatabase::standardPath(),
+                       [english = lists->english](std::string_view word) { return english.contains(word); });
     suggestions_.store = &*store_;
+    if (!lists->reading)
+        read([lists] { return std::make_shared<const SuggestionLists>(withReading(*lists, unlisted)); });
     enforce(choices_);
     return true;
 }
@@ -69,17 +75,18 @@ SuggestionChoices DesktopSuggestions::stored() {
 void DesktopSuggestions::enforce(const SuggestionChoices& choices) {
     choices_ = choices;
     if (choices.areOn && !suggestions_.lists && !reading_.valid())
-        read();
+        read(readLists);
     suggestions_.areOn = choices.areOn && suggestions_.lists;
     suggestions_.isPrivate = choices.isPrivate;
     suggestions_.limit = choices.rows;
 }
 
-void DesktopSuggestions::read() {
-    reading_ = std::async(std::launch::async, [this] {
-        auto lists = readLists();
+void DesktopSuggestions::read(std::function<Lists()> lists) {
+    reading_ = std::async(std::launch::async, [this, lists = std::move(lists)] {
+        auto result = lists();
+        isRead_ = true;
         listsAreRead_();
-        return lists;
+        return result;
     });
 }
 

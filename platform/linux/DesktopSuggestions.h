@@ -6,6 +6,7 @@
 #include "SuggestionChoices.h"
 #include "Suggestions.h"
 
+#include <atomic>
 #include <functional>
 #include <future>
 #include <memory>
@@ -17,7 +18,8 @@ namespace vanoka {
 /// engines of the user share.
 ///
 /// Nothing is read or made before suggestions are switched on: the lists are read on a thread then, no key
-/// waits for them, and suggestions are on when they are there. What was read stays until the process ends.
+/// waits for them, and suggestions are on when they are there. What people type is read a moment later, when
+/// that has been prepared from them. All stays until the process ends.
 ///
 /// All calls come from the thread of the keys, but for `listsAreRead`.
 class DesktopSuggestions {
@@ -44,13 +46,15 @@ public:
     /// brings it.
     bool adoptStoredBeforeKey() { return choices_.areOn && adoptStored(); }
 
-    /// True when lists were read, with which suggestions are on now.
+    /// True when lists were read, with which suggestions are on from now on, or better ones.
     bool adoptLists();
 
 private:
+    using Lists = std::shared_ptr<const SuggestionLists>;
+
     SuggestionChoices stored();
     void enforce(const SuggestionChoices& choices);
-    void read();
+    void read(std::function<Lists()> lists);
 
     FileUserDefaults& defaults_;
     FileWatch watch_;
@@ -58,7 +62,8 @@ private:
     SuggestionChoices choices_;
     std::optional<SqliteWordStore> store_;
     Suggestions suggestions_;
-    std::future<std::shared_ptr<const SuggestionLists>> reading_; // last: it waits for its thread
+    std::atomic<bool> isRead_ = false; // what `reading_` reads
+    std::future<Lists> reading_;       // last: it waits for its thread
 };
 
 } // namespace vanoka

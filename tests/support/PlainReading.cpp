@@ -52,6 +52,13 @@ double likelihood(const std::vector<WordLetter>& letters, std::string_view typed
     return std::max(row.back(), goingOn);
 }
 
+double leastLikely(std::string_view typed) {
+    static const std::map<std::size_t, double> ofShortWords = {
+        {1, 1e-5}, {2, 1e-5}, {3, 3e-6}, {4, 1e-6}, {5, 5e-8}};
+    const auto found = ofShortWords.find(typed.size());
+    return found == ofShortWords.end() ? 1e-8 : found->second;
+}
+
 } // namespace
 
 std::vector<WordLetter> lettersOf(std::string_view word) {
@@ -105,7 +112,7 @@ std::vector<std::string> wordsTyped(const std::vector<WordCount>& words, const s
     std::vector<std::pair<double, std::string>> ranked;
     for (const auto& [letters, word] : all) {
         const double likely = likelihood(letters, typed, readings);
-        if (likely >= 1e-8)
+        if (likely >= leastLikely(typed))
             ranked.emplace_back(likely * std::pow((word.count + 0.5) / std::max(total, 1.0), 0.8), word.word);
     }
     std::ranges::stable_sort(ranked, std::ranges::greater(), &std::pair<double, std::string>::first);

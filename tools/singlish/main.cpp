@@ -101,7 +101,8 @@ bool localeIsUtf8() {
 
 /// What `singlish --suggest` suggests from. The doctor tells which lists cannot be read.
 std::shared_ptr<const SuggestionLists> suggestionLists() {
-    return std::make_shared<const SuggestionLists>(readSuggestionLists(WordListFiles::read().texts));
+    return std::make_shared<const SuggestionLists>(
+        withReading(readSuggestionLists(WordListFiles::read().texts)));
 }
 
 int runLine(Suggestions* suggestions) {

@@ -150,7 +150,7 @@ WordDatabase::Fault SqliteWordStore::publish() {
     for (std::size_t next = fault ? shown_ : 0; next < waiting_.size(); ++next)
         vanoka::apply(waiting_[next], tally);
     shown_ = waiting_.size();
-    auto words = std::make_shared<const PersonalWords>(std::move(tally).words());
+    auto words = std::make_shared<const PersonalWords>(withReading(std::move(tally).words()));
     const std::scoped_lock lock(mutex_);
     words_.swap(words); // so that the old one is freed outside
     return fault;

@@ -65,7 +65,7 @@ TEST(TypedWordTwins, OfStrangeLists) {
             found += expected.size();
         }
     }
-    EXPECT_GT(found, test::rounds(10'000));
+    EXPECT_GT(found, test::rounds(7'000));
 }
 
 TEST(TypedWordTwins, OfALanguage) {

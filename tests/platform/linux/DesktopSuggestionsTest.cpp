@@ -84,10 +84,16 @@ TEST_F(DesktopSuggestionsTest, AreOnWhenTheListsAreThere) {
     EXPECT_FALSE(one->inForce().areOn);
     waitForLists(1);
     EXPECT_TRUE(one->adoptLists());
-    EXPECT_FALSE(one->adoptLists()) << "once";
+    EXPECT_FALSE(one->inForce().lists->reading.has_value());
     ASSERT_TRUE(one->inForce().areOn);
     EXPECT_TRUE(one->inForce().lists->english.contains("hello"));
-    EXPECT_NE(one->inForce().store, nullptr);
+    const PersonalWordStore* store = one->inForce().store;
+    EXPECT_NE(store, nullptr);
+    waitForLists(2);
+    EXPECT_TRUE(one->adoptLists());
+    EXPECT_FALSE(one->adoptLists()) << "nothing else is read";
+    EXPECT_TRUE(one->inForce().lists->reading.has_value());
+    EXPECT_EQ(one->inForce().store, store);
     one->choose({});
     EXPECT_FALSE(one->inForce().areOn);
     one->choose({.areOn = true});
