@@ -40,25 +40,31 @@ public:
         const auto units = static_cast<std::int64_t>(text::utf16Length(text.text));
         expect(selection == TextRange{units, 0}, "the caret stands at the end");
         expect(replaced == VanokaInputController::noReplacement, "marked text replaces the marked text only");
-        marked = text.text;
+        marked_ = text.text;
     }
 
     void insert(std::string_view text) {
         expect(!text.empty(), "an insertion is no empty text");
-        marked.clear();
-        this->text += text;
+        marked_.clear();
+        text_ += text;
     }
     /// A key that no input method has consumed.
     void apply(const KeyEvent& event) {
-        expect(marked.empty(), "a key that is the field's finds no marked text");
+        expect(marked_.empty(), "a key that is the field's finds no marked text");
         if (event.keyCode == KeyEvent::deleteBackward && !(event.modifierFlags & KeyEvent::shortcutModifiers))
-            text.resize(text::withoutLastCharacter(text).size());
-        text += typedBy(event);
+            text_.resize(text::withoutLastCharacter(text_).size());
+        text_ += typedBy(event);
     }
     /// The field puts in what is marked, or the framework does.
-    void putIn() { text += std::exchange(marked, {}); }
+    void putIn() { text_ += std::exchange(marked_, {}); }
+    /// The field drops what is marked, or the framework does, and returns it.
+    std::string drop() { return std::exchange(marked_, {}); }
 
-    std::string text, marked;
+    const std::string& text() const { return text_; }
+    const std::string& marked() const { return marked_; }
+
+private:
+    std::string text_, marked_;
 };
 
 /// What a field must show when the keys alone decide: worked out by the plain rules, from nothing that an
@@ -99,8 +105,8 @@ public:
     std::string marked() const { return test::plain::transliterate(keys_, composed_); }
 
     void expectShownBy(const Field& field) const {
-        expect(field.text == text_, "what was put in is what was typed, all of it and once");
-        expect(field.marked == marked(), "what is marked is what is being typed");
+        expect(field.text() == text_, "what was put in is what was typed, all of it and once");
+        expect(field.marked() == marked(), "what is marked is what is being typed");
     }
 
 private:
