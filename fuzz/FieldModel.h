@@ -51,9 +51,12 @@ public:
     /// A key that no input method has consumed.
     void apply(const KeyEvent& event) {
         expect(marked_.empty(), "a key that is the field's finds no marked text");
+        apply(event, text_);
+    }
+    static void apply(const KeyEvent& event, std::string& text) {
         if (event.keyCode == KeyEvent::deleteBackward && !(event.modifierFlags & KeyEvent::shortcutModifiers))
-            text_.resize(text::withoutLastCharacter(text_).size());
-        text_ += typedBy(event);
+            text.resize(text::withoutLastCharacter(text).size());
+        text += typedBy(event);
     }
     /// The field puts in what is marked, or the framework does.
     void putIn() { text_ += std::exchange(marked_, {}); }
@@ -81,16 +84,30 @@ public:
         if (event.keyCode == KeyEvent::escape)
             return end(composed_);
         if (event.keyCode == KeyEvent::deleteBackward)
-            return deleteBackward();
-        if (SinglishComposer::isComposable(event.characters.value_or("")) &&
-            event.keyCode == KeyEvent::otherKey) {
+            return deleteBackward(event);
+        if (isLetter(event)) {
             composed_ += *event.characters;
             return;
         }
         end();
-        text_ += event.keyCode == KeyEvent::space ? std::string_view(" ") : typedBy(event);
+        pass(event);
     }
 
+    /// The same under a line of candidates: a key that moves the highlight, or moves it back, types nothing,
+    /// and what ends the composition puts the highlighted row in.
+    void press(const KeyEvent& event, const CandidateLine& line) {
+        const bool isPlain =
+            event.type == KeyEvent::keyDown && !(event.modifierFlags & KeyEvent::shortcutModifiers);
+        if (isPlain && line.isShown() && (movesHighlight(event, line) || movesBack(event, line)))
+            return;
+        if (event.type == KeyEvent::keyDown && line.highlighted != 0 && (!isPlain || !isLetter(event)))
+            end(line);
+        press(event);
+    }
+
+    void end(const CandidateLine& line) {
+        line.highlighted != 0 ? end(line.rows[line.highlighted].text) : end();
+    }
     /// The composition ends with its reading, or with another text in its place.
     void end() { end(marked()); }
     void end(const std::string& text) {
@@ -99,22 +116,48 @@ public:
         composed_.clear();
     }
     void insert(std::string_view text) { text_ += text; }
+    /// A key where there is no input method.
+    void pass(const KeyEvent& event) {
+        if (event.type == KeyEvent::keyDown)
+            Field::apply(event, text_);
+    }
 
     const std::string& text() const { return text_; }
     bool isComposing() const { return !composed_.empty(); }
     std::string marked() const { return test::plain::transliterate(keys_, composed_); }
 
-    void expectShownBy(const Field& field) const {
-        expect(field.text() == text_, "what was put in is what was typed, all of it and once");
-        expect(field.marked() == marked(), "what is marked is what is being typed");
+    void expectShown(const std::string& text, const std::string& marked, const CandidateLine& line) const {
+        expect(text == text_, "what was put in is what was typed, all of it and once");
+        expect(!line.isShown() || line.highlighted < line.rows.size(), "a row is highlighted");
+        expect(marked == (line.highlighted != 0 ? line.rows[line.highlighted].text : this->marked()),
+               "what is marked is what is being typed, or the highlighted row");
     }
 
 private:
-    void deleteBackward() {
+    static bool isLetter(const KeyEvent& event) {
+        return event.keyCode == KeyEvent::otherKey && event.characters &&
+               SinglishComposer::isComposable(*event.characters);
+    }
+    static bool movesBack(const KeyEvent& event, const CandidateLine& line) {
+        return line.highlighted != 0 &&
+               (event.keyCode == KeyEvent::escape || event.keyCode == KeyEvent::deleteBackward);
+    }
+    static bool movesHighlight(const KeyEvent& event, const CandidateLine& line) {
+        constexpr char32_t backTab = 0x19;
+        const char32_t scalar = text::firstScalar(event.characters.value_or("")).value;
+        const bool isShifted = (event.modifierFlags & KeyEvent::shift) != 0;
+        if (scalar == FunctionKey::deleteForward)
+            return isShifted && line.highlighted != 0;
+        if (scalar == FunctionKey::upArrow || scalar == FunctionKey::downArrow)
+            return !isShifted;
+        return scalar == U'\t' || scalar == backTab;
+    }
+
+    void deleteBackward(const KeyEvent& event) {
         if (isComposing())
             composed_ = test::plain::deleteBackward(keys_, composed_);
         else
-            text_.resize(text::withoutLastCharacter(text_).size());
+            pass(event);
     }
 
     test::plain::Keys keys_;

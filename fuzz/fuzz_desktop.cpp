@@ -1,4 +1,5 @@
 #include "DesktopContext.h"
+#include "DesktopKeys.h"
 #include "FieldModel.h"
 #include "MemoryWordStore.h"
 #include "SuggestedLists.h"
@@ -12,37 +13,6 @@ using namespace vanoka;
 /// composition as Fcitx5's add-on handles them. Two contexts get the same; one finds its candidates at once,
 /// the other as late as it may.
 namespace {
-
-/// Keysyms as people press them, as one byte each.
-std::uint32_t keysym(fuzz::Input& input) {
-    static constexpr std::uint32_t special[] = {
-        0x20,   0xFF08, 0xFF0D, 0xFF1B, 0xFF09, 0xFE20, 0xFF51, 0xFF52, 0xFF54, 0xFFFF,    0xFF9F,
-        0xFFE1, 0xFFE3, 0xFFE9, 0xFFEB, 0xFE03, 0xFE51, 0xFF20, 0xFF8D, 0xFFB1, 0x1000D9A, 0xFFBE};
-    const std::uint8_t choice = input.byte();
-    if (choice < 160)
-        return static_cast<std::uint32_t>('A' + choice % 58);
-    if (choice < 250)
-        return special[choice % std::size(special)];
-    return static_cast<std::uint32_t>(input.byte() << 8U | input.byte());
-}
-
-std::uint32_t state(fuzz::Input& input) {
-    static constexpr std::uint32_t some[] = {Keysym::shift, Keysym::control, Keysym::alt,
-                                             Keysym::super, Keysym::release, Keysym::release | Keysym::shift};
-    const std::uint8_t choice = input.byte();
-    return choice % 4 == 3 ? some[choice / 4 % std::size(some)] : 0;
-}
-
-/// The character of a keysym, as xkbcommon tells it to both frameworks.
-char32_t scalarOf(std::uint32_t keysym) {
-    const bool isUnicode = (keysym & 0xFF000000U) == 0x1000000U;
-    return isUnicode ? keysym & 0xFFFFFFU : (keysym < 0x100 ? keysym : 0);
-}
-
-DesktopKey key(fuzz::Input& input) {
-    const std::uint32_t sym = keysym(input), bits = state(input);
-    return {sym, (bits & Keysym::release) != 0, Keysym::keyEvent(sym, bits, scalarOf(sym))};
-}
 
 /// What is told to a context, and to its twin.
 class Side {
@@ -89,7 +59,7 @@ public:
         case 4:
             return switchSuggestions(input.byte());
         default:
-            return press(key(input), input.byte() % 8 == 7, {});
+            return press(fuzz::desktopKey(input), input.byte() % 8 == 7, {});
         }
     }
 
@@ -98,13 +68,7 @@ public:
         fuzz::expect(eager_.field.text() == lazy_.field.text() &&
                          eager_.field.marked() == lazy_.field.marked(),
                      "when candidates come changes no key");
-        const CandidateLine& line = eager_.context.candidates();
-        fuzz::expect(!line.isShown() || line.highlighted < line.rows.size(), "a row is highlighted");
-        if (isMoved())
-            fuzz::expect(eager_.field.marked() == highlighted() && eager_.field.text() == model_.text(),
-                         "the highlighted row is marked");
-        else
-            model_.expectShownBy(eager_.field);
+        model_.expectShown(eager_.field.text(), eager_.field.marked(), eager_.context.candidates());
     }
 
 private:
@@ -114,21 +78,16 @@ private:
         operation(lazy_);
     }
 
-    bool isMoved() const { return eager_.context.candidates().highlighted != 0; }
-    const std::string& highlighted() const {
-        const CandidateLine& line = eager_.context.candidates();
-        return line.rows[line.highlighted].text;
-    }
-    void endModel() { isMoved() ? model_.end(highlighted()) : model_.end(); }
+    const CandidateLine& line() const { return eager_.context.candidates(); }
 
     void press(const DesktopKey& key, bool shortcutsEndIt, const SequenceStep& step) {
         const bool endsIt = shortcutsEndIt && !key.isRelease && Keysym::isShortcutModifier(key.keysym);
         if (endsIt || (step.isPart && key.event.type == KeyEvent::keyDown))
-            endModel();
+            model_.end(line());
         if (step.isPart && key.event.type == KeyEvent::keyDown)
             model_.insert(step.text);
         else if (!endsIt)
-            pressModel(key.event);
+            model_.press(key.event, line());
         bool isConsumed[2] = {};
         isConsumed[0] = eager_.press(key, shortcutsEndIt, step);
         isConsumed[1] = lazy_.press(key, shortcutsEndIt, step);
@@ -136,37 +95,10 @@ private:
         fuzz::expect(!key.isRelease || !isConsumed[0], "a release is the client's");
     }
 
-    /// A key that moves the highlight, or moves it back, types nothing.
-    void pressModel(const KeyEvent& event) {
-        if (event.type != KeyEvent::keyDown)
-            return;
-        const bool isPlain = !(event.modifierFlags & KeyEvent::shortcutModifiers);
-        const bool isLine = eager_.context.candidates().isShown();
-        if (isPlain && isLine && movesHighlight(event))
-            return;
-        if (!isMoved())
-            return model_.press(event);
-        if (isPlain && (event.keyCode == KeyEvent::escape || event.keyCode == KeyEvent::deleteBackward))
-            return;
-        if (!SinglishComposer::isComposable(event.characters.value_or("")) || !isPlain)
-            model_.end(highlighted());
-        model_.press(event);
-    }
-
-    bool movesHighlight(const KeyEvent& event) const {
-        const char32_t scalar = text::firstScalar(event.characters.value_or("")).value;
-        const bool isShifted = (event.modifierFlags & KeyEvent::shift) != 0;
-        if (scalar == FunctionKey::deleteForward)
-            return isShifted && isMoved();
-        if (scalar == FunctionKey::upArrow || scalar == FunctionKey::downArrow)
-            return !isShifted;
-        return scalar == U'\t' || scalar == 0x19;
-    }
-
     /// The field loses the focus, or the input method is switched.
     void end(fuzz::Input& input) {
         const bool isSwitch = input.byte() % 2 == 1, showsMarkedText = input.byte() % 4 != 3;
-        endModel();
+        model_.end(line());
         both([&](Side& side) {
             if (isSwitch || !showsMarkedText)
                 side.context.commit();
@@ -178,7 +110,7 @@ private:
 
     /// The client resets: it has put in what is marked, or drops it and the engine puts it in.
     void reset(bool resetsFirst) {
-        endModel();
+        model_.end(line());
         both([&](Side& side) {
             if (resetsFirst) {
                 side.field.drop();
@@ -191,32 +123,33 @@ private:
 
     void choose(fuzz::Input& input) {
         lazy_.context.updateCandidates(); // a row can be clicked that is shown
-        const CandidateLine line = eager_.context.candidates();
+        const CandidateLine shown = line();
         if (input.byte() % 2 == 0) {
             const auto rows = static_cast<std::int8_t>(input.byte());
             both([&](Side& side) {
-                fuzz::expect(side.context.moveHighlight(rows) == line.isShown(), "a line has a highlight");
+                fuzz::expect(side.context.moveHighlight(rows) == shown.isShown(), "a line has a highlight");
             });
             return;
         }
         const std::size_t row = input.byte() % 10;
-        if (row < line.rows.size())
-            model_.end(line.rows[row].text);
+        if (row < shown.rows.size())
+            model_.end(shown.rows[row].text);
         both([&](Side& side) {
-            fuzz::expect(side.context.chooseCandidate(row) == (row < line.rows.size()), "a row goes in");
+            fuzz::expect(side.context.chooseCandidate(row) == (row < shown.rows.size()), "a row goes in");
         });
     }
 
     /// A dead key or the Compose key, and what comes of it, which may be nothing yet.
     void sequence(fuzz::Input& input) {
         const std::string text = input.byte() % 2 ? "\u00E9" : "";
-        press(key(input), false, {true, text});
+        press(fuzz::desktopKey(input), false, {true, text});
     }
 
     void switchSuggestions(std::uint8_t how) {
-        if (isMoved())
+        if (line().highlighted != 0)
             return; // the line stays then until it is left, which is tested by itself
         both([&](Side& side) {
+            side.context.updateCandidates(); // by the choices of before
             side.suggestions.areOn = how % 4 != 0;
             side.suggestions.isPrivate = how % 8 == 7;
             side.suggestions.limit = how / 8 % 12U;
