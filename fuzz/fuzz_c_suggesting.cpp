@@ -251,16 +251,22 @@ private:
                      "what was asked for is taken");
     }
 
-    /// Rows that nobody has found: such as were taken are well-formed, and the newest request's.
+    /// Rows that nobody has found, after what was typed.
     void takeOthers(fuzz::Input& input) {
+        const std::int64_t newest = request();
         std::list<std::string> texts;
         std::vector<vanoka_item> rows;
+        const auto add = [&](std::string text, std::int32_t kind, std::int64_t number) {
+            const std::string& kept = texts.emplace_back(std::move(text));
+            rows.push_back({kept.c_str(), static_cast<std::uint32_t>(kept.size()), kind, number});
+        };
+        if (newest != 0)
+            add(std::string(textOf(vanoka_answer_items(answer_.get())[1])), VANOKA_TYPED, 0);
         for (int count = input.byte() % 12; count > 0; --count) {
-            const std::string& text = texts.emplace_back(input.text(6));
-            rows.push_back({text.c_str(), static_cast<std::uint32_t>(text.size()), 1 + input.byte() % 7,
-                            input.byte() % 2});
+            std::string text = input.text(6);
+            const std::uint8_t kind = input.byte();
+            add(std::move(text), 1 + kind % 7, kind / 8 % 2);
         }
-        const std::int64_t newest = request();
         const std::int64_t number = newest + (input.byte() % 4 == 0 ? 1 : 0);
         std::int32_t taken = 7;
         const auto status =
