@@ -4,12 +4,10 @@
 #include "MemoryWordStore.h"
 #include "SuggestedLists.h"
 
-#include <vector>
-
 using namespace vanoka;
 
 /// One text field of the desktop under all that a framework may tell about it, in any order: keys and
-/// releases, sequences, shortcuts, candidates, another program that stores other keys, and the ends of a
+/// releases, sequences, shortcuts, candidates, other choices about them, and the ends of a
 /// composition as Fcitx5's add-on handles them. Two contexts get the same; one finds its candidates at once,
 /// the other as late as it may.
 namespace {
@@ -88,11 +86,9 @@ private:
             model_.insert(step.text);
         else if (!endsIt)
             model_.press(key.event, line());
-        bool isConsumed[2] = {};
-        isConsumed[0] = eager_.press(key, shortcutsEndIt, step);
-        isConsumed[1] = lazy_.press(key, shortcutsEndIt, step);
-        fuzz::expect(isConsumed[0] == isConsumed[1], "both consume it or neither");
-        fuzz::expect(!key.isRelease || !isConsumed[0], "a release is the client's");
+        const bool isConsumed = eager_.press(key, shortcutsEndIt, step);
+        fuzz::expect(lazy_.press(key, shortcutsEndIt, step) == isConsumed, "both consume it or neither");
+        fuzz::expect(!key.isRelease || !isConsumed, "a release is the client's");
     }
 
     /// The field loses the focus, or the input method is switched.
