@@ -81,7 +81,7 @@ void CandidateTyping::setLearning(bool on) {
 }
 
 bool CandidateTyping::needsCandidates(const KeyEvent& event) const {
-    return lineKeyOf(event) != LineKey::none && request().has_value();
+    return lineKeyOf(event) != LineKey::none && isAsking();
 }
 
 TypingStep CandidateTyping::press(const KeyEvent& event, const SinglishTransliterator& transliterator) {
@@ -181,14 +181,18 @@ TypingStep CandidateTyping::forgetHighlighted() {
     return step;
 }
 
+bool CandidateTyping::isAsking() const noexcept {
+    return isSuggesting_ && typing_.composer().isComposing() && answered_ != generation_;
+}
+
 std::optional<CandidateRequest> CandidateTyping::request() const {
-    if (!isSuggesting_ || !typing_.composer().isComposing() || answered_ == generation_)
+    if (!isAsking())
         return std::nullopt;
     return CandidateRequest{generation_, {typing_.composer().raw(), typing_.composer().preview()}};
 }
 
 bool CandidateTyping::take(std::uint64_t generation, std::vector<Candidate> candidates) {
-    if (!isSuggesting_ || generation != generation_ || answered_ == generation_)
+    if (!isAsking() || generation != generation_)
         return false;
     answered_ = generation;
     if (candidates.size() > 1)

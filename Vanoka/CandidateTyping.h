@@ -102,6 +102,7 @@ public:
 
 private:
     bool isMoved() const noexcept { return line_.highlighted != 0; }
+    bool isAsking() const noexcept;
     TypingStep pressInLine(const KeyEvent& event, const SinglishTransliterator& transliterator);
     TypingStep pressPlainly(const KeyEvent& event, const SinglishTransliterator& transliterator);
     TypingStep highlight(std::size_t row);

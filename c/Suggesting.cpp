@@ -63,7 +63,8 @@ vanoka_status problemOf(const vanoka_item* rows, std::size_t count) {
     if (count > CandidateLimit::most)
         return VANOKA_TOO_LARGE;
     for (std::size_t at = 0; at < count; ++at) {
-        if (!candidateKindOf(rows[at].kind))
+        const bool isEmpty = rows[at].size == 0; // putting it in would take away what was typed
+        if (isEmpty || !candidateKindOf(rows[at].kind))
             return VANOKA_BAD_ARGUMENT;
         if (const auto problem = vanoka::c::problemOf(Text(rows[at].text, rows[at].size));
             problem != VANOKA_OK)

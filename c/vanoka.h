@@ -356,7 +356,8 @@ VANOKA_API vanoka_status vanoka_suggesting_forget_row(vanoka_suggesting* suggest
 VANOKA_API vanoka_status vanoka_suggesting_request(const vanoka_suggesting* suggesting,
                                                    vanoka_answer* answer);
 /* The candidates of a request, as `vanoka_candidates_find` gave them, here or in another thread or process.
-   `taken` becomes 0, and they are dropped, when it is not the newest. */
+   `taken` becomes 0, and they are dropped, when it is not the newest. VANOKA_BAD_ARGUMENT for an empty
+   text. */
 VANOKA_API vanoka_status vanoka_suggesting_take(vanoka_suggesting* suggesting, int64_t request,
                                                 const vanoka_item* rows, size_t count, int32_t* taken);
 /* The line as it is to be shown, with a VANOKA_HIGHLIGHTED after one of its rows; nothing when none is. */

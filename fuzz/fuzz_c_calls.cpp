@@ -1,4 +1,5 @@
 #include "Fuzz.h"
+#include "Handles.h"
 #include "vanoka.h"
 
 #include <array>
@@ -11,29 +12,6 @@ using namespace vanoka;
 /// Calls of the C interface in any order with anything in them, on handles that may be null and may have been
 /// released after others were made from them.
 namespace {
-
-/// A handle that is created anew from time to time.
-template <class Handle, auto release>
-class Slot {
-public:
-    Slot() = default;
-    Slot(const Slot&) = delete;
-    Slot& operator=(const Slot&) = delete;
-    ~Slot() { release(handle_); }
-
-    Handle* get() const noexcept { return handle_; }
-
-    template <class Create>
-    void make(Create create) {
-        release(handle_);
-        handle_ = nullptr;
-        const vanoka_status status = create(&handle_);
-        fuzz::expect((status == VANOKA_OK) == (handle_ != nullptr), "there is a handle when all is well");
-    }
-
-private:
-    Handle* handle_ = nullptr;
-};
 
 class Calls {
 public:
@@ -76,18 +54,6 @@ private:
     }
 
     vanoka_answer* answer() { return input_.byte() % 32 == 31 ? nullptr : answer_.get(); }
-
-    void expectAnswered(vanoka_status status, const vanoka_answer* answer) const {
-        fuzz::expect(status >= VANOKA_OK && status < VANOKA_NO_MEMORY, "a call says how it went");
-        fuzz::expect(answer || status != VANOKA_OK, "nothing is well that cannot be answered");
-        fuzz::expect(status == VANOKA_OK || vanoka_answer_count(answer) == 0,
-                     "a call that fails answers nothing");
-        for (std::size_t at = 0; at < vanoka_answer_count(answer); ++at) {
-            const vanoka_item& item = vanoka_answer_items(answer)[at];
-            fuzz::expect(item.text && item.text[item.size] == '\0', "a text is followed by a zero byte");
-            fuzz::expect(item.kind > 0, "an item has a kind");
-        }
-    }
 
     void makeTyping() {
         typing_.make([this](auto** handle) { return vanoka_typing_create(settings_.get(), handle); });
@@ -178,9 +144,9 @@ private:
             return;
         default:
             vanoka_answer* reply = answer();
-            expectAnswered(vanoka_settings_add(settings_.get(), key.data(), key.size(), letter.data(),
-                                               letter.size(), reply),
-                           reply);
+            fuzz::expectAnswered(vanoka_settings_add(settings_.get(), key.data(), key.size(), letter.data(),
+                                                     letter.size(), reply),
+                                 reply);
         }
     }
 
@@ -188,22 +154,28 @@ private:
         const std::string_view key = text(), letter = text();
         const vanoka_settings* settings = settings_.get();
         vanoka_answer* reply = answer();
-        switch (input_.byte() % 6) {
+        switch (input_.byte() % 7) {
         case 0:
-            return expectAnswered(vanoka_settings_document(settings, reply), reply);
+            return fuzz::expectAnswered(vanoka_settings_document(settings, reply), reply);
         case 1:
-            return expectAnswered(vanoka_settings_letters(settings, reply), reply);
+            return fuzz::expectAnswered(vanoka_settings_letters(settings, reply), reply);
         case 2:
-            return expectAnswered(vanoka_settings_keys(settings, letter.data(), letter.size(), reply), reply);
+            return fuzz::expectAnswered(vanoka_settings_keys(settings, letter.data(), letter.size(), reply),
+                                        reply);
         case 3:
-            return expectAnswered(
+            return fuzz::expectAnswered(
                 vanoka_settings_check(settings, key.data(), key.size(), letter.data(), letter.size(), reply),
                 reply);
         case 4:
-            return expectAnswered(vanoka_settings_long_press(settings, key.data(), key.size(), reply), reply);
+            return fuzz::expectAnswered(
+                vanoka_settings_editor(settings, letter.data(), letter.size(), key.data(), key.size(), reply),
+                reply);
+        case 5:
+            return fuzz::expectAnswered(vanoka_settings_long_press(settings, key.data(), key.size(), reply),
+                                        reply);
         default:
-            return expectAnswered(vanoka_settings_transliterate(settings, key.data(), key.size(), reply),
-                                  reply);
+            return fuzz::expectAnswered(
+                vanoka_settings_transliterate(settings, key.data(), key.size(), reply), reply);
         }
     }
 
@@ -213,17 +185,18 @@ private:
         vanoka_answer* reply = answer();
         switch (input_.byte() % 4) {
         case 0:
-            return expectAnswered(vanoka_words_suggest(words_.get(),
-                                                       input_.byte() % 2 ? words_.get() : nullptr,
-                                                       word.data(), word.size(), input_.byte() - 8, reply),
-                                  reply);
+            return fuzz::expectAnswered(
+                vanoka_words_suggest(words_.get(), input_.byte() % 2 ? words_.get() : nullptr, word.data(),
+                                     word.size(), input_.byte() - 8, reply),
+                reply);
         case 1:
-            return expectAnswered(vanoka_emoji_match(emoji_.get(), word.data(), word.size(), reply), reply);
+            return fuzz::expectAnswered(vanoka_emoji_match(emoji_.get(), word.data(), word.size(), reply),
+                                        reply);
         case 2:
-            return expectAnswered(vanoka_candidates_find(candidates_.get(), personal_.get(), word.data(),
-                                                         word.size(), over.data(), over.size(),
-                                                         input_.byte() % 16, reply),
-                                  reply);
+            return fuzz::expectAnswered(vanoka_candidates_find(candidates_.get(), personal_.get(),
+                                                               word.data(), word.size(), over.data(),
+                                                               over.size(), input_.byte() % 16, reply),
+                                        reply);
         default:
             vanoka_english_keeps(english_.get(), word.data(), word.size(), over.data(), over.size(),
                                  words_.get(), input_.byte(), input_.byte(), &keeps);
@@ -235,9 +208,9 @@ private:
         const std::vector<double> points = numbers(2 * count);
         const double width = number();
         vanoka_answer* reply = answer();
-        expectAnswered(vanoka_decoder_decode(decoder_.get(), layout_.get(), points.data(), count, width,
-                                             input_.byte() - 8, counts_.get(), reply),
-                       reply);
+        fuzz::expectAnswered(vanoka_decoder_decode(decoder_.get(), layout_.get(), points.data(), count, width,
+                                                   input_.byte() - 8, counts_.get(), reply),
+                             reply);
     }
 
     void endTyping() {
@@ -245,14 +218,14 @@ private:
         vanoka_answer* reply = answer();
         switch (input_.byte() % 4) {
         case 0:
-            return expectAnswered(vanoka_typing_end(typing_.get(), reply), reply);
+            return fuzz::expectAnswered(vanoka_typing_end(typing_.get(), reply), reply);
         case 1:
-            return expectAnswered(vanoka_typing_forget(typing_.get(), reply), reply);
+            return fuzz::expectAnswered(vanoka_typing_forget(typing_.get(), reply), reply);
         case 2:
-            return expectAnswered(vanoka_typing_choose(typing_.get(), chosen.data(), chosen.size(), reply),
-                                  reply);
+            return fuzz::expectAnswered(
+                vanoka_typing_choose(typing_.get(), chosen.data(), chosen.size(), reply), reply);
         default:
-            return expectAnswered(vanoka_typing_composition(typing_.get(), reply), reply);
+            return fuzz::expectAnswered(vanoka_typing_composition(typing_.get(), reply), reply);
         }
     }
 
@@ -267,7 +240,7 @@ private:
         const vanoka_status status = vanoka_typing_press(
             typing_.get(), kind < 96 ? codes[kind % codes.size()] : VANOKA_OTHER_KEY,
             kind % 32 == 30 ? VANOKA_CONTROL : 0, characters.data(), characters.size(), &consumed, reply);
-        expectAnswered(status, reply);
+        fuzz::expectAnswered(status, reply);
         fuzz::expect(consumed == 0 || (consumed == 1 && status == VANOKA_OK),
                      "a key is consumed or it is not");
         fuzz::expect(vanoka_answer_count(reply) <= 1, "a key has one effect");
@@ -275,17 +248,17 @@ private:
 
     fuzz::Input& input_;
     std::list<std::string> texts_; ///< they stay where they are
-    Slot<vanoka_answer, vanoka_answer_release> answer_;
-    Slot<vanoka_settings, vanoka_settings_release> settings_;
-    Slot<vanoka_typing, vanoka_typing_release> typing_;
-    Slot<vanoka_words, vanoka_words_release> words_;
-    Slot<vanoka_english, vanoka_english_release> english_;
-    Slot<vanoka_emoji, vanoka_emoji_release> emoji_;
-    Slot<vanoka_personal, vanoka_personal_release> personal_;
-    Slot<vanoka_candidates, vanoka_candidates_release> candidates_;
-    Slot<vanoka_layout, vanoka_layout_release> layout_;
-    Slot<vanoka_counts, vanoka_counts_release> counts_;
-    Slot<vanoka_decoder, vanoka_decoder_release> decoder_;
+    fuzz::Slot<vanoka_answer, vanoka_answer_release> answer_;
+    fuzz::Slot<vanoka_settings, vanoka_settings_release> settings_;
+    fuzz::Slot<vanoka_typing, vanoka_typing_release> typing_;
+    fuzz::Slot<vanoka_words, vanoka_words_release> words_;
+    fuzz::Slot<vanoka_english, vanoka_english_release> english_;
+    fuzz::Slot<vanoka_emoji, vanoka_emoji_release> emoji_;
+    fuzz::Slot<vanoka_personal, vanoka_personal_release> personal_;
+    fuzz::Slot<vanoka_candidates, vanoka_candidates_release> candidates_;
+    fuzz::Slot<vanoka_layout, vanoka_layout_release> layout_;
+    fuzz::Slot<vanoka_counts, vanoka_counts_release> counts_;
+    fuzz::Slot<vanoka_decoder, vanoka_decoder_release> decoder_;
 };
 
 } // namespace

@@ -75,5 +75,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::expect(decoder.wordsFor(stroke, keys, keyWidth, limit, personal) ==
                      plain.wordsFor(stroke, keys, keyWidth, limit, personal),
                  "the plain rules rank the same");
+    const SwipeDecoder people(words, SwipeWeights::people);
+    fuzz::expect(people.wordsFor(stroke, keys, keyWidth, limit, personal) ==
+                     plain.wordsByPeople(stroke, keys, keyWidth, limit, personal),
+                 "and so they do with the people's weights");
     return 0;
 }

@@ -143,7 +143,7 @@ void InputContext::reset() {
         forget();
     } else {
         client_.hideMarkedText();
-        desktop_.commit();
+        commit();
     }
     updateCandidates();
 }
@@ -153,7 +153,7 @@ void InputContext::setContentType(guint purpose, guint hints) {
     purpose_ = purpose;
     desktop_.setFieldPrivacy(privacyOf(purpose, hints));
     if (takesNoInput()) {
-        desktop_.commit();
+        commit();
         updateCandidates();
     }
 }
@@ -227,6 +227,12 @@ void InputContext::forgetCandidates() {
 void InputContext::cancelUpdate() {
     if (update_ != 0)
         g_source_remove(std::exchange(update_, 0));
+}
+
+/// Puts the composition in. A dead key before it makes nothing with the letter after it.
+void InputContext::commit() {
+    sequence_.end();
+    desktop_.commit();
 }
 
 /// Ends the composition whose text has been put in by others, and returns the text.

@@ -65,6 +65,7 @@ private:
     bool answers(guint keysym, guint keyCode, guint state);
     bool takes(guint keysym, guint state);
     SequenceStep followSequence(guint keysym, const KeyEvent& event);
+    void commit();
     std::string forget();
     void becomesActive();
     void updatePolicy();

@@ -195,8 +195,9 @@ std::optional<KeyParser::Input> KeyParser::nextAfterEscape() {
 
 std::optional<KeyParser::Input> KeyParser::nextSequence() {
     const auto begin = bytes_.begin() + 2;
-    const auto end = std::find_if(begin, bytes_.end(), isFinal);
-    if (end == bytes_.end()) {
+    const auto last = bytes_.begin() + static_cast<std::ptrdiff_t>(std::min(bytes_.size(), longestSequence));
+    const auto end = std::find_if(begin, last, isFinal);
+    if (end == last) {
         if (bytes_.size() < longestSequence)
             return std::nullopt;
         return keyEvent(take(1), 0);

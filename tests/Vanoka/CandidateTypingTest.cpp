@@ -153,6 +153,17 @@ TEST(CandidateTyping, DropsWhatIsOfAnOlderKey) {
     EXPECT_FALSE(typing.line().isShown()) << "the line of an older key is never given out";
 }
 
+TEST(CandidateTyping, DropsWhatNobodyHasAskedFor) {
+    const std::vector<Candidate> rows = {{"\u0D9A", Candidate::Kind::typed}, {"k", Candidate::Kind::latin}};
+    for (const std::string_view keys : {"", "k<escape>", "k<space>", "kk<delete><delete>"}) {
+        LinedField field;
+        field.type(keys);
+        for (std::uint64_t generation = 0; generation < 20; ++generation)
+            EXPECT_FALSE(field.typing.take(generation, rows)) << keys;
+        EXPECT_FALSE(field.typing.line().isShown()) << "nothing is typed that they could replace";
+    }
+}
+
 TEST(CandidateTyping, NeedsCandidatesForTheKeysThatMove) {
     CandidateTyping typing(standardKeys());
     typing.setSuggesting(true);

@@ -343,6 +343,8 @@ TEST_F(BadInput, CandidatesThatAreTaken) {
     EXPECT_EQ(taken, 0);
     EXPECT_EQ(take({.text = nullptr, .size = 1, .kind = VANOKA_WORD}), VANOKA_BAD_ARGUMENT);
     EXPECT_EQ(take({.text = illFormed.data(), .size = 3, .kind = VANOKA_WORD}), VANOKA_ILL_FORMED);
+    EXPECT_EQ(take({.text = "", .size = 0, .kind = VANOKA_WORD}), VANOKA_BAD_ARGUMENT)
+        << "in its place nothing would be left of what was typed";
     EXPECT_EQ(vanoka_suggesting_take(suggesting.get(), 0, nullptr, 1, &taken), VANOKA_BAD_ARGUMENT);
     const std::array<vanoka_item, 1> one = {{{.text = "k", .size = 1, .kind = VANOKA_WORD}}};
     EXPECT_EQ(vanoka_suggesting_take(suggesting.get(), 0, one.data(), huge, &taken), VANOKA_TOO_LARGE);

@@ -145,6 +145,24 @@ TEST_F(EngineTest, ComposesNothingInPasswordFields) {
     }
 }
 
+TEST_F(EngineTest, NoDeadKeyWaitsLongerThanItsComposition) {
+    constexpr guint deadAcute = 0xFE51;
+    field.press(deadAcute, 0);
+    field.setPurpose(IBUS_INPUT_PURPOSE_PASSWORD);
+    field.type("e");
+    field.setPurpose(IBUS_INPUT_PURPOSE_FREE_FORM);
+    field.type("e.");
+    EXPECT_EQ(field.field().screen(), "e\u0D91.");
+
+    const auto gtk4 = newField("gtk4-im:editor"); // resets before it has put anything in
+    gtk4->focusOut();
+    gtk4->focusIn();
+    gtk4->press(deadAcute, 0);
+    ibus_input_context_reset(gtk4->context());
+    gtk4->type("e.");
+    EXPECT_EQ(gtk4->field().screen(), "\u0D91.");
+}
+
 TEST_F(EngineTest, SendsEachPassedKeyBackToXimBehindTheTexts) {
     constexpr guint enter = 0xFF0D, enterCode = 28, shift = 0xFFE1, shiftCode = 42;
     const auto xim = newXim();

@@ -49,6 +49,7 @@ const std::vector<ParsedBytes> parsedBytes = {
     {"\x1B[200~amma\r\n\x1B[A\x1B[201~k", "{amma\r\n\x1B[A}k"},
     {"\x1B[200~\x1B[201~", "{}"},
     {"\x1B[I\x1B[99~\x1B[?1;2c", "\uF8FF\uF8FF\uF8FF"},
+    {"\x1B[" + std::string(100, '1') + "A", "<escape>[" + std::string(100, '1') + "A"},
     {"\xFF\x80z", "\uFFFD\uFFFDz"},
     {"\xE0k", "\uFFFDk"},
 };
