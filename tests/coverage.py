@@ -5,7 +5,10 @@ PROGRAM…; the status is 1 where there are any.
 Counted are the branches that somebody wrote: each condition of an if, a loop, a ?:, an && or an ||, and each case, is
 to be met both ways. What the compiler adds of its own (for exceptions, for static values, for the library's code) is
 no branch here. What was compiled several times, such as a template, counts once: one of its compilations is enough.
-A line that says "// out of reach: REASON" is not counted, nor are its branches.
+Not counted are
+- constexpr functions of which the compiler made no code, since they run while it compiles and nowhere else,
+- the way past all cases of a switch that has no default, which the warnings keep complete,
+- lines that say "// out of reach: REASON".
 """
 
 import json
@@ -16,19 +19,41 @@ from collections import defaultdict
 from pathlib import Path
 
 OUT_OF_REACH = re.compile(r"// out of reach: \S")
+STATEMENT_END = re.compile(r"^\s*$|[;{}]$")
 
 
-def llvm_cov():
+def output(*command):
+    return subprocess.run(command, check=True, capture_output=True, text=True).stdout
+
+
+def tool(name):
     """The one that belongs to the compiler: they read no other version's files."""
-    return subprocess.run(["clang++", "-print-prog-name=llvm-cov"], check=True, capture_output=True,
-                          text=True).stdout.strip()
+    return output("clang++", f"-print-prog-name={name}").strip()
 
 
 def exported(form, folder, profile, programs):
     first, *others = programs
     more = [part for program in others for part in ("-object", program)]
-    return subprocess.run([llvm_cov(), "export", f"-format={form}", f"-instr-profile={profile}", first, *more, folder],
-                          check=True, capture_output=True, text=True).stdout
+    return output(tool("llvm-cov"), "export", f"-format={form}", f"-instr-profile={profile}", first, *more, folder)
+
+
+def functions_with_code(profile):
+    listing = output(tool("llvm-profdata"), "show", "-all-functions", profile)
+    return {line.strip().removesuffix(":") for line in listing.splitlines() if re.match(r"  \S", line)}
+
+
+def compiled_away(functions, with_code):
+    """The lines of functions that are in the sources and in no program: {file: [(first, last)]}. What has code in one
+    place and none in another, such as a template, is not among them."""
+    lines = defaultdict(list)
+    places = defaultdict(list)
+    for function in functions:
+        first, _, last, *_ = function["regions"][0]
+        places[function["filenames"][0], first, last].append(function["name"] in with_code)
+    for (file, first, last), have_code in places.items():
+        if not any(have_code):
+            lines[file].append((first, last))
+    return lines
 
 
 def lines_of(lcov):
@@ -44,10 +69,10 @@ def lines_of(lcov):
     return counts
 
 
-def branches_of(exported_json):
+def branches_of(files):
     """How often each condition was true and false: {(file, line, column, end line, end column): [true, false]}."""
     counts = defaultdict(lambda: [0, 0])
-    for file in json.loads(exported_json)["data"][0]["files"]:
+    for file in files:
         for *place, true, false, _file, _expanded, _kind in file["branches"]:
             both = counts[file["filename"], *place]
             both[0] += true
@@ -56,18 +81,33 @@ def branches_of(exported_json):
 
 
 class Sources:
-    """The text of the files that were counted."""
+    """The text of the files that were counted, and what of them counts."""
 
-    def __init__(self):
+    def __init__(self, compiled_away):
+        self._compiled_away = compiled_away
         self._lines = {}
 
     def line(self, file, line):
+        return self.lines(file)[line - 1]
+
+    def lines(self, file):
         if file not in self._lines:
             self._lines[file] = Path(file).read_text(encoding="utf-8").splitlines()
-        return self._lines[file][line - 1]
+        return self._lines[file]
 
-    def is_counted(self, file, line):
-        return not OUT_OF_REACH.search(self.line(file, line))
+    def counts(self, file, line):
+        return not OUT_OF_REACH.search(self.line(file, line)) and not any(
+            first <= line <= last and self._is_constexpr(file, first) for first, last in self._compiled_away[file])
+
+    def _is_constexpr(self, file, first):
+        """Whether a function says so where it begins, or the one around it that begins further up."""
+        start = first
+        while start > 1 and not STATEMENT_END.search(self.line(file, start - 1)):
+            start -= 1
+        return any("constexpr" in line for line in self.lines(file)[start - 1:first])
+
+    def is_switch(self, file, line, column):
+        return self.line(file, line)[:column - 1].endswith("switch (")
 
     def condition(self, file, line, column, end_line, end_column):
         text = self.line(file, line)
@@ -81,11 +121,12 @@ def share(name, reached, all_there):
 def main():
     folder, profile, *programs = sys.argv[1:]
     folder = str(Path(folder).resolve())
-    sources = Sources()
+    counted = json.loads(exported("text", folder, profile, programs))["data"][0]
+    sources = Sources(compiled_away(counted["functions"], functions_with_code(profile)))
     lines = {place: count for place, count in lines_of(exported("lcov", folder, profile, programs)).items()
-             if sources.is_counted(*place)}
-    branches = {place: both for place, both in branches_of(exported("text", folder, profile, programs)).items()
-                if sources.is_counted(*place[:2])}
+             if sources.counts(*place)}
+    branches = {place: both for place, both in branches_of(counted["files"]).items()
+                if sources.counts(*place[:2]) and not sources.is_switch(*place[:3])}
     if not lines or not branches:
         sys.exit(f"Nothing of {folder} was counted.")
     missed = [(place[0], place[1], f"never run: {sources.line(*place).strip()}")

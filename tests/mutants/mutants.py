@@ -143,7 +143,7 @@ def configure():
 
 def build(test):
     """The compiler's words where it refuses, or None."""
-    run = subprocess.run(["ninja", "-C", BUILD, f"-j{os.cpu_count()}", test], capture_output=True, text=True,
+    run = subprocess.run(["cmake", "--build", BUILD, "--target", test], capture_output=True, text=True,
                          errors="replace")
     return run.stdout if run.returncode else None
 
