@@ -8,9 +8,11 @@ no branch here. What was compiled several times, such as a template, counts once
 Not counted are
 - constexpr functions of which the compiler made no code, since they run while it compiles and nowhere else,
 - the way past all cases of a switch that has no default, which the warnings keep complete,
-- lines that say "// out of reach: REASON".
+- the comparisons of fields in an operator that the compiler writes, since nobody can have got one wrong,
+- lines that say "// out of reach: REASON", with what an if does that says so.
 """
 
+import functools
 import json
 import re
 import subprocess
@@ -19,6 +21,7 @@ from collections import defaultdict
 from pathlib import Path
 
 OUT_OF_REACH = re.compile(r"// out of reach: \S")
+NOT_OURS = "^/usr/"
 STATEMENT_END = re.compile(r"^\s*$|[;{}]$")
 
 
@@ -31,10 +34,17 @@ def tool(name):
     return output("clang++", f"-print-prog-name={name}").strip()
 
 
-def exported(form, folder, profile, programs):
+def exported(form, profile, programs):
     first, *others = programs
     more = [part for program in others for part in ("-object", program)]
-    return output(tool("llvm-cov"), "export", f"-format={form}", f"-instr-profile={profile}", first, *more, folder)
+    return output(tool("llvm-cov"), "export", f"-format={form}", f"-instr-profile={profile}", first, *more,
+                  f"-ignore-filename-regex={NOT_OURS}")
+
+
+@functools.cache
+def resolved(file):
+    """The file's one name, however the compiler was told of it."""
+    return str(Path(file).resolve())
 
 
 def functions_with_code(profile):
@@ -49,7 +59,7 @@ def compiled_away(functions, with_code):
     places = defaultdict(list)
     for function in functions:
         first, _, last, *_ = function["regions"][0]
-        places[function["filenames"][0], first, last].append(function["name"] in with_code)
+        places[resolved(function["filenames"][0]), first, last].append(function["name"] in with_code)
     for (file, first, last), have_code in places.items():
         if not any(have_code):
             lines[file].append((first, last))
@@ -62,10 +72,10 @@ def lines_of(lcov):
     for record in lcov.splitlines():
         kind, _, value = record.partition(":")
         if kind == "SF":
-            file = value
+            file = resolved(value)
         elif kind == "DA":
             line, count = value.split(",")[:2]
-            counts[file, int(line)] = int(count)
+            counts[file, int(line)] = counts.get((file, int(line)), 0) + int(count)
     return counts
 
 
@@ -74,7 +84,7 @@ def branches_of(files):
     counts = defaultdict(lambda: [0, 0])
     for file in files:
         for *place, true, false, _file, _expanded, _kind in file["branches"]:
-            both = counts[file["filename"], *place]
+            both = counts[resolved(file["filename"]), *place]
             both[0] += true
             both[1] += false
     return counts
@@ -96,8 +106,13 @@ class Sources:
         return self._lines[file]
 
     def counts(self, file, line):
-        return not OUT_OF_REACH.search(self.line(file, line)) and not any(
+        return not self._is_out_of_reach(file, line) and not any(
             first <= line <= last and self._is_constexpr(file, first) for first, last in self._compiled_away[file])
+
+    def _is_out_of_reach(self, file, line):
+        before = self.line(file, line - 1) if line > 1 else ""
+        return bool(OUT_OF_REACH.search(self.line(file, line)) or
+                    (OUT_OF_REACH.search(before) and before.lstrip().startswith("if (")))
 
     def _is_constexpr(self, file, first):
         """Whether a function says so where it begins, or the one around it that begins further up."""
@@ -106,8 +121,10 @@ class Sources:
             start -= 1
         return any("constexpr" in line for line in self.lines(file)[start - 1:first])
 
-    def is_switch(self, file, line, column):
-        return self.line(file, line)[:column - 1].endswith("switch (")
+    def is_written(self, file, line, column, *_end):
+        """Whether somebody wrote the condition that stands there, and not the compiler."""
+        before = self.line(file, line)[:column - 1]
+        return not before.endswith("switch (") and "= defaul" not in before
 
     def condition(self, file, line, column, end_line, end_column):
         text = self.line(file, line)
@@ -120,13 +137,13 @@ def share(name, reached, all_there):
 
 def main():
     folder, profile, *programs = sys.argv[1:]
-    folder = str(Path(folder).resolve())
-    counted = json.loads(exported("text", folder, profile, programs))["data"][0]
+    folder = str(Path(folder).resolve()) + "/"
+    counted = json.loads(exported("text", profile, programs))["data"][0]
     sources = Sources(compiled_away(counted["functions"], functions_with_code(profile)))
-    lines = {place: count for place, count in lines_of(exported("lcov", folder, profile, programs)).items()
-             if sources.counts(*place)}
-    branches = {place: both for place, both in branches_of(counted["files"]).items()
-                if sources.counts(*place[:2]) and not sources.is_switch(*place[:3])}
+    lines = {(file, *place): count for (file, *place), count in lines_of(exported("lcov", profile, programs)).items()
+             if file.startswith(folder) and sources.counts(file, *place)}
+    branches = {(file, *place): both for (file, *place), both in branches_of(counted["files"]).items()
+                if file.startswith(folder) and sources.counts(file, place[0]) and sources.is_written(file, *place)}
     if not lines or not branches:
         sys.exit(f"Nothing of {folder} was counted.")
     missed = [(place[0], place[1], f"never run: {sources.line(*place).strip()}")

@@ -482,6 +482,16 @@ TEST(SinglishKeyState, EqualityAndHashTakeAllFields) {
     EXPECT_EQ(all.size(), 6U);
     EXPECT_FALSE(others[2].isActive());
     EXPECT_FALSE(others[3].isActive());
+    EXPECT_NE(others[3], (SinglishKeyState{"kh", Kind::builtIn, true, "\u0D9D"}));
+}
+
+TEST(SinglishSettings, OffersAreEqualInLetterAndKey) {
+    using Offer = SinglishSettings::LongPressLetter;
+    const SinglishScheme::Letter ka = *SinglishScheme::letter("\u0D9A"),
+                                 ga = *SinglishScheme::letter("\u0D9C");
+    EXPECT_EQ((Offer{ka, "K"}), (Offer{ka, "\u212A"})) << "canonically equal";
+    EXPECT_NE((Offer{ka, "k"}), (Offer{ka, "K"}));
+    EXPECT_NE((Offer{ka, "k"}), (Offer{ga, "k"}));
 }
 
 } // namespace
