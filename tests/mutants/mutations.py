@@ -36,6 +36,8 @@ RETURN = re.compile(r"^(\s*return) (.+);$")
 SAME_AS_DEFAULT = {"{}", "false", "true", "0", "nullptr", "std::nullopt", "*this"}
 STATEMENT = re.compile(r"^(\s*)(?:(?:\+\+|--)?[\w:.>\[\]()*-]+(?:\([^;]*\))?|[\w.>\[\]()*&-]+ [-+*/|&^%]?=(?!=) [^;]+);$")
 TWO_ARGUMENTS = re.compile(r"(?<=[\w>])\((\w+(?:\.\w+)*), (\w+(?:\.\w+)*)\)")
+# Those for which the order of two arguments makes no difference.
+SYMMETRIC = re.compile(r"\b(?:min|max|swap|equal)(?:<[\w:]+>)?$")
 # Where a statement may begin: after one, at a brace, after a condition, a label.
 BEFORE_STATEMENT = re.compile(r"(?:[;{}:)]|else|do|^)$")
 
@@ -115,7 +117,7 @@ def removed(line, code, before):
 
 def exchanged(line, code):
     for found in TWO_ARGUMENTS.finditer(code):
-        if found[1] != found[2]:
+        if found[1] != found[2] and not SYMMETRIC.search(code[:found.start()]):
             yield replaced(line, found.start(), found.end(), f"({found[2]}, {found[1]})")
 
 

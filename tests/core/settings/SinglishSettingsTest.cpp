@@ -485,13 +485,11 @@ TEST(SinglishKeyState, EqualityAndHashTakeAllFields) {
     EXPECT_NE(others[3], (SinglishKeyState{"kh", Kind::builtIn, true, "\u0D9D"}));
 }
 
-TEST(SinglishSettings, OffersAreEqualInLetterAndKey) {
+TEST_F(SinglishSettingsTest, OffersAreEqualInLetterAndKey) {
     using Offer = SinglishSettings::LongPressLetter;
-    const SinglishScheme::Letter ka = *SinglishScheme::letter("\u0D9A"),
-                                 ga = *SinglishScheme::letter("\u0D9C");
-    EXPECT_EQ((Offer{ka, "K"}), (Offer{ka, "\u212A"})) << "canonically equal";
-    EXPECT_NE((Offer{ka, "k"}), (Offer{ka, "K"}));
-    EXPECT_NE((Offer{ka, "k"}), (Offer{ga, "k"}));
+    EXPECT_EQ((Offer{letter(ka), "K"}), (Offer{letter(ka), "\u212A"})) << "canonically equal";
+    EXPECT_NE((Offer{letter(ka), "k"}), (Offer{letter(ka), "K"}));
+    EXPECT_NE((Offer{letter(ka), "k"}), (Offer{letter(ga), "k"}));
 }
 
 } // namespace
