@@ -181,7 +181,7 @@ class Runner:
             start = time.monotonic()
             if not passes(test, 600):
                 sys.exit(f"{test} fails already without a mutant.")
-            self.limits[test] = 10 + 8 * (time.monotonic() - start)
+            self.limits[test] = 10 + 5 * (time.monotonic() - start)
 
     def outcome(self, mutant):
         target = COPY / mutant.path
