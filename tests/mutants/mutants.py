@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Changes single lines of the core, of Vanoka/ and of c/, one at a time, and tells which changes no test notices:
-mutants.py [--sample N] [--seed S] [--list] [PATH…].
+mutants.py [--sample N] [--seed S] [--in FOLDER] [--list] [PATH…].
 
-Each mutant is built in build/mutants, in a copy of the tree, and meets the tests that know its floor, the nearest
+Each mutant is built in a copy of the tree, in build/mutants, and meets the tests that know its floor, the nearest
 first. It is
     killed    when a test fails, crashes or never ends,
     refused   when the compiler or the linker does,
@@ -16,6 +16,7 @@ import os
 import random
 import re
 import shutil
+import signal
 import subprocess
 import sys
 import time
@@ -26,8 +27,6 @@ from pathlib import Path
 import mutations
 
 TOP = Path(__file__).resolve().parents[2]
-COPY = TOP / "build/mutants/tree"
-BUILD = TOP / "build/mutants/build"
 FLOORS = ("core", "Vanoka", "c")
 EQUIVALENT = Path(__file__).parent / "equivalent.txt"
 
@@ -119,48 +118,21 @@ class Equivalents:
         return [key for key in self.reasons if not (TOP / key[0]).is_file()]
 
 
-def copy_tree():
+def copy_tree(copy):
     """What the tests are built from, as it is now; what has not changed is left, with its time."""
     wanted = set()
     listing = subprocess.run(["git", "-C", TOP, "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
                              check=True, capture_output=True).stdout.decode().split("\0")
     for name in filter(None, listing):
-        source, target = TOP / name, COPY / name
+        source, target = TOP / name, copy / name
         if not source.is_file():
             continue
         wanted.add(target)
         if not target.is_file() or target.read_bytes() != source.read_bytes():
             target.parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(source, target)
-    for old in [path for path in COPY.rglob("*") if path.is_file() and path not in wanted]:
+    for old in [path for path in copy.rglob("*") if path.is_file() and path not in wanted]:
         old.unlink()
-
-
-def configure():
-    subprocess.run(["cmake", "--preset", "mutants", "-S", COPY, "-B", BUILD], check=True, cwd=COPY,
-                   stdout=subprocess.DEVNULL)
-
-
-def build(test):
-    """The compiler's words where it refuses, or None."""
-    run = subprocess.run(["cmake", "--build", BUILD, "--target", test], capture_output=True, text=True,
-                         errors="replace")
-    return run.stdout if run.returncode else None
-
-
-def passes(test, seconds):
-    command = [str(BUILD / "bin" / test)]
-    if test not in PLAIN_PROGRAMS:
-        command += ["--gtest_brief", "--gtest_fail_fast"]
-    environment = {**os.environ, "RC_PARAMS": "seed=1"}
-    run = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env=environment,
-                           start_new_session=True, cwd=BUILD)
-    try:
-        return run.wait(seconds) == 0
-    except subprocess.TimeoutExpired:
-        os.killpg(run.pid, 9)
-        run.wait()
-        return False
 
 
 def tests_for(path):
@@ -169,35 +141,56 @@ def tests_for(path):
 
 
 class Runner:
-    """Builds and tests mutants in the copy. What is not mutated passes all tests; that also tells how long they
-    take."""
+    """Builds and tests mutants in a folder that holds a copy of the tree. What is not mutated passes all tests; that
+    also tells how long they take."""
 
-    def __init__(self, tests):
+    def __init__(self, folder, tests):
+        self.copy = folder / "tree"
+        self.folder = folder / "build"
         self.limits = {}
         for test in tests:
-            refused = build(test)
+            refused = self._refusal(test)
             if refused is not None:
                 sys.exit(f"The copy cannot be built:\n{refused}")
             start = time.monotonic()
-            if not passes(test, 600):
+            if not self._passes(test, 600):
                 sys.exit(f"{test} fails already without a mutant.")
             self.limits[test] = 10 + 5 * (time.monotonic() - start)
 
     def outcome(self, mutant):
-        target = COPY / mutant.path
+        target = self.copy / mutant.path
         text = target.read_text(encoding="utf-8")
         lines = text.split("\n")
         lines[mutant.number - 1] = mutant.form
         target.write_text("\n".join(lines), encoding="utf-8")
         try:
             for test in tests_for(mutant.path):
-                if build(test) is not None:
+                if self._refusal(test) is not None:
                     return "refused"
-                if not passes(test, self.limits[test]):
+                if not self._passes(test, self.limits[test]):
                     return "killed"
             return "alive"
         finally:
             target.write_text(text, encoding="utf-8")
+
+    def _refusal(self, test):
+        """What the compiler or the linker says where it refuses, or None."""
+        run = subprocess.run(["cmake", "--build", self.folder, "--target", test], capture_output=True, text=True,
+                             errors="replace")
+        return run.stdout if run.returncode else None
+
+    def _passes(self, test, seconds):
+        command = [str(self.folder / "bin" / test)]
+        if test not in PLAIN_PROGRAMS:
+            command += ["--gtest_brief", "--gtest_fail_fast"]
+        run = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
+                               cwd=self.folder, env={**os.environ, "RC_PARAMS": "seed=1"})
+        try:
+            return run.wait(seconds) == 0
+        except subprocess.TimeoutExpired:
+            os.killpg(run.pid, signal.SIGKILL)
+            run.wait()
+            return False
 
 
 def arguments():
@@ -205,6 +198,8 @@ def arguments():
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--sample", type=int, metavar="N")
     parser.add_argument("--seed", type=int, default=1, metavar="S")
+    parser.add_argument("--in", dest="within", default=TOP / "build/mutants", metavar="FOLDER",
+                        help="where they are built: one for each run that goes on at the same time")
     parser.add_argument("--list", action="store_true", help="print the mutants and try none")
     parser.add_argument("paths", nargs="*", metavar="PATH", default=FLOORS)
     return parser.parse_args()
@@ -223,9 +218,11 @@ def main():
     for path, was, became in stale:
         print(f"stale: {path} has no longer\n  - {was}\n  + {became}")
 
-    copy_tree()
-    configure()
-    runner = Runner(ALL_TESTS)
+    folder = Path(options.within).resolve()
+    copy_tree(folder / "tree")
+    subprocess.run(["cmake", "--preset", "mutants", "-S", folder / "tree", "-B", folder / "build"], check=True,
+                   cwd=folder / "tree", stdout=subprocess.DEVNULL)
+    runner = Runner(folder, ALL_TESTS)
     outcomes = Counter()
     for at, mutant in enumerate(chosen, 1):
         outcome = "listed" if mutant.key in equivalents.reasons else runner.outcome(mutant)

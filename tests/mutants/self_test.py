@@ -122,12 +122,13 @@ class Whole(unittest.TestCase):
     """A program whose test notices one change and not another."""
 
     def setUp(self):
-        self.top = Path(tempfile.mkdtemp())
-        self.addCleanup(shutil.rmtree, self.top)
+        self.folder = Path(tempfile.mkdtemp())
+        self.top = self.folder / "tree"
+        self.addCleanup(shutil.rmtree, self.folder)
         for path, text in {"core/sum.cpp": LINES, "test.cpp": TEST, "CMakeLists.txt": PROJECT}.items():
-            (self.top / path).parent.mkdir(exist_ok=True)
+            (self.top / path).parent.mkdir(parents=True, exist_ok=True)
             (self.top / path).write_text(text)
-        subprocess.run(["cmake", "-G", "Ninja", "-S", self.top, "-B", self.top / "build"], check=True,
+        subprocess.run(["cmake", "-G", "Ninja", "-S", self.top, "-B", self.folder / "build"], check=True,
                        stdout=subprocess.DEVNULL)
 
     def test_outcomes(self):
@@ -137,9 +138,9 @@ class Whole(unittest.TestCase):
             ("    return a + b - always;", "    return a + b + always;"): "alive",
             ("    return a + b - always;", "    return a + c - always;"): "refused",
         }
-        with mock.patch.multiple(mutants, COPY=self.top, BUILD=self.top / "build", NEAREST={"core": ["sum_test"]},
-                                 ALL_TESTS=["sum_test"], PLAIN_PROGRAMS={"sum_test"}):
-            runner = mutants.Runner(["sum_test"])
+        with mock.patch.multiple(mutants, NEAREST={"core": ["sum_test"]}, ALL_TESTS=["sum_test"],
+                                 PLAIN_PROGRAMS={"sum_test"}):
+            runner = mutants.Runner(self.folder, ["sum_test"])
             runner.limits["sum_test"] = 5
             for (line, form), outcome in changes.items():
                 with self.subTest(form=form.strip()):
