@@ -4,7 +4,8 @@ mutants.py [--sample N] [--seed S] [--in FOLDER] [--list] [PATH…].
 
 Each mutant is built in a copy of the tree, in build/mutants, and meets the tests that know its floor, the nearest
 first. It is
-    killed    when a test fails, crashes or never ends,
+    killed    when a test fails or crashes,
+    endless   when one takes five times as long as it did without the change, and ten seconds, which kills it too,
     refused   when the compiler or the linker does,
     listed    when equivalent.txt says why nobody could notice it,
     alive     otherwise; then the status is 1.
@@ -153,7 +154,7 @@ class Runner:
             if refused is not None:
                 sys.exit(f"The copy cannot be built:\n{refused}")
             start = time.monotonic()
-            if not self._passes(test, 600):
+            if self._result(test, 600) != 0:
                 sys.exit(f"{test} fails already without a mutant.")
             self.limits[test] = 10 + 5 * (time.monotonic() - start)
 
@@ -167,8 +168,9 @@ class Runner:
             for test in tests_for(mutant.path):
                 if self._refusal(test) is not None:
                     return "refused"
-                if not self._passes(test, self.limits[test]):
-                    return "killed"
+                result = self._result(test, self.limits[test])
+                if result != 0:
+                    return "endless" if result is None else "killed"
             return "alive"
         finally:
             target.write_text(text, encoding="utf-8")
@@ -179,18 +181,19 @@ class Runner:
                              errors="replace")
         return run.stdout if run.returncode else None
 
-    def _passes(self, test, seconds):
+    def _result(self, test, seconds):
+        """The status of a test; None when the time is over."""
         command = [str(self.folder / "bin" / test)]
         if test not in PLAIN_PROGRAMS:
             command += ["--gtest_brief", "--gtest_fail_fast"]
         run = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
                                cwd=self.folder, env={**os.environ, "RC_PARAMS": "seed=1"})
         try:
-            return run.wait(seconds) == 0
+            return run.wait(seconds)
         except subprocess.TimeoutExpired:
             os.killpg(run.pid, signal.SIGKILL)
             run.wait()
-            return False
+            return None
 
 
 def arguments():
@@ -231,7 +234,7 @@ def main():
             print(f"alive: {mutant}", flush=True)
         print(f"[{at}/{len(chosen)}] {outcome} {mutant.path}:{mutant.number}", file=sys.stderr, flush=True)
     print(f"{len(chosen)} of {count} mutants: " +
-          ", ".join(f"{outcomes[name]} {name}" for name in ("killed", "refused", "listed", "alive")))
+          ", ".join(f"{outcomes[name]} {name}" for name in ("killed", "endless", "refused", "listed", "alive")))
     return 1 if outcomes["alive"] or stale else 0
 
 

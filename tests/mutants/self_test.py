@@ -133,8 +133,8 @@ class Whole(unittest.TestCase):
 
     def test_outcomes(self):
         changes = {
-            ("    return a + b - always;", "    return a - b - always;"): "killed",
-            ("    return a + b - always;", "    return 5 * a;"): "killed",  # the loop has no end
+            ("    return a + b - always;", "    return a + b + 1;"): "killed",
+            ("    return a + b - always;", "    return 5 * a;"): "endless",
             ("    return a + b - always;", "    return a + b + always;"): "alive",
             ("    return a + b - always;", "    return a + c - always;"): "refused",
         }
