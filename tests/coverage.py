@@ -125,8 +125,8 @@ class Sources:
 
     def is_written(self, file, line, column, *_end):
         """Whether somebody wrote the condition that stands there, and not the compiler."""
-        before = self.line(file, line)[:column - 1]
-        return not before.endswith("switch (") and "= defaul" not in before
+        text = self.line(file, line)
+        return not text[:column - 1].endswith("switch (") and "= default;" not in text
 
     def condition(self, file, line, column, end_line, end_column):
         text = self.line(file, line)
