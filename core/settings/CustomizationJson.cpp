@@ -34,7 +34,7 @@ public:
     bool number_integer(Json::number_integer_t) { return misplaced(); }
     bool number_unsigned(Json::number_unsigned_t) { return misplaced(); }
     bool number_float(Json::number_float_t, const std::string&) { return misplaced(); }
-    bool binary(Json::binary_t&) { return misplaced(); }
+    bool binary(Json::binary_t&) { return misplaced(); } // out of reach: text has no such values
     bool parse_error(std::size_t, const std::string&, const Json::exception&) { return false; }
 
     bool key(std::string& name) {

@@ -19,11 +19,8 @@ std::string keysAfterBackspace(const SinglishTransliterator& transliterator, std
         const std::string_view prefix = readings.prefix(count);
         if (count < readings.count() && readings.prefixReads(count, target))
             return std::string(prefix);
-        if (readings.prefixReadsWithAdded(count, target)) {
-            std::string keys = std::string(prefix).append(SinglishScheme::inherentVowelKey);
-            if (!text::equal(keys, raw))
-                return keys;
-        }
+        if (readings.prefixReadsWithAdded(count, target))
+            return std::string(prefix).append(SinglishScheme::inherentVowelKey);
     }
     return std::string(text::withoutLastCharacter(raw));
 }

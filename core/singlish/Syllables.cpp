@@ -24,17 +24,8 @@ OpenConsonant opened(std::string_view consonant) noexcept {
 
 void Syllables::write(const SinglishToken& token) {
     switch (token.kind) {
-    case SinglishToken::Kind::consonant: {
-        const OpenConsonant next = opened(token.letter);
-        if (open_ != OpenConsonant::none) {
-            text_ += SinglishScheme::virama;
-            if (next != OpenConsonant::other && next != open_)
-                text_ += SinglishScheme::zeroWidthJoiner;
-        }
-        text_ += token.letter;
-        open_ = next;
-        return;
-    }
+    case SinglishToken::Kind::consonant:
+        return writeConsonant(token.letter);
     case SinglishToken::Kind::vowel:
         text_ += open_ == OpenConsonant::none ? token.letter : token.sign;
         break;
@@ -43,6 +34,17 @@ void Syllables::write(const SinglishToken& token) {
         break;
     }
     open_ = OpenConsonant::none;
+}
+
+void Syllables::writeConsonant(std::string_view letter) {
+    const OpenConsonant next = opened(letter);
+    if (open_ != OpenConsonant::none) {
+        text_ += SinglishScheme::virama;
+        if (next != OpenConsonant::other && next != open_)
+            text_ += SinglishScheme::zeroWidthJoiner;
+    }
+    text_ += letter;
+    open_ = next;
 }
 
 void Syllables::pass(std::string_view character) {

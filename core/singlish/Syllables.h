@@ -28,6 +28,8 @@ public:
     void close();
 
 private:
+    void writeConsonant(std::string_view letter);
+
     std::string& text_;
     OpenConsonant open_;
 };

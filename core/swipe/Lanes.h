@@ -33,7 +33,10 @@ public:
 
     /// Each number, or 0 where that is more.
     Lanes positive() const noexcept {
-        return each([&](Quad& quad, std::size_t i) { quad = quads_[i] > 0 ? quads_[i] : Quad{}; });
+        return each([&](Quad& quad, std::size_t i) {
+            const Quad now = quads_[i];
+            quad = now > 0 ? now : Quad{}; // out of reach: no branch, each of the four has its own answer
+        });
     }
 
     /// What each number has grown by from the one before, the first from 0.

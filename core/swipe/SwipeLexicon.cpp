@@ -24,8 +24,8 @@ struct SameText {
 using Seen = std::unordered_set<std::string_view, SameText, SameText>;
 
 bool canBeKept(const SwipeSpellings& spellings) {
-    return !spellings.full.empty() && spellings.full.size() <= longestSpelling &&
-           spellings.chat.size() <= longestSpelling;
+    return !spellings.full.empty() &&
+           std::max(spellings.full.size(), spellings.chat.size()) <= longestSpelling;
 }
 
 std::uint32_t heldCount(std::int64_t count) {
@@ -34,7 +34,7 @@ std::uint32_t heldCount(std::int64_t count) {
 }
 
 std::uint32_t offset(std::size_t size) {
-    if (size > std::numeric_limits<std::uint32_t>::max())
+    if (size > std::numeric_limits<std::uint32_t>::max()) // out of reach: takes 4 GiB of words
         fatal("The words for swiping take more than 4 GiB");
     return static_cast<std::uint32_t>(size);
 }

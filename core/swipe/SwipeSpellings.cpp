@@ -55,7 +55,7 @@ SwipeEnds swipeEndsAtAGlance(std::string_view word) {
     const SwipeLetter* last = swipeLetter(text::lastScalar(word).value);
     // Signs may compose with what stands beside them; consonants and standalone letters never do.
     if (first && isUnchanging(*first))
-        ends.first = first->full.front() == first->chat.front() ? first->full.front() : '\0';
+        ends.first = first->full.front(); // which chat never leaves out
     if (last && isUnchanging(*last)) {
         const std::string_view full = last->full, chat = last->chat;
         const bool owesVowel = last->kind == SwipeLetter::Kind::consonant;

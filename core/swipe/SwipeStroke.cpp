@@ -198,7 +198,7 @@ SwipeStroke::Legs SwipeStroke::legs(std::string_view spelling) const {
     for (std::size_t i = 0; i < points; ++i)
         for (std::size_t leg = std::min(i, count - 1) + 1; leg-- > 0;) {
             Way way = i == 0 ? Way{0, {}} : ways[leg];
-            if (leg > 0 && i > 0) {
+            if (leg > 0) {
                 const double passing = squaredDistance(stroke_[i], keys[leg]);
                 Way turned = ways[leg - 1];
                 turned.cost += passing;

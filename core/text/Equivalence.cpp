@@ -17,7 +17,7 @@ void appendComposed(std::string& result, std::string_view wellFormed) {
     const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(wellFormed.data());
     const auto size = static_cast<utf8proc_ssize_t>(wellFormed.size());
     const utf8proc_ssize_t needed = utf8proc_decompose(bytes, size, nullptr, 0, options);
-    if (needed < 0)
+    if (needed < 0) // out of reach: the text is well-formed, and shorter than what is counted
         fatal("A text could not be normalised");
     std::vector<utf8proc_int32_t> scalars(static_cast<std::size_t>(needed) + 1);
     utf8proc_decompose(bytes, size, scalars.data(), needed, options);

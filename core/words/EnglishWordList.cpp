@@ -40,7 +40,7 @@ struct EnglishWordList::Tables {
 class EnglishWordList::Builder {
 public:
     void addWord(std::string_view word, std::int64_t count) {
-        if (!words_.add(keyOf(word), CompactText::compact(word)))
+        if (!words_.add(keyOf(word), CompactText::compact(word))) // out of reach: takes 4 GiB of words
             return;
         makeRoom(counts_, 1);
         counts_.push_back(count);

@@ -89,7 +89,7 @@ bool KeyedTexts::Builder::add(std::string_view key, std::string_view text) {
     const std::string_view kept = text == key ? std::string_view() : text;
     const std::size_t most = 2 * longestLength + key.size() + kept.size();
     std::vector<char>& pool = texts_.pool_;
-    if (most > std::numeric_limits<std::uint32_t>::max() - pool.size())
+    if (most > std::numeric_limits<std::uint32_t>::max() - pool.size()) // out of reach: takes 4 GiB of words
         return false;
     makeRoom(pool, most);
     makeRoom(texts_.starts_, 1);

@@ -36,7 +36,7 @@ void SinhalaWordIndex::Builder::add(std::string_view word, std::int64_t count) {
     if (!CompactText::assign(word, word_))
         return;
     SinhalaSpelling::assignLooseKey(word_, key_);
-    if (!words_.add(key_, word_))
+    if (!words_.add(key_, word_)) // out of reach: takes 4 GiB of words
         return;
     makeRoom(counts_, 1);
     counts_.push_back(count);

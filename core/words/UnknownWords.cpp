@@ -72,10 +72,9 @@ std::vector<UnknownWords::Guess> UnknownWords::words() const {
     std::vector<Guess> guesses;
     const WordLetter killer = WordLetters::letter(script::virama);
     for (const Beginning& each : beginnings_.back()) {
-        const Beginning whole =
-            mayGoOn(each, killer) && !each.letters.empty() ? goneOn(each, killer, 1) : each;
-        if (WordLetters::mayEnd(WordLetters::fromByte(whole.letters.back())))
-            guesses.push_back({whole.letters, whole.cost + sequences_.end(whole.context)});
+        const bool isWhole = WordLetters::mayEnd(WordLetters::fromByte(each.letters.back()));
+        const Beginning whole = isWhole ? each : goneOn(each, killer, 1);
+        guesses.push_back({whole.letters, whole.cost + sequences_.end(whole.context)});
     }
     return guesses;
 }

@@ -7,8 +7,8 @@
 namespace vanoka {
 
 void WordTrie::assignLetters(Position position, std::string& letters) const {
-    if (!WordLetters::assign(index_->words().compactText(numbers_[position]), letters))
-        letters.clear(); // no such word is kept
+    // Only words that can be read are kept.
+    static_cast<void>(WordLetters::assign(index_->words().compactText(numbers_[position]), letters));
 }
 
 namespace {

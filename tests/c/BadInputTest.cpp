@@ -195,6 +195,14 @@ TEST_F(BadInput, Typing) {
         << "nothing is lost";
 }
 
+TEST_F(BadInput, OfTwoProblemsTheFirstArgumentsIsTold) {
+    expect(VANOKA_BAD_ARGUMENT, vanoka_typing_choose, nullptr, "", huge);
+    expect(VANOKA_BAD_ARGUMENT, vanoka_settings_transliterate, nullptr, "", huge);
+    expect(VANOKA_BAD_ARGUMENT, vanoka_learnt_import, nullptr, "", huge);
+    EXPECT_EQ(vanoka_settings_load(nullptr, "", huge), VANOKA_BAD_ARGUMENT);
+    EXPECT_EQ(vanoka_settings_remove(nullptr, "", huge), VANOKA_BAD_ARGUMENT);
+}
+
 TEST_F(BadInput, IllFormedCharactersEndTheCompositionAndAreTheFields) {
     std::int32_t consumed = 7;
     EXPECT_EQ(vanoka_typing_press(typing.get(), VANOKA_OTHER_KEY, 0, "k", 1, &consumed, answer.get()),

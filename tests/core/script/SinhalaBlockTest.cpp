@@ -79,6 +79,15 @@ TEST(SinhalaBlock, SignsAndLettersStandInRanges) {
     }
 }
 
+TEST(SinhalaBlock, EachKindHasItsPart) {
+    for (const Kind kind : {Kind::vowel, Kind::consonant})
+        EXPECT_EQ(partOf(kind), Part::letter);
+    for (const Kind kind : {Kind::bindu, Kind::visarga, Kind::virama, Kind::vowelSign})
+        EXPECT_EQ(partOf(kind), Part::sign);
+    for (const Kind kind : {Kind::digit, Kind::punctuation})
+        EXPECT_EQ(partOf(kind), Part::none);
+}
+
 TEST(SinhalaBlock, OnlyYaAndRaAreJoined) {
     for (char32_t scalar = 0; scalar < 0x3000; ++scalar) {
         const JoinedForm expected = scalar == 0x0DBA   ? JoinedForm::yansaya

@@ -70,6 +70,7 @@ TEST(SinglishCustomization, DecodesWhatJsonAllows) {
         {R"({"\u0061ddedKeys":[{"k\u0065y":"q","letter":"ක"}],"disabled\u004Beys":["aa"]})", sample},
         {R"({"addedKeys":[{"key":"q","letter":"ක","x":[1,{"y":null}]}],"disabledKeys":["aa"],"z":{"a":[-1.5e3,true]}})",
          sample},
+        {R"({"addedKeys":[{"key":"q","note":"own","letter":"ක"}],"disabledKeys":["aa"]})", sample},
         {R"({"addedKeys":7,"addedKeys":[{"key":3,"key":"q","letter":[],"letter":"ක"}],"disabledKeys":null,"disabledKeys":["aa"]})",
          sample},
         {R"({"x":1e999,"disabledKeys":["aa"],"y":[-1E+0999,1.0e-999],"addedKeys":[{"key":"q","z":1e999,"letter":"ක"}]})",
@@ -98,6 +99,7 @@ TEST(SinglishCustomization, NothingElseDecodes) {
     const std::vector<std::string> documents = {
         "",
         " ",
+        R"({"addedKeys":[],"disabledKeys":["aa",1,"bb"]})",
         "null",
         "[]",
         "\"addedKeys\"",

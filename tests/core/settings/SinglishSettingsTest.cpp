@@ -482,6 +482,14 @@ TEST(SinglishKeyState, EqualityAndHashTakeAllFields) {
     EXPECT_EQ(all.size(), 6U);
     EXPECT_FALSE(others[2].isActive());
     EXPECT_FALSE(others[3].isActive());
+    EXPECT_NE(others[3], (SinglishKeyState{"kh", Kind::builtIn, true, "\u0D9D"}));
+}
+
+TEST_F(SinglishSettingsTest, OffersAreEqualInLetterAndKey) {
+    using Offer = SinglishSettings::LongPressLetter;
+    EXPECT_EQ((Offer{letter(ka), "K"}), (Offer{letter(ka), "\u212A"})) << "canonically equal";
+    EXPECT_NE((Offer{letter(ka), "k"}), (Offer{letter(ka), "K"}));
+    EXPECT_NE((Offer{letter(ka), "k"}), (Offer{letter(ga), "k"}));
 }
 
 } // namespace

@@ -47,6 +47,7 @@ TEST(SinglishComposer, ReadsTheSameKeysWithAnotherTransliterator) {
     EXPECT_EQ(composer.preview(), "q\u0D85");
     composer.setTransliterator(SinglishTransliterator({{{"q", "\u0D9A"}}, {}}));
     EXPECT_EQ(composer.preview(), "\u0D9A");
+    EXPECT_EQ(composer.transliterator().transliterate("q"), "\u0D9A\u0DCA");
     EXPECT_EQ(composer.raw(), "qa");
 }
 

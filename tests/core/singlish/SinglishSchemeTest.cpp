@@ -189,6 +189,26 @@ TEST(SinglishScheme, LettersAreEqualInAllTheirFields) {
         << "canonically equal";
 }
 
+TEST(SinglishScheme, RowsAreEqualInAllTheirFields) {
+    const Vowel vowel{{"a", "K"}, "\u0D85", "\u0DCF"};
+    EXPECT_EQ(vowel, (Vowel{{"a", "\u212A"}, "\u0D85", "\u0DCF"}));
+    EXPECT_NE(vowel, (Vowel{{"a", "K"}, "\u0D86", "\u0DCF"}));
+    EXPECT_NE(vowel, (Vowel{{"a", "K"}, "\u0D85", "\u0DD0"}));
+    EXPECT_NE(vowel, (Vowel{{"a"}, "\u0D85", "\u0DCF"}));
+    const Consonant consonant{{"k"}, "\u0D9A"};
+    EXPECT_EQ(consonant, (Consonant{{"k"}, "\u0D9A"}));
+    EXPECT_NE(consonant, (Consonant{{"k"}, "\u0D9B"}));
+    EXPECT_NE(consonant, (Consonant{{"K"}, "\u0D9A"}));
+    const Mark mark{{"x"}, "\u0D82", "binduva"};
+    EXPECT_EQ(mark, (Mark{{"x"}, "\u0D82", "binduva"}));
+    EXPECT_NE(mark, (Mark{{"x"}, "\u0D83", "binduva"}));
+    EXPECT_NE(mark, (Mark{{"x"}, "\u0D82", "visarga"}));
+    EXPECT_NE(mark, (Mark{{"H"}, "\u0D82", "binduva"}));
+    const Letter letter{"\u0D86", Group::vowel, {"aa"}, "\u0DCF"};
+    EXPECT_EQ(letter, (Letter{"\u0D86", Group::vowel, {"aa"}, "\u0DCF"}));
+    EXPECT_NE(letter, (Letter{"\u0D86", Group::vowel, {"aa"}, "\u0DD0"}));
+}
+
 TEST(SinglishScheme, ALetterHasAsManyKeysAsItIsGiven) {
     const Letter own{"\u0D9B", Group::consonant, {"kh", "K", "q", "Q", "zk"}, std::nullopt};
     EXPECT_EQ(keysOf(own.keys), "kh K q Q zk");

@@ -102,6 +102,20 @@ TEST(SwipeSpellings, AGlanceAtTheEndsNeverErrs) {
     EXPECT_GT(known, 10'000U);
 }
 
+TEST(SwipeSpellings, TheEndsAreSeenWhereTheyAreCertain) {
+    const auto seen = [](std::string_view word) {
+        const SwipeEnds ends = swipeEndsAtAGlance(word);
+        return std::pair(ends.first, ends.last);
+    };
+    EXPECT_EQ(seen(""), std::pair('\0', '\0'));
+    EXPECT_EQ(seen("Hello"), std::pair('h', 'o'));
+    EXPECT_EQ(seen("\u0DAD\u0DB8"), std::pair('t', 'a')) << "a consonant at the end has its vowel";
+    EXPECT_EQ(seen("\u0D89\u0D89"), std::pair('i', 'i'));
+    EXPECT_EQ(seen("\u0D87\u0D87"), std::pair('a', '\0')) << "ae, or a in chat";
+    EXPECT_EQ(seen("\u0DCF\u0DCF"), std::pair('\0', '\0')) << "signs may compose";
+    EXPECT_EQ(seen("\u00E9\u00E9"), std::pair('\0', '\0'));
+}
+
 /// The text with the joiners that the file spells out, so that a reader sees them and no editor loses them.
 std::string withJoiners(std::string text) {
     constexpr std::string_view spelledOut = "\\u200D";

@@ -32,6 +32,7 @@ TEST(Utf8, CountsEveryIllFormedByteByItself) {
         {"\xE0\xB6", 2},         // cut short at the end
         {"\xE0\xB6k", 3},        // cut short by another
         {"\xC0\xAF", 2},         // too long a form
+        {"\xE0\x80\xAF", 3},     // the same in three bytes
         {"\xED\xA0\x80", 3},     // a surrogate
         {"\xF4\x90\x80\x80", 4}, // beyond U+10FFFF
         {"\xFF\xFE", 2},

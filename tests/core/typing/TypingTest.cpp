@@ -75,6 +75,13 @@ TEST(Typing, TakesKeyDownEventsOnly) {
     EXPECT_EQ(typing.composer().raw(), "k");
 }
 
+TEST(Typing, AKeyWithoutTextPutsTheWordIn) {
+    Typing typing(builtIn());
+    EXPECT_EQ(typing.press({}, builtIn()), KeyOutcome{});
+    typing.press({.characters = "k"}, builtIn());
+    EXPECT_EQ(typing.press({}, builtIn()), (KeyOutcome{false, {Effect::insert, "\u0D9A\u0DCA"}}));
+}
+
 TEST(Typing, CopiesGoOnIndependently) {
     Typing typing(builtIn());
     typing.press({.characters = "k"}, builtIn());

@@ -25,6 +25,18 @@ TEST(CompactText, ASinhalaScalarTakesOneByte) {
     EXPECT_EQ(compact("\u200D"), "\xFF\u200D");
 }
 
+TEST(CompactText, NothingHasNoUnits) {
+    EXPECT_EQ(compact(""), "");
+    EXPECT_EQ(expanded(""), "");
+    EXPECT_EQ(firstUnit(""), "");
+}
+
+TEST(CompactTextDeathTest, IllFormedTextStopsTheProcess) {
+    std::string bytes;
+    EXPECT_FALSE(assign("\u0D9A\xFF", bytes));
+    EXPECT_DEATH(compact("\u0D9A\xFF"), "A text is not well-formed UTF-8");
+}
+
 TEST(CompactText, EveryScalarComesBackInOneUnitAndInOrder) {
     std::string before;
     for (char32_t scalar = 0; scalar <= 0x10FFFF; ++scalar) {

@@ -67,6 +67,8 @@ TEST(EnglishWordList, CountsAWordInAnyCase) {
     EXPECT_EQ(list.countOf("hell"), 0);
     EXPECT_EQ(list.countOf(""), 0);
     EXPECT_EQ(list.countOf("hello\xFF"), 0);
+    EXPECT_TRUE(list.contains("HELLO") && list.contains("Ok"));
+    EXPECT_FALSE(list.contains("hell") || list.contains("hello\xFF"));
 }
 
 TEST(EnglishWordList, KeepsEnglishByHistoryThenChatThenCount) {

@@ -103,6 +103,9 @@ TEST(SinhalaWordList, CountsASpellingLoosely) {
     EXPECT_EQ(list.countOfSpelling(""), 0);
     EXPECT_EQ(SinhalaWordList(Counts{{"\u0DCF", 4}}).countOfSpelling(""), 4) << "both keys are empty";
     EXPECT_EQ(list.countOfSpelling("\u0D9A\u0DB8\xFF"), 0);
+    EXPECT_TRUE(list.contains("\u0D9A\u0DB8"));
+    EXPECT_FALSE(list.contains("\u0D9B\u0DCF\u0DB8")) << "equal in its loose key alone";
+    EXPECT_FALSE(list.contains("\u0D9A\u0DB8\xFF"));
 }
 
 struct Suggestion {

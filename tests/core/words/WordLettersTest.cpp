@@ -43,6 +43,18 @@ TEST(WordLetters, ReadsTheCanonicalComposition) {
     EXPECT_EQ(lettersOf("\u0D9A\u0DD9\u0DCA"), lettersOf("\u0D9A\u0DDA"));
 }
 
+TEST(WordLetters, OnlyTheInherentVowelIsWrittenWithNothing) {
+    for (char32_t scalar = 0x0D80; scalar <= 0x0DFF; ++scalar) {
+        const WordLetter letter = WordLetters::letter(scalar);
+        const bool isLetter = letter != WordLetters::inherent;
+        EXPECT_EQ(WordLetters::scalar(letter), isLetter ? scalar : 0)
+            << std::hex << static_cast<unsigned>(scalar);
+        EXPECT_EQ(WordLetters::fromByte(WordLetters::byte(letter)), letter);
+    }
+    EXPECT_EQ(WordLetters::kind(WordLetters::inherent), script::Kind::vowelSign);
+    EXPECT_EQ(WordLetters::letter(U'a'), WordLetters::inherent);
+}
+
 TEST(WordLetters, HasNoOtherScalars) {
     for (const char* word :
          {"a", "\u0D9A1", "\u0D9A \u0D9A", "\u0DF4", "\u0DE6", "\u0D80", "\U0001F600", "\u212A"}) {

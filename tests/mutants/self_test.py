@@ -1,0 +1,152 @@
+#!/usr/bin/env python3
+"""Tests of scripts/mutants' own parts, and of the whole of it with a program of two lines: self_test.py."""
+
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+from unittest import mock
+
+import mutants
+import mutations
+
+
+def forms(line, before=""):
+    return [form.strip() for form in mutations.of_line(line, before)]
+
+
+class Changes(unittest.TestCase):
+    def test_comparisons(self):
+        self.assertEqual(["if (a <= b)", "if (a > b)", "if (!(a < b))"], forms("if (a < b)"))
+        self.assertEqual(["if (a != b)"], forms("if (a == b)"))
+
+    def test_templates_are_no_comparisons(self):
+        self.assertEqual([], forms("std::vector<int> words;"))
+        self.assertEqual([], forms("std::string&& words;"))
+
+    def test_both_and_either(self):
+        self.assertEqual(["bool is = a || b;"], forms("bool is = a && b;"))
+
+    def test_numbers(self):
+        self.assertEqual(["x = y[2];", "x = y[0];", ";"], forms("x = y[1];"))
+        self.assertEqual(["char32_t x = 0x10;", "char32_t x = 0xE;"], forms("char32_t x = 0xF;"))
+        self.assertEqual(["double x = 1.5;"], forms("double x = 0.5;"))
+        self.assertEqual([], forms("auto utf8 = x2;"))
+
+    def test_neither_comments_nor_texts(self):
+        self.assertEqual([], forms("// a < b"))
+        self.assertEqual([], forms('auto text = "a < 1";'))
+        self.assertEqual([], forms("char c = '<';"))
+
+    def test_statements_are_removed_where_one_begins(self):
+        self.assertEqual([";"], forms("words.clear();", before="{"))
+        self.assertEqual([], forms("words.clear();", before="x ="))
+        self.assertEqual([], forms("Word word(text);"))
+        self.assertEqual([], forms("Word(Text text);"))
+
+    def test_returns(self):
+        self.assertEqual(["return {};"], forms("return words;"))
+        self.assertEqual(["return true;"], forms("return false;"))
+        self.assertEqual([], forms("return {};"))
+
+    def test_arguments(self):
+        self.assertEqual(["auto x = f(b, a);"], forms("auto x = f(a, b);"))
+        self.assertEqual([], forms("auto x = f(a, a);"))
+        self.assertEqual(["auto x = std::min<int>(a, b);"], forms("auto x = std::max<int>(a, b);"))
+
+    def test_what_is_asserted_while_compiling_is_left(self):
+        self.assertEqual([], list(mutations.of_text("static_assert(a <\n              1 + 2);\n")))
+        self.assertEqual([], list(mutations.of_text("#if X > 1\nusing Y = Z<1>;\nwords.reserve(2);\n")))
+
+
+class Sampling(unittest.TestCase):
+    def test_no_file_is_left_out(self):
+        by_file = {path: [mutants.Mutant(path, at, "", str(at)) for at in range(10)] for path in "abc"}
+        chosen = mutants.sample(by_file, 4, seed=1)
+        self.assertEqual(4, len(chosen))
+        self.assertEqual(set("abc"), {each.path for each in chosen})
+        self.assertEqual(chosen, mutants.sample(by_file, 4, seed=1))
+        self.assertEqual(30, len(mutants.sample(by_file, 100, seed=1)))
+
+
+class Listing(unittest.TestCase):
+    BY_FILE = {"c/Library.cpp": [mutants.Mutant("c/Library.cpp", 7, "  return 1;", "  return 2;")]}
+
+    def test_one_is_found_by_its_text(self):
+        listed = mutants.Equivalents("# said once\n\nc/Library.cpp\n- return 1;\n+ return 2;\nBoth are\nthe same.\n")
+        key = self.BY_FILE["c/Library.cpp"][0].key
+        self.assertEqual({key: "Both are the same."}, listed.reasons)
+        self.assertEqual([], listed.stale(self.BY_FILE))
+
+    def test_one_that_matches_nothing_is_stale(self):
+        listed = mutants.Equivalents("c/Library.cpp\n- return 3;\n+ return 2;\nReason.\n\n"
+                                     "c/Gone.cpp\n- return 3;\n+ return 2;\nReason.\n")
+        self.assertEqual([("c/Library.cpp", "return 3;", "return 2;")], listed.stale(self.BY_FILE))
+        self.assertEqual([("c/Gone.cpp", "return 3;", "return 2;")], listed.of_no_file())
+
+    def test_a_reason_is_asked_for(self):
+        with self.assertRaises(SystemExit):
+            mutants.Equivalents("c/Library.cpp\n- return 1;\n+ return 2;\n")
+
+    def test_what_is_listed_fits(self):
+        listed = mutants.Equivalents(mutants.EQUIVALENT.read_text(encoding="utf-8"))
+        self.assertEqual([], listed.of_no_file())
+        self.assertEqual([], listed.stale({path: mutants.mutants_of(path) for path, *_ in listed.reasons}))
+
+
+LINES = """\
+int sum(int a, int b) {
+    const int always = 0;
+    return a + b - always;
+}
+"""
+TEST = """\
+int sum(int a, int b);
+int main() {
+    for (int left = 5; left > 0; left -= sum(0, 1)) {
+    }
+    return sum(2, 3) == 5 ? 0 : 1;
+}
+"""
+PROJECT = """\
+cmake_minimum_required(VERSION 3.25)
+project(Sum LANGUAGES CXX)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
+add_executable(sum_test core/sum.cpp test.cpp)
+"""
+
+
+class Whole(unittest.TestCase):
+    """A program whose test notices one change and not another."""
+
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp())
+        self.top = self.folder / "tree"
+        self.addCleanup(shutil.rmtree, self.folder)
+        for path, text in {"core/sum.cpp": LINES, "test.cpp": TEST, "CMakeLists.txt": PROJECT}.items():
+            (self.top / path).parent.mkdir(parents=True, exist_ok=True)
+            (self.top / path).write_text(text)
+        subprocess.run(["cmake", "-G", "Ninja", "-S", self.top, "-B", self.folder / "build"], check=True,
+                       stdout=subprocess.DEVNULL)
+
+    def test_outcomes(self):
+        changes = {
+            ("    return a + b - always;", "    return a + b + 1;"): "killed",
+            ("    return a + b - always;", "    return 5 * a;"): "endless",
+            ("    return a + b - always;", "    return a + b + always;"): "alive",
+            ("    return a + b - always;", "    return a + c - always;"): "refused",
+        }
+        with mock.patch.multiple(mutants, NEAREST={"core": ["sum_test"]}, ALL_TESTS=["sum_test"],
+                                 PLAIN_PROGRAMS={"sum_test"}):
+            runner = mutants.Runner(self.folder, ["sum_test"])
+            runner.limits["sum_test"] = 5
+            for (line, form), outcome in changes.items():
+                with self.subTest(form=form.strip()):
+                    self.assertEqual(outcome, runner.outcome(mutants.Mutant("core/sum.cpp", 3, line, form)))
+                    self.assertEqual(LINES, (self.top / "core/sum.cpp").read_text())
+
+
+if __name__ == "__main__":
+    sys.exit(unittest.main())
