@@ -28,6 +28,16 @@ std::size_t held(std::int64_t limit) {
     return static_cast<std::size_t>(std::min(static_cast<std::uint64_t>(limit), most));
 }
 
+template <class IsListed>
+void addGuesses(std::vector<UnknownWords::Guess> guesses, const TypedReadings& typed, IsListed isListed,
+                std::vector<ReadWord>& words) {
+    for (UnknownWords::Guess& guess : guesses) {
+        const double likely = typed.likelihood(guess.letters);
+        if (likely >= ReadingScore::leastLikely(typed.length()) && !isListed(guess.letters))
+            words.push_back({likely * ReadingScore::unknownPrior(guess.cost), std::move(guess.letters), {}});
+    }
+}
+
 /// The best words, without the guesses that are far behind.
 void keepBest(std::vector<ReadWord>& found, std::size_t limit) {
     std::ranges::sort(found, std::less());
@@ -64,18 +74,16 @@ std::vector<std::string> TypedWords::wordsTyped(std::string_view letters, std::i
     const WordTrie* own = personal ? &personal->tables_->words : nullptr;
     std::vector<ReadWord> found = ReadingSearch(typed, tables_->words, own, held(limit)).words();
     if (tables_->canGuess) {
-        for (UnknownWords::Guess& guess : UnknownWords(lower, readings, tables_->sequences).words()) {
-            const double likely = typed.likelihood(guess.letters);
-            if (likely >= ReadingScore::leastLikely(lower.size()) &&
-                !tables_->words.contains(guess.letters) && !(own && own->contains(guess.letters)))
-                found.push_back(
-                    {likely * ReadingScore::unknownPrior(guess.cost), std::move(guess.letters), {}});
-        }
+        const auto isListed = [&](const std::string& word) {
+            return tables_->words.contains(word) || (own && own->contains(word));
+        };
+        addGuesses(UnknownWords(lower, readings, tables_->sequences).words(), typed, isListed, found);
         keepBest(found, held(limit));
     }
-    std::vector<std::string> words;
-    for (ReadWord& each : found)
-        words.push_back(each.word.empty() ? WordLetters::text(each.letters) : std::move(each.word));
+    std::vector<std::string> words(found.size());
+    std::ranges::transform(found, words.begin(), [](ReadWord& each) {
+        return each.word.empty() ? WordLetters::text(each.letters) : std::move(each.word);
+    });
     return words;
 }
 

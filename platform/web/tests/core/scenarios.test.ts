@@ -12,7 +12,7 @@ const kinds = (each: Vanoka): [string, Played][] => [
 ];
 
 for (const [kind, played] of kinds(vanoka)) {
-    test.each(namesIn("tests/scenarios"))(`${kind} plays %s`, (name) => {
+    test.each(namesIn("tests/scenarios").filter((name) => name.endsWith(".scenario")))(`${kind} plays %s`, (name) => {
         const field = new Field(played);
         const steps: { line: string; keys: string; screen: string }[] = stepsOf(read(`tests/scenarios/${name}`));
         expect(steps.length).toBeGreaterThan(0);
