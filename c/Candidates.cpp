@@ -4,18 +4,23 @@
 #include "Arguments.h"
 #include "CandidateKinds.h"
 #include "Lists.h"
+#include "Settings.h"
 #include "text/Rows.h"
 #include "vanoka.h"
 #include "words/ListReading.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
+#include <utility>
 
 using namespace vanoka;
 using namespace vanoka::c;
 
 struct vanoka_candidates {
     SuggestionLists lists;
+    std::int32_t letters = 0; ///< of the reading, if there is one
+    LetterReadings readings;
 };
 
 namespace {
@@ -35,6 +40,15 @@ void readUses(std::string_view list, std::int64_t EnglishUse::* times, PersonalW
 template <class Handle>
 auto listOf(const Handle* handle) {
     return handle ? handle->list : decltype(handle->list)();
+}
+
+/// `unlisted` as the number that stands for it.
+std::optional<TypedWords::Unlisted> unlistedOf(std::int32_t letters) {
+    for (const auto each :
+         {TypedWords::Unlisted::none, TypedWords::Unlisted::fourLetters, TypedWords::Unlisted::sixLetters})
+        if (letters == static_cast<std::int32_t>(each))
+            return each;
+    return std::nullopt;
 }
 
 } // namespace
@@ -68,6 +82,22 @@ vanoka_status vanoka_candidates_create(const vanoka_words* words, const vanoka_e
         });
 }
 
+vanoka_status vanoka_candidates_reading(const vanoka_candidates* candidates, std::int32_t letters,
+                                        const vanoka_settings* settings, vanoka_candidates** reading) {
+    const auto unlisted = unlistedOf(letters);
+    return creating(
+        reading, [&] { return unlisted ? firstProblem(candidates) : vanoka_status{VANOKA_BAD_ARGUMENT}; },
+        [&] {
+            vanoka_candidates read = *candidates;
+            if (!read.lists.reading || read.letters != letters)
+                read.lists = withReading(std::move(read.lists), *unlisted);
+            read.letters = letters;
+            read.readings =
+                settings ? LetterReadings(settings->shared->keys.customization()) : LetterReadings();
+            return new vanoka_candidates(std::move(read));
+        });
+}
+
 void vanoka_candidates_release(vanoka_candidates* candidates) {
     delete candidates;
 }
@@ -81,8 +111,8 @@ vanoka_status vanoka_candidates_find(const vanoka_candidates* candidates, const 
             return problem;
         const TypedWord word = {std::string(typed.view()), std::string(shown.view())};
         const auto most = static_cast<std::size_t>(std::max(limit, 0));
-        for (const Candidate& row :
-             candidatesFor(word, candidates->lists, personal ? &personal->words : nullptr, most))
+        for (const Candidate& row : candidatesFor(
+                 word, candidates->lists, personal ? &personal->words : nullptr, most, candidates->readings))
             addCandidate(reply, row);
         return vanoka_status{VANOKA_OK};
     });

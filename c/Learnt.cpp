@@ -90,5 +90,5 @@ vanoka_status vanoka_learnt_import(vanoka_learnt* learnt, const char* document, 
 vanoka_status vanoka_learnt_personal(const vanoka_learnt* learnt, vanoka_personal** personal) {
     return creating(
         personal, [&] { return firstProblem(learnt); },
-        [&] { return new vanoka_personal{WordTally(learnt->tally).words()}; });
+        [&] { return new vanoka_personal{withReading(WordTally(learnt->tally).words())}; });
 }

@@ -300,6 +300,15 @@ typedef struct vanoka_candidates vanoka_candidates;
 VANOKA_API vanoka_status vanoka_candidates_create(const vanoka_words* words, const vanoka_english* english,
                                                   const vanoka_emoji* emoji, const char* never,
                                                   size_t never_size, vanoka_candidates** candidates);
+/* The same candidates, found by what people mean who follow no scheme, too: gedara is then a way to write
+   what its keys alone do not. `letters` tells what is known of words that no list holds: nothing (0), or how
+   likely each letter is after the three (4) or five (6) before it, which takes a megabyte or four more for a
+   hundred thousand words; any other number is bad. The keys that `settings`, which may be null, have now are
+   known. It takes as long as reading the lists, and next to nothing where `candidates` came from here with
+   the same `letters`, so that it can be called anew whenever keys change. */
+VANOKA_API vanoka_status vanoka_candidates_reading(const vanoka_candidates* candidates, int32_t letters,
+                                                   const vanoka_settings* settings,
+                                                   vanoka_candidates** reading);
 VANOKA_API void vanoka_candidates_release(vanoka_candidates* candidates);
 /* What may be meant by `keys`, which read as `preview` (VANOKA_KEYS and VANOKA_PREVIEW of
    `vanoka_typing_composition`), in the order in which it is shown: first a VANOKA_TYPED, which goes in unless

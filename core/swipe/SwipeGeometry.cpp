@@ -1,6 +1,7 @@
 #include "swipe/SwipeGeometry.h"
 
 #include "support/Fatal.h"
+#include "support/Sort.h"
 #include "text/LetterCase.h"
 
 #include <algorithm>
@@ -101,7 +102,7 @@ KeySet nearestKeys(SwipePoint point, const Centers& centers, double keyWidth, st
     for (const auto& [code, center] : centers)
         if (const double away = distance(point, center); away < std::numeric_limits<double>::infinity())
             keys.emplace_back(away, code);
-    std::ranges::sort(keys);
+    sortRange(keys);
     KeySet near;
     for (std::size_t i = 0; i < std::min(most, keys.size()); ++i)
         if (i == 0 || keys[i].first <= farthest * keyWidth)

@@ -1,6 +1,7 @@
 #include "swipe/SwipeLexicon.h"
 
 #include "support/Fatal.h"
+#include "support/Sort.h"
 #include "swipe/SwipeSpellings.h"
 #include "text/Equivalence.h"
 
@@ -76,7 +77,7 @@ SwipeLexicon::SwipeLexicon(std::span<const Word> words) {
         spelled.append(spellings.full).append(spellings.chat);
         wordBytes += word.word.size();
     }
-    std::ranges::sort(drafts, [](const Draft& left, const Draft& right) {
+    sortRange(drafts, [](const Draft& left, const Draft& right) {
         return std::tuple(left.home.index(), right.count, left.order) <
                std::tuple(right.home.index(), left.count, right.order);
     });
@@ -105,7 +106,7 @@ void SwipeLexicon::addGuests(const std::vector<Draft>& drafts) {
     for (Index index = 0; index < drafts.size(); ++index)
         if (drafts[index].visits)
             visiting.push_back(index);
-    std::ranges::sort(visiting, [&drafts](Index left, Index right) {
+    sortRange(visiting, [&drafts](Index left, Index right) {
         const Draft &one = drafts[left], &other = drafts[right];
         return std::tuple(one.visits->index(), other.count, one.order) <
                std::tuple(other.visits->index(), one.count, other.order);

@@ -1,6 +1,7 @@
 #include "swipe/SwipePeopleSearch.h"
 
 #include "support/Checked.h"
+#include "support/Sort.h"
 
 #include <algorithm>
 #include <cmath>
@@ -41,7 +42,7 @@ std::vector<std::string> SwipePeopleSearch::words(std::size_t limit) {
     for (Candidate& each : best_)
         each.score = stroke_.score(each.spelling, each.occurrences);
     std::erase_if(best_, [](const Candidate& each) { return !std::isfinite(each.score); });
-    std::ranges::sort(best_, std::less());
+    sortRange(best_, std::less());
     std::vector<std::string> words;
     for (const Candidate& each : best_)
         if (words.size() < limit && std::ranges::find(words, each.word) == words.end())
@@ -55,8 +56,7 @@ std::vector<std::pair<double, EndKeys>> SwipePeopleSearch::groups() const {
         for (char last = 'a'; last <= 'z'; ++last)
             if (ends_.startsWith(first) && ends_.endsWith(last))
                 groups.emplace_back(stroke_.endsCost(first, last), EndKeys(first, last));
-    std::ranges::sort(groups, {},
-                      [](const auto& pair) { return std::pair(pair.first, pair.second.index()); });
+    sortRange(groups, {}, [](const auto& pair) { return std::pair(pair.first, pair.second.index()); });
     return groups;
 }
 

@@ -1,5 +1,6 @@
 #include "swipe/SwipePersonalWords.h"
 
+#include "support/Sort.h"
 #include "text/Equivalence.h"
 
 #include <algorithm>
@@ -47,7 +48,7 @@ SwipePersonalWords::SwipePersonalWords(const SwipeLexicon& lexicon, const SwipeE
         const EndKeys home(spellings.full);
         words_.push_back({word, count, order, std::move(spellings), home, isSpelled});
     }
-    std::ranges::sort(words_, {}, [](const SwipePersonalWord& each) { return each.home.index(); });
+    sortRange(words_, {}, [](const SwipePersonalWord& each) { return each.home.index(); });
     for (auto rest = std::span(words_); !rest.empty();) {
         const auto other = std::ranges::find_if(
             rest, [home = rest.front().home](const SwipePersonalWord& each) { return each.home != home; });
@@ -55,7 +56,7 @@ SwipePersonalWords::SwipePersonalWords(const SwipeLexicon& lexicon, const SwipeE
         findListed(lexicon, rest.first(size));
         rest = rest.subspan(size);
     }
-    std::ranges::sort(listed_);
+    sortRange(listed_);
 }
 
 void SwipePersonalWords::findListed(const SwipeLexicon& lexicon, std::span<SwipePersonalWord> sameHome) {

@@ -1,4 +1,5 @@
 #include "swipe/SwipeRanking.h"
+#include "support/Sort.h"
 
 #include <algorithm>
 #include <limits>
@@ -40,13 +41,13 @@ double SwipeRanking::floor() const noexcept {
 
 std::vector<Scored> SwipeRanking::ranked() const {
     std::vector<Scored> best = kept_;
-    std::ranges::sort(best, isBetter);
+    sortRange(best, isBetter);
     return best;
 }
 
 std::vector<Scored> SwipeRanking::insertedInTurn() const {
     std::vector<Scored> all = kept_, best;
-    std::ranges::sort(all, isMetBefore);
+    sortRange(all, isMetBefore);
     for (const Scored& scored : all) {
         const auto worse =
             std::ranges::find_if(best, [&scored](const Scored& each) { return each.score < scored.score; });

@@ -1,6 +1,7 @@
 #include "swipe/SwipeSearch.h"
 
 #include "support/Checked.h"
+#include "support/Sort.h"
 #include "swipe/SwipeCost.h"
 
 #include <algorithm>
@@ -69,8 +70,7 @@ std::vector<EndKeys> SwipeSearch::groups() const {
                 groups.emplace_back(SwipeGeometry::distance(start_, layout_.center(first)) +
                                         SwipeGeometry::distance(end_, layout_.center(last)),
                                     EndKeys(first, last));
-    std::ranges::sort(groups, {},
-                      [](const auto& pair) { return std::pair(pair.first, pair.second.index()); });
+    sortRange(groups, {}, [](const auto& pair) { return std::pair(pair.first, pair.second.index()); });
     std::vector<EndKeys> nearestFirst;
     nearestFirst.reserve(groups.size());
     for (const auto& [away, group] : groups)

@@ -1,6 +1,7 @@
 #include "words/LetterReadings.h"
 
 #include "singlish/SchemeTables.h"
+#include "support/Sort.h"
 #include "text/LetterCase.h"
 
 #include <algorithm>
@@ -248,7 +249,7 @@ std::shared_ptr<const Readings> builtIn() {
             for (const Way& way : row.ways)
                 all.push_back(
                     {std::string(way.typed), WordLetters::letter(row.letter), way.thousandths / 1000.0});
-        std::ranges::sort(all, {}, placeOf);
+        sortRange(all, {}, placeOf);
         return std::make_shared<const Readings>(std::move(all));
     }();
     return readings;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/Sort.h"
 #include <algorithm>
 #include <cstdint>
 #include <string>
@@ -29,7 +30,7 @@ std::vector<std::uint32_t> sortedOrder(std::size_t count, BytesOf bytesOf) {
             start = start << 8 | (j < bytes.size() ? static_cast<unsigned char>(bytes[j]) : 0U);
         records[i] = {start, static_cast<std::uint32_t>(bytes.size()), static_cast<std::uint32_t>(i)};
     }
-    std::ranges::sort(records, [&](const Record& one, const Record& other) {
+    sortRange(records, [&](const Record& one, const Record& other) {
         if (one.start != other.start)
             return one.start < other.start;
         if (one.length > startLength && other.length > startLength) {

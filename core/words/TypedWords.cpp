@@ -1,5 +1,6 @@
 #include "words/TypedWords.h"
 
+#include "support/Sort.h"
 #include "text/LetterCase.h"
 #include "text/Utf8.h"
 #include "words/LetterSequences.h"
@@ -40,7 +41,7 @@ void addGuesses(std::vector<UnknownWords::Guess> guesses, const TypedReadings& t
 
 /// The best words, without the guesses that are far behind.
 void keepBest(std::vector<ReadWord>& found, std::size_t limit) {
-    std::ranges::sort(found, std::less());
+    sortRange(found, std::less());
     std::erase_if(found, [least = found.empty() ? 0 : found.front().score * ReadingScore::leastGuess](
                              const ReadWord& each) { return each.word.empty() && each.score < least; });
     if (found.size() > limit)

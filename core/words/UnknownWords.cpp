@@ -1,6 +1,7 @@
 #include "words/UnknownWords.h"
 
 #include "singlish/WrittenLetters.h"
+#include "support/Sort.h"
 #include "words/ReadingScore.h"
 
 #include <algorithm>
@@ -52,7 +53,7 @@ void UnknownWords::extend(const Beginning& beginning, std::string_view piece, in
 
 /// The same letters, cut up in several ways, are one beginning.
 void UnknownWords::keepBest(Beginnings& beginnings) const {
-    std::ranges::sort(beginnings, {}, &Beginning::letters);
+    sortRange(beginnings, {}, &Beginning::letters);
     Beginnings merged;
     for (Beginning& each : beginnings) {
         if (!merged.empty() && merged.back().letters == each.letters) {

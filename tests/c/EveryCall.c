@@ -38,6 +38,8 @@ static size_t count(void) {
 #define KAA "\xE0\xB6\x9A\xE0\xB7\x8F"
 #define AMMA "\xE0\xB6\x85\xE0\xB6\xB8\xE0\xB7\x8A\xE0\xB6\xB8"
 #define MAMA "\xE0\xB6\xB8\xE0\xB6\xB8"
+#define GA "\xE0\xB6\x9C"
+#define GEDARA GA "\xE0\xB7\x99\xE0\xB6\xAF\xE0\xB6\xBB"
 #define MAMAYA "\xE0\xB6\xB8\xE0\xB6\xB8\xE0\xB6\xBA"
 
 static void answers(void) {
@@ -230,6 +232,34 @@ static void candidates(void) {
     vanoka_personal_release(personal);
 }
 
+static void readingOfCandidates(void) {
+    vanoka_words* words = NULL;
+    vanoka_settings* settings = NULL;
+    vanoka_candidates *plain = NULL, *reading = NULL, *again = NULL;
+    CHECK(vanoka_settings_create(&settings) == VANOKA_OK);
+    CHECK(vanoka_words_create(TEXT(GEDARA "\t5\n"), &words) == VANOKA_OK);
+    CHECK(vanoka_candidates_create(words, NULL, NULL, TEXT(""), &plain) == VANOKA_OK);
+    vanoka_words_release(words);
+    CHECK(vanoka_candidates_reading(plain, 5, NULL, &reading) == VANOKA_BAD_ARGUMENT && !reading);
+    CHECK(vanoka_candidates_reading(NULL, 4, NULL, &reading) == VANOKA_BAD_ARGUMENT && !reading);
+    CHECK(vanoka_candidates_reading(plain, 0, NULL, &reading) == VANOKA_OK);
+    CHECK(vanoka_candidates_find(plain, NULL, TEXT("geadara"), TEXT(GEDARA GEDARA), 6, answer) == VANOKA_OK);
+    CHECK(count() == 1);
+    CHECK(vanoka_candidates_find(reading, NULL, TEXT("geadara"), TEXT(GEDARA GEDARA), 6, answer) == VANOKA_OK);
+    CHECK(count() == 2 && is(1, VANOKA_WORD, GEDARA));
+
+    CHECK(vanoka_candidates_find(reading, NULL, TEXT("qqqedara"), TEXT(GEDARA GEDARA), 6, answer) == VANOKA_OK);
+    CHECK(count() == 1);
+    CHECK(vanoka_settings_add(settings, TEXT("qqq"), TEXT(GA), answer) == VANOKA_OK);
+    CHECK(vanoka_candidates_reading(reading, 0, settings, &again) == VANOKA_OK);
+    vanoka_settings_release(settings);
+    vanoka_candidates_release(reading);
+    vanoka_candidates_release(plain);
+    CHECK(vanoka_candidates_find(again, NULL, TEXT("qqqedara"), TEXT(GEDARA GEDARA), 6, answer) == VANOKA_OK);
+    CHECK(count() == 2 && is(1, VANOKA_WORD, GEDARA));
+    vanoka_candidates_release(again);
+}
+
 static void editor(void) {
     vanoka_settings *settings = NULL;
     CHECK(vanoka_settings_create(&settings) == VANOKA_OK);
@@ -361,6 +391,7 @@ int main(void) {
     typing();
     lists();
     candidates();
+    readingOfCandidates();
     editor();
     suggesting();
     learnt();

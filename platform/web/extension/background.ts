@@ -6,6 +6,7 @@ import moduleUrl from "#module?url";
 import wordsUrl from "#data/si.tsv?url";
 import englishUrl from "#data/en.tsv?url";
 import emojiUrl from "#data/emoji.tsv?url";
+import neverUrl from "#data/never-offered.txt?url";
 import type { FromBackground, TabState, ToBackground } from "./messages.ts";
 import { followState, readState, switchOn } from "./state.ts";
 
@@ -18,7 +19,10 @@ async function read(): Promise<Lists> {
     const vanoka = await Vanoka.load(fetch(absolute(moduleUrl)));
     const lists = new Lists(vanoka, await LearntStore.open(vanoka, "vanoka-learnt"), () => others.postMessage("taught"));
     others.onmessage = () => void lists.learnt.refresh();
-    await lists.readWords({ words: absolute(wordsUrl), english: absolute(englishUrl), emoji: absolute(emojiUrl) });
+    await lists.readWords({
+        words: absolute(wordsUrl), english: absolute(englishUrl), emoji: absolute(emojiUrl), never: absolute(neverUrl),
+    });
+    lists.readReading();
     return lists;
 }
 

@@ -63,7 +63,7 @@ export class Vanoka {
     }
 
     candidates(sources: CandidateSources): Candidates {
-        return new Candidates(this.module, sources);
+        return Candidates.of(this.module, sources);
     }
 
     learnt(): Learnt {

@@ -1,5 +1,6 @@
 import { Kind, type Item } from "./items.ts";
 import { Handle, type Module } from "./module.ts";
+import type { Settings } from "./settings.ts";
 import { candidatesOf, type Candidate, type CommittedWord, type Composition } from "./typing.ts";
 
 /// A list as it was read from a file.
@@ -67,8 +68,17 @@ export interface CandidateSources {
 }
 
 export class Candidates extends Handle {
-    constructor(module: Module, { words, english, emoji, never }: CandidateSources) {
-        super(module, module.create("candidates", words?.id ?? 0, english?.id ?? 0, emoji?.id ?? 0, never ?? ""), "candidates");
+    static of(module: Module, { words, english, emoji, never }: CandidateSources): Candidates {
+        return new Candidates(
+            module, module.create("candidates", words?.id ?? 0, english?.id ?? 0, emoji?.id ?? 0, never ?? ""), "candidates");
+    }
+
+    /// The same, found by what people mean who follow no scheme, too. `letters`: 0 knows no words but the lists'; 4 and 6
+    /// guess others. The keys that `settings` have now are known. Takes as long as reading the lists, and next to nothing
+    /// for candidates that have a reading with the same `letters`.
+    reading(letters: 0 | 4 | 6, settings?: Settings): Candidates {
+        return new Candidates(
+            this.module, this.module.place("candidates_reading", this.id, letters, settings?.id ?? 0), "candidates");
     }
 
     /// What may be meant: what was typed goes first. `limit` is held to 3 … 9.

@@ -11,6 +11,7 @@ import moduleUrl from "#module?url";
 import wordsUrl from "#data/si.tsv?url";
 import englishUrl from "#data/en.tsv?url";
 import emojiUrl from "#data/emoji.tsv?url";
+import neverUrl from "#data/never-offered.txt?url";
 import { CandidateBar } from "./CandidateBar.ts";
 import { byId } from "../ui/dom.ts";
 import { Drafts } from "./Drafts.ts";
@@ -143,7 +144,7 @@ function assemble(field: EditableField, module: WebAssembly.Module, vanoka: Vano
     });
     words.start(() => new Worker(new URL("../words/worker.ts", import.meta.url), { type: "module" }), {
         module, store: "vanoka-learnt",
-        lists: { words: absolute(wordsUrl), english: absolute(englishUrl), emoji: absolute(emojiUrl) },
+        lists: { words: absolute(wordsUrl), english: absolute(englishUrl), emoji: absolute(emojiUrl), never: absolute(neverUrl) },
     });
     adopt();
     draw();

@@ -2,6 +2,9 @@ import type { Candidates, Decoder, KeyPlace, Layout, Vanoka } from "../core/inde
 import type { LearntStore } from "./LearntStore.ts";
 import type { Answers, Question, Start } from "./protocol.ts";
 
+/// How many letters tell how likely the next one of an unlisted word is: six would take megabytes more.
+const lettersBefore = 4;
+
 /// The lists in one instance of the module, what was learnt, and what is asked of them.
 export class Lists {
     candidates: Candidates;
@@ -16,13 +19,20 @@ export class Lists {
 
     /// What candidates come from. Returns the lists whose words can be swiped.
     async readWords(lists: Start["lists"]): Promise<Uint8Array[]> {
-        const [words, english, emoji] = await Promise.all([lists.words, lists.english, lists.emoji].map(listAt));
+        const [words, english, emoji, never] = await Promise.all([lists.words, lists.english, lists.emoji, lists.never].map(listAt));
         const { vanoka } = this;
         const sources = { words: vanoka.words(words!), english: vanoka.english(english!), emoji: vanoka.emoji(emoji!) };
-        this.candidates = vanoka.candidates(sources);
+        this.candidates = vanoka.candidates({ ...sources, never: never! });
         for (const source of Object.values(sources))
             source.release(); // the candidates keep them
         return [words!, english!];
+    }
+
+    /// Candidates are found by what people mean who follow no scheme, from then on.
+    readReading(): void {
+        const plain = this.candidates;
+        this.candidates = plain.reading(lettersBefore);
+        plain.release();
     }
 
     /// What strokes are compared with.

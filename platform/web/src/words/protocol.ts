@@ -31,7 +31,7 @@ export interface Problem {
 export interface Start {
     readonly what: "start";
     readonly module: WebAssembly.Module;
-    readonly lists: { readonly words: string; readonly english: string; readonly emoji: string };
+    readonly lists: { readonly words: string; readonly english: string; readonly emoji: string; readonly never: string };
     readonly store: string; ///< the name of the database
 }
 

@@ -21,7 +21,10 @@ async function start(message: Start): Promise<Lists> {
 async function read(lists: Lists, message: Start): Promise<void> {
     const swiped = await lists.readWords(message.lists);
     say({ ready: "words" });
-    await new Promise((resolve) => setTimeout(resolve)); // what was asked meanwhile goes first
+    const whatWasAsked = (): Promise<void> => new Promise((resolve) => setTimeout(resolve)); // it goes first
+    await whatWasAsked();
+    lists.readReading();
+    await whatWasAsked();
     lists.readStrokes(swiped);
     say({ ready: "strokes" });
 }

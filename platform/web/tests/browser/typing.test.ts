@@ -1,3 +1,4 @@
+import { readFileSync } from "node:fs";
 import { afterAll, afterEach, expect, test } from "vitest";
 import type { Page } from "playwright-core";
 import { amma, candidates, closeBrowser, context, desktop, expectText, gedara, mama, markedOf, opened, said, textOf } from "./support.ts";
@@ -95,6 +96,20 @@ test("candidates come, are walked through by keys, learnt, and forgotten", async
     await page.keyboard.type("amm");
     await expect.poll(() => candidates(page)).toContain("\u0D85\u0DB8\u0DCA\u0DB8\u0DCF");
     expect(await page.locator("#candidates .forget").count()).toBe(0);
+    await page.context().close();
+});
+
+test("what people mean is offered, and what nobody wants to be offered is not", async () => {
+    const page = await typed("gedara", "strokes");
+    await expect.poll(async () => (await candidates(page))[1]).toBe(gedara);
+    const linesOf = (name: string): string[] => readFileSync(new URL(`../../../../data/${name}`, import.meta.url), "utf-8").split("\n");
+    const english = new Set(linesOf("en.tsv").map((line) => line.split("\t")[0]));
+    const unwanted = linesOf("never-offered.txt").find((line) => english.has(line))!;
+    await page.keyboard.type(` ${unwanted}`);
+    await expect.poll(async () => (await candidates(page))[0]).toBe(await markedOf(page));
+    expect(await candidates(page)).not.toContain(unwanted);
+    await page.keyboard.type(" hello");
+    await expect.poll(() => candidates(page)).toContain("hello");
     await page.context().close();
 });
 

@@ -2,7 +2,7 @@ import { beforeEach, describe, expect, test } from "vitest";
 import { Kind, KeyCode, VanokaError, Vanoka, type Candidate, type Suggesting } from "../../src/core/index.ts";
 import { loaded, moduleBytes, read } from "./support.ts";
 
-const amma = "\u0D85\u0DB8\u0DCA\u0DB8", mama = "\u0DB8\u0DB8", mamaya = "\u0DB8\u0DB8\u0DBA", ka = "\u0D9A";
+const amma = "\u0D85\u0DB8\u0DCA\u0DB8", gedara = "\u0D9C\u0DD9\u0DAF\u0DBB", mama = "\u0DB8\u0DB8", mamaya = "\u0DB8\u0DB8\u0DBA", ka = "\u0D9A";
 const key = (characters: string): { code: number; modifiers: number; characters: string } =>
     ({ code: characters === " " ? KeyCode.space : KeyCode.other, modifiers: 0, characters });
 let vanoka: Vanoka;
@@ -124,6 +124,20 @@ test("candidates come from lists and from what was learnt", () => {
     expect(found[0]).toEqual({ text: mama, kind: "typed", isLearnt: false });
     expect(found).toContainEqual({ text: `${mama}\u0D9C\u0DD9`, kind: "word", isLearnt: true });
     expect(found).toContainEqual({ text: mamaya, kind: "word", isLearnt: false });
+});
+
+test("candidates are what people mean who follow no scheme, once they have a reading", () => {
+    const plain = vanoka.candidates({ words: vanoka.words(`${gedara}\t5\n`), never: gedara.repeat(2) });
+    const typed = { keys: "geadara", preview: amma };
+    const textsOf = (candidates: typeof plain): string[] => candidates.find(typed, 6).map((row) => row.text);
+    expect(textsOf(plain)).toEqual([amma]);
+    const reading = plain.reading(4);
+    expect(textsOf(reading)).toContain(gedara);
+    const settings = vanoka.settings(), own = { keys: "qqqedara", preview: amma };
+    expect(reading.find(own, 6).length).toBe(1);
+    settings.add("qqq", "\u0D9C");
+    expect(reading.reading(4, settings).find(own, 6).map((row) => row.text)).toContain(gedara);
+    expect(() => plain.reading(5 as 4)).toThrow(VanokaError);
 });
 
 test("what was learnt is carried elsewhere, and a file that is no list of words is refused with its line", () => {
