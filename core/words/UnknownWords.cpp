@@ -63,7 +63,9 @@ void UnknownWords::keepBest(Beginnings& beginnings) const {
             merged.push_back(std::move(each));
         }
     }
-    std::ranges::stable_sort(merged, std::ranges::greater(), &Beginning::worth);
+    sortRange(merged, [](const Beginning& left, const Beginning& right) {
+        return left.worth != right.worth ? left.worth > right.worth : left.letters < right.letters;
+    });
     if (merged.size() > beam)
         merged.resize(beam);
     beginnings = std::move(merged);
