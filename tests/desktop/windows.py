@@ -476,7 +476,8 @@ if qt_modules_differ():
     KNOWN |= {
         ("ibus", "qt5", part.__name__):
             "Qt 5 and Qt 6 look the same to an engine, and the word is delivered as Qt 6 needs it"
-        for part in (by_click_elsewhere, by_other_window, by_other_window_and_back, by_click_in_the_field, by_click_before)
+        for part in (by_click_elsewhere, by_other_window, by_other_window_and_back, by_click_in_the_field, by_click_before,
+                     with_a_suggestion_by_click_elsewhere)
     }
 if gtk4_release() >= 12:
     KNOWN |= {
