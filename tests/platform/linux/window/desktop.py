@@ -103,8 +103,16 @@ def portal(scheme):
         process.wait(PATIENCE)
 
 
+def children(node):
+    """None of one that goes while it is asked: its number of children is below zero then."""
+    try:
+        return list(node)
+    except ValueError:
+        return []
+
+
 def walk(node):
-    for child in list(node):
+    for child in children(node):
         if child is None:
             continue
         yield child
