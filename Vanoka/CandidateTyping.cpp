@@ -87,8 +87,6 @@ bool CandidateTyping::needsCandidates(const KeyEvent& event) const {
 TypingStep CandidateTyping::press(const KeyEvent& event, const SinglishTransliterator& transliterator) {
     if (event.type != KeyEvent::keyDown)
         return {};
-    if (!isSuggesting_ && !line_.isShown() && !last_) // as without suggestions, and as fast
-        return {typing_.press(event, transliterator), {}};
     Lesson undone = this->undone(event);
     if (!isSuggesting_ && !line_.isShown())
         return {typing_.press(event, transliterator), std::move(undone)};

@@ -42,7 +42,7 @@ auto listOf(const Handle* handle) {
     return handle ? handle->list : decltype(handle->list)();
 }
 
-/// `unlisted` as the number that stands for it.
+/// What the number of letters stands for; nothing for other numbers.
 std::optional<TypedWords::Unlisted> unlistedOf(std::int32_t letters) {
     for (const auto each :
          {TypedWords::Unlisted::none, TypedWords::Unlisted::fourLetters, TypedWords::Unlisted::sixLetters})

@@ -300,12 +300,13 @@ typedef struct vanoka_candidates vanoka_candidates;
 VANOKA_API vanoka_status vanoka_candidates_create(const vanoka_words* words, const vanoka_english* english,
                                                   const vanoka_emoji* emoji, const char* never,
                                                   size_t never_size, vanoka_candidates** candidates);
-/* The same candidates, found by what people mean who follow no scheme, too: gedara is then a way to write
-   what its keys alone do not. `letters` tells what is known of words that no list holds: nothing (0), or how
-   likely each letter is after the three (4) or five (6) before it, which takes a megabyte or four more for a
-   hundred thousand words; any other number is bad. The keys that `settings`, which may be null, have now are
-   known. It takes as long as reading the lists, and next to nothing where `candidates` came from here with
-   the same `letters`, so that it can be called anew whenever keys change. */
+/* The same candidates, found by what people mean who follow no scheme, too: most write gedara for the word
+   whose keys are gedhara. `letters` tells what is known of words that no list holds: nothing (0), or how
+   likely each letter is after the three (4) or five (6) before it; any other number is VANOKA_BAD_ARGUMENT.
+   For a hundred thousand words the reading takes one to two megabytes, and with 6 four to five. The keys
+   that `settings`, which may be null, have now are known. It takes as long as reading the lists, and next to
+   nothing where `candidates` came from here with the same `letters`, so that it can be called anew whenever
+   keys change. */
 VANOKA_API vanoka_status vanoka_candidates_reading(const vanoka_candidates* candidates, int32_t letters,
                                                    const vanoka_settings* settings,
                                                    vanoka_candidates** reading);

@@ -16,6 +16,7 @@ import sys
 import tempfile
 from pathlib import Path
 
+CHECKOUT = str(Path(__file__).resolve().parents[1])
 SKIPPED = 77
 NUMBERS = Path("/usr/include/x86_64-linux-gnu/asm/unistd_64.h")
 X86_64 = 0xC000003E
@@ -64,8 +65,9 @@ def program(unit):
 
 
 def bubblewrap(filter_number):
+    # The checkout may lie below /tmp itself.
     return ["bwrap", "--ro-bind", "/", "/", "--dev", "/dev", "--proc", "/proc", "--tmpfs", "/tmp",
-            "--cap-drop", "ALL", "--die-with-parent", "--seccomp", str(filter_number)]
+            "--ro-bind", CHECKOUT, CHECKOUT, "--cap-drop", "ALL", "--die-with-parent", "--seccomp", str(filter_number)]
 
 
 def run(unit, command):

@@ -41,7 +41,7 @@ std::string written(Randoms& randoms, std::string_view word, const LetterReading
 TEST(TypedWordTwins, OfStrangeLists) {
     Randoms randoms(3);
     std::size_t found = 0;
-    for (std::size_t round = 0; round < test::rounds(1500); ++round) {
+    for (std::size_t round = 0; round < test::rounds(2100); ++round) {
         const SinhalaWordList list(test::strangeWords(randoms, randoms.oneIn(8) ? 150 : 25));
         const SinhalaWordList own(randoms.oneIn(4) ? std::vector<WordCount>()
                                                    : test::strangeWords(randoms, 12));
@@ -65,7 +65,7 @@ TEST(TypedWordTwins, OfStrangeLists) {
             found += expected.size();
         }
     }
-    EXPECT_GT(found, test::rounds(7'000));
+    EXPECT_GT(found, test::rounds(10'000));
 }
 
 TEST(TypedWordTwins, OfALanguage) {
