@@ -86,13 +86,13 @@ bool isOwnWord(const std::string& text, const PersonalWords* personal) {
 
 std::vector<Candidate> candidatesFor(const TypedWord& word, const SuggestionLists& lists,
                                      const PersonalWords* personal, std::size_t limit,
-                                     const LetterReadings& readings) {
+                                     const LetterReadings& readings, ReadingMemory* memory) {
     if (word.keys.empty() || word.preview.empty())
         return {};
     limit = std::clamp(limit, CandidateLimit::least, CandidateLimit::most);
     const auto latin = latinWord(word, lists, personal);
     const std::size_t places = limit - 1 - (latin ? 1 : 0);
-    const auto words = rankedWords(word, lists, personal, places, readings);
+    const auto words = rankedWords(word, lists, personal, places, readings, memory);
     const auto emoji = emojiOf(word, lists);
     const std::size_t emojiCount = shareOfEmoji(emoji.size(), words.size(), places);
 

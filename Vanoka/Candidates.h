@@ -49,10 +49,10 @@ inline constexpr std::size_t least = 3, usual = 6, most = 9;
 ///  5. The keys, when they are a known English word that does not stay English.
 ///
 /// No text stands there twice, none but the first is one that `lists` never offers, and none is empty. Takes
-/// microseconds, and a millisecond or two where `lists` has a reading. `personal` may be null. `readings` are
-/// of the keys in force.
+/// microseconds, and a millisecond or two where `lists` has a reading, a fraction of that where `memory`,
+/// which may be null, knows the letters before. `personal` may be null. `readings` are of the keys in force.
 std::vector<Candidate> candidatesFor(const TypedWord& word, const SuggestionLists& lists,
                                      const PersonalWords* personal, std::size_t limit = CandidateLimit::usual,
-                                     const LetterReadings& readings = {});
+                                     const LetterReadings& readings = {}, ReadingMemory* memory = nullptr);
 
 } // namespace vanoka

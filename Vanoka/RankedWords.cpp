@@ -52,12 +52,12 @@ Words spelledSo(const SinhalaWordList& source, const SinhalaWordList* added, con
 }
 
 Words readSo(const SuggestionLists& lists, const PersonalWords* personal, const TypedWord& word,
-             std::size_t limit, const LetterReadings& readings) {
+             std::size_t limit, const LetterReadings& readings, ReadingMemory* memory) {
     if (!lists.reading)
         return {};
     const TypedWords* own = personal && personal->reading ? &*personal->reading : nullptr;
     return offered(word, lists.neverOffered, limit, [&](std::int64_t asked) {
-        return lists.reading->wordsTyped(word.keys, asked, own, readings);
+        return lists.reading->wordsTyped(word.keys, asked, own, readings, memory);
     });
 }
 
@@ -102,11 +102,11 @@ Words ownWords(const TypedWord& word, const SuggestionLists& lists, const Person
 
 std::vector<std::string> rankedWords(const TypedWord& word, const SuggestionLists& lists,
                                      const PersonalWords* personal, std::size_t limit,
-                                     const LetterReadings& readings) {
+                                     const LetterReadings& readings, ReadingMemory* memory) {
     if (limit == 0)
         return {};
     const std::size_t ownMost = personal ? (limit + 1) / 2 : 0;
-    Words read = readSo(lists, personal, word, limit, readings);
+    Words read = readSo(lists, personal, word, limit, readings, memory);
     Offer offer(word, lists.neverOffered);
     if (personal)
         offer.add(ownWords(word, lists, *personal, read, ownMost), ownMost);

@@ -9,7 +9,8 @@
 namespace vanoka {
 
 /// The Sinhala words that may be meant by `word`, at most `limit`, best first: each once, not the preview
-/// itself, and none that `lists` never offers. `personal` may be null.
+/// itself, and none that `lists` never offers. `personal` may be null, and so may `memory`, which only saves
+/// time (see `TypedWords::wordsTyped`).
 ///
 /// They are found in two ways: the keys are read as people without a scheme type (`TypedWords::wordsTyped`),
 /// where `lists` has a reading, and the preview is taken for a beginning, loosely spelled, or an abbreviation
@@ -25,6 +26,6 @@ namespace vanoka {
 ///     that words which begin so or are abbreviated so are never all pushed out.
 std::vector<std::string> rankedWords(const TypedWord& word, const SuggestionLists& lists,
                                      const PersonalWords* personal, std::size_t limit,
-                                     const LetterReadings& readings = {});
+                                     const LetterReadings& readings = {}, ReadingMemory* memory = nullptr);
 
 } // namespace vanoka

@@ -19,6 +19,7 @@ struct Suggestions {
     std::size_t limit = CandidateLimit::usual;
     std::shared_ptr<const SuggestionLists>
         lists;                          ///< null: not read yet, or none; only own words are offered then
+    ReadingMemory memory;               ///< of the letters that were typed last, in whatever field
     PersonalWordStore* store = nullptr; ///< null: nothing is known of this person; must outlive this object
 };
 

@@ -77,8 +77,8 @@ void VanokaInputController::findCandidates() {
     static const SuggestionLists none;
     const SuggestionLists& lists = suggestions_->lists ? *suggestions_->lists : none;
     const auto personal = suggestions_->store ? suggestions_->store->words() : nullptr;
-    typing_.take(request->generation,
-                 candidatesFor(request->word, lists, personal.get(), suggestions_->limit, readings()));
+    typing_.take(request->generation, candidatesFor(request->word, lists, personal.get(), suggestions_->limit,
+                                                    readings(), &suggestions_->memory));
 }
 
 /// Made anew when the user's keys have changed.

@@ -2,6 +2,7 @@
 
 #include "Calls.h"
 #include "vanoka.h"
+#include "words/ReadingMemory.h"
 
 #include <cstdint>
 #include <string>
@@ -24,6 +25,7 @@ struct Items {
 /// and has allocated nothing when it has been as much before.
 struct vanoka_answer {
     vanoka::c::Items given, next;
+    vanoka::ReadingMemory memory; ///< of the word whose candidates were asked for last
 };
 
 namespace vanoka::c {

@@ -111,8 +111,9 @@ vanoka_status vanoka_candidates_find(const vanoka_candidates* candidates, const 
             return problem;
         const TypedWord word = {std::string(typed.view()), std::string(shown.view())};
         const auto most = static_cast<std::size_t>(std::max(limit, 0));
-        for (const Candidate& row : candidatesFor(
-                 word, candidates->lists, personal ? &personal->words : nullptr, most, candidates->readings))
+        for (const Candidate& row :
+             candidatesFor(word, candidates->lists, personal ? &personal->words : nullptr, most,
+                           candidates->readings, &answer->memory))
             addCandidate(reply, row);
         return vanoka_status{VANOKA_OK};
     });

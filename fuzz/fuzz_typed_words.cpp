@@ -47,6 +47,20 @@ void expectSameWords(const SinhalaWordList& list, const SinhalaWordList& own, co
                  "and with a personal list");
 }
 
+/// What is known of a word changes nothing while letters are typed and taken back.
+void expectSameWithMemory(const TypedWords& words, const TypedWords& personal, const LetterReadings& readings,
+                          fuzz::Input& input) {
+    ReadingMemory memory;
+    std::string text = typed(input);
+    for (int step = input.byte() % 4; step >= 0; --step) {
+        const std::int64_t limit = 1 + input.byte() % 12;
+        fuzz::expect(words.wordsTyped(text, limit, &personal, readings, &memory) ==
+                         words.wordsTyped(text, limit, &personal, readings),
+                     "a letter more or fewer is read as the whole word");
+        text = text.substr(0, input.byte()) + typed(input);
+    }
+}
+
 void expectSameSum(const LetterReadings& readings, fuzz::Input& input) {
     const auto letters = plain::lettersOf(fuzz::sinhalaWord(input));
     const std::string text = text::lowercased(typed(input));
@@ -82,6 +96,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const TypedWords words(list), personal(own), unlisted(list, TypedWords::Unlisted::fourLetters);
     while (!input.isEmpty()) {
         expectSameWords(list, own, words, personal, readings, input);
+        expectSameWithMemory(unlisted, personal, readings, input);
         expectSameSum(readings, input);
         expectWellFormedGuesses(unlisted, readings, input);
     }

@@ -80,16 +80,31 @@ BENCHMARK(readWholeWords<TypedWords::Unlisted::sixLetters>)
     ->UseManualTime();
 
 /// What a keyboard asks for after every letter of a word.
+template <TypedWords::Unlisted unlisted, bool remembers>
 void readEveryLetter(benchmark::State& state) {
     std::vector<std::string> typed;
     for (const std::string& word : typedWords(200))
         for (std::size_t length = 1; length <= word.size(); ++length)
             typed.push_back(word.substr(0, length));
-    timeEach(state, typed, [](const std::string& each) {
-        return reader(TypedWords::Unlisted::none).wordsTyped(each, fewWords);
+    ReadingMemory memory;
+    timeEach(state, typed, [&](const std::string& each) {
+        if (each.size() == 1)
+            memory = ReadingMemory();
+        return reader(unlisted).wordsTyped(each, fewWords, nullptr, {}, remembers ? &memory : nullptr);
     });
 }
-BENCHMARK(readEveryLetter)->Name("read/a letter more")->Iterations(1)->UseManualTime();
+BENCHMARK(readEveryLetter<TypedWords::Unlisted::none, true>)
+    ->Name("read/a letter more")
+    ->Iterations(1)
+    ->UseManualTime();
+BENCHMARK(readEveryLetter<TypedWords::Unlisted::none, false>)
+    ->Name("read/a letter more, anew")
+    ->Iterations(1)
+    ->UseManualTime();
+BENCHMARK(readEveryLetter<TypedWords::Unlisted::sixLetters, true>)
+    ->Name("read/a letter more, listed and unlisted words")
+    ->Iterations(1)
+    ->UseManualTime();
 
 void readPlain(benchmark::State& state) {
     const auto all = madeList().words();

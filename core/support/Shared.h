@@ -19,6 +19,9 @@ public:
     const Value& operator*() const noexcept { return *value_; }
     const Value* operator->() const noexcept { return value_.get(); }
 
+    /// True when both are copies of one.
+    friend bool operator==(const Shared&, const Shared&) noexcept = default;
+
 private:
     std::shared_ptr<const Value> value_;
 };

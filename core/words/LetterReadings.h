@@ -43,6 +43,9 @@ public:
     /// Every reading of `typed`, which is in lower case. Valid as long as this object.
     std::span<const Reading> of(std::string_view typed) const noexcept;
 
+    /// True when one is a copy of the other, or both are the table without keys.
+    bool isSame(const LetterReadings& other) const noexcept { return readings_ == other.readings_; }
+
     /// P(typed | letter), in the table or not.
     double probability(WordLetter letter, std::string_view typed) const noexcept;
 

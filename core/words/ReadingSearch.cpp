@@ -1,8 +1,11 @@
 #include "words/ReadingSearch.h"
 
+#include "support/Sort.h"
 #include "words/ReadingScore.h"
 
 #include <algorithm>
+#include <functional>
+#include <span>
 
 namespace vanoka {
 
@@ -13,42 +16,29 @@ constexpr double roundings = 1 + 1e-9;
 
 } // namespace
 
-ReadingSearch::ReadingSearch(const TypedReadings& typed, const WordTrie& list, const WordTrie* personal,
-                             std::size_t limit)
-    : typed_(typed),
-      tries_{&list, personal},
+ReadingSearch::ReadingSearch(ReadingTree& tree, const TypedReadings& typed, std::size_t limit)
+    : tree_(tree),
+      typed_(typed),
       limit_(limit),
-      width_(typed.length() + 1),
-      total_(std::max(1.0, list.total() + (personal ? personal->total() : 0))),
-      leastLikely_(ReadingScore::leastLikely(typed.length())) {
-    for (std::size_t level = 0; level < WordTrie::levels; ++level)
-        priors_[level] = ReadingScore::prior(WordTrie::countAt(level), total_);
-    typed_.begin(row(addRow()));
-    findChildren({list.all(), personal ? personal->all() : WordTrie::Range()}, 0);
-    openAll(0, 0, 0);
-}
+      leastLikely_(ReadingScore::leastLikely(typed.length())),
+      scratch_(2 * (typed.length() + 1)) {}
 
-void ReadingSearch::keep(ReadWord word) {
-    best_.insert(std::ranges::upper_bound(best_, word, std::less()), std::move(word));
-    if (best_.size() > limit_)
-        best_.pop_back();
+void ReadingSearch::expect(const std::vector<ReadWord>& likely) {
+    std::vector<double> scores;
+    for (const ReadWord& each : likely) {
+        const double read = likelihood(tree_.row(ReadingTree::nothing), 0, each.letters, each.prior);
+        if (read >= leastLikely_)
+            scores.push_back(read * each.prior);
+    }
+    if (scores.size() < limit_)
+        return;
+    sortRange(scores, std::greater());
+    bound_ = scores[limit_ - 1] / roundings;
 }
 
 std::vector<ReadWord> ReadingSearch::words() {
-    while (!promises_.empty()) {
-        std::ranges::pop_heap(promises_, {}, &Promise::most);
-        const Promise best = promises_.back();
-        promises_.pop_back();
-        if (!isGoodEnough(best.most))
-            break;
-        open(nodes_[best.node]);
-    }
+    readFrom(ReadingTree::nothing, 0);
     return std::move(best_);
-}
-
-std::uint32_t ReadingSearch::addRow() {
-    rows_.resize(rows_.size() + width_);
-    return static_cast<std::uint32_t>(rows_.size() / width_ - 1);
 }
 
 /// What a word of one letter more is worth for the sake of its beginning.
@@ -56,116 +46,97 @@ double ReadingSearch::goingOn(double completion, const double* from) const {
     return std::max(completion, from[typed_.length()] * ReadingScore::goesOn) * ReadingScore::letterToCome;
 }
 
-void ReadingSearch::open(const Node& opened) {
-    const Node node = opened; // the nodes move
-    const std::uint32_t own = addRow();
-    typed_.advance(row(node.before), node.last, row(own));
-    findChildren(node.ranges, node.depth);
-    if (!ends_[0].isEmpty() || !ends_[1].isEmpty())
-        addWord(std::max(row(own)[typed_.length()], node.completion));
-    openAll(own, node.depth, goingOn(node.completion, row(own)));
+/// As deep as the longest word.
+void ReadingSearch::readFrom(std::uint32_t beginning, double completion) {
+    const std::uint32_t opened = tree_.open(beginning);
+    addWord(tree_.opened(opened).ends, std::max(tree_.row(opened)[typed_.length()], completion));
+    const double longer = goingOn(completion, tree_.row(opened));
+    const std::size_t first = promises_.size();
+    addPromises(opened, longer);
+    const std::size_t end = promises_.size();
+    for (std::size_t each = first; each < end && isGoodEnough(promises_[each].most); ++each)
+        if (!readAlone(promises_[each].beginning, completion))
+            readFrom(promises_[each].beginning, longer);
+    promises_.resize(first);
 }
 
-/// False for more than one word. Hardly any word alone that may be among the best is spared by waiting for
-/// its turn, and waiting costs more than reading it.
-bool ReadingSearch::readAlone(const Node& node) {
-    for (std::size_t list = 0; list < lists; ++list)
-        if (node.ranges[list].isSingle() && node.ranges[1 - list].isEmpty()) {
-            readOn(*tries_[list], node.ranges[list].first, node);
-            return true;
-        }
+/// The best first, so that those after them need not be opened.
+void ReadingSearch::addPromises(std::uint32_t opened, double completion) {
+    const std::size_t first = promises_.size();
+    const ReadingTree::Opened& from = tree_.opened(opened);
+    for (std::uint32_t each = from.firstLonger; each < from.firstLonger + from.longer; ++each) {
+        const ReadingTree::Beginning& longer = tree_.beginning(each);
+        const double likely =
+            std::max(typed_.mostLikely(tree_.row(opened), longer.last), completion) * roundings;
+        const double most = likely * longer.mostPrior * roundings;
+        if (likely >= leastLikely_ && isGoodEnough(most))
+            promises_.push_back({most, each});
+    }
+    auto added = std::span(promises_).subspan(first);
+    sortRange(added, std::greater(), &Promise::most);
+}
+
+/// False for more than one word. One alone is read to its end at once.
+bool ReadingSearch::readAlone(std::uint32_t number, double completion) {
+    const ReadingTree::Beginning& beginning = tree_.beginning(number);
+    for (std::size_t list = 0; list < ReadingTree::lists; ++list) {
+        if (!beginning.words[list].isSingle() || !beginning.words[1 - list].isEmpty())
+            continue;
+        const std::string_view rest =
+            tree_.trie(list)->rest(beginning.words[list].first, std::size_t{beginning.length} - 1, letters_);
+        ReadingTree::Ranges ends;
+        ends[list] = beginning.words[list];
+        addWord(ends, likelihood(tree_.row(beginning.before), completion, rest, beginning.mostPrior));
+        return true;
+    }
     return false;
 }
 
-/// One word alone is read to its end at once, or to where it is known not to be among the best.
-void ReadingSearch::readOn(const WordTrie& trie, WordTrie::Position position, const Node& node) {
-    const double prior = mostPrior(node.ranges) * roundings * roundings;
-    scratch_.resize(2 * width_);
-    double *now = scratch_.data(), *next = now + width_;
-    typed_.advance(row(node.before), node.last, now);
-    double completion = node.completion;
-    for (const char each : trie.rest(position, node.depth, letters_)) {
+/// How likely a word is to be typed so, or to go on after it, from the row of its first letters and what it
+/// is worth for their sake; 0 as soon as it is known not to be among the best. Its prior is no greater.
+double ReadingSearch::likelihood(const double* row, double completion, std::string_view letters,
+                                 double prior) {
+    double *now = scratch_.data(), *next = now + typed_.length() + 1;
+    for (const char each : letters) {
         const WordLetter letter = WordLetters::fromByte(each);
-        completion = goingOn(completion, now);
-        if (!isGoodEnough(std::max(typed_.mostLikely(now, letter), completion) * prior))
-            return;
-        typed_.advance(now, letter, next);
+        completion = goingOn(completion, row);
+        if (!isGoodEnough(std::max(typed_.mostLikely(row, letter), completion) * prior * roundings *
+                          roundings))
+            return 0;
+        typed_.advance(row, letter, next);
+        row = next;
         std::swap(now, next);
     }
-    ends_ = {};
-    ends_[&trie == tries_[0] ? 0 : 1] = {position, position + 1};
-    addWord(std::max(now[typed_.length()], completion));
+    return std::max(row[typed_.length()], completion);
 }
 
-/// Each list gives its children in order; those with one letter are one.
-void ReadingSearch::findChildren(const Ranges& ranges, std::size_t depth) {
-    children_.clear();
-    ends_ = {};
-    for (std::size_t list = 0; list < lists; ++list) {
-        if (ranges[list].isEmpty())
-            continue;
-        auto place = children_.begin();
-        tries_[list]->visit(
-            ranges[list], depth, [&](WordTrie::Position position) { ends_[list] = {position, position + 1}; },
-            [&](WordLetter letter, WordTrie::Range range) {
-                place = std::ranges::lower_bound(place, children_.end(), letter, {}, &Child::letter);
-                if (place == children_.end() || place->letter != letter)
-                    place = children_.insert(place, {letter, {}});
-                place->ranges[list] = range;
-            });
-    }
-}
-
-/// Keeps those of the children that may hold one of the best words.
-void ReadingSearch::openAll(std::uint32_t from, std::size_t depth, double completion) {
-    for (const Child& child : children_) {
-        const double likely = std::max(typed_.mostLikely(row(from), child.letter), completion) * roundings;
-        if (likely < leastLikely_)
-            continue;
-        const double most = likely * mostPrior(child.ranges) * roundings;
-        if (!isGoodEnough(most))
-            continue;
-        const Node node = {child.ranges, from, static_cast<std::uint32_t>(depth + 1), child.letter,
-                           completion};
-        if (readAlone(node))
-            continue;
-        promises_.push_back({most, static_cast<std::uint32_t>(nodes_.size())});
-        std::ranges::push_heap(promises_, {}, &Promise::most);
-        nodes_.push_back(node);
-    }
-}
-
-double ReadingSearch::mostPrior(const Ranges& ranges) const {
-    if (ranges[1].isEmpty())
-        return priors_[tries_[0]->mostLevel(ranges[0])];
-    if (ranges[0].isEmpty())
-        return priors_[tries_[1]->mostLevel(ranges[1])];
-    return ReadingScore::prior(tries_[0]->mostCount(ranges[0]) + tries_[1]->mostCount(ranges[1]), total_);
-}
-
-void ReadingSearch::addWord(double likely) {
+void ReadingSearch::addWord(const ReadingTree::Ranges& ends, double likely) {
     if (likely < leastLikely_)
         return;
     double count = 0, mostCount = -1;
     const WordTrie* speller = nullptr;
     WordTrie::Position position = 0;
-    for (std::size_t list = 0; list < lists; ++list) {
-        if (ends_[list].isEmpty())
+    for (std::size_t list = 0; list < ReadingTree::lists; ++list) {
+        if (ends[list].isEmpty())
             continue;
-        const double own = tries_[list]->count(ends_[list].first);
+        const double own = tree_.trie(list)->count(ends[list].first);
         count += own;
         if (own > mostCount) {
             mostCount = own;
-            speller = tries_[list];
-            position = ends_[list].first;
+            speller = tree_.trie(list);
+            position = ends[list].first;
         }
     }
-    ReadWord word = {likely * ReadingScore::prior(count, total_), {}, {}};
-    if (!isGoodEnough(word.score))
+    if (!speller)
         return;
+    const double prior = tree_.prior(count);
+    if (!isGoodEnough(likely * prior))
+        return;
+    ReadWord word = {likely * prior, prior, {}, speller->word(position)};
     speller->assignLetters(position, word.letters);
-    word.word = speller->word(position);
-    keep(std::move(word));
+    best_.insert(std::ranges::upper_bound(best_, word, std::less()), std::move(word));
+    if (best_.size() > limit_)
+        best_.pop_back();
 }
 
 } // namespace vanoka

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "words/ReadingTree.h"
 #include "words/TypedReadings.h"
-#include "words/WordTrie.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vanoka {
@@ -14,6 +14,7 @@ namespace vanoka {
 /// A word that may be meant, with what it is worth.
 struct ReadWord {
     double score = 0;
+    double prior = 0;    ///< the part of the score that does not depend on what was typed
     std::string letters; ///< as in "words/WordLetters.h"
     std::string word;    ///< as it is listed; empty for one that is in no list
 
@@ -23,63 +24,44 @@ struct ReadWord {
     }
 };
 
-/// One search for the words of a list, and of a personal one, that may be meant by what was typed: the node
-/// that promises most is opened first, until none promises more than the best few words found. A node
-/// promises what its letters read like, times the most that the rest of what was typed can, times the
-/// greatest count below it. Gives exactly what reading every word gives.
+/// One search of a tree for the words that may be meant by what was typed. A beginning promises what its
+/// letters read like, times the most that the rest of what was typed can, times the greatest prior of its
+/// words; only those that promise no less than the best few words found are opened. Gives exactly what
+/// reading every word gives.
 class ReadingSearch {
 public:
-    /// Views all that it is made from. `personal` may be null. The limit is at least 1.
-    ReadingSearch(const TypedReadings& typed, const WordTrie& list, const WordTrie* personal,
-                  std::size_t limit);
+    /// Views `typed`, which `tree` reads. The limit is at least 1.
+    ReadingSearch(ReadingTree& tree, const TypedReadings& typed, std::size_t limit);
+
+    /// Words of the lists that are good guesses, such as the best of nearly the same letters, each once: what
+    /// they are worth is a bound from the start. May only be called before `words`.
+    void expect(const std::vector<ReadWord>& likely);
 
     /// The best words, best first. To be called once.
     std::vector<ReadWord> words();
 
 private:
-    static constexpr std::size_t lists = 2;
-    using Ranges = std::array<WordTrie::Range, lists>;
-
-    /// Words that begin alike, in both lists.
-    struct Node {
-        Ranges ranges;
-        std::uint32_t before = 0; ///< the row of all letters but the last
-        std::uint32_t depth = 0;
-        WordLetter last = WordLetters::inherent;
-        double completion = 0; ///< what a word that ends here is worth for the sake of its beginning
-    };
     struct Promise {
         double most = 0;
-        std::uint32_t node = 0;
-    };
-    struct Child {
-        WordLetter letter = WordLetters::inherent;
-        Ranges ranges;
+        std::uint32_t beginning = 0;
     };
 
-    void open(const Node& opened);
-    void findChildren(const Ranges& ranges, std::size_t depth);
-    bool readAlone(const Node& node);
-    void readOn(const WordTrie& trie, WordTrie::Position position, const Node& node);
-    void openAll(std::uint32_t from, std::size_t depth, double completion);
-    void addWord(double likely);
-    void keep(ReadWord word);
-    bool isGoodEnough(double score) const { return best_.size() < limit_ || score >= best_.back().score; }
-    double mostPrior(const Ranges& ranges) const;
-    std::uint32_t addRow();
-    double* row(std::uint32_t number) { return rows_.data() + std::size_t{number} * width_; }
+    void readFrom(std::uint32_t beginning, double completion);
+    void addPromises(std::uint32_t opened, double completion);
+    bool readAlone(std::uint32_t beginning, double completion);
+    double likelihood(const double* row, double completion, std::string_view letters, double prior);
+    void addWord(const ReadingTree::Ranges& ends, double likely);
+    bool isGoodEnough(double score) const {
+        return score >= bound_ && (best_.size() < limit_ || score >= best_.back().score);
+    }
     double goingOn(double completion, const double* from) const;
 
+    ReadingTree& tree_;
     const TypedReadings& typed_;
-    std::array<const WordTrie*, lists> tries_;
-    std::size_t limit_, width_;
-    double total_, leastLikely_;
-    std::array<double, WordTrie::levels> priors_{}; ///< by level of the count
-    std::vector<Node> nodes_;
-    std::vector<double> rows_; ///< one for each node
-    std::vector<Promise> promises_;
-    std::vector<Child> children_; ///< of the node that is open
-    Ranges ends_;                 ///< the words that end there, in the lists that have them
+    std::size_t limit_;
+    double leastLikely_;
+    double bound_ = 0;              ///< no word that is worth less is among the best
+    std::vector<Promise> promises_; ///< those that are open now, by length and then the best first
     std::string letters_;
     std::vector<double> scratch_; ///< two rows
     std::vector<ReadWord> best_;

@@ -58,6 +58,14 @@ void TypedReadings::advance(const double* row, WordLetter next, double* advanced
     }
 }
 
+// Adds up in the order of the whole row, for the same number to the last digit.
+double TypedReadings::advanced(const double* row, WordLetter next, std::size_t end) const noexcept {
+    double sum = row[end] * unwritten_[WordLetters::number(next)];
+    for (std::size_t pieceLength = 1; pieceLength <= std::min(longest, end); ++pieceLength)
+        sum += row[end - pieceLength] * pieces(next, pieceLength)[end];
+    return sum;
+}
+
 double TypedReadings::likelihood(std::string_view letters) const {
     Probabilities row(length_ + 1), next(length_ + 1);
     begin(row.data());

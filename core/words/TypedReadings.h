@@ -28,6 +28,8 @@ public:
     void begin(double* row) const noexcept;
     /// From the row of a word's letters to the row of those and one more.
     void advance(const double* row, WordLetter next, double* advanced) const noexcept;
+    /// The number of that row for so many typed letters. It depends on no letter after those.
+    double advanced(const double* row, WordLetter next, std::size_t end) const noexcept;
 
     /// How likely these letters, all of a word, are to be written with all that was typed.
     double likelihood(std::string_view letters) const;

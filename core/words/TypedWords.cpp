@@ -1,17 +1,15 @@
 #include "words/TypedWords.h"
 
-#include "support/Sort.h"
 #include "text/LetterCase.h"
 #include "text/Utf8.h"
-#include "words/LetterSequences.h"
-#include "words/ReadingScore.h"
-#include "words/ReadingSearch.h"
-#include "words/UnknownWords.h"
-#include "words/WordTrie.h"
+#include "words/ReadingTables.h"
+#include "words/WordReading.h"
 
 #include <algorithm>
 #include <limits>
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace vanoka {
 
@@ -29,63 +27,41 @@ std::size_t held(std::int64_t limit) {
     return static_cast<std::size_t>(std::min(static_cast<std::uint64_t>(limit), most));
 }
 
-template <class IsListed>
-void addGuesses(std::vector<UnknownWords::Guess> guesses, const TypedReadings& typed, IsListed isListed,
-                std::vector<ReadWord>& words) {
-    for (UnknownWords::Guess& guess : guesses) {
-        const double likely = typed.likelihood(guess.letters);
-        if (likely >= ReadingScore::leastLikely(typed.length()) && !isListed(guess.letters))
-            words.push_back({likely * ReadingScore::unknownPrior(guess.cost), std::move(guess.letters), {}});
-    }
-}
-
-/// The best words, without the guesses that are far behind.
-void keepBest(std::vector<ReadWord>& found, std::size_t limit) {
-    sortRange(found, std::less());
-    std::erase_if(found, [least = found.empty() ? 0 : found.front().score * ReadingScore::leastGuess](
-                             const ReadWord& each) { return each.word.empty() && each.score < least; });
-    if (found.size() > limit)
-        found.resize(limit);
+std::shared_ptr<const ReadingTables> tablesOf(const Shared<SinhalaWordIndex>& index,
+                                              TypedWords::Unlisted unlisted) {
+    WordTrie words(index);
+    const bool canGuess = unlisted != TypedWords::Unlisted::none;
+    LetterSequences sequences =
+        canGuess ? LetterSequences(words, static_cast<std::size_t>(unlisted)) : LetterSequences();
+    return std::make_shared<const ReadingTables>(
+        ReadingTables{std::move(words), canGuess, std::move(sequences)});
 }
 
 } // namespace
 
-struct TypedWords::Tables {
-    Tables(const Shared<SinhalaWordIndex>& index, Unlisted unlisted)
-        : words(index), canGuess(unlisted != Unlisted::none) {
-        if (canGuess)
-            sequences = LetterSequences(words, static_cast<std::size_t>(unlisted));
-    }
-
-    WordTrie words;
-    bool canGuess;
-    LetterSequences sequences;
-};
+ReadingMemory::ReadingMemory() noexcept = default;
+ReadingMemory::ReadingMemory(const ReadingMemory&) noexcept {}
+ReadingMemory& ReadingMemory::operator=(const ReadingMemory& other) noexcept {
+    if (this != &other)
+        reading_.reset();
+    return *this;
+}
+ReadingMemory::~ReadingMemory() = default;
 
 TypedWords::TypedWords(const SinhalaWordList& list, Unlisted unlisted)
-    : tables_(std::make_shared<const Tables>(list.index_, unlisted)) {}
+    : tables_(tablesOf(list.index_, unlisted)) {}
 
 std::vector<std::string> TypedWords::wordsTyped(std::string_view letters, std::int64_t limit,
-                                                const TypedWords* personal,
-                                                const LetterReadings& readings) const {
+                                                const TypedWords* personal, const LetterReadings& readings,
+                                                ReadingMemory* memory) const {
     if (!canBeRead(letters) || limit < 1)
         return {};
-    const std::string lower = text::lowercased(letters);
-    const TypedReadings typed(lower, readings);
-    const WordTrie* own = personal ? &personal->tables_->words : nullptr;
-    std::vector<ReadWord> found = ReadingSearch(typed, tables_->words, own, held(limit)).words();
-    if (tables_->canGuess) {
-        const auto isListed = [&](const std::string& word) {
-            return tables_->words.contains(word) || (own && own->contains(word));
-        };
-        addGuesses(UnknownWords(lower, readings, tables_->sequences).words(), typed, isListed, found);
-        keepBest(found, held(limit));
-    }
-    std::vector<std::string> words(found.size());
-    std::ranges::transform(found, words.begin(), [](ReadWord& each) {
-        return each.word.empty() ? WordLetters::text(each.letters) : std::move(each.word);
-    });
-    return words;
+    ReadingMemory own;
+    std::unique_ptr<WordReading>& reading = (memory ? *memory : own).reading_;
+    const auto added = personal ? std::optional(personal->tables_) : std::nullopt;
+    if (!reading || !reading->isOf(tables_, added, readings))
+        reading = std::make_unique<WordReading>(tables_, added, readings);
+    return reading->words(text::lowercased(letters), held(limit));
 }
 
 std::size_t TypedWords::memory() const noexcept {

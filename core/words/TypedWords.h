@@ -2,6 +2,7 @@
 
 #include "support/Shared.h"
 #include "words/LetterReadings.h"
+#include "words/ReadingMemory.h"
 #include "words/SinhalaWordList.h"
 
 #include <cstddef>
@@ -11,6 +12,8 @@
 #include <vector>
 
 namespace vanoka {
+
+struct ReadingTables;
 
 /// The words of a list as what people mean who type Sinhala in Latin letters and follow no scheme: by how
 /// likely each is to be written so, and by how often it occurs. See docs/word-lists.md.
@@ -28,20 +31,21 @@ public:
     /// The words that `letters`, typed so far, may stand for: at most `limit`, best first. A word is read in
     /// every way that its letters may be written ("words/LetterReadings.h"); one that goes on after what was
     /// typed is worth less the more of it is to come. The counts of words in a `personal` list add to theirs.
+    /// What `memory` knows of the letters before, when it comes from the same words and readings, only saves
+    /// time.
     ///
     /// Empty for letters that are not all from a to z, in either case, for none, for more than 96, which no
     /// word has, and for a limit below 1.
     std::vector<std::string> wordsTyped(std::string_view letters, std::int64_t limit,
                                         const TypedWords* personal = nullptr,
-                                        const LetterReadings& readings = {}) const;
+                                        const LetterReadings& readings = {},
+                                        ReadingMemory* memory = nullptr) const;
 
     /// What it takes of the heap beyond the list, in bytes.
     std::size_t memory() const noexcept;
 
 private:
-    struct Tables;
-
-    Shared<Tables> tables_;
+    Shared<ReadingTables> tables_;
 };
 
 } // namespace vanoka

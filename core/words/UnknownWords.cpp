@@ -9,11 +9,15 @@
 
 namespace vanoka {
 
-UnknownWords::UnknownWords(std::string_view typed, const LetterReadings& readings,
-                           const LetterSequences& sequences)
-    : readings_(readings), sequences_(sequences), beginnings_(typed.size() + 1) {
+UnknownWords::UnknownWords(const LetterReadings& readings, const LetterSequences& sequences)
+    : readings_(readings), sequences_(sequences), beginnings_(1) {
     beginnings_[0].emplace_back().context = sequences.begin();
-    for (std::size_t end = 1; end <= typed.size(); ++end) {
+}
+
+void UnknownWords::read(std::string_view typed, std::size_t same) {
+    beginnings_.resize(same + 1);
+    beginnings_.resize(typed.size() + 1);
+    for (std::size_t end = same + 1; end <= typed.size(); ++end) {
         for (std::size_t length = 1; length <= std::min(LetterReadings::longest, end); ++length)
             for (const Beginning& each : beginnings_[end - length])
                 extend(each, typed.substr(end - length, length), mostSilent, beginnings_[end]);

@@ -12,7 +12,7 @@ namespace vanoka {
 
 /// Words that nobody listed, as what was typed may mean them: letter by letter, the few beginnings that are
 /// likeliest so far are kept for each number of typed letters, and go on with every letter that the next ones
-/// may be read as. All that come out are well-formed.
+/// may be read as. All that come out are well-formed. A letter more is one such step more.
 class UnknownWords {
 public:
     struct Guess {
@@ -20,10 +20,14 @@ public:
         LetterSequences::Cost cost = 0; ///< of these letters as a word, its end included
     };
 
-    /// Views all that it is made from. `typed` is made of letters from a to z.
-    UnknownWords(std::string_view typed, const LetterReadings& readings, const LetterSequences& sequences);
+    /// Views all that it is made from.
+    UnknownWords(const LetterReadings& readings, const LetterSequences& sequences);
 
-    /// The guesses, in no order. Every one of them once.
+    /// Reads `typed`, which is made of letters from a to z. Its first `same` letters are those that were read
+    /// before.
+    void read(std::string_view typed, std::size_t same);
+
+    /// The guesses for what was read, in no order. Every one of them once.
     std::vector<Guess> words() const;
 
 private:

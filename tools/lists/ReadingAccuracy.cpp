@@ -55,8 +55,10 @@ Words withFirst(const std::string& first, Words words) {
 
 /// How many letters have to be typed until the word stands among the first few; all, when it never does.
 std::size_t lettersNeeded(const TypedWords& words, std::string_view typed, const std::string& wanted) {
+    ReadingMemory memory;
     for (std::size_t length = 1; length < typed.size(); ++length)
-        if (placeOf(wanted, words.wordsTyped(typed.substr(0, length), atAGlance)) < atAGlance)
+        if (placeOf(wanted, words.wordsTyped(typed.substr(0, length), atAGlance, nullptr, {}, &memory)) <
+            atAGlance)
             return length;
     return typed.size();
 }

@@ -83,6 +83,50 @@ TEST(TypedWordTwins, OfALanguage) {
     }
 }
 
+/// A word as it changes while somebody types: letters more, letters less, another beginning.
+std::string edited(Randoms& randoms, std::string typed) {
+    switch (randoms.below(8)) {
+    case 0:
+        typed.resize(randoms.below(typed.size() + 1));
+        break;
+    case 1:
+        typed = someLetters(randoms, 30);
+        break;
+    case 2:
+        if (!typed.empty())
+            typed[randoms.below(typed.size())] = 'a';
+        break;
+    default:
+        typed += someLetters(randoms, randoms.oneIn(4) ? 4 : 1);
+    }
+    return typed.empty() ? "a" : typed;
+}
+
+TEST(TypedWordTwins, WhatIsRememberedChangesNothing) {
+    Randoms randoms(5);
+    for (std::size_t round = 0; round < test::rounds(120); ++round) {
+        const auto unlisted =
+            randoms.oneIn(2) ? TypedWords::Unlisted::none : TypedWords::Unlisted::fourLetters;
+        const TypedWords words(SinhalaWordList(test::strangeWords(randoms, 150)), unlisted);
+        const TypedWords own(SinhalaWordList(test::strangeWords(randoms, 12)));
+        const TypedWords other(SinhalaWordList(test::strangeWords(randoms, 12)));
+        const LetterReadings keys(randoms.customization());
+        ReadingMemory memory;
+        std::string typed = someLetters(randoms, 2);
+        for (int query = 0; query < 40; ++query, typed = edited(randoms, typed)) {
+            const TypedWords* personal = randoms.oneIn(40) ? &other : randoms.oneIn(40) ? nullptr : &own;
+            const LetterReadings readings = randoms.oneIn(40) ? keys : LetterReadings();
+            const std::int64_t limit =
+                randoms.oneIn(4) ? 1 + static_cast<std::int64_t>(randoms.below(40)) : 5;
+            ASSERT_EQ(words.wordsTyped(typed, limit, personal, readings, &memory),
+                      words.wordsTyped(typed, limit, personal, readings))
+                << typed;
+            if (randoms.oneIn(40))
+                memory = ReadingMemory();
+        }
+    }
+}
+
 TEST(TypedWordTwins, RowsAreTheSumOverAllCuts) {
     Randoms randoms(6);
     const LetterReadings readings;
