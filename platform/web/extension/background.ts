@@ -23,6 +23,7 @@ async function read(): Promise<Lists> {
         words: absolute(wordsUrl), english: absolute(englishUrl), emoji: absolute(emojiUrl), never: absolute(neverUrl),
     });
     lists.readReading();
+    followState(({ keys }) => lists.adoptKeys(keys));
     return lists;
 }
 

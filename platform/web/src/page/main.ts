@@ -132,7 +132,11 @@ function assemble(field: EditableField, module: WebAssembly.Module, vanoka: Vano
         keyboard.draw();
         bar.show([], 0, () => undefined);
     }
-    keys.onchange = () => keyboard.draw();
+    const tellKeys = (): void => void words.ask({ what: "keys", document: keys.settings.document }).catch(() => undefined);
+    keys.onchange = () => {
+        keyboard.draw();
+        tellKeys();
+    };
     words.onchange = () => {
         adopt();
         document.documentElement.dataset["words"] = words.ready.strokes ? "strokes" : "words";
@@ -146,6 +150,7 @@ function assemble(field: EditableField, module: WebAssembly.Module, vanoka: Vano
         module, store: "vanoka-learnt",
         lists: { words: absolute(wordsUrl), english: absolute(englishUrl), emoji: absolute(emojiUrl), never: absolute(neverUrl) },
     });
+    tellKeys();
     adopt();
     draw();
     if (keys.isDamaged)

@@ -1,4 +1,4 @@
-import type { Candidates, Decoder, KeyPlace, Layout, Vanoka } from "../core/index.ts";
+import type { Candidates, Decoder, KeyPlace, Layout, Settings, Vanoka } from "../core/index.ts";
 import type { LearntStore } from "./LearntStore.ts";
 import type { Answers, Question, Start } from "./protocol.ts";
 
@@ -10,6 +10,8 @@ export class Lists {
     candidates: Candidates;
     decoder: Decoder | undefined;
     layout: Layout | undefined;
+    #keys: Settings | undefined; // the user's own
+    #hasReading = false;
     #forgotten: Promise<unknown> = Promise.resolve(); // a word that is being forgotten is offered no more
 
     /// `taught` tells others with the same store.
@@ -30,9 +32,10 @@ export class Lists {
 
     /// Candidates are found by what people mean who follow no scheme, from then on.
     readReading(): void {
-        const plain = this.candidates;
-        this.candidates = plain.reading(lettersBefore);
-        plain.release();
+        const before = this.candidates;
+        this.candidates = before.reading(lettersBefore, this.#keys);
+        before.release();
+        this.#hasReading = true;
     }
 
     /// What strokes are compared with.
@@ -49,6 +52,7 @@ export class Lists {
         decode: ({ points, keyWidth, limit }) =>
             this.decoder && this.layout ? this.decoder.decode(points, this.layout, keyWidth, limit) : [],
         layout: ({ keys }) => this.#adopt(keys),
+        keys: ({ document }) => this.adoptKeys(document),
         teach: async ({ lesson }) => {
             const taught = this.learnt.teach(lesson);
             if (lesson.forget !== undefined)
@@ -70,6 +74,15 @@ export class Lists {
         },
         memory: () => ({ module: this.vanoka.module.memory }),
     };
+
+    /// The keys by which candidates are found from now on.
+    adoptKeys(document: string): true {
+        this.#keys ??= this.vanoka.settings();
+        this.#keys.load(document);
+        if (this.#hasReading)
+            this.readReading();
+        return true;
+    }
 
     #adopt(keys: readonly KeyPlace[]): true {
         this.layout?.release();

@@ -5,6 +5,7 @@ export type Question =
     | { readonly what: "find"; readonly word: Composition; readonly limit: number }
     | { readonly what: "decode"; readonly points: Float64Array; readonly keyWidth: number; readonly limit: number }
     | { readonly what: "layout"; readonly keys: readonly KeyPlace[] }
+    | { readonly what: "keys"; readonly document: string } ///< the user's own, as they are stored; a damaged document changes nothing
     | { readonly what: "teach"; readonly lesson: Lesson }
     | { readonly what: "export" }
     | { readonly what: "import"; readonly document: string }
@@ -15,6 +16,7 @@ export interface Answers {
     find: Candidate[];
     decode: string[];
     layout: true;
+    keys: true;
     teach: Problem | undefined;
     export: string;
     import: Problem | undefined;
