@@ -48,7 +48,7 @@ private:
 
     void readFrom(std::uint32_t beginning, double completion);
     void addPromises(std::uint32_t opened, double completion);
-    bool readAlone(std::uint32_t beginning, double completion);
+    bool readAlone(std::uint32_t number, double completion);
     double likelihood(const double* row, double completion, std::string_view letters, double prior);
     void addWord(const ReadingTree::Ranges& ends, double likely);
     bool isGoodEnough(double score) const {
