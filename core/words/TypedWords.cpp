@@ -41,9 +41,8 @@ std::shared_ptr<const ReadingTables> tablesOf(const Shared<SinhalaWordIndex>& in
 
 ReadingMemory::ReadingMemory() noexcept = default;
 ReadingMemory::ReadingMemory(const ReadingMemory&) noexcept {}
-ReadingMemory& ReadingMemory::operator=(const ReadingMemory& other) noexcept {
-    if (this != &other)
-        reading_.reset();
+ReadingMemory& ReadingMemory::operator=(const ReadingMemory&) noexcept {
+    reading_.reset();
     return *this;
 }
 ReadingMemory::~ReadingMemory() = default;

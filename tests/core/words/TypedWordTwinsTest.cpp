@@ -83,9 +83,10 @@ TEST(TypedWordTwins, OfALanguage) {
     }
 }
 
-/// A word as it changes while somebody types: letters more, letters less, another beginning.
-std::string edited(Randoms& randoms, std::string typed) {
-    switch (randoms.below(8)) {
+/// A word as it changes while somebody types: the next letter of what is meant, letters more, letters less,
+/// another beginning.
+std::string edited(Randoms& randoms, std::string typed, const std::string& meant) {
+    switch (randoms.below(16)) {
     case 0:
         typed.resize(randoms.below(typed.size() + 1));
         break;
@@ -93,38 +94,74 @@ std::string edited(Randoms& randoms, std::string typed) {
         typed = someLetters(randoms, 30);
         break;
     case 2:
-        if (!typed.empty())
-            typed[randoms.below(typed.size())] = 'a';
+        typed = meant.substr(0, 1);
+        break;
+    case 3:
+        typed += someLetters(randoms, 4);
         break;
     default:
-        typed += someLetters(randoms, randoms.oneIn(4) ? 4 : 1);
+        typed =
+            meant.starts_with(typed) ? meant.substr(0, typed.size() + 1) : typed.substr(0, typed.size() - 1);
     }
     return typed.empty() ? "a" : typed;
 }
 
 TEST(TypedWordTwins, WhatIsRememberedChangesNothing) {
     Randoms randoms(5);
+    const auto language = test::sinhalaLikeWords(3000);
+    const SinhalaWordList languageList(language);
     for (std::size_t round = 0; round < test::rounds(120); ++round) {
         const auto unlisted =
             randoms.oneIn(2) ? TypedWords::Unlisted::none : TypedWords::Unlisted::fourLetters;
-        const TypedWords words(SinhalaWordList(test::strangeWords(randoms, 150)), unlisted);
+        const SinhalaWordList list =
+            randoms.oneIn(2) ? languageList : SinhalaWordList(test::strangeWords(randoms, 150));
+        const TypedWords words(list, unlisted);
         const TypedWords own(SinhalaWordList(test::strangeWords(randoms, 12)));
         const TypedWords other(SinhalaWordList(test::strangeWords(randoms, 12)));
         const LetterReadings keys(randoms.customization());
+        const std::string meant = written(randoms, randoms.of(language).word, LetterReadings()) + "k";
         ReadingMemory memory;
-        std::string typed = someLetters(randoms, 2);
-        for (int query = 0; query < 40; ++query, typed = edited(randoms, typed)) {
+        std::string typed = meant.substr(0, 1);
+        for (int query = 0; query < 40; ++query, typed = edited(randoms, typed, meant)) {
+            const TypedWords& asked = randoms.oneIn(40) ? other : words;
             const TypedWords* personal = randoms.oneIn(40) ? &other : randoms.oneIn(40) ? nullptr : &own;
             const LetterReadings readings = randoms.oneIn(40) ? keys : LetterReadings();
             const std::int64_t limit =
-                randoms.oneIn(4) ? 1 + static_cast<std::int64_t>(randoms.below(40)) : 5;
-            ASSERT_EQ(words.wordsTyped(typed, limit, personal, readings, &memory),
-                      words.wordsTyped(typed, limit, personal, readings))
+                randoms.oneIn(4) ? 1 + static_cast<std::int64_t>(randoms.below(40)) : 3;
+            ASSERT_EQ(asked.wordsTyped(typed, limit, personal, readings, &memory),
+                      asked.wordsTyped(typed, limit, personal, readings))
                 << typed;
             if (randoms.oneIn(40))
                 memory = ReadingMemory();
         }
     }
+}
+
+/// After a long word the rows are long, and what is known takes much room.
+TEST(TypedWordTwins, MoreThanIsKeptIsFoundAnew) {
+    Randoms randoms(7);
+    const auto all = test::sinhalaLikeWords(10'000);
+    const TypedWords words((SinhalaWordList(all)));
+    const LetterReadings readings;
+    ReadingMemory memory;
+    std::string typed(90, 'a');
+    for (std::size_t round = 0; round < 60; ++round) {
+        ASSERT_EQ(words.wordsTyped(typed, 100, nullptr, readings, &memory),
+                  words.wordsTyped(typed, 100, nullptr, readings))
+            << typed;
+        typed = "k" + written(randoms, randoms.of(all).word, readings).substr(0, 5);
+    }
+}
+
+TEST(TypedWordTwins, ACopyOfWhatIsRememberedKnowsNothing) {
+    const TypedWords words(SinhalaWordList("\u0D85\u0DB8\u0DCA\u0DB8\t3\n"));
+    ReadingMemory memory;
+    const auto found = words.wordsTyped("amma", 5, nullptr, {}, &memory);
+    EXPECT_EQ(found.size(), 1U);
+    ReadingMemory copy(memory);
+    EXPECT_EQ(words.wordsTyped("amma", 5, nullptr, {}, &copy), found);
+    copy = memory;
+    EXPECT_EQ(words.wordsTyped("amma", 5, nullptr, {}, &copy), found);
 }
 
 TEST(TypedWordTwins, RowsAreTheSumOverAllCuts) {
