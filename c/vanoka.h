@@ -317,7 +317,7 @@ VANOKA_API void vanoka_candidates_release(vanoka_candidates* candidates);
    1 when it was learnt from the person and can be forgotten. At most `limit` items, held to 3 ... 9; none
    when nothing is typed. `personal` may be null. What is chosen goes to `vanoka_typing_choose`.
    The answer keeps what was found out about the letters, up to two megabytes: asked with again for a letter
-   more or fewer, the same candidates are found in a third of the time. */
+   more or fewer, the same candidates are found in less than half of the time. */
 VANOKA_API vanoka_status vanoka_candidates_find(const vanoka_candidates* candidates,
                                                 const vanoka_personal* personal, const char* keys,
                                                 size_t keys_size, const char* preview, size_t preview_size,
