@@ -66,6 +66,20 @@ bool confirms(const KeyEvent& event, const KeyOutcome& outcome) noexcept {
 
 } // namespace
 
+void teach(PersonalWordStore& store, const Lesson& lesson) {
+    switch (lesson.kind) {
+    case Lesson::Kind::learn:
+        store.learn(lesson.word);
+        break;
+    case Lesson::Kind::unlearn:
+        store.unlearn(lesson.word);
+        break;
+    case Lesson::Kind::forget:
+        store.forget(lesson.word.text);
+        break;
+    }
+}
+
 void CandidateTyping::setSuggesting(bool on) {
     if (on == isSuggesting_)
         return;
@@ -87,12 +101,15 @@ bool CandidateTyping::needsCandidates(const KeyEvent& event) const {
 TypingStep CandidateTyping::press(const KeyEvent& event, const SinglishTransliterator& transliterator) {
     if (event.type != KeyEvent::keyDown)
         return {};
-    Lesson undone = this->undone(event);
-    if (!isSuggesting_ && !line_.isShown())
-        return {typing_.press(event, transliterator), std::move(undone)};
-    TypingStep step =
-        line_.isShown() ? pressInLine(event, transliterator) : pressPlainly(event, transliterator);
-    if (undone.unlearn)
+    std::optional<Lesson> undone = this->undone(event);
+    TypingStep step;
+    if (line_.isShown())
+        step = pressInLine(event, transliterator);
+    else if (isSuggesting_)
+        step = pressPlainly(event, transliterator);
+    else
+        step.outcome = typing_.press(event, transliterator);
+    if (undone)
         step.lesson = std::move(undone);
     return step;
 }
@@ -151,7 +168,7 @@ TypingStep CandidateTyping::choose(std::size_t row) {
     if (row >= line_.rows.size())
         return {};
     const Candidate chosen = line_.rows[row];
-    Lesson lesson = learnt(typing_.composer().raw(), chosen);
+    std::optional<Lesson> lesson = learnt(typing_.composer().raw(), chosen);
     TypingStep step = {{true, typing_.choose(chosen.text)}, std::move(lesson)};
     beginAnew();
     return step;
@@ -171,8 +188,7 @@ TypingStep CandidateTyping::forgetHighlighted() {
     const std::size_t row = line_.highlighted;
     if (!line_.rows[row].isLearnt)
         return {{true, {}}, {}};
-    Lesson lesson;
-    lesson.forget = line_.rows[row].text;
+    Lesson lesson = {Lesson::Kind::forget, {{}, line_.rows[row].text}};
     TypingStep step = highlight(0);
     step.lesson = std::move(lesson);
     line_.rows.erase(line_.rows.begin() + static_cast<std::ptrdiff_t>(row));
@@ -206,19 +222,21 @@ TypingStep CandidateTyping::highlight(std::size_t row) {
 }
 
 /// What Delete takes back as the very next key.
-Lesson CandidateTyping::undone(const KeyEvent& event) {
-    Lesson lesson;
-    if (last_ && event.keyCode == KeyEvent::deleteBackward)
-        lesson.unlearn = std::move(last_);
+std::optional<Lesson> CandidateTyping::undone(const KeyEvent& event) {
+    if (!last_)
+        return std::nullopt;
+    CommittedWord word = std::move(*last_);
     last_.reset();
-    return lesson;
+    if (event.keyCode != KeyEvent::deleteBackward)
+        return std::nullopt;
+    return Lesson{Lesson::Kind::unlearn, std::move(word)};
 }
 
-Lesson CandidateTyping::learnt(std::string keys, const Candidate& row) {
-    Lesson lesson;
-    if (isLearning_ && row.kind != Candidate::Kind::emoji)
-        lesson.learn = last_ = CommittedWord{std::move(keys), row.text};
-    return lesson;
+std::optional<Lesson> CandidateTyping::learnt(std::string keys, const Candidate& row) {
+    if (!isLearning_ || row.kind == Candidate::Kind::emoji)
+        return std::nullopt;
+    last_ = CommittedWord{std::move(keys), row.text};
+    return Lesson{Lesson::Kind::learn, *last_};
 }
 
 /// What is typed is another thing now, and has no line yet.

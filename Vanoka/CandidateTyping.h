@@ -27,17 +27,22 @@ struct CandidateRequest {
     TypedWord word;
 };
 
-/// What a step teaches, for a `PersonalWordStore`. At most one of the three.
+/// What a step teaches, for a `PersonalWordStore`.
 struct Lesson {
-    std::optional<CommittedWord> learn, unlearn;
-    std::optional<std::string> forget;
+    enum class Kind : std::uint8_t { learn, unlearn, forget };
+
+    Kind kind = Kind::learn;
+    CommittedWord word; ///< what is forgotten has no keys
     friend bool operator==(const Lesson&, const Lesson&) = default;
 };
+
+/// Tells the store what was taught.
+void teach(PersonalWordStore& store, const Lesson& lesson);
 
 /// What an operation does, and what it teaches.
 struct TypingStep {
     KeyOutcome outcome;
-    Lesson lesson;
+    std::optional<Lesson> lesson;
     friend bool operator==(const TypingStep&, const TypingStep&) = default;
 };
 
@@ -106,8 +111,8 @@ private:
     TypingStep pressInLine(const KeyEvent& event, const SinglishTransliterator& transliterator);
     TypingStep pressPlainly(const KeyEvent& event, const SinglishTransliterator& transliterator);
     TypingStep highlight(std::size_t row);
-    Lesson undone(const KeyEvent& event);
-    Lesson learnt(std::string keys, const Candidate& row);
+    std::optional<Lesson> undone(const KeyEvent& event);
+    std::optional<Lesson> learnt(std::string keys, const Candidate& row);
     void beginAnew();
 
     Typing typing_;

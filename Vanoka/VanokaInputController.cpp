@@ -92,26 +92,19 @@ const LetterReadings& VanokaInputController::readings() {
 }
 
 /// True when the step was consumed.
-bool VanokaInputController::apply(TypingStep step, TextInputClient& client) {
-    const bool isConsumed = step.outcome.isConsumed;
+bool VanokaInputController::apply(TypingStep&& step, TextInputClient& client) {
     apply(std::move(step.outcome.effect), client);
-    teach(step.lesson);
-    return isConsumed;
+    if (step.lesson)
+        teach(*step.lesson);
+    return step.outcome.isConsumed;
 }
 
 void VanokaInputController::teach(const Lesson& lesson) {
-    PersonalWordStore* store = suggestions_ ? suggestions_->store : nullptr;
-    if (!store)
-        return;
-    if (lesson.learn)
-        store->learn(*lesson.learn);
-    if (lesson.unlearn)
-        store->unlearn(*lesson.unlearn);
-    if (lesson.forget)
-        store->forget(*lesson.forget);
+    if (suggestions_ && suggestions_->store)
+        vanoka::teach(*suggestions_->store, lesson);
 }
 
-void VanokaInputController::apply(TypingEffect effect, TextInputClient& client) {
+void VanokaInputController::apply(TypingEffect&& effect, TextInputClient& client) {
     switch (effect.kind) {
     case TypingEffect::Kind::none:
         break;

@@ -99,9 +99,9 @@ private:
     void adoptSuggestions();
     void findCandidates();
     const LetterReadings& readings();
-    bool apply(TypingStep step, TextInputClient& client);
+    bool apply(TypingStep&& step, TextInputClient& client);
     void teach(const Lesson& lesson);
-    static void apply(TypingEffect effect, TextInputClient& client);
+    static void apply(TypingEffect&& effect, TextInputClient& client);
 
     std::optional<std::string> ownBundleIdentifier_;
     SinglishSettings& settings_;

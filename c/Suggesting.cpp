@@ -20,19 +20,17 @@ struct vanoka_suggesting {
 
 namespace {
 
-void addWord(Reply& reply, std::int32_t kind, const std::optional<CommittedWord>& word) {
-    if (!word)
-        return;
-    reply.add(kind, word->text);
-    reply.add(VANOKA_KEYS, word->keys);
+void addLesson(Reply& reply, const Lesson& lesson) {
+    if (lesson.kind == Lesson::Kind::forget)
+        return reply.add(VANOKA_FORGET, lesson.word.text);
+    reply.add(lesson.kind == Lesson::Kind::learn ? VANOKA_LEARN : VANOKA_UNLEARN, lesson.word.text);
+    reply.add(VANOKA_KEYS, lesson.word.keys);
 }
 
 void addStep(Reply& reply, const TypingStep& step) {
     addEffect(reply, step.outcome.effect);
-    addWord(reply, VANOKA_LEARN, step.lesson.learn);
-    addWord(reply, VANOKA_UNLEARN, step.lesson.unlearn);
-    if (step.lesson.forget)
-        reply.add(VANOKA_FORGET, *step.lesson.forget);
+    if (step.lesson)
+        addLesson(reply, *step.lesson);
 }
 
 /// Lets `act` change the typing and tell what it did.

@@ -43,14 +43,10 @@ public:
         apply(step.outcome.effect);
         if (!step.outcome.isConsumed)
             text += passed;
-        if (step.lesson.learn)
-            store.learn(*step.lesson.learn);
-        if (step.lesson.unlearn)
-            store.unlearn(*step.lesson.unlearn);
-        if (step.lesson.forget)
-            store.forget(*step.lesson.forget);
-        if (step.lesson != Lesson())
+        if (step.lesson) {
+            teach(store, *step.lesson);
             ++lessons;
+        }
     }
     void apply(const TypingEffect& effect) {
         if (effect.kind == TypingEffect::Kind::mark)
