@@ -29,7 +29,18 @@ void* allocated(std::size_t size) {
 void* operator new(std::size_t size) {
     return vanoka::allocated(size);
 }
+/// Sorting asks so. What a sanitizer has in its place does not go through the other one.
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    try {
+        return vanoka::allocated(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
 void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
     std::free(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept {
