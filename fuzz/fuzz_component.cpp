@@ -28,6 +28,12 @@ private:
 
 } // namespace
 
+/// IBus 1.5.32 loses what it has read of a document whose tags do not match. Nothing of GLib's is kept here,
+/// and no frame of IBus's own stands in a report.
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libglib-2.0.so\n";
+}
+
 /// A description of the component that anybody may have written: it has a name or it has none. IBus's reader
 /// warns of what it cannot read, which nobody needs to see here.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
