@@ -188,9 +188,8 @@ TypingStep CandidateTyping::forgetHighlighted() {
     const std::size_t row = line_.highlighted;
     if (!line_.rows[row].isLearnt)
         return {{true, {}}, {}};
-    Lesson lesson = {Lesson::Kind::forget, {{}, line_.rows[row].text}};
     TypingStep step = highlight(0);
-    step.lesson = std::move(lesson);
+    step.lesson = Lesson{Lesson::Kind::forget, {{}, line_.rows[row].text}};
     line_.rows.erase(line_.rows.begin() + static_cast<std::ptrdiff_t>(row));
     if (line_.rows.size() < 2)
         line_ = {};

@@ -94,14 +94,9 @@ const LetterReadings& VanokaInputController::readings() {
 /// True when the step was consumed.
 bool VanokaInputController::apply(TypingStep&& step, TextInputClient& client) {
     apply(std::move(step.outcome.effect), client);
-    if (step.lesson)
-        teach(*step.lesson);
+    if (step.lesson && suggestions_ && suggestions_->store)
+        teach(*suggestions_->store, *step.lesson);
     return step.outcome.isConsumed;
-}
-
-void VanokaInputController::teach(const Lesson& lesson) {
-    if (suggestions_ && suggestions_->store)
-        vanoka::teach(*suggestions_->store, lesson);
 }
 
 void VanokaInputController::apply(TypingEffect&& effect, TextInputClient& client) {

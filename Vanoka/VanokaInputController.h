@@ -100,7 +100,6 @@ private:
     void findCandidates();
     const LetterReadings& readings();
     bool apply(TypingStep&& step, TextInputClient& client);
-    void teach(const Lesson& lesson);
     static void apply(TypingEffect&& effect, TextInputClient& client);
 
     std::optional<std::string> ownBundleIdentifier_;

@@ -3,13 +3,14 @@
 #include "words/LetterSequences.h"
 #include "words/WordTrie.h"
 
+#include <optional>
+
 namespace vanoka {
 
 /// What the words of a list are read by.
 struct ReadingTables {
     WordTrie words;
-    bool canGuess = false; ///< whether there are sequences, for words that the list does not hold
-    LetterSequences sequences;
+    std::optional<LetterSequences> sequences; ///< for words that the list does not hold, if they are guessed
 };
 
 } // namespace vanoka

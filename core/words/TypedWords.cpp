@@ -30,11 +30,10 @@ std::size_t held(std::int64_t limit) {
 std::shared_ptr<const ReadingTables> tablesOf(const Shared<SinhalaWordIndex>& index,
                                               TypedWords::Unlisted unlisted) {
     WordTrie words(index);
-    const bool canGuess = unlisted != TypedWords::Unlisted::none;
-    LetterSequences sequences =
-        canGuess ? LetterSequences(words, static_cast<std::size_t>(unlisted)) : LetterSequences();
-    return std::make_shared<const ReadingTables>(
-        ReadingTables{std::move(words), canGuess, std::move(sequences)});
+    std::optional<LetterSequences> sequences;
+    if (unlisted != TypedWords::Unlisted::none)
+        sequences.emplace(words, static_cast<std::size_t>(unlisted));
+    return std::make_shared<const ReadingTables>(ReadingTables{std::move(words), std::move(sequences)});
 }
 
 } // namespace
@@ -64,7 +63,7 @@ std::vector<std::string> TypedWords::wordsTyped(std::string_view letters, std::i
 }
 
 std::size_t TypedWords::memory() const noexcept {
-    return tables_->words.memory() + tables_->sequences.memory();
+    return tables_->words.memory() + (tables_->sequences ? tables_->sequences->memory() : 0);
 }
 
 } // namespace vanoka

@@ -31,8 +31,10 @@ WordReading::WordReading(const Tables& list, const std::optional<Tables>& person
     : list_(list),
       personal_(personal),
       readings_(readings),
-      tree_(list_->words, personal_ ? &(*personal_)->words : nullptr),
-      unknown_(readings_, list_->sequences) {}
+      tree_(list_->words, personal_ ? &(*personal_)->words : nullptr) {
+    if (list_->sequences)
+        unknown_.emplace(readings_, *list_->sequences);
+}
 
 bool WordReading::isOf(const Tables& list, const std::optional<Tables>& personal,
                        const LetterReadings& readings) const noexcept {
@@ -58,8 +60,8 @@ void WordReading::find(std::size_t same, std::size_t limit) {
     typed_.emplace(letters_, readings_);
     tree_.read(*typed_, same);
     std::vector<ReadWord> words = listed(limit);
-    if (list_->canGuess) {
-        unknown_.read(letters_, same);
+    if (unknown_) {
+        unknown_->read(letters_, same);
         addGuesses(words);
         keepBest(words, limit);
     }
@@ -77,7 +79,7 @@ std::vector<ReadWord> WordReading::listed(std::size_t limit) {
 }
 
 void WordReading::addGuesses(std::vector<ReadWord>& words) const {
-    for (UnknownWords::Guess& guess : unknown_.words()) {
+    for (UnknownWords::Guess& guess : unknown_->words()) {
         const double likely = typed_->likelihood(guess.letters);
         const double prior = ReadingScore::unknownPrior(guess.cost);
         if (likely >= ReadingScore::leastLikely(typed_->length()) && !isListed(guess.letters))

@@ -49,7 +49,7 @@ private:
     std::optional<Tables> personal_;
     LetterReadings readings_;
     ReadingTree tree_;
-    UnknownWords unknown_;
+    std::optional<UnknownWords> unknown_; ///< if they are guessed
     std::optional<TypedReadings> typed_;
     std::string letters_;         ///< those that were read last, or the first of them
     std::vector<Found> found_{1}; ///< by how many of those

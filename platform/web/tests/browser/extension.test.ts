@@ -209,12 +209,18 @@ test("a key of one's own is in force in all pages at once", async () => {
     const settings = (await Vanoka.load(readFileSync(new URL("../../dist/extension/assets/vanoka.wasm", import.meta.url)))).settings();
     const letter = settings.letters.find(({ display }) => display === "\u0D9C")!;
     settings.add("zq", letter.id);
+    settings.add("qqq", letter.id);
     await extension.store({ "vanoka.customization.v1": settings.document });
     await expect.poll(async () => {
         await reads(field);
         await field.pressSequentially("zqa ");
         return textOf(field);
     }).toBe("\u0D9C ");
+    await reads(field);
+    await field.pressSequentially("qqqeadara"); // no keys of the word, but what people mean by them
+    await field.press("Tab");
+    await field.press(" ");
+    await expect.poll(() => textOf(field)).toMatch(/^\u0D9C.*\u0DAF\u0DBB $/u);
     await extension.store({ "vanoka.customization.v1": "" });
     await page.close();
 });

@@ -1,6 +1,7 @@
 import { readFileSync } from "node:fs";
 import { afterAll, afterEach, expect, test } from "vitest";
 import type { Page } from "playwright-core";
+import { Vanoka } from "../../src/core/index.ts";
 import { amma, candidates, closeBrowser, context, desktop, expectText, gedara, mama, markedOf, opened, said, textOf } from "./support.ts";
 
 afterAll(closeBrowser);
@@ -110,6 +111,24 @@ test("what people mean is offered, and what nobody wants to be offered is not", 
     expect(await candidates(page)).not.toContain(unwanted);
     await page.keyboard.type(" hello");
     await expect.poll(() => candidates(page)).toContain("hello");
+    await page.context().close();
+});
+
+test("what people mean is offered for a key of one's own, whenever it comes", async () => {
+    const vanoka = await Vanoka.load(readFileSync(new URL("../../../../build/wasm/bin/vanoka.wasm", import.meta.url)));
+    const settings = vanoka.settings();
+    settings.add("qqq", "\u0D9C");
+    const page = await typed("qqqa", "strokes");
+    expect(await markedOf(page)).not.toBe("\u0D9C");
+    const other = await opened(page.context());
+    await other.evaluate((document) => localStorage.setItem("vanoka.customization.v1", document), settings.document);
+    await expect.poll(async () => {
+        await page.keyboard.press("Escape");
+        await page.keyboard.type(" qqqa");
+        return markedOf(page);
+    }).toBe("\u0D9C");
+    await page.keyboard.type(" qqqeadara");
+    await expect.poll(() => candidates(page)).toContain(gedara);
     await page.context().close();
 });
 
