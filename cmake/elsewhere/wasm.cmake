@@ -12,7 +12,7 @@ set(CMAKE_C_COMPILER_TARGET wasm32-wasi)
 set(CMAKE_CXX_COMPILER_TARGET wasm32-wasi)
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY) # a program would need more than is here
 set(flags "--sysroot=${CMAKE_FIND_ROOT_PATH}/system -isystem ${CMAKE_FIND_ROOT_PATH}/system/include/wasm32-wasi")
-string(APPEND flags " -Oz -msimd128 -flto -Wno-deprecated") # newer names of the target are not those of Debian's folders
+string(APPEND flags " -Oz -DNDEBUG -msimd128 -flto -Wno-deprecated") # newer names of the target are not those of Debian's folders
 set(CMAKE_C_FLAGS_INIT "${flags}")
 set(CMAKE_CXX_FLAGS_INIT "-nostdinc++ -isystem ${CMAKE_FIND_ROOT_PATH}/c++/v1 ${flags} -fno-exceptions -fno-rtti")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-fuse-ld=${CMAKE_FIND_ROOT_PATH}/bin/wasm-ld -nodefaultlibs -L${CMAKE_FIND_ROOT_PATH}/c++lib")

@@ -16,7 +16,7 @@ inline constexpr double frequencyPower = 0.8;
 
 /// The frequency of a word with this count among so many; one never seen counts as half seen.
 inline double prior(double count, double total) {
-    return std::pow((count + 0.5) / total, frequencyPower);
+    return std::exp(frequencyPower * std::log((count + 0.5) / total));
 }
 
 /// A word that is longer than what was typed is less likely meant by e² for going on at all, and by e for
