@@ -2,14 +2,12 @@
 #include "DoNothingClient.h"
 #include "Figures.h"
 #include "Heap.h"
-#include "SuggestionLists.h"
+#include "ShippedLists.h"
 #include "VanokaInputController.h"
 #include "swipe/SinglishSpelling.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,18 +15,6 @@
 namespace vanoka::bench {
 
 namespace {
-
-std::string contentsOf(const char* name) {
-    std::ifstream file(std::string(VANOKA_DATA) + "/" + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-/// The lists that ship, as files.
-const SuggestionListTexts& shippedTexts() {
-    static const SuggestionListTexts texts = {contentsOf("si.tsv"), contentsOf("en.tsv"),
-                                              contentsOf("emoji.tsv"), contentsOf("never-offered.txt")};
-    return texts;
-}
 
 /// The keys of the commonest Sinhala words.
 const std::vector<std::string>& commonKeys() {

@@ -1,5 +1,7 @@
 #include "Heap.h"
 #include "PlainReading.h"
+#include "ShippedLists.h"
+#include "TypedByPeople.h"
 #include "WordLists.h"
 #include "singlish/WrittenLetters.h"
 #include "text/LetterCase.h"
@@ -24,27 +26,38 @@ double threadSeconds() {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
-const SinhalaWordList& madeList() {
-    static const SinhalaWordList list(test::sinhalaLikeWords(listSize));
-    return list;
-}
-
-const TypedWords& reader(TypedWords::Unlisted unlisted) {
-    static const TypedWords listed(madeList());
-    static const TypedWords all(madeList(), TypedWords::Unlisted::sixLetters);
-    return unlisted == TypedWords::Unlisted::none ? listed : all;
-}
-
-/// The keys of every so manyth word, in small letters as most people type.
-std::vector<std::string> typedWords(std::size_t every) {
-    std::vector<std::string> typed;
-    const auto all = madeList().words();
-    for (std::size_t i = 0; i < all.size(); i += every) {
-        std::string keys;
-        if (forEachTypedLetter(all[i].word, [&keys](const WrittenLetter& each) { keys += each.key; }))
-            typed.push_back(text::lowercased(keys));
+/// A hundred thousand words that nobody speaks, each typed by its keys, in small letters as most people type.
+struct MadeUp {
+    static const SinhalaWordList& list() {
+        static const SinhalaWordList all(test::sinhalaLikeWords(listSize));
+        return all;
     }
-    return typed;
+    static std::vector<std::string> typed(std::size_t count) {
+        std::vector<std::string> typed;
+        const auto all = list().words();
+        for (std::size_t i = 0; i < all.size(); i += all.size() / count) {
+            std::string keys;
+            if (forEachTypedLetter(all[i].word, [&keys](const WrittenLetter& each) { keys += each.key; }))
+                typed.push_back(text::lowercased(keys));
+        }
+        return typed;
+    }
+};
+
+/// The list that ships, typed as people do.
+struct Shipped {
+    static const SinhalaWordList& list() {
+        static const SinhalaWordList all(shippedTexts().sinhala);
+        return all;
+    }
+    static std::vector<std::string> typed(std::size_t count) { return typedByPeople(list(), count); }
+};
+
+template <class Source>
+const TypedWords& reader(TypedWords::Unlisted unlisted) {
+    static const TypedWords listed(Source::list());
+    static const TypedWords all(Source::list(), TypedWords::Unlisted::sixLetters);
+    return unlisted == TypedWords::Unlisted::none ? listed : all;
 }
 
 template <class Read>
@@ -65,50 +78,48 @@ void timeEach(benchmark::State& state, const std::vector<std::string>& typed, Re
     state.counters["p99 ms"] = seconds[seconds.size() * 99 / 100] * 1e3;
 }
 
-template <TypedWords::Unlisted unlisted>
+template <class Source, TypedWords::Unlisted unlisted>
 void readWholeWords(benchmark::State& state) {
-    timeEach(state, typedWords(50),
-             [](const std::string& typed) { return reader(unlisted).wordsTyped(typed, fewWords); });
+    timeEach(state, Source::typed(2000),
+             [](const std::string& typed) { return reader<Source>(unlisted).wordsTyped(typed, fewWords); });
 }
-BENCHMARK(readWholeWords<TypedWords::Unlisted::none>)
-    ->Name("read/listed words")
-    ->Iterations(1)
-    ->UseManualTime();
-BENCHMARK(readWholeWords<TypedWords::Unlisted::sixLetters>)
-    ->Name("read/listed and unlisted words")
-    ->Iterations(1)
-    ->UseManualTime();
 
 /// What a keyboard asks for after every letter of a word.
-template <TypedWords::Unlisted unlisted, bool remembers>
+template <class Source, TypedWords::Unlisted unlisted, bool remembers>
 void readEveryLetter(benchmark::State& state) {
     std::vector<std::string> typed;
-    for (const std::string& word : typedWords(200))
+    for (const std::string& word : Source::typed(500))
         for (std::size_t length = 1; length <= word.size(); ++length)
             typed.push_back(word.substr(0, length));
     ReadingMemory memory;
     timeEach(state, typed, [&](const std::string& each) {
-        if (each.size() == 1)
-            memory = ReadingMemory();
-        return reader(unlisted).wordsTyped(each, fewWords, nullptr, {}, remembers ? &memory : nullptr);
+        return reader<Source>(unlisted).wordsTyped(each, fewWords, nullptr, {},
+                                                   remembers ? &memory : nullptr);
     });
 }
-BENCHMARK(readEveryLetter<TypedWords::Unlisted::none, true>)
-    ->Name("read/a letter more")
-    ->Iterations(1)
-    ->UseManualTime();
-BENCHMARK(readEveryLetter<TypedWords::Unlisted::none, false>)
-    ->Name("read/a letter more, anew")
-    ->Iterations(1)
-    ->UseManualTime();
-BENCHMARK(readEveryLetter<TypedWords::Unlisted::sixLetters, true>)
-    ->Name("read/a letter more, listed and unlisted words")
-    ->Iterations(1)
-    ->UseManualTime();
+
+template <class Source>
+void registerAll(const std::string& of) {
+    using enum TypedWords::Unlisted;
+    const auto add = [&of](const char* name, void (*run)(benchmark::State&)) {
+        benchmark::RegisterBenchmark(("read/" + of + name).c_str(), run)->Iterations(1)->UseManualTime();
+    };
+    add("listed words", readWholeWords<Source, none>);
+    add("listed and unlisted words", readWholeWords<Source, sixLetters>);
+    add("a letter more", readEveryLetter<Source, none, true>);
+    add("a letter more, anew", readEveryLetter<Source, none, false>);
+    add("a letter more, listed and unlisted words", readEveryLetter<Source, sixLetters, true>);
+}
+
+[[maybe_unused]] const bool areRegistered = [] {
+    registerAll<MadeUp>("");
+    registerAll<Shipped>("shipped list, ");
+    return true;
+}();
 
 void readPlain(benchmark::State& state) {
-    const auto all = madeList().words();
-    timeEach(state, typedWords(25'000), [&all](const std::string& typed) {
+    const auto all = MadeUp::list().words();
+    timeEach(state, MadeUp::typed(4), [&all](const std::string& typed) {
         return test::plain::wordsTyped(all, {}, typed, fewWords, LetterReadings());
     });
 }
@@ -121,7 +132,7 @@ void loadReader(benchmark::State& state) {
         const std::size_t before = heapBytes();
         beginHeapPeak();
         const double start = threadSeconds();
-        const TypedWords words(madeList(), unlisted);
+        const TypedWords words(MadeUp::list(), unlisted);
         state.SetIterationTime(threadSeconds() - start);
         bytes = static_cast<double>(heapBytes() - before);
         peak = static_cast<double>(heapPeak() - before);

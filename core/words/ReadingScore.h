@@ -30,10 +30,13 @@ constexpr double leastLikely(std::size_t typed) noexcept {
     return typed < std::size(bounds) ? bounds[typed] : 1e-8;
 }
 
+/// A word that is worth less than this part of the best one is not offered: it is noise.
+inline constexpr double leastListed = 1e-5;
+
 /// How much of what people write is in no list.
 inline constexpr double unknownShare = 0.2;
 
-/// A word that is in no list and worth less than this part of the best word is not offered: it is noise.
+/// The same for a word that is in no list.
 inline constexpr double leastGuess = 0.003;
 
 /// What a word that is in no list is worth as a word whose letters cost so much.

@@ -30,14 +30,17 @@ void ReadingSearch::expect(const std::vector<ReadWord>& likely) {
         if (read >= leastLikely_)
             scores.push_back(read * each.prior);
     }
-    if (scores.size() < limit_)
+    if (scores.empty())
         return;
     sortRange(scores, std::greater());
-    bound_ = scores[limit_ - 1] / roundings;
+    bound_ = scores.front() * ReadingScore::leastListed / roundings;
+    if (scores.size() >= limit_)
+        bound_ = std::max(bound_, scores[limit_ - 1] / roundings);
 }
 
 std::vector<ReadWord> ReadingSearch::words() {
     readFrom(ReadingTree::nothing, 0);
+    std::erase_if(best_, [this](const ReadWord& each) { return each.score < bound_; });
     return std::move(best_);
 }
 
@@ -64,12 +67,14 @@ void ReadingSearch::readFrom(std::uint32_t beginning, double completion) {
 void ReadingSearch::addPromises(std::uint32_t opened, double completion) {
     const std::size_t first = promises_.size();
     const ReadingTree::Opened& from = tree_.opened(opened);
+    const double* row = tree_.row(opened);
     for (std::uint32_t each = from.firstLonger; each < from.firstLonger + from.longer; ++each) {
-        const ReadingTree::Beginning& longer = tree_.beginning(each);
-        const double likely =
-            std::max(typed_.mostLikely(tree_.row(opened), longer.last), completion) * roundings;
-        const double most = likely * longer.mostPrior * roundings;
-        if (likely >= leastLikely_ && isGoodEnough(most))
+        const WordLetter last = tree_.beginning(each).last;
+        const double likely = std::max(typed_.mostLikely(row, last), completion) * roundings;
+        if (likely < leastLikely_)
+            continue;
+        const double most = likely * tree_.mostPrior(each) * roundings;
+        if (isGoodEnough(most))
             promises_.push_back({most, each});
     }
     auto added = std::span(promises_).subspan(first);
@@ -86,7 +91,7 @@ bool ReadingSearch::readAlone(std::uint32_t number, double completion) {
             tree_.trie(list)->rest(beginning.words[list].first, std::size_t{beginning.length} - 1, letters_);
         ReadingTree::Ranges ends;
         ends[list] = beginning.words[list];
-        addWord(ends, likelihood(tree_.row(beginning.before), completion, rest, beginning.mostPrior));
+        addWord(ends, likelihood(tree_.row(beginning.before), completion, rest, tree_.mostPrior(number)));
         return true;
     }
     return false;
@@ -137,6 +142,7 @@ void ReadingSearch::addWord(const ReadingTree::Ranges& ends, double likely) {
     best_.insert(std::ranges::upper_bound(best_, word, std::less()), std::move(word));
     if (best_.size() > limit_)
         best_.pop_back();
+    bound_ = std::max(bound_, best_.front().score * ReadingScore::leastListed);
 }
 
 } // namespace vanoka

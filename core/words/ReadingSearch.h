@@ -26,8 +26,8 @@ struct ReadWord {
 
 /// One search of a tree for the words that may be meant by what was typed. A beginning promises what its
 /// letters read like, times the most that the rest of what was typed can, times the greatest prior of its
-/// words; only those that promise no less than the best few words found are opened. Gives exactly what
-/// reading every word gives.
+/// words; only those that promise no less than the best few words found, and are not noise beside the best of
+/// them, are opened. Gives exactly what reading every word gives.
 class ReadingSearch {
 public:
     /// Views `typed`, which `tree` reads. The limit is at least 1.
@@ -60,7 +60,7 @@ private:
     const TypedReadings& typed_;
     std::size_t limit_;
     double leastLikely_;
-    double bound_ = 0;              ///< no word that is worth less is among the best
+    double bound_ = 0;              ///< no word that is worth less is offered
     std::vector<Promise> promises_; ///< those that are open now, by length and then the best first
     std::string letters_;
     std::vector<double> scratch_; ///< two rows

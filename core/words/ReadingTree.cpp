@@ -72,7 +72,6 @@ std::uint32_t ReadingTree::add(std::uint32_t beginning) {
     for (std::uint32_t each = opened.firstLonger; each < beginnings_.size(); ++each) {
         beginnings_[each].before = number;
         beginnings_[each].length = static_cast<std::uint8_t>(from.length + 1);
-        beginnings_[each].mostPrior = mostPrior(beginnings_[each].words);
     }
     opened.longer = static_cast<std::uint32_t>(beginnings_.size()) - opened.firstLonger;
     opened_.push_back(opened);
@@ -85,22 +84,33 @@ void ReadingTree::findLonger(const Ranges& words, std::size_t length, Opened& op
     for (std::size_t list = 0; list < lists; ++list) {
         if (words[list].isEmpty())
             continue;
-        auto place = static_cast<std::ptrdiff_t>(opened.firstLonger);
+        std::size_t place = opened.firstLonger;
         tries_[list]->visit(
             words[list], length,
-            [&](WordTrie::Position position) { opened.ends[list] = {position, position + 1}; },
+            [&](WordTrie::Position position) {
+                opened.ends[list] = {position, position + 1};
+            },
             [&](WordLetter letter, WordTrie::Range range) {
-                const auto found = std::ranges::lower_bound(beginnings_.begin() + place, beginnings_.end(),
-                                                            letter, {}, &Beginning::last);
-                place = found - beginnings_.begin();
-                if (found == beginnings_.end() || found->last != letter)
-                    beginnings_.insert(found, Beginning())->last = letter;
-                beginnings_[static_cast<std::size_t>(place)].words[list] = range;
+                while (place < beginnings_.size() && beginnings_[place].last < letter)
+                    ++place;
+                if (place == beginnings_.size())
+                    beginnings_.emplace_back().last = letter;
+                else if (beginnings_[place].last != letter)
+                    beginnings_.emplace(beginnings_.begin() + static_cast<std::ptrdiff_t>(place))->last =
+                        letter;
+                beginnings_[place].words[list] = range;
             });
     }
 }
 
-double ReadingTree::mostPrior(const Ranges& words) const {
+double ReadingTree::mostPrior(std::uint32_t beginning) {
+    double& most = beginnings_[beginning].mostPrior;
+    if (most == 0)
+        most = mostPriorOf(beginnings_[beginning].words);
+    return most;
+}
+
+double ReadingTree::mostPriorOf(const Ranges& words) const {
     if (words[1].isEmpty())
         return priors_[tries_[0]->mostLevel(words[0])];
     if (words[0].isEmpty())

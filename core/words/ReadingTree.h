@@ -21,7 +21,7 @@ public:
     /// The words that begin with the same letters, not all of them opened.
     struct Beginning {
         Ranges words;
-        double mostPrior = 0;     ///< no word among them has a greater one
+        double mostPrior = 0;     ///< 0 until it is asked for
         std::uint32_t before = 0; ///< the number, as an opened one, of the letters but the last
         std::uint32_t opened = 0; ///< its own; 0 when it has none
         std::uint8_t length = 0;
@@ -51,6 +51,8 @@ public:
     std::uint32_t open(std::uint32_t beginning);
 
     const Beginning& beginning(std::uint32_t number) const { return beginnings_[number]; }
+    /// No word of the beginning has a greater prior.
+    double mostPrior(std::uint32_t beginning);
     const Opened& opened(std::uint32_t number) const { return opened_[number]; }
     /// The row of an opened beginning, where it is up to date.
     const double* row(std::uint32_t opened) const { return rows_.data() + std::size_t{opened} * width_; }
@@ -64,7 +66,7 @@ private:
     void forgetAll(std::size_t numbers);
     std::uint32_t add(std::uint32_t beginning);
     void findLonger(const Ranges& words, std::size_t length, Opened& opened);
-    double mostPrior(const Ranges& words) const;
+    double mostPriorOf(const Ranges& words) const;
     double* rowToWrite(std::uint32_t opened) { return rows_.data() + std::size_t{opened} * width_; }
 
     std::array<const WordTrie*, lists> tries_;

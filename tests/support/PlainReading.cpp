@@ -118,7 +118,7 @@ std::vector<std::string> wordsTyped(const std::vector<WordCount>& words, const s
     std::ranges::stable_sort(ranked, std::ranges::greater(), &std::pair<double, std::string>::first);
     std::vector<std::string> best;
     for (const auto& [score, word] : ranked)
-        if (best.size() < limit)
+        if (best.size() < limit && score >= ranked.front().first * 1e-5)
             best.push_back(word);
     return best;
 }

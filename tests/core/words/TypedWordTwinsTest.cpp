@@ -65,7 +65,7 @@ TEST(TypedWordTwins, OfStrangeLists) {
             found += expected.size();
         }
     }
-    EXPECT_GT(found, test::rounds(10'000));
+    EXPECT_GT(found, test::rounds(9'000));
 }
 
 TEST(TypedWordTwins, OfALanguage) {

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "SuggestionLists.h"
+
+namespace vanoka::bench {
+
+/// The lists that ship, as files.
+const SuggestionListTexts& shippedTexts();
+
+} // namespace vanoka::bench
