@@ -56,8 +56,10 @@ Words readSo(const SuggestionLists& lists, const PersonalWords* personal, const 
     if (!lists.reading)
         return {};
     const TypedWords* own = personal && personal->reading ? &*personal->reading : nullptr;
+    const auto spelling = lists.english.contains(word.keys) ? TypedWords::Spelling::sinhalaOrEnglish
+                                                            : TypedWords::Spelling::sinhala;
     return offered(word, lists.neverOffered, limit, [&](std::int64_t asked) {
-        return lists.reading->wordsTyped(word.keys, asked, own, readings, memory);
+        return lists.reading->wordsTyped(word.keys, asked, own, readings, memory, spelling);
     });
 }
 

@@ -32,18 +32,26 @@ bool isRead(std::string_view text) {
     return !text.empty() && std::ranges::all_of(text, text::isAsciiLetter);
 }
 
+TypedWords::Spelling spellingOf(fuzz::Input& input) {
+    return input.byte() % 2 == 0 ? TypedWords::Spelling::sinhala : TypedWords::Spelling::sinhalaOrEnglish;
+}
+
 void expectSameWords(const SinhalaWordList& list, const SinhalaWordList& own, const TypedWords& words,
                      const TypedWords& personal, const LetterReadings& readings, fuzz::Input& input) {
     const std::string text = typed(input);
     const std::int64_t limit = static_cast<std::int8_t>(input.byte()) % 12;
+    const auto spelling = spellingOf(input);
     const auto plainly = [&](const std::vector<WordCount>& owned) {
-        return isRead(text) && limit > 0 ? plain::wordsTyped(list.words(), owned, text::lowercased(text),
-                                                             static_cast<std::size_t>(limit), readings)
-                                         : std::vector<std::string>();
+        return isRead(text) && limit > 0
+                   ? plain::wordsTyped(list.words(), owned, text::lowercased(text),
+                                       static_cast<std::size_t>(limit), readings,
+                                       spelling == TypedWords::Spelling::sinhalaOrEnglish)
+                   : std::vector<std::string>();
     };
-    fuzz::expect(words.wordsTyped(text, limit, nullptr, readings) == plainly({}),
+    fuzz::expect(words.wordsTyped(text, limit, nullptr, readings, nullptr, spelling) == plainly({}),
                  "the plain reading ranks the same");
-    fuzz::expect(words.wordsTyped(text, limit, &personal, readings) == plainly(own.words()),
+    fuzz::expect(words.wordsTyped(text, limit, &personal, readings, nullptr, spelling) ==
+                     plainly(own.words()),
                  "and with a personal list");
 }
 
@@ -54,8 +62,9 @@ void expectSameWithMemory(const TypedWords& words, const TypedWords& personal, c
     std::string text = typed(input);
     for (int step = input.byte() % 4; step >= 0; --step) {
         const std::int64_t limit = 1 + input.byte() % 12;
-        fuzz::expect(words.wordsTyped(text, limit, &personal, readings, &memory) ==
-                         words.wordsTyped(text, limit, &personal, readings),
+        const auto spelling = spellingOf(input);
+        fuzz::expect(words.wordsTyped(text, limit, &personal, readings, &memory, spelling) ==
+                         words.wordsTyped(text, limit, &personal, readings, nullptr, spelling),
                      "a letter more or fewer is read as the whole word");
         text = text.substr(0, input.byte()) + typed(input);
     }

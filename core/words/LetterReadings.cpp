@@ -3,10 +3,9 @@
 #include "singlish/SchemeTables.h"
 #include "support/Sort.h"
 #include "text/LetterCase.h"
+#include "words/ReadingRows.h"
 
 #include <algorithm>
-#include <array>
-#include <initializer_list>
 #include <memory>
 #include <tuple>
 
@@ -14,30 +13,7 @@ namespace vanoka {
 
 namespace {
 
-struct Way {
-    std::string_view typed;
-    int thousandths = 0;
-};
-
-class Ways {
-public:
-    constexpr Ways(std::initializer_list<Way> ways) : size_(ways.size()) {
-        std::ranges::copy(ways, ways_.begin());
-    }
-    constexpr const Way* begin() const { return ways_.data(); }
-    constexpr const Way* end() const { return begin() + size_; }
-
-private:
-    std::array<Way, 7> ways_{};
-    std::size_t size_;
-};
-
-struct Row {
-    char32_t letter = 0;
-    Ways ways;
-};
-
-constexpr char32_t inherentVowel = 0;
+using namespace ReadingRows;
 
 // The figures were learnt from what people without a scheme typed for Sinhala words: the romanizations of the
 // data set "Dakshina" (Google, CC BY-SA 4.0), aligned with the words letter by letter. They are facts learnt
@@ -50,7 +26,7 @@ constexpr char32_t inherentVowel = 0;
 
 constexpr auto table = std::to_array<Row>({
     // Vowels, short and long. Length is rarely written: aa in one of twenty, ee for ī in one of six.
-    {inherentVowel, {{"a", 1000}}},
+    {ofInherentVowel, {{"a", 1000}}},
     {U'අ', {{"a", 1000}}},
     {U'ආ', {{"a", 868}, {"aa", 132}}},
     {0x0DCF, {{"a", 950}, {"aa", 50}}},
@@ -157,41 +133,6 @@ constexpr auto table = std::to_array<Row>({
 
 // clang-format on
 
-constexpr bool everyLetterHasARow(std::span<const Row> rows) {
-    for (std::size_t each = 0; each < WordLetters::count; ++each)
-        if (std::ranges::count(rows, WordLetters::scalar(static_cast<WordLetter>(each)), &Row::letter) != 1)
-            return false;
-    return rows.size() == WordLetters::count;
-}
-
-constexpr bool noWayTwice(std::span<const Row> rows) {
-    return std::ranges::all_of(rows, [](const Row& row) {
-        return std::ranges::all_of(row.ways, [&row](const Way& way) {
-            return std::ranges::count(row.ways, way.typed, &Way::typed) == 1;
-        });
-    });
-}
-
-/// Less than one remains for what no row knows; the virama alone comes near it.
-constexpr bool rowsSumToOne(std::span<const Row> rows) {
-    return std::ranges::all_of(rows, [](const Row& row) {
-        int sum = 0;
-        for (const Way& way : row.ways)
-            sum += way.thousandths;
-        return sum >= 999 && sum <= 1000;
-    });
-}
-
-constexpr bool isShortAndSmall(std::string_view typed) {
-    return typed.size() <= LetterReadings::longest &&
-           std::ranges::all_of(typed, [](char each) { return each >= 'a' && each <= 'z'; });
-}
-
-constexpr bool allAreShortAndSmall(std::span<const Row> rows) {
-    return std::ranges::all_of(
-        rows, [](const Row& row) { return std::ranges::all_of(row.ways, isShortAndSmall, &Way::typed); });
-}
-
 constexpr char small(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
@@ -218,7 +159,7 @@ constexpr bool everyKeyIsThere(std::span<const Row> rows) {
     return std::ranges::all_of(SinglishScheme::letterTable, [&has](const SinglishScheme::Letter& letter) {
         const bool isSignThere =
             !letter.sign ||
-            has(letter.sign->empty() ? inherentVowel : text::threeByteScalar(*letter.sign), letter.keys);
+            has(letter.sign->empty() ? ofInherentVowel : text::threeByteScalar(*letter.sign), letter.keys);
         return isSignThere && has(text::threeByteScalar(letter.id), letter.keys);
     });
 }
@@ -242,15 +183,36 @@ auto placeOf(const Reading& reading) {
     return std::tuple(std::string_view(reading.typed), reading.letter);
 }
 
+void add(const Row& row, Readings& readings) {
+    for (const Way& way : row.ways)
+        readings.push_back(
+            {std::string(way.typed), WordLetters::letter(row.letter), way.thousandths / 1000.0});
+}
+
+std::shared_ptr<const Readings> inOrder(Readings readings) {
+    sortRange(readings, {}, placeOf);
+    return std::make_shared<const Readings>(std::move(readings));
+}
+
 std::shared_ptr<const Readings> builtIn() {
     static const std::shared_ptr<const Readings> readings = [] {
         Readings all;
         for (const Row& row : table)
-            for (const Way& way : row.ways)
-                all.push_back(
-                    {std::string(way.typed), WordLetters::letter(row.letter), way.thousandths / 1000.0});
-        sortRange(all, {}, placeOf);
-        return std::make_shared<const Readings>(std::move(all));
+            add(row, all);
+        return inOrder(std::move(all));
+    }();
+    return readings;
+}
+
+/// The letters that English words never have are written as in all words.
+std::shared_ptr<const Readings> ofEnglishWords() {
+    static const std::shared_ptr<const Readings> readings = [] {
+        Readings all;
+        for (const Row& row : table) {
+            const auto found = std::ranges::find(ReadingRows::ofEnglish(), row.letter, &Row::letter);
+            add(found == ReadingRows::ofEnglish().end() ? row : *found, all);
+        }
+        return inOrder(std::move(all));
     }();
     return readings;
 }
@@ -288,6 +250,10 @@ LetterReadings::LetterReadings() : readings_(builtIn()) {}
 
 LetterReadings::LetterReadings(const SinglishCustomization& customization)
     : readings_(customization.addedKeys.empty() ? builtIn() : withKeys(customization.addedKeys)) {}
+
+LetterReadings LetterReadings::ofEnglish() {
+    return LetterReadings(Shared<Readings>(ofEnglishWords()));
+}
 
 std::span<const Reading> LetterReadings::of(std::string_view typed) const noexcept {
     const auto first = std::ranges::lower_bound(*readings_, typed, {}, &Reading::typed);

@@ -40,6 +40,10 @@ public:
     /// account. A key that is not made of one to four letters from a to z is passed over.
     explicit LetterReadings(const SinglishCustomization& customization);
 
+    /// How the letters of words that Sinhala took from English are written in English: *file*, and not
+    /// *fayil*.
+    static LetterReadings ofEnglish();
+
     /// Every reading of `typed`, which is in lower case. Valid as long as this object.
     std::span<const Reading> of(std::string_view typed) const noexcept;
 
@@ -50,6 +54,8 @@ public:
     double probability(WordLetter letter, std::string_view typed) const noexcept;
 
 private:
+    explicit LetterReadings(const Shared<std::vector<Reading>>& readings) noexcept : readings_(readings) {}
+
     Shared<std::vector<Reading>> readings_; ///< by what is typed, then by letter
 };
 

@@ -33,6 +33,13 @@ constexpr double leastLikely(std::size_t typed) noexcept {
 /// A word that is worth less than this part of the best one is not offered: it is noise.
 inline constexpr double leastListed = 1e-5;
 
+/// Letters that are less likely for the best word may be English, whether anybody says so or not.
+inline constexpr double leastSinhala = 1e-4;
+
+/// How many of the English words that are typed mean the same word in Sinhala letters, and no Sinhala word
+/// that sounds as they are spelled.
+inline constexpr double englishShare = 0.1;
+
 /// How much of what people write is in no list.
 inline constexpr double unknownShare = 0.2;
 

@@ -33,9 +33,13 @@ void ReadingSearch::expect(const std::vector<ReadWord>& likely) {
     if (scores.empty())
         return;
     sortRange(scores, std::greater());
-    bound_ = scores.front() * ReadingScore::leastListed / roundings;
+    expectAbove(scores.front() * ReadingScore::leastListed);
     if (scores.size() >= limit_)
-        bound_ = std::max(bound_, scores[limit_ - 1] / roundings);
+        expectAbove(scores[limit_ - 1]);
+}
+
+void ReadingSearch::expectAbove(double score) {
+    bound_ = std::max(bound_, score / roundings);
 }
 
 std::vector<ReadWord> ReadingSearch::words() {

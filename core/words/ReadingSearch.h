@@ -37,6 +37,9 @@ public:
     /// they are worth is a bound from the start. May only be called before `words`.
     void expect(const std::vector<ReadWord>& likely);
 
+    /// Words that are worth less need not be found. May only be called before `words`.
+    void expectAbove(double score);
+
     /// The best words, best first. To be called once.
     std::vector<ReadWord> words();
 

@@ -87,9 +87,7 @@ void ReadingTree::findLonger(const Ranges& words, std::size_t length, Opened& op
         std::size_t place = opened.firstLonger;
         tries_[list]->visit(
             words[list], length,
-            [&](WordTrie::Position position) {
-                opened.ends[list] = {position, position + 1};
-            },
+            [&](WordTrie::Position position) { opened.ends[list] = {position, position + 1}; },
             [&](WordLetter letter, WordTrie::Range range) {
                 while (place < beginnings_.size() && beginnings_[place].last < letter)
                     ++place;

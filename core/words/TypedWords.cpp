@@ -51,7 +51,7 @@ TypedWords::TypedWords(const SinhalaWordList& list, Unlisted unlisted)
 
 std::vector<std::string> TypedWords::wordsTyped(std::string_view letters, std::int64_t limit,
                                                 const TypedWords* personal, const LetterReadings& readings,
-                                                ReadingMemory* memory) const {
+                                                ReadingMemory* memory, Spelling spelling) const {
     if (!canBeRead(letters) || limit < 1)
         return {};
     ReadingMemory own;
@@ -59,7 +59,7 @@ std::vector<std::string> TypedWords::wordsTyped(std::string_view letters, std::i
     const auto added = personal ? std::optional(personal->tables_) : std::nullopt;
     if (!reading || !reading->isOf(tables_, added, readings))
         reading = std::make_unique<WordReading>(tables_, added, readings);
-    return reading->words(text::lowercased(letters), held(limit));
+    return reading->words(text::lowercased(letters), held(limit), spelling == Spelling::sinhalaOrEnglish);
 }
 
 std::size_t TypedWords::memory() const noexcept {

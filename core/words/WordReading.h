@@ -30,18 +30,21 @@ public:
     bool isOf(const Tables& list, const std::optional<Tables>& personal,
               const LetterReadings& readings) const noexcept;
 
-    /// The words that `letters`, all from a to z, may stand for: at most `limit`, which is at least 1.
-    std::vector<std::string> words(const std::string& letters, std::size_t limit);
+    /// The words that `letters`, all from a to z, may stand for: at most `limit`, which is at least 1. Those
+    /// that may be English are read as English, too.
+    std::vector<std::string> words(const std::string& letters, std::size_t limit, bool mayBeEnglish);
 
 private:
     /// The best words for some letters, found with some limit.
     struct Found {
         std::size_t limit = 0;
+        bool mayBeEnglish = false;
         std::vector<ReadWord> words;
     };
 
-    void find(std::size_t same, std::size_t limit);
+    void find(std::size_t same, std::size_t limit, bool mayBeEnglish);
     std::vector<ReadWord> listed(std::size_t limit);
+    void addEnglish(std::vector<ReadWord>& words, std::size_t limit) const;
     void addGuesses(std::vector<ReadWord>& words) const;
     bool isListed(const std::string& letters) const;
 

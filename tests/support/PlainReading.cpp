@@ -52,11 +52,47 @@ double likelihood(const std::vector<WordLetter>& letters, std::string_view typed
     return std::max(row.back(), goingOn);
 }
 
+Table bothOf(Table all, const Table& added) {
+    for (const auto& [letters, word] : added) {
+        const auto [place, isNew] = all.try_emplace(letters, word);
+        if (isNew)
+            continue;
+        if (word.count > place->second.count)
+            place->second.word = word.word;
+        place->second.count += word.count;
+    }
+    return all;
+}
+
+struct Ranked {
+    double score = 0, likely = 0;
+    std::string word;
+};
+
+/// The words that `likelihoodOf` holds possible, best first.
+template <class LikelihoodOf>
+std::vector<Ranked> rankedBy(const Table& all, LikelihoodOf likelihoodOf) {
+    double total = 0;
+    for (const auto& [letters, word] : all)
+        total += word.count;
+    std::vector<Ranked> ranked;
+    for (const auto& [letters, word] : all)
+        if (const double likely = likelihoodOf(letters); likely > 0)
+            ranked.push_back(
+                {likely * std::pow((word.count + 0.5) / std::max(total, 1.0), 0.8), likely, word.word});
+    std::ranges::stable_sort(ranked, std::ranges::greater(), &Ranked::score);
+    return ranked;
+}
+
 double leastLikely(std::string_view typed) {
     static const std::map<std::size_t, double> ofShortWords = {
         {1, 1e-5}, {2, 1e-5}, {3, 3e-6}, {4, 1e-6}, {5, 5e-8}};
     const auto found = ofShortWords.find(typed.size());
     return found == ofShortWords.end() ? 1e-8 : found->second;
+}
+
+double offered(double likely, std::string_view typed) {
+    return likely >= leastLikely(typed) ? likely : 0;
 }
 
 } // namespace
@@ -95,31 +131,19 @@ double sumOverAllCuts(const std::vector<WordLetter>& letters, std::string_view t
 
 std::vector<std::string> wordsTyped(const std::vector<WordCount>& words, const std::vector<WordCount>& own,
                                     const std::string& typed, std::size_t limit,
-                                    const LetterReadings& readings) {
-    const Table listed = tableOf(words), personal = tableOf(own);
-    Table all = listed;
-    for (const auto& [letters, word] : personal) {
-        const auto [place, isNew] = all.try_emplace(letters, word);
-        if (isNew)
-            continue;
-        if (word.count > place->second.count)
-            place->second.word = word.word;
-        place->second.count += word.count;
-    }
-    double total = 0;
-    for (const auto& [letters, word] : all)
-        total += word.count;
-    std::vector<std::pair<double, std::string>> ranked;
-    for (const auto& [letters, word] : all) {
-        const double likely = likelihood(letters, typed, readings);
-        if (likely >= leastLikely(typed))
-            ranked.emplace_back(likely * std::pow((word.count + 0.5) / std::max(total, 1.0), 0.8), word.word);
-    }
-    std::ranges::stable_sort(ranked, std::ranges::greater(), &std::pair<double, std::string>::first);
+                                    const LetterReadings& readings, bool mayBeEnglish) {
+    const Table all = bothOf(tableOf(words), tableOf(own));
+    std::vector<Ranked> ranked = rankedBy(
+        all, [&](const auto& letters) { return offered(likelihood(letters, typed, readings), typed); });
+    if (mayBeEnglish || ranked.empty() || ranked.front().likely < 1e-4)
+        ranked = rankedBy(all, [&](const auto& letters) {
+            return std::max(offered(likelihood(letters, typed, readings), typed),
+                            0.1 * offered(likelihood(letters, typed, LetterReadings::ofEnglish()), typed));
+        });
     std::vector<std::string> best;
-    for (const auto& [score, word] : ranked)
-        if (best.size() < limit && score >= ranked.front().first * 1e-5)
-            best.push_back(word);
+    for (const Ranked& each : ranked)
+        if (best.size() < limit && each.score >= ranked.front().score * 1e-5)
+            best.push_back(each.word);
     return best;
 }
 

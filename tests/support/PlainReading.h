@@ -19,10 +19,11 @@ std::vector<WordLetter> lettersOf(std::string_view word);
 double sumOverAllCuts(const std::vector<WordLetter>& letters, std::string_view typed,
                       const LetterReadings& readings);
 
-/// The best words for what was typed; `words` and `own` in the order in which a list gives its words.
+/// The best words for what was typed, which may be English; `words` and `own` in the order in which a list
+/// gives its words.
 std::vector<std::string> wordsTyped(const std::vector<WordCount>& words, const std::vector<WordCount>& own,
                                     const std::string& typed, std::size_t limit,
-                                    const LetterReadings& readings);
+                                    const LetterReadings& readings, bool mayBeEnglish = false);
 
 /// P(letter | the letters before it) after Witten and Bell, over sequences of up to `order` letters of the
 /// words, which have '^' before their letters and '$' after them.

@@ -45,7 +45,7 @@ Usage:
                                the list with counts out of so many words, ten million if not given
   vanoka-lists suggest [--personal LIST] [--limit N] [--reading no] LIST
                                type Singlish or Sinhala and see the suggestions
-  vanoka-lists accuracy [--unlisted N] [--every N] LIST PAIRS
+  vanoka-lists accuracy [--english LIST] [--unlisted N] [--every N] LIST PAIRS
                                how often what people typed is read as the word that they meant
   vanoka-lists --help, --version
 
@@ -68,13 +68,18 @@ const Program ListsCommand::program = {.name = "vanoka-lists",
                                                     {"stats", {"--as"}},
                                                     {"scale", {"--total"}},
                                                     {"suggest", {"--personal", "--limit", "--reading"}},
-                                                    {"accuracy", {"--unlisted", "--every"}}},
+                                                    {"accuracy", {"--english", "--unlisted", "--every"}}},
                                        .noCommand = "No command",
                                        .noSuchOption = "No such option: ",
                                        .hint = "vanoka-lists --help tells what it does."};
 
-ListsCommand::ListsCommand(std::istream& input, std::ostream& output, std::ostream& errors, Progress progress)
-    : input_(input), output_(output), errors_(errors), progress_(std::move(progress)) {}
+ListsCommand::ListsCommand(std::istream& input, std::ostream& output, std::ostream& errors, Progress progress,
+                           EnglishInUse englishInUse)
+    : input_(input),
+      output_(output),
+      errors_(errors),
+      progress_(std::move(progress)),
+      englishInUse_(std::move(englishInUse)) {}
 
 std::optional<int> ListsCommand::run(const CommandLine& line) {
     if (line.command == "count")
@@ -250,6 +255,12 @@ int ListsCommand::scale(const CommandLine& line) {
     return ExitStatus::done;
 }
 
+std::optional<std::string> ListsCommand::englishOf(const CommandLine& line) {
+    if (const auto path = line.value("--english"))
+        return contentsOf(*path);
+    return englishInUse_ ? englishInUse_() : std::string();
+}
+
 int ListsCommand::accuracy(const CommandLine& line) {
     const auto unlisted = line.number("--unlisted", 6, 0, 6);
     if (!unlisted || (*unlisted != 0 && *unlisted != 4 && *unlisted != 6))
@@ -261,13 +272,14 @@ int ListsCommand::accuracy(const CommandLine& line) {
         return misuse("accuracy takes a list and a text of what was typed for which words");
     const auto list = contentsOf(line.operands[0]);
     const auto pairs = list ? contentsOf(line.operands[1]) : std::nullopt;
-    if (!pairs)
+    const auto english = pairs ? englishOf(line) : std::nullopt;
+    if (!english)
         return ExitStatus::failed;
     auto [romanizations, skipped] = readRomanizations(ListReading::withoutByteOrderMark(*pairs));
     std::vector<Romanization> measured;
     for (std::size_t i = 0; i < romanizations.size(); i += static_cast<std::size_t>(*every))
         measured.push_back(std::move(romanizations[i]));
-    output_ << table(accuracyOf(SinhalaWordList(readWordCounts(*list)),
+    output_ << table(accuracyOf(SinhalaWordList(readWordCounts(*list)), EnglishWordList::ofFile(*english),
                                 static_cast<TypedWords::Unlisted>(*unlisted), measured));
     if (skipped > 0)
         program.tell("Lines that are no romanizations: " + std::to_string(skipped), errors_);

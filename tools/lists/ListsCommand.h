@@ -17,7 +17,11 @@ public:
     /// Is told how many bytes were read and how many different words were found so far.
     using Progress = std::function<void(std::size_t bytes, std::size_t words)>;
 
-    ListsCommand(std::istream& input, std::ostream& output, std::ostream& errors, Progress progress);
+    /// Gives the English list that the programs use, as a file; only called when it is needed.
+    using EnglishInUse = std::function<std::string()>;
+
+    ListsCommand(std::istream& input, std::ostream& output, std::ostream& errors, Progress progress,
+                 EnglishInUse englishInUse = nullptr);
 
     /// What it is a part of: these commands, and "suggest".
     static const Program program;
@@ -40,11 +44,13 @@ private:
     int stats(const CommandLine& line);
     int scale(const CommandLine& line);
     int accuracy(const CommandLine& line);
+    std::optional<std::string> englishOf(const CommandLine& line);
 
     std::istream& input_;
     std::ostream& output_;
     std::ostream& errors_;
     Progress progress_;
+    EnglishInUse englishInUse_;
 };
 
 } // namespace vanoka

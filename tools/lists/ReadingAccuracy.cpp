@@ -53,15 +53,29 @@ Words withFirst(const std::string& first, Words words) {
     return words;
 }
 
-/// How many letters have to be typed until the word stands among the first few; all, when it never does.
-std::size_t lettersNeeded(const TypedWords& words, std::string_view typed, const std::string& wanted) {
-    ReadingMemory memory;
-    for (std::size_t length = 1; length < typed.size(); ++length)
-        if (placeOf(wanted, words.wordsTyped(typed.substr(0, length), atAGlance, nullptr, {}, &memory)) <
-            atAGlance)
-            return length;
-    return typed.size();
-}
+/// Reads as the line of candidates does.
+class Reader {
+public:
+    Reader(const TypedWords& words, const EnglishWordList& english) : words_(words), english_(english) {}
+
+    Words read(std::string_view typed, std::size_t limit, ReadingMemory* memory = nullptr) const {
+        return words_.wordsTyped(typed, static_cast<std::int64_t>(limit), nullptr, {}, memory,
+                                 english_.contains(typed) ? TypedWords::Spelling::sinhalaOrEnglish
+                                                          : TypedWords::Spelling::sinhala);
+    }
+    /// How many letters have to be typed until the word stands among the first few; all, when it never does.
+    std::size_t lettersNeeded(std::string_view typed, const std::string& wanted) const {
+        ReadingMemory memory;
+        for (std::size_t length = 1; length < typed.size(); ++length)
+            if (placeOf(wanted, read(typed.substr(0, length), atAGlance, &memory)) < atAGlance)
+                return length;
+        return typed.size();
+    }
+
+private:
+    const TypedWords& words_;
+    const EnglishWordList& english_;
+};
 
 void appendRow(std::string& text, const char* name, const PlaceShares& shares) {
     char row[96];
@@ -117,9 +131,10 @@ void ReadingAccuracy::Shares::add(std::size_t place, bool isListed, std::int64_t
         listed.add(place, weight);
 }
 
-ReadingAccuracy accuracyOf(const SinhalaWordList& list, TypedWords::Unlisted unlisted,
-                           const std::vector<Romanization>& romanizations) {
+ReadingAccuracy accuracyOf(const SinhalaWordList& list, const EnglishWordList& english,
+                           TypedWords::Unlisted unlisted, const std::vector<Romanization>& romanizations) {
     const TypedWords words(list, unlisted);
+    const Reader reader(words, english);
     const SinglishTransliterator& keys = SinglishTransliterator::standard();
     std::unordered_set<std::string> listed;
     for (const WordCount& each : list.words())
@@ -130,7 +145,7 @@ ReadingAccuracy accuracyOf(const SinhalaWordList& list, TypedWords::Unlisted unl
         const auto weight = static_cast<double>(count);
         const std::string wanted = withoutJoiners(word), written = keys.transliterate(typed);
         const bool isListed = listed.contains(wanted);
-        const Words read = words.wordsTyped(typed, shown);
+        const Words read = reader.read(typed, shown);
         accuracy.romanizations += count;
         listedWeight += isListed ? weight : 0;
         accuracy.suggested.add(placeOf(wanted, withFirst(written, list.suggestionsFor(written, shown))),
@@ -138,7 +153,7 @@ ReadingAccuracy accuracyOf(const SinhalaWordList& list, TypedWords::Unlisted unl
         accuracy.ranked.add(placeOf(wanted, read), isListed, count);
         accuracy.typedFirst.add(placeOf(wanted, withFirst(written, read)), isListed, count);
         letters += weight * static_cast<double>(typed.size());
-        needed += weight * static_cast<double>(lettersNeeded(words, typed, wanted));
+        needed += weight * static_cast<double>(reader.lettersNeeded(typed, wanted));
     }
     accuracy.listedShare =
         accuracy.romanizations > 0 ? listedWeight / static_cast<double>(accuracy.romanizations) : 0;

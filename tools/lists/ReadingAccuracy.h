@@ -1,6 +1,7 @@
 #pragma once
 
 #include "singlish/SinglishTransliterator.h"
+#include "words/EnglishWordList.h"
 #include "words/TypedWords.h"
 
 #include <array>
@@ -61,10 +62,10 @@ struct ReadingAccuracy {
         0; ///< share of the letters that were typed after the word was among the first three
 };
 
-/// Measures with the built-in keys and no personal list. Words that differ in joiners alone are the same
-/// here.
-ReadingAccuracy accuracyOf(const SinhalaWordList& list, TypedWords::Unlisted unlisted,
-                           const std::vector<Romanization>& romanizations);
+/// Measures with the built-in keys and no personal list; what was typed and is in the English list may be
+/// that word in Sinhala letters. Words that differ in joiners alone are the same here.
+ReadingAccuracy accuracyOf(const SinhalaWordList& list, const EnglishWordList& english,
+                           TypedWords::Unlisted unlisted, const std::vector<Romanization>& romanizations);
 
 /// The accuracy as a table.
 std::string table(const ReadingAccuracy& accuracy);

@@ -3,6 +3,7 @@
 #include "ListsCommand.h"
 #include "SuggestSession.h"
 #include "Terminal.h"
+#include "WordListFiles.h"
 #include "settings/SinglishSettings.h"
 #include "words/ListReading.h"
 #include "words/WordFile.h"
@@ -94,8 +95,10 @@ int runSuggest(ListsCommand& command, const CommandLine& line) {
 
 int run(const CommandLine& line) {
     ProgressRow progress;
-    ListsCommand command(std::cin, std::cout, std::cerr,
-                         [&](std::size_t bytes, std::size_t words) { progress.show(bytes, words); });
+    ListsCommand command(
+        std::cin, std::cout, std::cerr,
+        [&](std::size_t bytes, std::size_t words) { progress.show(bytes, words); },
+        [] { return WordListFiles::read().texts.english; });
     const auto status = command.run(line);
     return status ? *status : runSuggest(command, line);
 }

@@ -11,6 +11,8 @@ namespace vanoka {
 
 namespace {
 
+using Spelling = TypedWords::Spelling;
+
 using test::Randoms;
 
 std::string someLetters(Randoms& randoms, std::size_t most) {
@@ -62,6 +64,10 @@ TEST(TypedWordTwins, OfStrangeLists) {
             ASSERT_EQ(words.wordsTyped(typed, asked, &personal, readings),
                       test::plain::wordsTyped(all, own.words(), typed, limit, readings))
                 << typed;
+            ASSERT_EQ(
+                words.wordsTyped(typed, asked, &personal, readings, nullptr, Spelling::sinhalaOrEnglish),
+                test::plain::wordsTyped(all, own.words(), typed, limit, readings, true))
+                << typed << " in English";
             found += expected.size();
         }
     }
@@ -128,8 +134,9 @@ TEST(TypedWordTwins, WhatIsRememberedChangesNothing) {
             const LetterReadings readings = randoms.oneIn(40) ? keys : LetterReadings();
             const std::int64_t limit =
                 randoms.oneIn(4) ? 1 + static_cast<std::int64_t>(randoms.below(40)) : 3;
-            ASSERT_EQ(asked.wordsTyped(typed, limit, personal, readings, &memory),
-                      asked.wordsTyped(typed, limit, personal, readings))
+            const auto spelling = randoms.oneIn(4) ? Spelling::sinhalaOrEnglish : Spelling::sinhala;
+            ASSERT_EQ(asked.wordsTyped(typed, limit, personal, readings, &memory, spelling),
+                      asked.wordsTyped(typed, limit, personal, readings, nullptr, spelling))
                 << typed;
             if (randoms.oneIn(40))
                 memory = ReadingMemory();

@@ -83,6 +83,25 @@ TEST(TypedWords, SpellingsThatDifferInJoinersAreOneWord) {
     EXPECT_EQ(words.wordsTyped("sri", 5), Words{"\u0DC1\u0DCA\u200D\u0DBB\u0DD3"});
 }
 
+/// The Sinhala forms of English words are written as they sound, which is not how English spells them.
+TEST(TypedWords, EnglishWordsAreTakenForWhatTheyAreInSinhala) {
+    const TypedWords words = read("ෆයිල්\t500\nසයිට්\t400\nකොම්පියුටර්\t300\nෆෝන්\t900\nස්ටේෂන්\t200\n"
+                                  "බොක්ස්\t100\nපවුන්ඩ්\t100\nලැංග්වේජ්\t50\nසිතේ\t700\nටයිම්\t50\n");
+    const auto english = [&words](const char* typed) {
+        return words.wordsTyped(typed, 1, nullptr, {}, nullptr, TypedWords::Spelling::sinhalaOrEnglish);
+    };
+    EXPECT_EQ(english("file"), Words{"ෆයිල්"});
+    EXPECT_EQ(english("computer"), Words{"කොම්පියුටර්"});
+    EXPECT_EQ(english("phone"), Words{"ෆෝන්"});
+    EXPECT_EQ(english("station"), Words{"ස්ටේෂන්"});
+    EXPECT_EQ(english("box"), Words{"බොක්ස්"});
+    EXPECT_EQ(english("pound"), Words{"පවුන්ඩ්"});
+    EXPECT_EQ(english("language"), Words{"ලැංග්වේජ්"});
+    EXPECT_EQ(english("site"), Words{"සිතේ"}) << "what sounds as it is spelled comes first";
+    EXPECT_EQ(words.wordsTyped("site", 5), Words{"සිතේ"});
+    EXPECT_EQ(words.wordsTyped("time", 5), Words{"ටයිම්"}) << "no word sounds so";
+}
+
 TEST(TypedWords, GuessWordsThatNoListHolds) {
     for (const auto unlisted : {TypedWords::Unlisted::fourLetters, TypedWords::Unlisted::sixLetters}) {
         const TypedWords words = read(small, unlisted);

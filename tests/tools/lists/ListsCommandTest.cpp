@@ -12,6 +12,7 @@
 #include "words/WordFile.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -328,6 +329,36 @@ TEST_F(ListsCommandTest, MeasuresHowWellRomanizationsAreRead) {
         << output;
     EXPECT_EQ(run({"accuracy", "--every=2", list, pairs}), ExitStatus::done);
     EXPECT_TRUE(output.starts_with("romanizations 7\n")) << output;
+}
+
+TEST_F(ListsCommandTest, MeasuresEnglishWordsAsSuch) {
+    const std::string list = file("list", "සයිට්\t100\nසිතේ\t100\n"), english = file("english", "site\t9\n");
+    const std::string pairs = file("pairs", "site\tසයිට්\n");
+    EXPECT_EQ(run({"accuracy", "--unlisted=0", list, pairs}), ExitStatus::done);
+    EXPECT_NE(output.find("read and ranked                                  0.0     0.0     0.0\n"),
+              std::string::npos)
+        << output;
+    EXPECT_EQ(run({"accuracy", "--unlisted=0", "--english", english, list, pairs}), ExitStatus::done);
+    EXPECT_NE(output.find("read and ranked                                  0.0   100.0   100.0\n"),
+              std::string::npos)
+        << output;
+    EXPECT_EQ(run({"accuracy", "--english", (folder.path() / "nothing").string(), list, pairs}),
+              ExitStatus::failed);
+}
+
+TEST_F(ListsCommandTest, MostEnglishWordsAreAmongTheFirst) {
+    const std::string tests = VANOKA_TESTS_FOLDER, data = tests + "/../data/";
+    EXPECT_EQ(run({"accuracy", "--english", data + "en.tsv", data + "si.tsv",
+                   tests + "/tools/lists/english-words.tsv"}),
+              ExitStatus::done);
+    const auto row = output.find("\nread and ranked");
+    ASSERT_NE(row, std::string::npos) << output;
+    double first = 0, three = 0, five = 0;
+    ASSERT_EQ(std::sscanf(output.c_str() + row, "\nread and ranked %lf %lf %lf", &first, &three, &five), 3)
+        << output;
+    EXPECT_GT(first, 50) << output;
+    EXPECT_GT(three, 70) << output;
+    EXPECT_GT(five, 75) << output;
 }
 
 TEST_F(ListsCommandTest, MeasuresNothingOfWhatIsNoRomanization) {

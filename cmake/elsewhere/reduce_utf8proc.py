@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Takes out of utf8proc's tables what Vanoka never asks for, so that a page has less to fetch.
 
-    scripts/reduce-utf8proc utf8proc_data.c
+    cmake/elsewhere/reduce_utf8proc.py utf8proc_data.c
 
 rewrites the file. What is left: categories, canonical decomposition and composition, lower and upper case, the
 borders of grapheme clusters. What goes: compatibility decompositions, case folding and title case, directions,
@@ -114,7 +114,7 @@ def main(path):
                   for code_point in range(len(whole.first) * BLOCK)}
     for (old, new), code_point in numbers_of.items():
         if meaning(whole, old) != meaning(reduced, new):
-            sys.exit(f"reduce-utf8proc: U+{code_point:04X} would not be the same")
+            sys.exit(f"reduce_utf8proc.py: U+{code_point:04X} would not be the same")
     source = replaced(source, "utf8proc_sequences", reduced.sequences)
     source = replaced(source, "utf8proc_stage1table", reduced.first)
     source = replaced(source, "utf8proc_stage2table", reduced.second)
