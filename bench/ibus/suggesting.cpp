@@ -161,6 +161,18 @@ void reportKeys(Field& field) {
                 candidates.size(), none.size(), quantile(candidates, 0.5), quantile(candidates, 0.99));
 }
 
+/// What the way of any candidates through the daemon takes.
+void reportTables(Field& field) {
+    field->choose("echo-table");
+    Arm arm{"echo-table"};
+    std::vector<double> tables;
+    for (std::size_t round = 0; round < rounds; ++round)
+        typeStretch(field, arm, tables);
+    std::printf("those of an engine that need not find any, %zu times: median %.0f us, p99 %.0f us\n",
+                tables.size(), quantile(tables, 0.5), quantile(tables, 0.99));
+    field->choose("vanoka");
+}
+
 void reportStarts(Field& field) {
     std::vector<double> starts;
     for (int i = 0; i < 15; ++i)
@@ -178,6 +190,7 @@ int main() {
     field->choose("vanoka");
     reportMemory(field);
     reportKeys(field);
+    reportTables(field);
     reportStarts(field);
     return 0;
 }
