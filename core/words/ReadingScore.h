@@ -2,6 +2,7 @@
 
 #include "words/LetterSequences.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <iterator>
@@ -33,8 +34,19 @@ constexpr double leastLikely(std::size_t typed) noexcept {
 /// A word that is worth less than this part of the best one is not offered: it is noise.
 inline constexpr double leastListed = 1e-5;
 
-/// Letters that are less likely for the best word may be English, whether anybody says so or not.
-inline constexpr double leastSinhala = 1e-4;
+/// So many letters that are less likely for the best word, which is not even a quarter for each, may be
+/// English, whether anybody says so or not. Who types the keys of the scheme is above that.
+constexpr double leastSinhala(std::size_t typed) noexcept {
+    double least = 1;
+    for (std::size_t each = 0; each < typed; ++each)
+        least /= 4;
+    return least;
+}
+
+/// The same bound as above for what is read as English, which can be written in many more ways.
+constexpr double leastLikelyEnglish(std::size_t typed) noexcept {
+    return std::max(leastLikely(typed), 1e-5);
+}
 
 /// How many of the English words that are typed mean the same word in Sinhala letters, and no Sinhala word
 /// that sounds as they are spelled.

@@ -16,11 +16,12 @@ constexpr double roundings = 1 + 1e-9;
 
 } // namespace
 
-ReadingSearch::ReadingSearch(ReadingTree& tree, const TypedReadings& typed, std::size_t limit)
+ReadingSearch::ReadingSearch(ReadingTree& tree, const TypedReadings& typed, std::size_t limit,
+                             double leastLikely)
     : tree_(tree),
       typed_(typed),
       limit_(limit),
-      leastLikely_(ReadingScore::leastLikely(typed.length())),
+      leastLikely_(leastLikely),
       scratch_(2 * (typed.length() + 1)) {}
 
 void ReadingSearch::expect(const std::vector<ReadWord>& likely) {

@@ -30,8 +30,9 @@ struct ReadWord {
 /// them, are opened. Gives exactly what reading every word gives.
 class ReadingSearch {
 public:
-    /// Views `typed`, which `tree` reads. The limit is at least 1.
-    ReadingSearch(ReadingTree& tree, const TypedReadings& typed, std::size_t limit);
+    /// Views `typed`, which `tree` reads. The limit is at least 1. Words for which what was typed is less
+    /// likely than `leastLikely` are none of the best.
+    ReadingSearch(ReadingTree& tree, const TypedReadings& typed, std::size_t limit, double leastLikely);
 
     /// Words of the lists that are good guesses, such as the best of nearly the same letters, each once: what
     /// they are worth is a bound from the start. May only be called before `words`.

@@ -22,8 +22,8 @@ void keepBest(std::vector<ReadWord>& found, std::size_t limit) {
 }
 
 /// Not as any Sinhala word that people would write so.
-bool readsBadly(const std::vector<ReadWord>& best) {
-    return best.empty() || best.front().score < best.front().prior * ReadingScore::leastSinhala;
+bool readsBadly(const std::vector<ReadWord>& best, std::size_t typed) {
+    return best.empty() || best.front().score < best.front().prior * ReadingScore::leastSinhala(typed);
 }
 
 std::size_t lengthOfSame(std::string_view left, std::string_view right) {
@@ -67,7 +67,7 @@ void WordReading::find(std::size_t same, std::size_t limit, bool mayBeEnglish) {
     typed_.emplace(letters_, readings_);
     tree_.read(*typed_, same);
     std::vector<ReadWord> words = listed(limit);
-    if (mayBeEnglish || readsBadly(words)) {
+    if (mayBeEnglish || readsBadly(words, letters_.size())) {
         addEnglish(words, limit);
         keepBest(words, limit);
     }
@@ -82,7 +82,7 @@ void WordReading::find(std::size_t same, std::size_t limit, bool mayBeEnglish) {
 
 /// Most of the best words were among the best a letter ago.
 std::vector<ReadWord> WordReading::listed(std::size_t limit) {
-    ReadingSearch search(tree_, *typed_, limit);
+    ReadingSearch search(tree_, *typed_, limit, ReadingScore::leastLikely(typed_->length()));
     std::vector<ReadWord> likely = found_.back().words;
     std::erase_if(likely, [](const ReadWord& each) { return each.word.empty(); });
     search.expect(likely);
@@ -95,7 +95,7 @@ void WordReading::addEnglish(std::vector<ReadWord>& words, std::size_t limit) co
     const TypedReadings typed(letters_, LetterReadings::ofEnglish());
     ReadingTree tree(list_->words, personal_ ? &(*personal_)->words : nullptr);
     tree.read(typed, 0);
-    ReadingSearch search(tree, typed, limit);
+    ReadingSearch search(tree, typed, limit, ReadingScore::leastLikelyEnglish(typed.length()));
     if (!words.empty())
         search.expectAbove(words.front().score * ReadingScore::leastListed / ReadingScore::englishShare);
     if (words.size() == limit)

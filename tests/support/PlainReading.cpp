@@ -91,8 +91,8 @@ double leastLikely(std::string_view typed) {
     return found == ofShortWords.end() ? 1e-8 : found->second;
 }
 
-double offered(double likely, std::string_view typed) {
-    return likely >= leastLikely(typed) ? likely : 0;
+double offered(double likely, double least) {
+    return likely >= least ? likely : 0;
 }
 
 } // namespace
@@ -133,13 +133,18 @@ std::vector<std::string> wordsTyped(const std::vector<WordCount>& words, const s
                                     const std::string& typed, std::size_t limit,
                                     const LetterReadings& readings, bool mayBeEnglish) {
     const Table all = bothOf(tableOf(words), tableOf(own));
-    std::vector<Ranked> ranked = rankedBy(
-        all, [&](const auto& letters) { return offered(likelihood(letters, typed, readings), typed); });
-    if (mayBeEnglish || ranked.empty() || ranked.front().likely < 1e-4)
-        ranked = rankedBy(all, [&](const auto& letters) {
-            return std::max(offered(likelihood(letters, typed, readings), typed),
-                            0.1 * offered(likelihood(letters, typed, LetterReadings::ofEnglish()), typed));
-        });
+    const auto asSinhala = [&](const auto& letters) {
+        return offered(likelihood(letters, typed, readings), leastLikely(typed));
+    };
+    const auto asEnglish = [&](const auto& letters) {
+        return offered(likelihood(letters, typed, LetterReadings::ofEnglish()),
+                       std::max(leastLikely(typed), 1e-5));
+    };
+    std::vector<Ranked> ranked = rankedBy(all, asSinhala);
+    if (mayBeEnglish || ranked.empty() ||
+        ranked.front().likely < std::pow(0.25, static_cast<double>(typed.size())))
+        ranked = rankedBy(
+            all, [&](const auto& letters) { return std::max(asSinhala(letters), 0.1 * asEnglish(letters)); });
     std::vector<std::string> best;
     for (const Ranked& each : ranked)
         if (best.size() < limit && each.score >= ranked.front().score * 1e-5)
