@@ -89,9 +89,10 @@ void CandidateTyping::setSuggesting(bool on) {
 }
 
 void CandidateTyping::setLearning(bool on) {
+    if (on == isLearning_)
+        return;
     isLearning_ = on;
-    if (!on)
-        last_.reset();
+    last_.reset();
 }
 
 bool CandidateTyping::needsCandidates(const KeyEvent& event) const {
@@ -101,6 +102,8 @@ bool CandidateTyping::needsCandidates(const KeyEvent& event) const {
 TypingStep CandidateTyping::press(const KeyEvent& event, const SinglishTransliterator& transliterator) {
     if (event.type != KeyEvent::keyDown)
         return {};
+    if (!isSuggesting_ && !isLearning_ && !line_.isShown())
+        return {typing_.press(event, transliterator), {}};
     std::optional<Lesson> undone = this->undone(event);
     TypingStep step;
     if (line_.isShown())

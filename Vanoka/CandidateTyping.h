@@ -116,11 +116,11 @@ private:
     void beginAnew();
 
     Typing typing_;
-    CandidateLine line_;
-    std::uint64_t generation_ = 0; ///< of what is typed
-    std::uint64_t answered_ = 0;   ///< the newest generation whose candidates have come
     bool isSuggesting_ = false;
     bool isLearning_ = false;
+    CandidateLine line_;
+    std::uint64_t generation_ = 0;      ///< of what is typed
+    std::uint64_t answered_ = 0;        ///< the newest generation whose candidates have come
     std::optional<CommittedWord> last_; ///< learnt with the key before
 };
 
