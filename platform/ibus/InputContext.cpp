@@ -3,7 +3,6 @@
 #include "Keysym.h"
 
 #include <array>
-#include <thread>
 #include <utility>
 
 namespace vanoka::ibus {
@@ -209,8 +208,9 @@ void InputContext::updateCandidatesLater() {
     const auto update = [](gpointer context) -> gboolean {
         auto& self = *static_cast<InputContext*>(context);
         self.update_ = 0;
-        // The threads that bring the answer on its way may wait for this processor.
-        std::this_thread::yield();
+        // A thread of the connection writes the answer, and may wait for this processor.
+        g_dbus_connection_flush_sync(ibus_service_get_connection(IBUS_SERVICE(&self.engine_)), nullptr,
+                                     nullptr);
         self.updateCandidates();
         return G_SOURCE_REMOVE;
     };
