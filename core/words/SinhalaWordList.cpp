@@ -81,9 +81,9 @@ std::vector<std::string> ranked(Matches spelled, Matches abbreviated, std::int64
         return {};
     std::ranges::stable_sort(all.begin() + 1, all.end(), std::ranges::greater(), &Match::score);
     std::vector<std::string> words;
-    std::set<std::string_view, text::CanonicalLess> known;
+    std::set<std::string> known; // composed once, instead of at every comparison
     for (const Match& match : all)
-        if (static_cast<std::int64_t>(words.size()) < limit && known.insert(match.word).second)
+        if (static_cast<std::int64_t>(words.size()) < limit && known.insert(text::nfc(match.word)).second)
             words.push_back(match.word);
     return words;
 }

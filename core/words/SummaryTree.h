@@ -85,7 +85,7 @@ public:
             const Node node = heap_.back();
             heap_.pop_back();
             if (node.level == 0)
-                return Item{node.most, static_cast<std::uint32_t>(node.start)};
+                return Item{node.most, node.start};
             pushBelow(node);
         }
         return std::nullopt;
@@ -99,8 +99,8 @@ private:
 
     struct Node {
         std::int64_t most = 0;   // of what stands here or below
-        std::uint64_t start = 0; // the first position below
-        unsigned level = 0;
+        std::uint32_t start = 0; // the first position below
+        std::uint32_t level = 0;
     };
 
     /// What stands further in front comes first among equals. That is exact for summaries, too: all below one
@@ -114,9 +114,10 @@ private:
     }
 
     void push(unsigned level, std::size_t index) {
-        const std::uint64_t start = std::uint64_t{index} << (bits * level);
+        const auto start =
+            static_cast<std::uint32_t>(index << (bits * level)); // no position lies beyond these
         if (level == 0) {
-            heap_.push_back({countAt_(static_cast<std::uint32_t>(start)), start, level});
+            heap_.push_back({countAt_(start), start, level});
         } else {
             const Summary& summary = tree_.summary(level, index);
             if (!admits_(summary))
@@ -129,7 +130,7 @@ private:
     /// Those of the eight below that reach into the range.
     void pushBelow(const Node& node) {
         const unsigned level = node.level - 1;
-        const std::size_t index = static_cast<std::size_t>(node.start >> (bits * level));
+        const std::size_t index = indexAt(node.start, level);
         const std::size_t from = std::max(index, indexAt(first_, level));
         const std::size_t to = std::min(index + fanOut - 1, indexAt(end_ - 1, level));
         for (std::size_t i = from; i <= to; ++i)
