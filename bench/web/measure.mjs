@@ -97,32 +97,44 @@ async function inNode(native) {
 async function inBrowser() {
     const { server, address } = await serve(`${top}platform/web/dist/page`);
     const browser = await chromium.launch({ executablePath: process.env.CHROMIUM ?? "/usr/bin/chromium", headless: true, args: ["--no-sandbox", "--disable-gpu", "--disable-quic", "--disable-background-networking"] });
+    // What a driver puts into a page to look at it, a third of a megabyte, would be measured with the page.
+    const typeFirst = async () => {
+        const root = document.documentElement, field = document.getElementById("text");
+        if (root.dataset.ready !== "typing")
+            await new Promise((done) => new MutationObserver(() => root.dataset.ready === "typing" && done()).observe(root, { attributes: true }));
+        field.focus();
+        field.dispatchEvent(new KeyboardEvent("keydown", { key: "k", bubbles: true, cancelable: true }));
+        return field.textContent;
+    };
     const open = async (throttle) => {
         const context = await browser.newContext({ viewport: { width: 390, height: 780 }, hasTouch: true, isMobile: true }), page = await context.newPage();
         const session = await context.newCDPSession(page);
+        await session.send("Page.enable");
         await session.send("Performance.enable", { timeDomain: "threadTicks" });
         await session.send("Emulation.setCPUThrottlingRate", { rate: throttle });
-        const before = (await session.send("Performance.getMetrics")).metrics.find((each) => each.name === "TaskDuration").value, start = Date.now();
-        await page.goto(address, { waitUntil: "commit" });
-        await page.waitForSelector("html[data-ready=typing]", { state: "attached" });
-        await page.evaluate(() => {
-            document.getElementById("text").focus();
-            document.getElementById("text").dispatchEvent(new KeyboardEvent("keydown", { key: "k", bubbles: true, cancelable: true }));
-        });
-        const wall = Date.now() - start;
-        const after = (await session.send("Performance.getMetrics")).metrics.find((each) => each.name === "TaskDuration").value;
-        return { page, context, session, cpu: (after - before) * 1000, wall };
+        const spent = async () => (await session.send("Performance.getMetrics")).metrics.find(({ name }) => name === "TaskDuration").value * 1000;
+        const before = await spent(), start = Date.now();
+        const parsed = new Promise((done) => session.once("Page.domContentEventFired", done));
+        await session.send("Page.navigate", { url: address });
+        await parsed;
+        const { result } = await session.send("Runtime.evaluate", { expression: `(${typeFirst})()`, awaitPromise: true });
+        if (result.value !== "\u0D9A\u0DCA")
+            throw new Error(`the first letter is ${JSON.stringify(result)}`);
+        return { page, context, session, wall: Date.now() - start, cpu: await spent() - before };
     };
-    const runs = [];
-    for (let times = 0; times < 5; ++times) {
-        const run = await open(1);
-        runs.push(run.cpu);
-        await run.context.close();
-    }
-    say("first letter, main thread's processor time, ms, best of 5", Math.min(...runs).toFixed(0), `<= 100; median ${at(sorted(runs), 0.5).toFixed(0)}`);
-    const slow = await open(6);
-    say("usable at sixfold throttling, wall, ms", slow.wall, "<= 1000 on a quiet machine");
-    await slow.context.close();
+    const first = async (throttle) => {
+        const runs = [];
+        for (let times = 0; times < 9; ++times) {
+            const { context, cpu, wall } = await open(throttle);
+            runs.push({ cpu, wall });
+            await context.close();
+        }
+        return { cpu: sorted(runs.map(({ cpu }) => cpu)), wall: sorted(runs.map(({ wall }) => wall)) };
+    };
+    const { cpu } = await first(1);
+    say("first letter, main thread's processor time, ms, median", at(cpu, 0.5).toFixed(0), `<= 100; ${cpu[0].toFixed(0)} to ${cpu.at(-1).toFixed(0)}`);
+    const { wall } = await first(6);
+    say("first letter at sixfold throttling, wall, ms, median", at(wall, 0.5), `<= 1000 on a quiet machine; ${wall[0]} to ${wall.at(-1)}`);
 
     const { page, session, context } = await open(1);
     await page.waitForSelector("html[data-words=strokes]", { state: "attached" });

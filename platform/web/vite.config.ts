@@ -1,9 +1,20 @@
 import { fileURLToPath } from "node:url";
-import { defineConfig } from "vite";
+import { defineConfig, type Plugin } from "vite";
 
 const top = (path: string): string => fileURLToPath(new URL(`../../${path}`, import.meta.url));
 
+/// The module is fetched beside the script instead of after it.
+const preloadModule: Plugin = {
+    name: "preload-module",
+    transformIndexHtml: {
+        order: "post",
+        handler: (_, { bundle }) => Object.keys(bundle ?? {}).filter((name) => name.endsWith(".wasm")).map((name) =>
+            ({ tag: "link", attrs: { rel: "preload", as: "fetch", type: "application/wasm", href: `./${name}`, crossorigin: true }, injectTo: "head" })),
+    },
+};
+
 export default defineConfig({
+    plugins: [preloadModule],
     base: "./",
     publicDir: "public",
     resolve: {

@@ -38,8 +38,25 @@ function speakChosen(): void {
     speak(languageOf(preferences.language, navigator.languages));
 }
 
+interface Loaded {
+    readonly module: WebAssembly.Module;
+    readonly vanoka: Vanoka;
+}
+
+/// Nothing where this browser cannot do it.
+async function load(): Promise<Loaded | undefined> {
+    try {
+        const module = await WebAssembly.compileStreaming(fetch(moduleUrl)).catch(async () =>
+            WebAssembly.compile(await (await fetch(moduleUrl)).arrayBuffer()));
+        return { module, vanoka: await Vanoka.load(module) };
+    } catch {
+        return undefined;
+    }
+}
+
 /// Typing is there before the module is: the field takes plain text until then.
 async function start(): Promise<void> {
+    const loading = load(); // takes the longest, so that nothing comes before it
     speakChosen();
     const field = new EditableField(byId("text"));
     const drafts = await Drafts.open(() => showStatus(texts.noStorage));
@@ -51,23 +68,18 @@ async function start(): Promise<void> {
     field.element.setAttribute("aria-label", texts.text);
     field.element.dataset["placeholder"] = texts.placeholder;
 
-    let module: WebAssembly.Module;
-    let vanoka: Vanoka;
-    try {
-        module = await WebAssembly.compileStreaming(fetch(moduleUrl)).catch(async () =>
-            WebAssembly.compile(await (await fetch(moduleUrl)).arrayBuffer()));
-        vanoka = await Vanoka.load(module);
-    } catch {
+    const loaded = await loading;
+    if (!loaded) {
         showStatus(texts.noModule, true);
         return;
     }
-    assemble(field, module, vanoka);
+    assemble(field, loaded);
     if ("serviceWorker" in navigator && location.protocol.startsWith("http"))
         void navigator.serviceWorker.register("./sw.js").catch(() => undefined);
     document.documentElement.dataset["ready"] = "typing";
 }
 
-function assemble(field: EditableField, module: WebAssembly.Module, vanoka: Vanoka): void {
+function assemble(field: EditableField, { module, vanoka }: Loaded): void {
     const instance = instances(module, vanoka);
     const words = new WordService();
     const keys = new KeysStore(instance);
