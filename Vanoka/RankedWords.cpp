@@ -12,24 +12,23 @@ namespace vanoka {
 namespace {
 
 using Words = std::vector<std::string>;
-using KnownWords = std::set<std::string, text::CanonicalLess>;
 
 /// Words, each once, none of which is never offered.
 class Offer {
 public:
-    explicit Offer(const TypedWord& word, const NeverOffered& never) : never_(never), known_{word.preview} {}
+    explicit Offer(const TypedWord& word, const NeverOffered& never) : never_(never), known_{text::nfc(word.preview)} {}
 
     /// The first of `words` that are not there yet, until there are `most` in all.
     void add(const Words& words, std::size_t most) {
         for (const std::string& word : words)
-            if (words_.size() < most && !never_.holds(word) && known_.insert(word).second)
+            if (words_.size() < most && !never_.holds(word) && known_.insert(text::nfc(word)).second)
                 words_.push_back(word);
     }
     const Words& words() const { return words_; }
 
 private:
     const NeverOffered& never_;
-    KnownWords known_;
+    std::set<std::string> known_; // composed
     Words words_;
 };
 
