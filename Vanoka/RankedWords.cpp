@@ -16,7 +16,8 @@ using Words = std::vector<std::string>;
 /// Words, each once, none of which is never offered.
 class Offer {
 public:
-    explicit Offer(const TypedWord& word, const NeverOffered& never) : never_(never), known_{text::nfc(word.preview)} {}
+    explicit Offer(const TypedWord& word, const NeverOffered& never)
+        : never_(never), known_{text::nfc(word.preview)} {}
 
     /// The first of `words` that are not there yet, until there are `most` in all.
     void add(const Words& words, std::size_t most) {

@@ -1,5 +1,7 @@
 #include "WordTally.h"
 
+#include "MostUsed.h"
+
 #include <algorithm>
 #include <vector>
 
@@ -58,12 +60,9 @@ void keepMostUsed(Words& words) {
     constexpr auto most = static_cast<std::size_t>(LearntWords::most);
     if (words.size() <= most)
         return;
-    std::vector<typename Words::iterator> order;
-    for (auto word = words.begin(); word != words.end(); ++word)
-        order.push_back(word);
-    std::ranges::stable_sort(order, std::ranges::greater(), [](auto word) { return usesOf(word->second); });
+    const auto order = mostUsedFirst(words, [](const auto& use) { return usesOf(use); });
     for (std::size_t at = most; at < order.size(); ++at)
-        words.erase(order[at]);
+        words.erase(words.find(order[at]->first));
 }
 
 } // namespace

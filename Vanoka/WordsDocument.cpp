@@ -1,5 +1,6 @@
 #include "WordsDocument.h"
 
+#include "MostUsed.h"
 #include "text/Rows.h"
 
 #include <algorithm>
@@ -81,13 +82,7 @@ private:
 
 template <class Rows, class Uses>
 void writeRows(const Rows& rows, Uses usesOf, std::string& document, auto writeCounts) {
-    std::vector<typename Rows::const_pointer> order;
-    order.reserve(rows.size());
-    for (const auto& row : rows)
-        order.push_back(&row);
-    std::ranges::stable_sort(order, std::ranges::greater(),
-                             [&](const auto* row) { return usesOf(row->second); });
-    for (const auto* row : order) {
+    for (const auto* row : mostUsedFirst(rows, usesOf)) {
         document += row->first + '\t';
         writeCounts(row->second);
         document += '\n';

@@ -81,8 +81,9 @@ void decodeEach(benchmark::State& state, std::size_t count, Decode decode) {
 
 void swipeVanoka(benchmark::State& state) {
     const SwipeLayout layout(keyboard().layout());
+    SwipeMemory memory;
     decodeEach(state, 2000, [&](const Stroke& stroke) {
-        return decoder().wordsFor(stroke, layout, keyboard().keyWidth, limit, {});
+        return decoder().wordsFor(stroke, layout, keyboard().keyWidth, limit, {}, &memory);
     });
 }
 BENCHMARK(swipeVanoka)->Name("swipe/vanoka")->Iterations(3)->UseManualTime();
@@ -90,8 +91,9 @@ BENCHMARK(swipeVanoka)->Name("swipe/vanoka")->Iterations(3)->UseManualTime();
 void swipePeople(benchmark::State& state) {
     const SwipeLayout layout(keyboard().layout());
     const SwipeDecoder byPeople(views(words()), SwipeWeights::people);
+    SwipeMemory memory;
     decodeEach(state, 2000, [&](const Stroke& stroke) {
-        return byPeople.wordsFor(stroke, layout, keyboard().keyWidth, limit, {});
+        return byPeople.wordsFor(stroke, layout, keyboard().keyWidth, limit, {}, &memory);
     });
 }
 BENCHMARK(swipePeople)->Name("swipe/vanoka, the people's weights")->Iterations(1)->UseManualTime();
@@ -101,8 +103,9 @@ void swipePersonal(benchmark::State& state) {
     for (std::size_t i = 0; i < words().size(); i += words().size() / 2000)
         personal[words()[i].word] = static_cast<std::int64_t>(1 + i % 7);
     const SwipeLayout layout(keyboard().layout());
+    SwipeMemory memory;
     decodeEach(state, 2000, [&](const Stroke& stroke) {
-        return decoder().wordsFor(stroke, layout, keyboard().keyWidth, limit, personal);
+        return decoder().wordsFor(stroke, layout, keyboard().keyWidth, limit, personal, &memory);
     });
 }
 BENCHMARK(swipePersonal)->Name("swipe/vanoka, 2,000 personal words")->Iterations(1)->UseManualTime();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Calls.h"
+#include "swipe/SwipeMemory.h"
 #include "vanoka.h"
 #include "words/ReadingMemory.h"
 
@@ -25,7 +26,8 @@ struct Items {
 /// and has allocated nothing when it has been as much before.
 struct vanoka_answer {
     vanoka::c::Items given, next;
-    vanoka::ReadingMemory memory; ///< of the word whose candidates were asked for last
+    vanoka::ReadingMemory reading; ///< of the word whose candidates were asked for last
+    vanoka::SwipeMemory strokes;   ///< of the decoder and the layout that were asked last
 };
 
 namespace vanoka::c {

@@ -113,7 +113,7 @@ vanoka_status vanoka_candidates_find(const vanoka_candidates* candidates, const 
         const auto most = static_cast<std::size_t>(std::max(limit, 0));
         for (const Candidate& row :
              candidatesFor(word, candidates->lists, personal ? &personal->words : nullptr, most,
-                           candidates->readings, &answer->memory))
+                           candidates->readings, &answer->reading))
             addCandidate(reply, row);
         return vanoka_status{VANOKA_OK};
     });

@@ -104,11 +104,11 @@ void appendWords(std::string_view list, std::vector<SwipeDecoder::Word>& words) 
         words.push_back({word, largest});
 }
 
-SwipeDecoder decoderOf(const Lists& lists) {
+SwipeDecoder decoderOf(const Lists& lists, SwipeWeights weights) {
     std::vector<SwipeDecoder::Word> words;
     for (std::size_t at = 0; at < lists.count; ++at)
         appendWords(lists[at].view(), words);
-    return SwipeDecoder(words);
+    return SwipeDecoder(words, weights);
 }
 
 SwipeDecoder::Personal countsOf(std::string_view list) {
@@ -162,9 +162,26 @@ std::int64_t vanoka_counts_size(const vanoka_counts* counts) {
 
 vanoka_status vanoka_decoder_create(const char* const* lists, const std::size_t* sizes, std::size_t count,
                                     vanoka_decoder** decoder) {
+    return vanoka_decoder_create_weighing(lists, sizes, count, VANOKA_BY_DISTANCE, decoder);
+}
+
+vanoka_status vanoka_decoder_create_weighing(const char* const* lists, const std::size_t* sizes,
+                                             std::size_t count, vanoka_weights weights,
+                                             vanoka_decoder** decoder) {
     const Lists all = {lists, sizes, count};
+    const bool areByPeople = weights == VANOKA_BY_PEOPLE;
     return creating(
-        decoder, [&] { return problemOf(all); }, [&] { return new vanoka_decoder{decoderOf(all)}; });
+        decoder,
+        [&] {
+            const auto problem = problemOf(all);
+            return problem == VANOKA_OK && !areByPeople && weights != VANOKA_BY_DISTANCE
+                       ? vanoka_status{VANOKA_BAD_ARGUMENT}
+                       : problem;
+        },
+        [&] {
+            return new vanoka_decoder{
+                decoderOf(all, areByPeople ? SwipeWeights::people : SwipeWeights::specified)};
+        });
 }
 
 void vanoka_decoder_release(vanoka_decoder* decoder) {
@@ -199,7 +216,7 @@ vanoka_status vanoka_decoder_decode(const vanoka_decoder* decoder, const vanoka_
             stroke[at] = given[at];
         reply.addAll(VANOKA_WORD, decoder->decoder.wordsFor(stroke, layout->layout, key_width,
                                                             std::min(limit, VANOKA_MOST_RESULTS),
-                                                            counts ? counts->words : none));
+                                                            counts ? counts->words : none, &answer->strokes));
         return vanoka_status{VANOKA_OK};
     });
 }

@@ -428,6 +428,17 @@ typedef struct vanoka_decoder vanoka_decoder;
    cannot be swiped are left out. */
 VANOKA_API vanoka_status vanoka_decoder_create(const char* const* lists, const size_t* sizes, size_t count,
                                                vanoka_decoder** decoder);
+
+/* What makes one word likelier than another for a stroke: how far the stroke is from its path, and how often
+   it occurs, the same on every keyboard; or what was learnt from the strokes of many people, which
+   understands fingers better. */
+enum { VANOKA_BY_DISTANCE = 0, VANOKA_BY_PEOPLE = 1 };
+typedef int32_t vanoka_weights;
+
+/* The same with the weights to go by; without, VANOKA_BY_DISTANCE. VANOKA_BAD_ARGUMENT for others. */
+VANOKA_API vanoka_status vanoka_decoder_create_weighing(const char* const* lists, const size_t* sizes,
+                                                        size_t count, vanoka_weights weights,
+                                                        vanoka_decoder** decoder);
 VANOKA_API void vanoka_decoder_release(vanoka_decoder* decoder);
 /* The number of words that were not left out; 0 for null. */
 VANOKA_API int64_t vanoka_decoder_size(const vanoka_decoder* decoder);
@@ -436,7 +447,8 @@ VANOKA_API size_t vanoka_decoder_memory(const vanoka_decoder* decoder);
 /* The words that a stroke may have meant: at most `limit` items VANOKA_WORD, best first. `points` holds x and
    y of each of `count` points. `counts` may be null. None for a stroke of fewer than two points and for a
    limit below 1; VANOKA_BAD_ARGUMENT when a number is infinite or none, or `key_width` is not greater than 0.
- */
+   The first stroke over a layout takes some ten milliseconds longer: `answer` keeps 16 bytes for each word,
+   and the words, until it is released or given to another decoder. */
 VANOKA_API vanoka_status vanoka_decoder_decode(const vanoka_decoder* decoder, const vanoka_layout* layout,
                                                const double* points, size_t count, double key_width,
                                                int32_t limit, const vanoka_counts* counts,

@@ -97,8 +97,10 @@ private:
     void makeDecoder(std::string_view first, std::string_view second) {
         const std::array lists = {first.data(), second.data()};
         const std::array sizes = {first.size(), second.size()};
-        decoder_.make(
-            [&](auto** handle) { return vanoka_decoder_create(lists.data(), sizes.data(), 2, handle); });
+        const auto weights = static_cast<vanoka_weights>(input_.byte() % 3);
+        decoder_.make([&](auto** handle) {
+            return vanoka_decoder_create_weighing(lists.data(), sizes.data(), 2, weights, handle);
+        });
     }
 
     void makeLayout(std::string_view labels) {

@@ -72,12 +72,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const SwipeDecoder decoder(words);
     const test::plain::SwipeDecoder plain(words);
     fuzz::expect(decoder.count() == plain.count(), "the plain rules keep as many words");
-    fuzz::expect(decoder.wordsFor(stroke, keys, keyWidth, limit, personal) ==
-                     plain.wordsFor(stroke, keys, keyWidth, limit, personal),
+    const auto byDistance = plain.wordsFor(stroke, keys, keyWidth, limit, personal);
+    fuzz::expect(decoder.wordsFor(stroke, keys, keyWidth, limit, personal) == byDistance,
                  "the plain rules rank the same");
     const SwipeDecoder people(words, SwipeWeights::people);
-    fuzz::expect(people.wordsFor(stroke, keys, keyWidth, limit, personal) ==
-                     plain.wordsByPeople(stroke, keys, keyWidth, limit, personal),
+    const auto byPeople = plain.wordsByPeople(stroke, keys, keyWidth, limit, personal);
+    fuzz::expect(people.wordsFor(stroke, keys, keyWidth, limit, personal) == byPeople,
                  "and so they do with the people's weights");
+    const SwipeLayout layout(keys);
+    SwipeMemory memory;
+    fuzz::expect(decoder.wordsFor(stroke, layout, keyWidth, limit, personal, &memory) == byDistance &&
+                     people.wordsFor(stroke, layout, keyWidth, limit, personal, &memory) == byPeople,
+                 "and when more is known");
     return 0;
 }

@@ -50,7 +50,7 @@ function strokes(list, count) {
 async function inNode(native) {
     const vanoka = await Vanoka.load();
     const sinhala = vanoka.words(words);
-    const decoder = vanoka.decoder([words, english]);
+    const decoder = vanoka.decoder([words, english], "people"); // as the page has it
     vanoka.candidates({ words: sinhala, english: vanoka.english(english), emoji: vanoka.emoji(emoji) });
     say("memory with all lists and strokes, one instance, bytes", vanoka.module.memory, "<= 32 MiB");
     say("words in the decoder", decoder.size);

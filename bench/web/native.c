@@ -50,7 +50,7 @@ int main(int count, char **paths) {
             centers[2 * key + 1] = row;
         }
     if (vanoka_answer_create(&answer) || vanoka_words_create(texts[0], sizes[0], &words) ||
-        vanoka_decoder_create((const char *const *)texts, sizes, 2, &decoder) ||
+        vanoka_decoder_create_weighing((const char *const *)texts, sizes, 2, VANOKA_BY_PEOPLE, &decoder) ||
         vanoka_layout_create(labels, 26, centers, 26, &layout))
         return 1;
     for (line = strtok(texts[2], "\n"); line; line = strtok(NULL, "\n")) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 namespace vanoka {
@@ -19,6 +20,19 @@ public:
     explicit Lanes(float all) noexcept { quads_.fill(Quad{all, all, all, all}); }
     explicit Lanes(const Numbers& numbers) noexcept {
         std::memcpy(quads_.data(), numbers.data(), sizeof numbers);
+    }
+    explicit Lanes(const std::array<std::uint8_t, size>& bytes) noexcept {
+        for (std::size_t i = 0; i < size / 4; ++i) {
+            ByteQuad four;
+            std::memcpy(&four, bytes.data() + 4 * i, sizeof four);
+            quads_[i] = __builtin_convertvector(four, Quad);
+        }
+    }
+
+    Numbers numbers() const noexcept {
+        Numbers numbers;
+        std::memcpy(numbers.data(), quads_.data(), sizeof numbers);
+        return numbers;
     }
 
     friend Lanes operator+(const Lanes& left, const Lanes& right) noexcept {
@@ -48,8 +62,7 @@ public:
     }
 
     Lanes squareRoot() const noexcept {
-        Numbers roots;
-        std::memcpy(roots.data(), quads_.data(), sizeof roots);
+        Numbers roots = numbers();
         for (float& root : roots)
             root = std::sqrt(root);
         return Lanes(roots);
@@ -64,6 +77,7 @@ public:
 
 private:
     using Quad = float __attribute__((vector_size(16)));
+    using ByteQuad = std::uint8_t __attribute__((vector_size(4)));
 
     /// No vector is passed by value: how that is done differs where the machine may lack them.
     template <class Operation>

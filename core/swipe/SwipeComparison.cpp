@@ -15,33 +15,8 @@ constexpr std::size_t longestOnStack = 255; // keys
 /// tell what is near.
 constexpr float farthestPoint = 16;
 
-/// Longer spellings are rare and add up too many roundings.
-constexpr std::size_t longestBounded = 48; // keys
-
-/// What roundings in single precision may add to a bound: many times the largest that was seen. The first is
-/// in keyboard sizes, the second in steps between two points of the ideal path, for each key.
-constexpr float sizeRounding = 1e-4F;
-constexpr float stepRounding = 5e-4F;
-
-/// Where the blocks end: half a step after their last points.
-template <std::size_t blocks>
-constexpr auto blockEnds = [] {
-    std::array<float, blocks> ends{};
-    for (std::size_t block = 0; block < blocks; ++block) {
-        const std::size_t points = (block + 1) * SwipeCost::comparedPoints / blocks;
-        ends[block] = static_cast<float>(points) - 0.5F;
-    }
-    return ends;
-}();
-
-/// The blocks' point numbers added up: 0 + 1 + 2 + 3, 4 + 5 + 6 + 7, …
-template <std::size_t blocks>
-constexpr auto blockIndices = [] {
-    std::array<float, blocks> sums{};
-    for (std::size_t point = 0; point < SwipeCost::comparedPoints; ++point)
-        sums[point * blocks / SwipeCost::comparedPoints] += static_cast<float>(point);
-    return sums;
-}();
+constexpr auto pointsOfBlock = static_cast<float>(SwipePathSums::pointsOfBlock);
+constexpr auto pointsOfQuarter = static_cast<float>(SwipeCost::comparedPoints / SwipeOutline::quarters);
 
 } // namespace
 
@@ -51,27 +26,27 @@ SwipeComparison::SwipeComparison(std::span<const SwipePoint> stroke, const Swipe
         targetX_[k] = target_[k].x;
         targetY_[k] = target_[k].y;
     }
-    prepareBound();
+    prepareBounds();
 }
 
-void SwipeComparison::prepareBound() {
+void SwipeComparison::prepareBounds() {
     if (!layout_.size())
         return;
-    std::array<float, coarse> coarseX{}, coarseY{};
-    std::array<float, fine> fineX{}, fineY{};
+    std::array<float, blocks> sumsX{}, sumsY{};
+    std::array<float, quarters> gridX{}, gridY{};
     for (std::size_t k = 0; k < points; ++k) {
         const SwipeLayout::Position position = layout_.positionOf(target_[k]);
         if (!(std::abs(position.x) <= farthestPoint && std::abs(position.y) <= farthestPoint))
             return;
-        coarseX[k * coarse / points] += position.x;
-        coarseY[k * coarse / points] += position.y;
-        fineX[k * fine / points] += position.x;
-        fineY[k * fine / points] += position.y;
+        sumsX[k * blocks / points] += position.x;
+        sumsY[k * blocks / points] += position.y;
+        gridX[k * quarters / points] += SwipeOutline::onGrid(position.x) / pointsOfQuarter;
+        gridY[k * quarters / points] += SwipeOutline::onGrid(position.y) / pointsOfQuarter;
     }
-    coarseX_ = Lanes<coarse>(coarseX);
-    coarseY_ = Lanes<coarse>(coarseY);
-    fineX_ = Lanes<fine>(fineX);
-    fineY_ = Lanes<fine>(fineY);
+    sumsX_ = Lanes<blocks>(sumsX);
+    sumsY_ = Lanes<blocks>(sumsY);
+    gridX_ = Lanes<quarters>(gridX);
+    gridY_ = Lanes<quarters>(gridY);
     hasBound_ = true;
 }
 
@@ -132,87 +107,39 @@ double SwipeComparison::distance(std::string_view spelling, double atMost) const
     return sum / static_cast<double>(points);
 }
 
-/// An ideal path as where it turns.
-struct SwipeComparison::Turns {
-    SwipeLayout::Position start;
-    SwipeLayout::Leg firstLeg;
-    std::size_t count = 0;
-    std::array<float, longestBounded> arcs, x,
-        y; ///< how far along each turn is, and what it adds to the direction
-    float length = 0;
-
-    Turns(std::string_view spelling, const SwipeLayout& layout)
-        : start(layout.letterPosition(spelling[0])),
-          firstLeg(layout.leg(spelling[0], spelling[1])),
-          count(spelling.size() - 2),
-          length(firstLeg.length) {
-        SwipeLayout::Leg before = firstLeg;
-        for (std::size_t i = 0; i < count; ++i) {
-            const SwipeLayout::Leg leg = layout.leg(spelling[i + 1], spelling[i + 2]);
-            arcs[i] = length;
-            x[i] = leg.x - before.x;
-            y[i] = leg.y - before.y;
-            length += leg.length;
-            before = leg;
-        }
-    }
-};
+// Some neighbouring points of the stroke and of the ideal path are together at least as far apart as their
+// sums are: |a₁ − b₁| + … + |a₄ − b₄| ≥ |(a₁ + … + a₄) − (b₁ + … + b₄)|. The squares of the points' distances
+// are together at least the squares of the sums' distances over the points of a block. So the mean of all is
+// at least the mean of the distances of the blocks' middles, of either kind.
+template <SwipeComparison::Mean mean, std::size_t count>
+float SwipeComparison::meanOf(const Lanes<count>& x, const Lanes<count>& y) noexcept {
+    const Lanes<count> squares = x * x + y * y;
+    constexpr auto all = static_cast<float>(count);
+    return mean == Mean::plain ? squares.squareRoot().sum() / all : std::sqrt(squares.sum() / all);
+}
 
 template <SwipeComparison::Mean mean>
-double SwipeComparison::lowerBound(std::string_view spelling, double enough) const {
-    if (!hasBound_ || spelling.size() < 2 || spelling.size() > longestBounded)
+double SwipeComparison::boundOf(std::string_view spelling) const {
+    if (!hasBound_)
         return 0;
-    const Turns turns(spelling, layout_);
-    if (!(turns.length > 0))
+    const auto sums = SwipePathSums::of(spelling, layout_);
+    if (!sums)
         return 0;
-    const double first = boundOf<mean, coarse>(turns, coarseX_, coarseY_);
-    return first > enough ? first : boundOf<mean, fine>(turns, fineX_, fineY_);
+    const float apart = meanOf<mean>(sumsX_ - sums->x, sumsY_ - sums->y) / pointsOfBlock;
+    return static_cast<double>(apart - sums->rounding) * *layout_.size();
 }
 
-// Some neighbouring points of the stroke and of the ideal path are together at least as far apart as their
-// sums are: |a₁ − b₁| + … + |a₄ − b₄| ≥ |(a₁ + … + a₄) − (b₁ + … + b₄)|. The sums of the ideal path's points
-// need none of them. Measured in steps between two points, the path is at c + s·(e₀p + Σ κᵢ·max(0, p − aᵢ))
-// after p steps of length s: it starts at c in the direction e₀ and turns by κᵢ at its key i, which is aᵢ
-// steps along. Summing over the points of a block is nearly integrating from half a step before the first to
-// half a step after the last, and ∫ max(0, p − a) dp up to p is max(0, p − a)² ÷ 2.
-//
-// Integral and sum differ only for the one point within half a step of the turn, by at most |κᵢ| ÷ 8 steps;
-// |κᵢ| is at most 2. So all blocks together are off by at most a quarter of a step for each turn.
-//
-// The squares of the points' distances are together at least the squares of the blocks' sums over the points
-// of a block; what the sums are off by is off their root by no more than all blocks together are.
-template <SwipeComparison::Mean mean, std::size_t blocks>
-double SwipeComparison::boundOf(const Turns& turns, const Lanes<blocks>& targetX,
-                                const Lanes<blocks>& targetY) const {
-    using Blocks = Lanes<blocks>;
-    constexpr auto steps = static_cast<float>(points - 1);
-    constexpr std::size_t pointsOfBlock = points / blocks;
-    constexpr auto each = static_cast<float>(pointsOfBlock);
-    const float step = turns.length / steps, toSteps = steps / turns.length;
-
-    const Blocks ends(blockEnds<blocks>), indices(blockIndices<blocks>);
-    Blocks turnedX, turnedY; // twice the turns' integrals up to each block's end, in steps
-    for (std::size_t i = 0; i < turns.count; ++i) {
-        const Blocks past = (ends - Blocks(turns.arcs[i] * toSteps)).positive();
-        const Blocks square = past * past;
-        turnedX = turnedX + square * Blocks(turns.x[i]);
-        turnedY = turnedY + square * Blocks(turns.y[i]);
-    }
-
-    const Blocks x = targetX - Blocks(each * turns.start.x) - Blocks(step * turns.firstLeg.x) * indices -
-                     Blocks(step / 2) * turnedX.growth();
-    const Blocks y = targetY - Blocks(each * turns.start.y) - Blocks(step * turns.firstLeg.y) * indices -
-                     Blocks(step / 2) * turnedY.growth();
-    const auto count = static_cast<float>(turns.count + 1);
-    constexpr auto number = static_cast<float>(blocks);
-    const float apart = mean == Mean::plain ? (x * x + y * y).squareRoot().sum() - step * count / 4
-                                            : std::sqrt(number * (x * x + y * y).sum()) -
-                                                  std::sqrt(number) * step * count / 4;
-    const float bound = apart / static_cast<float>(points) - sizeRounding - count * step * stepRounding;
-    return static_cast<double>(bound) * *layout_.size();
+template <SwipeComparison::Mean mean>
+double SwipeComparison::boundOf(const SwipeOutline& outline) const {
+    if (!hasBound_ || !outline.isKnown())
+        return 0;
+    const float apart = meanOf<mean>(gridX_ - outline.x(), gridY_ - outline.y());
+    return static_cast<double>((apart - SwipeOutline::roundings) / SwipeOutline::lines) * *layout_.size();
 }
 
-template double SwipeComparison::lowerBound<SwipeComparison::Mean::plain>(std::string_view, double) const;
-template double SwipeComparison::lowerBound<SwipeComparison::Mean::square>(std::string_view, double) const;
+template double SwipeComparison::boundOf<SwipeComparison::Mean::plain>(std::string_view) const;
+template double SwipeComparison::boundOf<SwipeComparison::Mean::square>(std::string_view) const;
+template double SwipeComparison::boundOf<SwipeComparison::Mean::plain>(const SwipeOutline&) const;
+template double SwipeComparison::boundOf<SwipeComparison::Mean::square>(const SwipeOutline&) const;
 
 } // namespace vanoka

@@ -3,6 +3,8 @@
 #include "swipe/Lanes.h"
 #include "swipe/SwipeCost.h"
 #include "swipe/SwipeLayout.h"
+#include "swipe/SwipeOutlines.h"
+#include "swipe/SwipePathSums.h"
 
 #include <array>
 #include <cstddef>
@@ -26,36 +28,35 @@ public:
     double distance(std::string_view spelling, double atMost) const;
 
     /// A distance, in layout units, that `distance` is not below, roundings included; found in a fraction of
-    /// its time, and in less than that where a first guess is already more than `enough`. 0 or less when
-    /// nothing is known.
-    double lowerBound(std::string_view spelling, double enough) const {
-        return lowerBound<Mean::plain>(spelling, enough);
-    }
+    /// its time. 0 or less when nothing is known.
+    double lowerBound(std::string_view spelling) const { return boundOf<Mean::plain>(spelling); }
     /// The same for the root of the mean of the squared distances.
-    double lowerBoundOfSquares(std::string_view spelling, double enough) const {
-        return lowerBound<Mean::square>(spelling, enough);
-    }
+    double lowerBoundOfSquares(std::string_view spelling) const { return boundOf<Mean::square>(spelling); }
+
+    /// The same of a spelling's outline on the layout: a little less, found at once.
+    double lowerBound(const SwipeOutline& outline) const { return boundOf<Mean::plain>(outline); }
+    double lowerBoundOfSquares(const SwipeOutline& outline) const { return boundOf<Mean::square>(outline); }
 
 private:
     enum class Mean : std::uint8_t { plain, square };
     static constexpr std::size_t points = SwipeCost::comparedPoints;
-    static constexpr std::size_t coarse = 4, fine = 8; ///< into how many blocks the points are taken together
-    struct Turns;
+    static constexpr std::size_t blocks = SwipePathSums::blocks, quarters = SwipeOutline::quarters;
 
-    void prepareBound();
+    void prepareBounds();
     double plainDistance(std::string_view spelling) const;
+    template <Mean mean, std::size_t count>
+    static float meanOf(const Lanes<count>& x, const Lanes<count>& y) noexcept;
     template <Mean mean>
-    double lowerBound(std::string_view spelling, double enough) const;
-    template <Mean mean, std::size_t blocks>
-    double boundOf(const Turns& turns, const Lanes<blocks>& targetX, const Lanes<blocks>& targetY) const;
+    double boundOf(std::string_view spelling) const;
+    template <Mean mean>
+    double boundOf(const SwipeOutline& outline) const;
 
     const SwipeLayout& layout_;
     std::vector<SwipePoint> target_;
     std::array<double, points> targetX_{}, targetY_{};
     bool hasBound_ = false;
-    /// The target's points, added up by blocks.
-    Lanes<coarse> coarseX_, coarseY_;
-    Lanes<fine> fineX_, fineY_;
+    Lanes<blocks> sumsX_, sumsY_;   ///< the target's points, added up by blocks
+    Lanes<quarters> gridX_, gridY_; ///< the middles of its quarters, on the grid of outlines
 };
 
 } // namespace vanoka

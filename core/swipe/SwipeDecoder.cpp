@@ -1,6 +1,7 @@
 #include "swipe/SwipeDecoder.h"
 
 #include "swipe/SinglishSpelling.h"
+#include "swipe/SwipeOutlines.h"
 #include "swipe/SwipePeopleSearch.h"
 #include "swipe/SwipeSearch.h"
 
@@ -26,13 +27,19 @@ SwipeDecoder::SwipeDecoder(std::span<const Word> words, SwipeWeights weights)
     : lexicon_(std::make_shared<const SwipeLexicon>(words)), weights_(weights) {}
 
 std::vector<std::string> SwipeDecoder::wordsFor(std::span<const SwipePoint> stroke, const SwipeLayout& layout,
-                                                double keyWidth, std::int64_t limit,
-                                                const Personal& personal) const {
+                                                double keyWidth, std::int64_t limit, const Personal& personal,
+                                                SwipeMemory* memory) const {
     if (!canBeDecoded(stroke, keyWidth, limit))
         return {};
+    const SwipeOutlines* known = memory ? &outlines(*memory, layout) : nullptr;
     if (weights_ == SwipeWeights::people)
-        return SwipePeopleSearch(*lexicon_, layout, stroke, keyWidth, personal).words(held(limit));
-    return SwipeSearch(*lexicon_, layout, stroke, keyWidth, held(limit), personal).words();
+        return SwipePeopleSearch(*lexicon_, layout, stroke, keyWidth, personal, known).words(held(limit));
+    return SwipeSearch(*lexicon_, layout, stroke, keyWidth, held(limit), personal, known).words();
+}
+
+const SwipeOutlines& SwipeDecoder::outlines(SwipeMemory& memory, const SwipeLayout& layout) const {
+    const SwipeOutlines* known = memory.outlines_.get();
+    return known && known->isOf(lexicon_, layout) ? *known : memory.outlines_.make(lexicon_, layout);
 }
 
 std::vector<std::string> SwipeDecoder::wordsFor(std::span<const SwipePoint> stroke, const SwipeKeys& keys,

@@ -4,6 +4,7 @@
 #include "swipe/SwipeGeometry.h"
 #include "swipe/SwipeLayout.h"
 #include "swipe/SwipeLexicon.h"
+#include "swipe/SwipeMemory.h"
 #include "swipe/SwipePoint.h"
 #include "text/Equivalence.h"
 
@@ -52,8 +53,10 @@ public:
     ///
     /// With the people's weights eight keys near each end count, up to three key widths away; a count below 1
     /// is 1; and there are never more than `SwipeCost::People::lookedAt` words.
+    /// What `memory` knows of these words on this layout only saves time; of others it forgets.
     std::vector<std::string> wordsFor(std::span<const SwipePoint> stroke, const SwipeLayout& layout,
-                                      double keyWidth, std::int64_t limit, const Personal& personal) const;
+                                      double keyWidth, std::int64_t limit, const Personal& personal,
+                                      SwipeMemory* memory = nullptr) const;
 
     /// The same for a layout that is used once.
     std::vector<std::string> wordsFor(std::span<const SwipePoint> stroke, const SwipeKeys& keys,
@@ -71,6 +74,8 @@ public:
     Memory memory() const noexcept { return {lexicon_->poolSize(), lexicon_->overhead()}; }
 
 private:
+    const SwipeOutlines& outlines(SwipeMemory& memory, const SwipeLayout& layout) const;
+
     Shared<SwipeLexicon> lexicon_;
     SwipeWeights weights_;
 };

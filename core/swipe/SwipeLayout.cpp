@@ -37,6 +37,14 @@ bool SwipeLayout::hasAll(std::string_view spelling) const noexcept {
     return std::ranges::all_of(spelling, [this](char key) { return isThere_[indexOf(key)]; });
 }
 
+bool SwipeLayout::hasSameKeys(const SwipeLayout& other) const noexcept {
+    for (std::size_t letter = 0; letter < letters; ++letter)
+        if (isThere_[letter] != other.isThere_[letter] ||
+            (isThere_[letter] && letterCenters_[letter] != other.letterCenters_[letter]))
+            return false;
+    return true;
+}
+
 SwipeLayout::Position SwipeLayout::positionOf(SwipePoint point) const noexcept {
     const double size = size_.value_or(notANumber);
     return {static_cast<float>((point.x - middle_.x) / size),

@@ -24,6 +24,8 @@ public:
     SwipePoint center(char letter) const noexcept { return letterCenters_[indexOf(letter)]; }
     /// True when every key of the spelling, from a to z each, is on the layout.
     bool hasAll(std::string_view spelling) const noexcept;
+    /// True when it has the same letters' keys, in the same places.
+    bool hasSameKeys(const SwipeLayout& other) const noexcept;
     /// How far it is from one letter's key to another's.
     double distance(char from, char to) const noexcept {
         return distances_[indexOf(from) * letters + indexOf(to)];

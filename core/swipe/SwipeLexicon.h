@@ -59,6 +59,9 @@ public:
     /// The number of words that were not left out, equivalent ones each counted.
     std::size_t count() const noexcept { return count_; }
 
+    /// The number of words that are kept: what indices are below.
+    Index size() const noexcept { return static_cast<Index>(candidates_.size() - 1); }
+
     /// The words at home in a group: indices from `first` to before `last`, by falling count.
     struct Range {
         Index first = 0, last = 0;

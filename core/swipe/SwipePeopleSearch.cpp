@@ -23,9 +23,10 @@ constexpr double roundingOfScores = 1e-6;
 
 SwipePeopleSearch::SwipePeopleSearch(const SwipeLexicon& lexicon, const SwipeLayout& layout,
                                      std::span<const SwipePoint> stroke, double keyWidth,
-                                     const SwipeDecoder::Personal& personal)
+                                     const SwipeDecoder::Personal& personal, const SwipeOutlines* outlines)
     : lexicon_(lexicon),
       layout_(layout),
+      outlines_(outlines),
       keyWidth_(keyWidth),
       stroke_(stroke, layout, keyWidth),
       ends_{SwipeGeometry::nearestKeys(stroke.front(), layout.centers(), keyWidth, People::nearKeys,
@@ -39,15 +40,29 @@ std::vector<std::string> SwipePeopleSearch::words(std::size_t limit) {
     addPersonal();
     for (const auto& [endsCost, group] : groups())
         searchGroup(group, endsCost);
-    for (Candidate& each : best_)
-        each.score = stroke_.score(each.spelling, each.occurrences);
-    std::erase_if(best_, [](const Candidate& each) { return !std::isfinite(each.score); });
-    sortRange(best_, std::less());
+    scoreClosely(limit);
     std::vector<std::string> words;
     for (const Candidate& each : best_)
         if (words.size() < limit && std::ranges::find(words, each.word) == words.end())
             words.emplace_back(each.word);
     return words;
+}
+
+/// Those that may be among the best, whose order is that of their close scores then. A word has two
+/// spellings, so that as many words are above what twice as many spellings are.
+void SwipePeopleSearch::scoreClosely(std::size_t limit) {
+    sortRange(best_, std::less());
+    std::vector<double> scores;
+    for (Candidate& each : best_) {
+        const bool areEnough = scores.size() / 2 >= limit;
+        each.score =
+            stroke_.score(each.spelling, each.occurrences,
+                          areEnough ? scores[2 * limit - 1] : -std::numeric_limits<double>::infinity());
+        if (std::isfinite(each.score))
+            scores.insert(std::ranges::upper_bound(scores, each.score, std::greater()), each.score);
+    }
+    std::erase_if(best_, [](const Candidate& each) { return !std::isfinite(each.score); });
+    sortRange(best_, std::less());
 }
 
 std::vector<std::pair<double, EndKeys>> SwipePeopleSearch::groups() const {
@@ -100,14 +115,21 @@ bool SwipePeopleSearch::consider(Index index, EndKeys group, double endsCost, bo
     if (personal_.isListed(index))
         return true;
     const double most = std::sqrt(spare / People::firstMeanSquare) * keyWidth_;
+    const auto isFar = [&](const auto& shape) { return comparison_.lowerBoundOfSquares(shape) > most; };
+    const bool fullIsFar = outlines_ && isFar(outlines_->of(index).full);
+    const bool chatIsFar = outlines_ && isFar(outlines_->of(index).chat);
+    if (fullIsFar && chatIsFar)
+        return true;
     const SwipeLexicon::Entry entry = lexicon_.entry(index);
-    for (const std::string_view spelling : {entry.full, entry.chat}) {
-        const bool isHere =
-            isGuest ? spelling.data() != entry.full.data() : !spelling.empty() && EndKeys(spelling) == group;
-        if (isHere && layout_.hasAll(spelling) && !(comparison_.lowerBoundOfSquares(spelling, most) > most))
+    const auto consider = [&](std::string_view spelling, bool isChat) {
+        if (layout_.hasAll(spelling) && !isFar(spelling))
             add({stroke_.firstScore(spelling, occurrences, floor()), group.index(), lexicon_.order(index),
-                 spelling.data() != entry.full.data(), occurrences, entry.word, spelling});
-    }
+                 isChat, occurrences, entry.word, spelling});
+    };
+    if (!isGuest && !fullIsFar)
+        consider(entry.full, false);
+    if ((isGuest || (!entry.chat.empty() && EndKeys(entry.chat) == group)) && !chatIsFar)
+        consider(entry.chat, true);
     return true;
 }
 

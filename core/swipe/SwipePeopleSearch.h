@@ -24,10 +24,11 @@ namespace vanoka {
 /// Gives exactly what scoring every spelling of every group gives. Views all that it is made from.
 class SwipePeopleSearch {
 public:
-    /// The stroke has two points, the key width is greater than 0.
+    /// The stroke has two points, the key width is greater than 0. `outlines`, which may be null, are those
+    /// of the lexicon over the layout.
     SwipePeopleSearch(const SwipeLexicon& lexicon, const SwipeLayout& layout,
                       std::span<const SwipePoint> stroke, double keyWidth,
-                      const SwipeDecoder::Personal& personal);
+                      const SwipeDecoder::Personal& personal, const SwipeOutlines* outlines);
 
     /// At most `limit` words, and never more than are looked at closely.
     std::vector<std::string> words(std::size_t limit);
@@ -58,10 +59,12 @@ private:
     void searchGroup(EndKeys group, double endsCost);
     bool consider(Index index, EndKeys group, double endsCost, bool isGuest);
     void add(Candidate candidate);
+    void scoreClosely(std::size_t limit);
     double floor() const;
 
     const SwipeLexicon& lexicon_;
     const SwipeLayout& layout_;
+    const SwipeOutlines* outlines_;
     double keyWidth_;
     SwipeStroke stroke_;
     SwipeEndSets ends_;

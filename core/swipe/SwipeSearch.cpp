@@ -21,9 +21,10 @@ constexpr std::uint32_t afterAllGroups = EndKeys::count;
 
 SwipeSearch::SwipeSearch(const SwipeLexicon& lexicon, const SwipeLayout& layout,
                          std::span<const SwipePoint> stroke, double keyWidth, std::size_t limit,
-                         const Personal& personal)
+                         const Personal& personal, const SwipeOutlines* outlines)
     : lexicon_(lexicon),
       layout_(layout),
+      outlines_(outlines),
       keyWidth_(keyWidth),
       start_(stroke.front()),
       end_(stroke.back()),
@@ -91,11 +92,14 @@ bool SwipeSearch::consider(Index index) {
     const std::int64_t occurrences = lexicon_.occurrences(index);
     if (SwipeCost::bestScore(occurrences) < ranking_->floor())
         return false;
-    const SwipeLexicon::Entry entry = lexicon_.entry(index);
     const double most = reach(occurrences);
-    const bool isFar = comparison_.lowerBound(entry.full, most) > most &&
-                       (entry.chat.empty() || comparison_.lowerBound(entry.chat, most) > most);
-    if (isFar || personal_.isListed(index))
+    const auto isFar = [&](const auto& shape) { return comparison_.lowerBound(shape) > most; };
+    if (outlines_ && isFar(outlines_->of(index).full) && isFar(outlines_->of(index).chat))
+        return true;
+    const SwipeLexicon::Entry entry = lexicon_.entry(index);
+    if (isFar(entry.full) && (entry.chat.empty() || isFar(entry.chat)))
+        return true;
+    if (personal_.isListed(index))
         return true;
     const double away = keyWidthsAway(entry.full, entry.chat, most);
     if (away < infinity)

@@ -25,9 +25,10 @@ class SwipeSearch {
 public:
     using Personal = SwipeDecoder::Personal;
 
-    /// The stroke has a point, the key width is greater than 0, the limit at least 1.
+    /// The stroke has a point, the key width is greater than 0, the limit at least 1. `outlines`, which may
+    /// be null, are those of the lexicon over the layout.
     SwipeSearch(const SwipeLexicon& lexicon, const SwipeLayout& layout, std::span<const SwipePoint> stroke,
-                double keyWidth, std::size_t limit, const Personal& personal);
+                double keyWidth, std::size_t limit, const Personal& personal, const SwipeOutlines* outlines);
 
     std::vector<std::string> words();
 
@@ -50,6 +51,7 @@ private:
 
     const SwipeLexicon& lexicon_;
     const SwipeLayout& layout_;
+    const SwipeOutlines* outlines_;
     double keyWidth_;
     SwipePoint start_, end_;
     SwipeEndSets ends_;

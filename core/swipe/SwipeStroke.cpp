@@ -194,6 +194,10 @@ SwipeStroke::Legs SwipeStroke::legs(std::string_view spelling) const {
         return {infinity, infinity};
     std::array<SwipePoint, points + 1> keys;
     std::ranges::transform(spelling, keys.begin(), [this](char letter) { return key(letter); });
+    std::array<std::array<double, points>, points> off; // by leg, of each point
+    for (std::size_t leg = 0; leg < count; ++leg)
+        for (std::size_t i = 0; i < points; ++i)
+            off[leg][i] = squaredDistance(stroke_[i], keys[leg], keys[leg + 1]);
     std::array<Way, points> ways; // to the point that is done, on each leg
     for (std::size_t i = 0; i < points; ++i)
         for (std::size_t leg = std::min(i, count - 1) + 1; leg-- > 0;) {
@@ -206,19 +210,21 @@ SwipeStroke::Legs SwipeStroke::legs(std::string_view spelling) const {
                 if (turned.cost < way.cost)
                     way = turned;
             }
-            const double off = squaredDistance(stroke_[i], keys[leg], keys[leg + 1]);
-            way.cost += People::strayInLegs / points * off;
-            way.legs.stray += off / points;
+            way.cost += People::strayInLegs / points * off[leg][i];
+            way.legs.stray += off[leg][i] / points;
             ways[leg] = way;
         }
     return ways[count - 1].legs;
 }
 
-double SwipeStroke::score(std::string_view spelling, std::int64_t occurrences) const {
+double SwipeStroke::score(std::string_view spelling, std::int64_t occurrences, double atLeast) const {
+    const double most = People::frequency * frequency(occurrences) -
+                        People::distance * squared(meanDistance(spelling)) -
+                        endsCost(spelling.front(), spelling.back()) - People::slow * slow(spelling);
+    if (most < atLeast - roundings)
+        return -infinity;
     const Legs along = legs(spelling);
-    return People::frequency * frequency(occurrences) - People::distance * squared(meanDistance(spelling)) -
-           endsCost(spelling.front(), spelling.back()) - People::slow * slow(spelling) -
-           People::pass * along.pass - People::stray * along.stray;
+    return most - People::pass * along.pass - People::stray * along.stray;
 }
 
 } // namespace vanoka

@@ -30,7 +30,7 @@ public:
     double firstScore(std::string_view spelling, std::int64_t occurrences, double atLeast) const;
     /// The score by which those are ranked. Minus infinity for a spelling of more keys than a stroke has legs
     /// for, 33.
-    double score(std::string_view spelling, std::int64_t occurrences) const;
+    double score(std::string_view spelling, std::int64_t occurrences, double atLeast) const;
 
 private:
     static constexpr std::size_t points = SwipeCost::comparedPoints;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <memory>
+#include "support/CopiedEmpty.h"
 
 namespace vanoka {
 
@@ -10,16 +10,9 @@ class WordReading;
 /// of the time: see `TypedWords::wordsTyped`. Keeps the lists that it was about, and may take a megabyte or
 /// two. Its copies know nothing. Not to be shared between threads.
 class ReadingMemory {
-public:
-    ReadingMemory() noexcept;
-    ReadingMemory(const ReadingMemory& other) noexcept;
-    ReadingMemory& operator=(const ReadingMemory& other) noexcept;
-    ~ReadingMemory();
-
-private:
     friend class TypedWords;
 
-    std::unique_ptr<WordReading> reading_; ///< null when nothing is known
+    CopiedEmpty<WordReading> reading_;
 };
 
 } // namespace vanoka

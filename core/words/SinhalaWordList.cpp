@@ -1,6 +1,7 @@
 #include "words/SinhalaWordList.h"
 
 #include "support/Checked.h"
+#include "support/Sort.h"
 #include "text/Equivalence.h"
 #include "text/Rows.h"
 #include "words/CompactText.h"
@@ -57,7 +58,10 @@ Matches combined(std::vector<Matches> lists, std::int64_t limit) {
     Matches result;
     for (const auto& [word, total] : totals)
         result.push_back({total, word});
-    std::ranges::stable_sort(result, std::ranges::greater(), &Match::score);
+    sortRange(result, [](const Match& left, const Match& right) {
+        return left.score != right.score ? left.score > right.score
+                                         : text::CanonicalLess()(left.word, right.word);
+    });
     if (static_cast<std::int64_t>(result.size()) > limit)
         result.resize(static_cast<std::size_t>(limit));
     return result;
@@ -71,15 +75,13 @@ std::vector<std::string> wordsOf(Matches matches) {
     return words;
 }
 
-/// The best whole word stays first, or else the best abbreviated one; the rest of both go by score, each word
-/// once.
-std::vector<std::string> ranked(Matches spelled, Matches abbreviated, std::int64_t limit) {
-    Matches all = std::move(spelled);
-    all.insert(all.end(), std::make_move_iterator(abbreviated.begin()),
-               std::make_move_iterator(abbreviated.end()));
-    if (all.empty())
-        return {};
-    std::ranges::stable_sort(all.begin() + 1, all.end(), std::ranges::greater(), &Match::score);
+/// The best whole word stays first, or else the best abbreviated one; the rest of both, which come best
+/// first, go by score, each word once.
+std::vector<std::string> ranked(const Matches& spelled, const Matches& abbreviated, std::int64_t limit) {
+    Matches all(spelled.begin(), spelled.begin() + (spelled.empty() ? 0 : 1));
+    std::ranges::merge(spelled.begin() + std::ssize(all), spelled.end(), abbreviated.begin(),
+                       abbreviated.end(), std::back_inserter(all), std::ranges::greater(), &Match::score,
+                       &Match::score);
     std::vector<std::string> words;
     std::set<std::string> known; // composed once, instead of at every comparison
     for (const Match& match : all)
@@ -163,9 +165,9 @@ std::vector<std::string> SinhalaWordList::suggestionsFor(std::string_view text, 
     Matches spelled = combinedOf([&](const auto& list) { return list.spelledMatches(key, excluded, limit); });
     if (!CompactText::hasVirama(key))
         return wordsOf(std::move(spelled));
-    Matches abbreviated =
+    const Matches abbreviated =
         combinedOf([&](const auto& list) { return list.abbreviatedMatches(typed, excluded, limit); });
-    return ranked(std::move(spelled), std::move(abbreviated), limit);
+    return ranked(spelled, abbreviated, limit);
 }
 
 std::size_t SinhalaWordList::memory() const noexcept {

@@ -38,14 +38,6 @@ std::shared_ptr<const ReadingTables> tablesOf(const Shared<SinhalaWordIndex>& in
 
 } // namespace
 
-ReadingMemory::ReadingMemory() noexcept = default;
-ReadingMemory::ReadingMemory(const ReadingMemory&) noexcept {}
-ReadingMemory& ReadingMemory::operator=(const ReadingMemory&) noexcept {
-    reading_.reset();
-    return *this;
-}
-ReadingMemory::~ReadingMemory() = default;
-
 TypedWords::TypedWords(const SinhalaWordList& list, Unlisted unlisted)
     : tables_(tablesOf(list.index_, unlisted)) {}
 
@@ -55,10 +47,11 @@ std::vector<std::string> TypedWords::wordsTyped(std::string_view letters, std::i
     if (!canBeRead(letters) || limit < 1)
         return {};
     ReadingMemory own;
-    std::unique_ptr<WordReading>& reading = (memory ? *memory : own).reading_;
+    CopiedEmpty<WordReading>& known = (memory ? *memory : own).reading_;
     const auto added = personal ? std::optional(personal->tables_) : std::nullopt;
+    WordReading* reading = known.get();
     if (!reading || !reading->isOf(tables_, added, readings))
-        reading = std::make_unique<WordReading>(tables_, added, readings);
+        reading = &known.make(tables_, added, readings);
     return reading->words(text::lowercased(letters), held(limit), spelling == Spelling::sinhalaOrEnglish);
 }
 

@@ -440,6 +440,11 @@ TEST_F(BadStrokes, Decoders) {
     expectNoHandle<Decoder>(VANOKA_BAD_ARGUMENT, create, nothing.data(), sizes.data(), std::size_t{1});
     expectNoHandle<Decoder>(VANOKA_TOO_LARGE, create, lists.data(), sizes.data(), huge);
     expectNoHandle<Decoder>(VANOKA_TOO_LARGE, create, lists.data(), halves.data(), std::size_t{2});
+    for (const vanoka_weights bad : {-1, 2})
+        expectNoHandle<Decoder>(VANOKA_BAD_ARGUMENT, vanoka_decoder_create_weighing, lists.data(),
+                                sizes.data(), std::size_t{2}, bad);
+    expectNoHandle<Decoder>(VANOKA_BAD_ARGUMENT, vanoka_decoder_create_weighing, nullptr, sizes.data(),
+                            std::size_t{2}, vanoka_weights{2});
     Decoder* none = nullptr;
     EXPECT_EQ(create(nullptr, nullptr, 0, &none), VANOKA_OK);
     EXPECT_EQ(vanoka_decoder_size(none), 0);

@@ -373,6 +373,10 @@ static void swiping(void) {
     CHECK(vanoka_decoder_decode(decoder, layout, stroke, 4, 10, 9, counts, answer) == VANOKA_OK && count() > 1);
     CHECK(vanoka_decoder_decode(decoder, layout, stroke, 1, 10, 9, NULL, answer) == VANOKA_OK && count() == 0);
     vanoka_decoder_release(decoder);
+    CHECK(vanoka_decoder_create_weighing(texts, sizes, 2, VANOKA_BY_PEOPLE, &decoder) == VANOKA_OK);
+    CHECK(vanoka_decoder_decode(decoder, layout, stroke, 4, 10, 1, NULL, answer) == VANOKA_OK);
+    CHECK(count() == 1 && is(0, VANOKA_WORD, MAMA));
+    vanoka_decoder_release(decoder);
     vanoka_counts_release(counts);
     vanoka_layout_release(layout);
 }

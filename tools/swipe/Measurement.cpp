@@ -58,9 +58,10 @@ Measurement measure(const SwipeDecoder& decoder, std::span<const SwipeDecoder::W
     for (const SwipeDecoder::Word& word : words)
         listed.insert(word.word);
     Measurement measurement{.limit = limit};
+    SwipeMemory memory;
     for (const MeantStroke& stroke : strokes) {
         const double start = processorSeconds();
-        const auto found = decoder.wordsFor(stroke.points, layout, stroke.keyWidth, limit, personal);
+        const auto found = decoder.wordsFor(stroke.points, layout, stroke.keyWidth, limit, personal, &memory);
         measurement.seconds.push_back(processorSeconds() - start);
         judge(measurement, stroke.word, found, listed);
     }

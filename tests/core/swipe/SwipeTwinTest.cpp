@@ -5,6 +5,7 @@
 #include "swipe/SwipeSpellings.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -35,6 +36,7 @@ double oneWidthOf(const SwipeKeys& keys, SwipeRandoms& randoms) {
 
 TEST(SwipeTwin, TheRankingIsThatOfThePlainTwin) {
     SwipeRandoms randoms(1);
+    SwipeMemory memory; // of other words and layouts each round
     std::size_t found = 0;
     for (std::size_t round = 0; round < test::rounds(400); ++round) {
         const auto list = randoms.words(randoms.oneIn(4) ? 600 : 60);
@@ -52,6 +54,8 @@ TEST(SwipeTwin, TheRankingIsThatOfThePlainTwin) {
             const auto expected = twin.wordsFor(stroke, keys, width, limit, personal);
             ASSERT_EQ(decoder.wordsFor(stroke, layout, width, limit, personal), expected)
                 << "round " << round << ", query " << query;
+            ASSERT_EQ(decoder.wordsFor(stroke, layout, width, limit, personal, &memory), expected)
+                << "round " << round << ", query " << query;
             found += expected.size();
         }
     }
@@ -60,6 +64,7 @@ TEST(SwipeTwin, TheRankingIsThatOfThePlainTwin) {
 
 TEST(SwipeTwin, SoIsTheRankingByThePeoplesWeights) {
     SwipeRandoms randoms(5);
+    SwipeMemory memory;
     std::size_t found = 0;
     for (std::size_t round = 0; round < test::rounds(250); ++round) {
         const auto list = randoms.words(randoms.oneIn(4) ? 900 : 60);
@@ -76,6 +81,8 @@ TEST(SwipeTwin, SoIsTheRankingByThePeoplesWeights) {
             const auto expected = twin.wordsByPeople(stroke, keys, width, limit, personal);
             ASSERT_EQ(decoder.wordsFor(stroke, layout, width, limit, personal), expected)
                 << "round " << round << ", query " << query;
+            ASSERT_EQ(decoder.wordsFor(stroke, layout, width, limit, personal, &memory), expected)
+                << "round " << round << ", query " << query;
             found += expected.size();
         }
     }
@@ -91,12 +98,14 @@ TEST(SwipeTwin, ManyWordsByThePeoplesWeights) {
     const SwipeDecoder decoder(words, SwipeWeights::people);
     const test::plain::SwipeDecoder twin(words);
     const SwipeKeys keys = test::qwerty();
+    const SwipeLayout layout(keys);
+    SwipeMemory memory;
     for (std::size_t query = 0; query < test::rounds(60); ++query) {
         const auto stroke = randoms.stroke(keys);
         const auto personal = randoms.personal(list);
-        ASSERT_EQ(decoder.wordsFor(stroke, keys, 10, 80, personal),
-                  twin.wordsByPeople(stroke, keys, 10, 80, personal))
-            << "query " << query;
+        const auto expected = twin.wordsByPeople(stroke, keys, 10, 80, personal);
+        ASSERT_EQ(decoder.wordsFor(stroke, keys, 10, 80, personal), expected) << "query " << query;
+        ASSERT_EQ(decoder.wordsFor(stroke, layout, 10, 80, personal, &memory), expected) << "query " << query;
     }
 }
 
@@ -109,14 +118,43 @@ TEST(SwipeTwin, ManyWordsOnOneKeyboard) {
     const SwipeDecoder decoder(words);
     const test::plain::SwipeDecoder twin(words);
     const SwipeKeys keys = test::qwerty();
+    const SwipeLayout layout(keys);
+    SwipeMemory memory;
     for (std::size_t query = 0; query < test::rounds(150); ++query) {
         const auto stroke = randoms.stroke(keys);
         const auto personal = randoms.personal(list);
-        for (const std::int64_t limit : {1, 5})
-            ASSERT_EQ(decoder.wordsFor(stroke, keys, 10, limit, personal),
-                      twin.wordsFor(stroke, keys, 10, limit, personal))
+        for (const std::int64_t limit : {1, 5}) {
+            const auto expected = twin.wordsFor(stroke, keys, 10, limit, personal);
+            ASSERT_EQ(decoder.wordsFor(stroke, keys, 10, limit, personal), expected) << "query " << query;
+            ASSERT_EQ(decoder.wordsFor(stroke, layout, 10, limit, personal, &memory), expected)
                 << "query " << query;
+        }
     }
+}
+
+TEST(SwipeTwin, WhatIsKnownIsOfOneDecoderAndOneLayout) {
+    SwipeRandoms randoms(7);
+    std::size_t found = 0;
+    for (std::size_t round = 0; round < test::rounds(60); ++round) {
+        const auto list = randoms.words(200);
+        const std::array decoders = {SwipeDecoder(views(list)),
+                                     SwipeDecoder(views(list), SwipeWeights::people)};
+        std::array keys = {randoms.layout(), randoms.layout()};
+        for (auto& [label, center] : keys[1])
+            center.x = -center.x;
+        const std::array layouts = {SwipeLayout(keys[0]), SwipeLayout(keys[1])};
+        SwipeMemory memory;
+        for (int query = 0; query < 12; ++query) {
+            const std::size_t of = randoms.below(2), over = randoms.below(2);
+            const auto stroke = randoms.stroke(keys[over]);
+            const double width = oneWidthOf(keys[over], randoms);
+            const auto expected = decoders[of].wordsFor(stroke, layouts[over], width, 5, {});
+            ASSERT_EQ(decoders[of].wordsFor(stroke, layouts[over], width, 5, {}, &memory), expected)
+                << "round " << round << ", query " << query;
+            found += expected.size();
+        }
+    }
+    EXPECT_GT(found, test::rounds(600)) << "there was something to compare";
 }
 
 TEST(SwipeTwin, ADistanceIsThatOfTheResampledPathToTheLastBit) {
@@ -138,19 +176,20 @@ TEST(SwipeTwin, ADistanceIsThatOfTheResampledPathToTheLastBit) {
         const auto target = SwipeGeometry::resample(stroke, 32), ideal = SwipeGeometry::resample(path, 32);
         for (std::size_t i = 0; i < 32; ++i)
             squares += std::pow(SwipeGeometry::distance(target[i], ideal[i]), 2) / 32;
-        for (const double enough : {-1e300, plain, 1e300})
-            ASSERT_FALSE(comparison.lowerBoundOfSquares(spelling, enough) > std::sqrt(squares)) << spelling;
-        for (const double enough : {-1e300, plain, 1e300})
-            ASSERT_FALSE(comparison.lowerBound(spelling, enough) > plain) << round << " " << spelling;
+        const SwipeOutline outline(spelling, layout);
+        ASSERT_FALSE(comparison.lowerBoundOfSquares(spelling) > std::sqrt(squares)) << spelling;
+        ASSERT_FALSE(comparison.lowerBoundOfSquares(outline) > std::sqrt(squares)) << spelling;
+        ASSERT_FALSE(comparison.lowerBound(spelling) > plain) << round << " " << spelling;
+        ASSERT_FALSE(comparison.lowerBound(outline) > plain) << round << " " << spelling;
         EXPECT_TRUE(std::isnan(plain) || comparison.distance(spelling, plain) == plain);
     }
 }
 
-TEST(SwipeTwin, TheLowerBoundIsNearTheDistance) {
+TEST(SwipeTwin, TheLowerBoundsAreNearTheDistance) {
     SwipeRandoms randoms(4);
     const SwipeKeys keys = test::qwerty();
     const SwipeLayout layout(keys);
-    double bounds = 0, distances = 0;
+    double bounds = 0, ofOutlines = 0, distances = 0;
     for (int round = 0; round < 2000; ++round) {
         const std::string spelling = swipeSpellings(randoms.word()).full;
         const auto stroke = randoms.stroke(keys);
@@ -159,10 +198,12 @@ TEST(SwipeTwin, TheLowerBoundIsNearTheDistance) {
         if (spelling.size() < 2 || spelling.size() > 20 || stroke.size() < 2 || !isUsual)
             continue;
         const SwipeComparison comparison(stroke, layout);
-        bounds += std::max(0.0, comparison.lowerBound(spelling, 1e300));
+        bounds += std::max(0.0, comparison.lowerBound(spelling));
+        ofOutlines += std::max(0.0, comparison.lowerBound(SwipeOutline(spelling, layout)));
         distances += comparison.distance(spelling, std::numeric_limits<double>::infinity());
     }
-    EXPECT_GT(bounds, 0.85 * distances) << "a bound that says little excludes little";
+    EXPECT_GT(bounds, 0.9 * distances) << "a bound that says little excludes little";
+    EXPECT_GT(ofOutlines, 0.8 * distances);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 import { Module } from "./module.ts";
 import { Settings } from "./settings.ts";
-import { Decoder, Counts, Layout, type KeyPlace } from "./swipe.ts";
+import { Decoder, Counts, Layout, type KeyPlace, type Weights } from "./swipe.ts";
 import { Suggesting, Typing } from "./typing.ts";
 import { Candidates, Emoji, English, Learnt, Words, type CandidateSources, type List } from "./words.ts";
 
@@ -78,8 +78,8 @@ export class Vanoka {
         return new Counts(this.module, list);
     }
 
-    decoder(lists: readonly List[]): Decoder {
-        return new Decoder(this.module, lists);
+    decoder(lists: readonly List[], weights: Weights = "distance"): Decoder {
+        return new Decoder(this.module, lists, weights);
     }
 }
 

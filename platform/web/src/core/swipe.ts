@@ -26,11 +26,15 @@ export class Counts extends Handle {
     }
 }
 
+/// What makes one word likelier than another for a stroke: the distance from its path and its count, or what was
+/// learnt from the strokes of many people, which understands fingers better.
+export type Weights = "distance" | "people";
+
 /// The words that strokes are compared with, of lists whose counts are on one scale.
 export class Decoder extends Handle {
-    constructor(module: Module, lists: readonly List[]) {
+    constructor(module: Module, lists: readonly List[], weights: Weights) {
         super(module, module.withTexts(lists, (addresses, lengths) =>
-            module.create("decoder", addresses, lengths, lists.length)), "decoder");
+            module.place("decoder_create_weighing", addresses, lengths, lists.length, weights === "people" ? 1 : 0)), "decoder");
     }
 
     get size(): number {
@@ -41,7 +45,8 @@ export class Decoder extends Handle {
         return this.module.number("decoder_memory", this.id);
     }
 
-    /// The words that a stroke (x and y of each point) may have meant, best first.
+    /// The words that a stroke (x and y of each point) may have meant, best first. The first stroke over a layout takes
+    /// some ten milliseconds longer.
     decode(points: Float64Array, layout: Layout, keyWidth: number, limit: number, counts?: Counts): string[] {
         return this.module.ask("decoder_decode", this.id, layout.id, points, keyWidth, limit, counts?.id ?? 0)
             .map((item) => item.text);

@@ -40,7 +40,7 @@ export class Lists {
 
     /// What strokes are compared with.
     readStrokes(lists: readonly Uint8Array[]): void {
-        this.decoder = this.vanoka.decoder(lists);
+        this.decoder = this.vanoka.decoder(lists, "people");
     }
 
     /// By what a question asks.

@@ -1,0 +1,47 @@
+#include "swipe/SwipeOutlines.h"
+
+#include "swipe/SwipePathSums.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vanoka {
+
+namespace {
+
+constexpr float mostRounding = 0.25F / SwipeOutline::lines;
+
+using Sums = std::array<float, SwipePathSums::blocks>;
+
+std::uint8_t middleOnGrid(const Sums& sums, std::size_t quarter) noexcept {
+    constexpr std::size_t blocks = SwipePathSums::blocks / SwipeOutline::quarters;
+    static_assert(blocks == 2);
+    const float sum = sums[quarter * blocks] + sums[quarter * blocks + 1];
+    const float middle = sum / static_cast<float>(blocks * SwipePathSums::pointsOfBlock);
+    return static_cast<std::uint8_t>(std::clamp(SwipeOutline::onGrid(middle) + 0.5F, 0.0F, 255.0F));
+}
+
+} // namespace
+
+SwipeOutline::SwipeOutline(std::string_view spelling, const SwipeLayout& layout) noexcept {
+    const auto sums = SwipePathSums::of(spelling, layout);
+    if (!sums || !(sums->rounding <= mostRounding))
+        return;
+    const Sums x = sums->x.numbers(), y = sums->y.numbers();
+    for (std::size_t quarter = 0; quarter < quarters; ++quarter) {
+        x_[quarter] = middleOnGrid(x, quarter);
+        y_[quarter] = middleOnGrid(y, quarter);
+    }
+}
+
+SwipeOutlines::SwipeOutlines(Shared<SwipeLexicon> lexicon, const SwipeLayout& layout)
+    : lexicon_(std::move(lexicon)), layout_(layout) {
+    outlines_.reserve(lexicon_->size());
+    for (SwipeLexicon::Index index = 0; index < lexicon_->size(); ++index) {
+        const SwipeLexicon::Entry entry = lexicon_->entry(index);
+        const SwipeOutline full(entry.full, layout);
+        outlines_.push_back({full, entry.chat.empty() ? full : SwipeOutline(entry.chat, layout)});
+    }
+}
+
+} // namespace vanoka
