@@ -1,6 +1,7 @@
-import type { Candidates, Decoder, KeyPlace, Layout, Settings, Vanoka } from "../core/index.ts";
+import type { Candidates, Settings, Vanoka } from "../core/index.ts";
 import type { LearntStore } from "./LearntStore.ts";
 import type { Answers, Question, Start } from "./protocol.ts";
+import { Strokes } from "./Strokes.ts";
 
 /// How many letters tell how likely the next one of an unlisted word is: six would take megabytes more.
 const lettersBefore = 4;
@@ -8,8 +9,7 @@ const lettersBefore = 4;
 /// The lists in one instance of the module, what was learnt, and what is asked of them.
 export class Lists {
     candidates: Candidates;
-    decoder: Decoder | undefined;
-    layout: Layout | undefined;
+    readonly strokes: Strokes;
     #keys: Settings | undefined; // the user's own
     #hasReading = false;
     #forgotten: Promise<unknown> = Promise.resolve(); // a word that is being forgotten is offered no more
@@ -17,17 +17,18 @@ export class Lists {
     /// `taught` tells others with the same store.
     constructor(readonly vanoka: Vanoka, readonly learnt: LearntStore, readonly taught: () => void) {
         this.candidates = vanoka.candidates({});
+        this.strokes = new Strokes(vanoka, learnt);
     }
 
-    /// What candidates come from. Returns the lists whose words can be swiped.
-    async readWords(lists: Start["lists"]): Promise<Uint8Array[]> {
+    /// What candidates come from. What is returned makes them ready for strokes.
+    async readWords(lists: Start["lists"]): Promise<() => void> {
         const [words, english, emoji, never] = await Promise.all([lists.words, lists.english, lists.emoji, lists.never].map(listAt));
         const { vanoka } = this;
         const sources = { words: vanoka.words(words!), english: vanoka.english(english!), emoji: vanoka.emoji(emoji!) };
         this.candidates = vanoka.candidates({ ...sources, never: never! });
         for (const source of Object.values(sources))
             source.release(); // the candidates keep them
-        return [words!, english!];
+        return () => this.strokes.read([words!, english!], never!);
     }
 
     /// Candidates are found by what people mean who follow no scheme, from then on.
@@ -38,20 +39,17 @@ export class Lists {
         this.#hasReading = true;
     }
 
-    /// What strokes are compared with.
-    readStrokes(lists: readonly Uint8Array[]): void {
-        this.decoder = this.vanoka.decoder(lists, "people");
-    }
-
     /// By what a question asks.
     readonly answers: { [What in Question["what"]]: (question: Extract<Question, { what: What }>) => Answers[What] | Promise<Answers[What]> } = {
         find: async ({ word, limit }) => {
             await this.#forgotten;
             return this.candidates.find(word, limit, this.learnt.personal);
         },
-        decode: ({ points, keyWidth, limit }) =>
-            this.decoder && this.layout ? this.decoder.decode(points, this.layout, keyWidth, limit) : [],
-        layout: ({ keys }) => this.#adopt(keys),
+        decode: ({ points, keyWidth, limit }) => this.strokes.decode(points, keyWidth, limit),
+        layout: ({ keys }) => {
+            this.strokes.adopt(keys);
+            return true;
+        },
         keys: ({ document }) => this.adoptKeys(document),
         teach: async ({ lesson }) => {
             const taught = this.learnt.teach(lesson);
@@ -81,12 +79,6 @@ export class Lists {
         this.#keys.load(document);
         if (this.#hasReading)
             this.readReading();
-        return true;
-    }
-
-    #adopt(keys: readonly KeyPlace[]): true {
-        this.layout?.release();
-        this.layout = this.vanoka.layout(keys);
         return true;
     }
 }

@@ -19,13 +19,13 @@ async function start(message: Start): Promise<Lists> {
 }
 
 async function read(lists: Lists, message: Start): Promise<void> {
-    const swiped = await lists.readWords(message.lists);
+    const readStrokes = await lists.readWords(message.lists);
     say({ ready: "words" });
     const whatWasAsked = (): Promise<void> => new Promise((resolve) => setTimeout(resolve)); // it goes first
     await whatWasAsked();
     lists.readReading();
     await whatWasAsked();
-    lists.readStrokes(swiped);
+    readStrokes();
     say({ ready: "strokes" });
 }
 
