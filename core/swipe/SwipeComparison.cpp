@@ -16,7 +16,8 @@ constexpr std::size_t longestOnStack = 255; // keys
 constexpr float farthestPoint = 16;
 
 constexpr auto pointsOfBlock = static_cast<float>(SwipePathSums::pointsOfBlock);
-constexpr auto pointsOfQuarter = static_cast<float>(SwipeCost::comparedPoints / SwipeOutline::quarters);
+constexpr auto pointsOfQuarter =
+    static_cast<float>(SwipeCost::comparedPoints) / static_cast<float>(SwipeOutline::quarters);
 
 } // namespace
 

@@ -3,7 +3,6 @@
 #include "swipe/SwipePathSums.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace vanoka {
 
@@ -34,8 +33,8 @@ SwipeOutline::SwipeOutline(std::string_view spelling, const SwipeLayout& layout)
     }
 }
 
-SwipeOutlines::SwipeOutlines(Shared<SwipeLexicon> lexicon, const SwipeLayout& layout)
-    : lexicon_(std::move(lexicon)), layout_(layout) {
+SwipeOutlines::SwipeOutlines(const Shared<SwipeLexicon>& lexicon, const SwipeLayout& layout)
+    : lexicon_(lexicon), layout_(layout) {
     outlines_.reserve(lexicon_->size());
     for (SwipeLexicon::Index index = 0; index < lexicon_->size(); ++index) {
         const SwipeLexicon::Entry entry = lexicon_->entry(index);

@@ -51,7 +51,7 @@ private:
 class SwipeOutlines {
 public:
     /// Takes some ten milliseconds for a hundred thousand words.
-    SwipeOutlines(Shared<SwipeLexicon> lexicon, const SwipeLayout& layout);
+    SwipeOutlines(const Shared<SwipeLexicon>& lexicon, const SwipeLayout& layout);
 
     bool isOf(const Shared<SwipeLexicon>& lexicon, const SwipeLayout& layout) const noexcept {
         return lexicon_ == lexicon && layout_.hasSameKeys(layout);
