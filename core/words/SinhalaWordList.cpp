@@ -77,16 +77,19 @@ std::vector<std::string> wordsOf(Matches matches) {
 
 /// The best whole word stays first, or else the best abbreviated one; the rest of both, which come best
 /// first, go by score, each word once.
-std::vector<std::string> ranked(const Matches& spelled, const Matches& abbreviated, std::int64_t limit) {
-    Matches all(spelled.begin(), spelled.begin() + (spelled.empty() ? 0 : 1));
-    std::ranges::merge(spelled.begin() + std::ssize(all), spelled.end(), abbreviated.begin(),
-                       abbreviated.end(), std::back_inserter(all), std::ranges::greater(), &Match::score,
-                       &Match::score);
+std::vector<std::string> ranked(Matches spelled, Matches abbreviated, std::int64_t limit) {
+    const auto goFrom = [](auto place) { return std::make_move_iterator(place); };
+    const auto first = spelled.empty() ? spelled.begin() : spelled.begin() + 1;
+    Matches all(goFrom(spelled.begin()), goFrom(first));
+    all.reserve(spelled.size() + abbreviated.size());
+    std::merge(goFrom(first), goFrom(spelled.end()), goFrom(abbreviated.begin()), goFrom(abbreviated.end()),
+               std::back_inserter(all),
+               [](const Match& left, const Match& right) { return left.score > right.score; });
     std::vector<std::string> words;
     std::set<std::string> known; // composed once, instead of at every comparison
-    for (const Match& match : all)
+    for (Match& match : all)
         if (static_cast<std::int64_t>(words.size()) < limit && known.insert(text::nfc(match.word)).second)
-            words.push_back(match.word);
+            words.push_back(std::move(match.word));
     return words;
 }
 
@@ -165,9 +168,9 @@ std::vector<std::string> SinhalaWordList::suggestionsFor(std::string_view text, 
     Matches spelled = combinedOf([&](const auto& list) { return list.spelledMatches(key, excluded, limit); });
     if (!CompactText::hasVirama(key))
         return wordsOf(std::move(spelled));
-    const Matches abbreviated =
+    Matches abbreviated =
         combinedOf([&](const auto& list) { return list.abbreviatedMatches(typed, excluded, limit); });
-    return ranked(spelled, abbreviated, limit);
+    return ranked(std::move(spelled), std::move(abbreviated), limit);
 }
 
 std::size_t SinhalaWordList::memory() const noexcept {
