@@ -87,21 +87,24 @@ vanoka_status problemOf(const Lists& lists) {
     return VANOKA_OK;
 }
 
-/// Chat words rank with the commonest words of their list.
+/// Chat words rank with the commonest words of their list, also those that have a count of their own: of a
+/// word that stands twice the first counts.
 void appendWords(std::string_view list, std::vector<SwipeDecoder::Word>& words) {
     std::vector<std::string_view> chat;
+    std::vector<SwipeDecoder::Word> counted;
     std::int64_t largest = 1;
     text::forEachRow(ListReading::withoutByteOrderMark(list),
                      [&](std::string_view word, std::string_view field) {
                          if (field == EnglishWordList::chatField) {
                              chat.push_back(word);
                          } else if (const auto count = text::integer(field)) {
-                             words.push_back({word, *count});
+                             counted.push_back({word, *count});
                              largest = std::max(largest, *count);
                          }
                      });
     for (const std::string_view word : chat)
         words.push_back({word, largest});
+    words.insert(words.end(), counted.begin(), counted.end());
 }
 
 SwipeDecoder decoderOf(const Lists& lists, SwipeWeights weights) {

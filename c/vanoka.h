@@ -424,8 +424,8 @@ VANOKA_API int64_t vanoka_counts_size(const vanoka_counts* counts);
 typedef struct vanoka_decoder vanoka_decoder;
 
 /* Takes the words of `count` lists, Sinhala and English ones, whose counts are on one scale. Of a word that
-   stands in several places the first counts. Chat words have the largest count of their list. Words that
-   cannot be swiped are left out. */
+   stands in several lists the first counts. Chat words have the largest count of their list, also where they
+   have another. Words that cannot be swiped are left out. */
 VANOKA_API vanoka_status vanoka_decoder_create(const char* const* lists, const size_t* sizes, size_t count,
                                                vanoka_decoder** decoder);
 

@@ -378,6 +378,14 @@ static void swiping(void) {
     CHECK(count() == 1 && is(0, VANOKA_WORD, MAMA));
     vanoka_decoder_release(decoder);
     vanoka_counts_release(counts);
+
+    const char *chat[] = {"at\t5\nmama\t900\nat\tchat\natt\tchat\n"};
+    const size_t size = strlen(chat[0]);
+    const double short_stroke[] = {0, 0, 20, 0};
+    CHECK(vanoka_decoder_create(chat, &size, 1, &decoder) == VANOKA_OK);
+    CHECK(vanoka_decoder_decode(decoder, layout, short_stroke, 2, 10, 2, NULL, answer) == VANOKA_OK);
+    CHECK(count() == 2 && is(0, VANOKA_WORD, "at") && is(1, VANOKA_WORD, "att"));
+    vanoka_decoder_release(decoder);
     vanoka_layout_release(layout);
 }
 
