@@ -13,6 +13,10 @@ using People = SwipeCost::People;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
+/// Up to here a finger is as fast as on average: a stroke at an even pace, which no person draws, has no slow
+/// places, whatever roundings say.
+constexpr double evenPace = 1 + 1e-6;
+
 /// What is spared when a sum is given up early, so that no rounding decides.
 constexpr double roundings = 1e-6;
 
@@ -79,7 +83,7 @@ void SwipeStroke::measurePace(std::span<const SwipePoint> stroke) {
         const std::size_t from = i == 0 ? 0 : i - 1, to = std::min(i + 1, points - 1);
         const double even = static_cast<double>(to - from) / (points - 1);
         const double taken = times[to] - times[from];
-        slowness_[i] = taken > even ? 1 - even / taken : 0;
+        slowness_[i] = taken > even * evenPace ? 1 - even / taken : 0;
     }
 }
 

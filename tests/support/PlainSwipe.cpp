@@ -162,7 +162,7 @@ struct People {
         for (std::size_t i = 0; i < 32; ++i) {
             const std::size_t from = i == 0 ? 0 : i - 1, to = i == 31 ? 31 : i + 1;
             const double even = static_cast<double>(to - from) / 31, taken = times[to] - times[from];
-            slowness[i] = taken > even ? 1 - even / taken : 0;
+            slowness[i] = taken > even * (1 + 1e-6) ? 1 - even / taken : 0;
         }
     }
 

@@ -280,6 +280,23 @@ TEST(SwipeDecoderDeathTest, ACountThatOverflowsIsFatal) {
     EXPECT_EQ(decode(decoder, "mama", 5, {{"papa", mostCount}}), Words{"mama"}) << "never summed up";
 }
 
+/// Nobody draws such a stroke, but a machine does, and no rounding shall look like a place where a finger
+/// slowed.
+TEST(SwipeDecoder, AStrokeAtAnEvenPaceHasNoSlowPlaces) {
+    const SwipeKeys keys = test::qwerty();
+    const std::vector<SwipeDecoder::Word> words = {{"\u0DB8\u0DB8", 100},
+                                                   {"\u0DB8\u0DB1\u0DCA\u0DAF", 100}}; // mama, manda
+    const SwipeDecoder decoder(words, SwipeWeights::people);
+    const SwipePoint m = keys.at("m"), a = keys.at("a");
+    constexpr int steps = 12;
+    std::vector<SwipePoint> stroke = {m};
+    for (const auto& [from, to] : {std::pair(m, a), std::pair(a, m), std::pair(m, a)})
+        for (int step = 1; step <= steps; ++step)
+            stroke.push_back(
+                {from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps});
+    EXPECT_EQ(decoder.wordsFor(stroke, keys, 10, 1, {}), Words{"\u0DB8\u0DB8"});
+}
+
 } // namespace
 
 } // namespace vanoka
