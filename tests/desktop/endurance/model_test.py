@@ -1,0 +1,115 @@
+#!/usr/bin/python3
+"""The model's own test: model_test.py --build FOLDER."""
+
+import sys
+import unittest
+
+from model import Model
+from reading import Reading
+
+AMMA = "\u0d85\u0db8\u0dca\u0db8"
+KA, MA = "\u0d9a", "\u0db8"
+KRA = "\u0d9a\u0dca\u200d\u0dbb"
+TYPED, HOUSE, TO_HOUSE = "\u0d9c\u0dd9\u0da9\u0dca\u200d\u0dbb\u0dca", "\u0d9c\u0dd9\u0daf\u0dbb", "\u0d9c\u0dd9\u0daf\u0dbb\u0da7"
+
+
+class ModelTest(unittest.TestCase):
+    def setUp(self):
+        self.model = Model(READ, 2, line_end="\n")
+
+    def press(self, *keys):
+        for key in keys:
+            self.model.press(key)
+
+    def texts(self, field=0):
+        return [each.text for each in self.model.allowed[field]]
+
+    def reasons(self):
+        return [each.reason for each in self.model.allowed[0]]
+
+    def test_a_word_is_put_in_with_the_key_that_ends_it(self):
+        self.press(*"amma", "space", *"ka", "comma", *"kra", "1")
+        self.assertEqual(self.texts(), [AMMA + " " + KA + "," + KRA + "1"])
+
+    def test_marked_text_is_not_in_the_field(self):
+        self.press(*"amma")
+        self.assertEqual((self.model.marked(), self.texts()), (AMMA, [""]))
+
+    def test_escape_keeps_the_letters(self):
+        self.press(*"amma", "Escape", "1")
+        self.assertEqual(self.texts(), ["amma1"])
+
+    def test_backspace_takes_a_visible_part_back(self):
+        for keys, left in (("amma", "\u0d85\u0db8\u0dca"), ("kra", KA + "\u0dca"), ("kaa", KA), ("ka", "")):
+            self.model = Model(READ, 1)
+            self.press(*keys, "BackSpace")
+            self.assertEqual(self.model.marked(), left, keys)
+
+    def test_backspace_after_a_word_is_the_programs(self):
+        self.press(*"ka", "space", "BackSpace", "period")
+        self.assertEqual(self.texts(), [KA + "."])
+
+    def test_return_puts_the_word_in_and_is_the_programs(self):
+        self.press(*"ka", "Return", *"ma", "Return")
+        self.assertEqual(self.texts(), [KA + "\n" + MA + "\n"])
+
+    def test_a_row_that_is_highlighted_goes_in(self):
+        self.model.is_suggesting = True
+        self.press(*"gedr")
+        self.assertEqual(self.model.marked(), TYPED)
+        self.press("Down", "Tab")
+        self.assertEqual(self.model.marked(), TO_HOUSE)
+        self.press("Up", "space", *"gedr", "Up", "period")
+        self.assertEqual(self.texts(), [HOUSE + " " + TO_HOUSE + "."])
+
+    def test_a_row_is_left_by_escape_and_by_a_letter(self):
+        self.model.is_suggesting = True
+        self.press(*"gedr", "Down", "Escape")
+        self.assertEqual(self.model.marked(), TYPED)
+        self.press("Down", "a")
+        self.assertEqual(self.model.marked(), READ("gedra"))
+
+    def test_a_field_that_is_left_keeps_its_word(self):
+        self.press(*"ka")
+        self.model.go(1)
+        self.press(*"ma", "period")
+        self.assertEqual((self.texts(), self.texts(1)), ([KA], [MA + "."]))
+
+    def test_a_word_that_may_be_lost_is_allowed_to_be_with_its_reason(self):
+        self.press(*"ka")
+        self.model.choose(False, lost="why")
+        self.press("x")
+        self.assertEqual((self.texts(), self.reasons()), ([KA + "x", "x"], ["", "why"]))
+
+    def test_nothing_may_be_lost_where_nothing_was_composed(self):
+        self.press(*"ka", "space")
+        self.model.choose(False, lost="why")
+        self.model.kill()
+        self.assertEqual(self.texts(), [KA + " "])
+
+    def test_a_kill_takes_the_word_that_is_composed_at_most(self):
+        self.press(*"ma", "space", *"ka")
+        self.model.kill()
+        self.press("x")
+        self.assertEqual(self.texts(), [MA + " " + KA + "x", MA + " x"])
+
+    def test_keys_that_came_after_a_kill_come_as_they_are(self):
+        self.press(*"kaa")
+        self.model.kill(typed_late=1)
+        self.assertEqual(self.texts(), [KA + "\u0dcf", "", KA + "a", "a"])
+
+    def test_seeing_tells_what_is_wrong_and_goes_on_from_there(self):
+        self.press(*"ka", "space")
+        self.assertTrue(self.model.allows([KA + " ", ""]))
+        self.assertFalse(self.model.allows([KA, ""]))
+        self.assertEqual(self.model.see([KA, ""]), ([(0, [KA + " "], KA)], []))
+        self.assertEqual(self.model.see([KA, ""]), ([], []))
+
+
+if __name__ == "__main__":
+    READ = Reading(sys.argv.pop())
+    sys.argv.remove("--build")
+    try:
+        unittest.main()
+    finally:
+        READ.close()

@@ -1,0 +1,145 @@
+"""What a typist does on a desk, by real keys and clicks, each until it has come about: a wait is for a state."""
+
+import os
+import signal
+import time
+
+from places import Programs
+from windows import Failure, wait_until
+
+UNSEEN = 0.25  # seconds that a typist waits where nothing shows that the keys have come: xterm shows no marked text
+PATIENCE = 10
+COMING_BACK = 20
+
+
+class Stage:
+    """A desk, a client's programs on it, and the place that has the focus."""
+
+    def __init__(self, desk, client):
+        self.desk = desk
+        self.client = client
+        self.programs = None
+        self.open()
+
+    def open(self):
+        self.programs = Programs(self.desk, self.client)
+        self.places = self.programs.places
+        self.visited = []
+        self.go(0, "click")
+        self.desk.choose_ours()
+
+    def close(self):
+        self.programs.close()
+
+    def reopen(self):
+        self.close()
+        self.open()
+
+    @property
+    def place(self):
+        return self.places[self.here]
+
+    def texts(self):
+        return [place.text() for place in self.places]
+
+    def write(self, strokes):
+        """Keys with the pause, in milliseconds, before each."""
+        command = []
+        for key, pause in strokes:
+            command += ["sleep", str(pause / 1000), "key", "--delay", "0", key]
+        self.desk.processes.output("xdotool", *command)
+
+    def press(self, *keys):
+        self.write([(key, 0) for key in keys])
+
+    def settle(self, model):
+        """Until all that was typed is where it belongs. False when it is not in the end."""
+        try:
+            wait_until(lambda: self.is_as(model), "", PATIENCE)
+        except Failure:
+            return False
+        if not self.place.is_watched and model.keys:
+            time.sleep(UNSEEN)
+        return True
+
+    def is_as(self, model):
+        return model.allows(self.texts()) and (not self.place.is_watched or self.place.marked() == model.marked())
+
+    # From one place to another.
+
+    def ways(self):
+        """The places to which each way leads from here."""
+        here = self.place
+        others = [number for number in range(len(self.places)) if number != self.here]
+        beside = [number for number in others if self.places[number].window == here.window]
+        return {"click": others, "Tab": beside, "activate": [self.last_in(window) for window in self.windows()[1:]],
+                "Alt+Tab": [self.last_in(window) for window in self.windows()[1:2]]}
+
+    def windows(self):
+        """That have had the focus, the last first."""
+        return list(dict.fromkeys(self.places[number].window for number in reversed(self.visited)))
+
+    def last_in(self, window):
+        return next(number for number in reversed(self.visited) if self.places[number].window == window)
+
+    def go(self, number, way):
+        place = self.places[number]
+        if way == "click":
+            self.desk.processes.output("xdotool", "mousemove", *map(str, place.point()), "click", "1")
+        elif way == "activate":
+            self.desk.processes.output("xdotool", "windowactivate", "--sync", place.window)
+        elif way == "Alt+Tab":
+            self.desk.processes.output("xdotool", "keydown", "Alt_L", "key", "Tab", "keyup", "Alt_L")
+        else:
+            self.press(way)
+        wait_until(place.has_focus, "%s gives the focus to field %d" % (way, number))
+        self.here = number
+        self.visited = [*self.visited[-50:], number]
+        self.go_to_end()
+
+    def go_to_end(self):
+        if not self.place.is_at_end():
+            self.press("End")
+            wait_until(self.place.is_at_end, "the caret is at the end")
+
+    # Another engine, and none.
+
+    def choose_other(self, by_shortcut):
+        """As a person does, with Super and Space, of which the modifier is seen; or as a program does."""
+        if by_shortcut:
+            self.desk.processes.output("xdotool", "keydown", "Super_L", "sleep", "0.05")
+        self.desk.choose_other()
+        if by_shortcut:
+            self.desk.processes.output("xdotool", "keyup", "Super_L")
+
+    def kill_engine(self):
+        self.kill(self.desk.engine_process())
+
+    def kill_daemon(self):
+        self.kill(self.desk.daemon.pid)
+        self.desk.daemon.wait()
+
+    @staticmethod
+    def kill(process):
+        os.kill(process, signal.SIGKILL)
+        wait_until(lambda: has_ended(process), "a process that was killed has ended")
+
+    def come_back(self, probe, expected):
+        """Until keys are composed again: writes a word, again and again, and leaves the fields empty."""
+        self.place.empty(self)
+
+        def composes():
+            self.press(*probe, "space")
+            wait_until(lambda: self.place.text().endswith(" "), "the space comes")
+            is_composed = self.place.text() == expected
+            self.place.empty(self)
+            return is_composed
+        wait_until(composes, "%s takes keys to the engine again" % self.client, COMING_BACK)
+
+
+def has_ended(process):
+    try:
+        with open("/proc/%d/stat" % process) as file:
+            return file.read().rsplit(")", 1)[1].split()[0] == "Z"
+    except OSError:
+        return True

@@ -1,0 +1,48 @@
+"""What a run has met: keys, steps, and differences by kind, those that are a toolkit's own apart from all others."""
+
+import collections
+import threading
+
+PRINTING = threading.Lock()
+
+
+def say(text):
+    with PRINTING:
+        print(text, flush=True)
+
+
+class Tally:
+    def __init__(self, name, seed):
+        self.name = name
+        self.seed = seed
+        self.keys = 0
+        self.steps = 0
+        self.known = collections.Counter()  # by reason
+        self.wrong = collections.Counter()  # by kind
+
+    def tell(self, kind, what):
+        self.wrong[kind] += 1
+        say("%s seed %d step %d: %s" % (self.name, self.seed, self.steps, what))
+
+    def see(self, seen):
+        """What a model found when it saw the fields."""
+        wrong, reasons = seen
+        self.known.update(reasons)
+        for field, allowed, found in wrong:
+            self.tell(kind_of(allowed, found), "field %d has %r, not %s" % (field, found, " or ".join(map(repr, allowed))))
+
+    def summary(self):
+        lines = ["%s seed %d: %d keys, %d steps, %d unexplained, %d known" % (
+            self.name, self.seed, self.keys, self.steps, self.wrong.total(), self.known.total())]
+        lines += ["    %d %s" % (count, kind) for kind, count in sorted(self.wrong.items())]
+        return lines + ["    %d known: %s" % (count, reason) for reason, count in sorted(self.known.items())]
+
+
+def kind_of(allowed, found):
+    """What has happened to the text, as far as that can be told from it."""
+    wanted = min(allowed, key=lambda text: abs(len(text) - len(found)))
+    if collections.Counter(wanted) == collections.Counter(found):
+        return "out of order"
+    missing = collections.Counter(wanted) - collections.Counter(found)
+    added = collections.Counter(found) - collections.Counter(wanted)
+    return "another text" if missing and added else "missing" if missing else "too much"

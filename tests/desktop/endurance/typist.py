@@ -1,0 +1,171 @@
+"""A typist, who writes and is interrupted as a seed says, and tells after each passage what is not as the model says."""
+
+from model import Model
+
+LONGEST_TEXT = 60
+ENGLISH = ["hello", "mobile", "Facebook", "ok", "computer"]
+ENDINGS = ["space"] * 12 + ["period", "period", "comma", "question", "exclam", "1"]
+PASSED = [["space"], ["2", "0", "2", "6"], ["space", "BackSpace"], ["Return"]]  # keys that are the program's
+
+DROPPED = "where Qt puts the word in unannounced, IBus's daemon drops it when a program changes the engine"
+
+
+class Typist:
+    def __init__(self, stage, words, random, tally):
+        self.stage = stage
+        self.words = words
+        self.random = random
+        self.tally = tally
+
+    def begin(self, with_suggestions):
+        self.strokes = []
+        self.model = Model(self.words.read, len(self.stage.places), self.stage.place.line_end)
+        self.model.is_suggesting = with_suggestions
+        self.come_back()
+
+    @property
+    def is_qt_with_ibus(self):
+        return self.stage.desk.name == "ibus" and self.stage.place.toolkit.startswith("qt")
+
+    # Keys.
+
+    def press(self, *keys):
+        for key in keys:
+            self.model.press(key)
+            self.strokes.append((key, self.random.randint(0, 40)))
+
+    def write(self):
+        """What was pressed comes to the screen."""
+        self.tally.keys += len(self.strokes)
+        for start in range(0, len(self.strokes), 100):
+            self.stage.write(self.strokes[start:start + 100])
+        self.strokes = []
+
+    def press_word(self):
+        self.random.choice([self.press_plain_word] * 8 + [self.press_word_with_slip] * 2 + [self.press_english])()
+
+    def press_plain_word(self):
+        self.press(*self.words.draw(self.random), self.random.choice(ENDINGS))
+
+    def press_word_with_slip(self):
+        """A letter too many, or two, taken back at once."""
+        word = self.words.draw(self.random)
+        at = self.random.randint(1, len(word))
+        self.press(*word[:at], self.random.choice("aimn"), *["BackSpace"] * self.random.randint(1, 2), *word[at:],
+                   self.random.choice(ENDINGS))
+
+    def press_english(self):
+        self.press(*self.random.choice(ENGLISH), "Escape", "space")
+
+    def begin_word(self):
+        word = self.words.draw(self.random)
+        self.press(*word[:self.random.randint(1, len(word))])
+
+    def press_candidate(self):
+        """A row is looked at, taken, or left."""
+        self.press(*"gedr", *self.random.choices(["Down", "Tab", "Up"], k=self.random.randint(0, 4)))
+        self.press(*self.random.choice([["space"], ["period"], ["Escape", "space"], ["BackSpace", "Escape"], [*"at", "space"]]))
+
+    # Passages.
+
+    def passage(self):
+        self.tally.steps += 1
+        for _ in range(self.random.randint(2, 6)):
+            if self.model.is_suggesting and self.random.random() < 0.3:
+                self.press_candidate()
+            else:
+                self.press_word()
+        self.random.choice(self.acts())()
+        self.write()
+        self.check()
+        if len(self.stage.place.text()) > LONGEST_TEXT:
+            self.stage.place.empty(self.stage)
+            self.model.clear(self.model.focus)
+
+    def acts(self):
+        acts = [self.leave] * 8 + [self.press_passed] * 2 + [self.change_engine] * 3 + [self.kill_engine] * 2
+        return acts + [self.kill_daemon]
+
+    def press_passed(self):
+        self.press(*self.random.choice(PASSED))
+
+    def leave(self):
+        """Another field, in the middle of a word or at the end of one."""
+        if self.random.random() < 0.7:
+            self.begin_word()
+        self.settle()
+        ways = {way: places for way, places in self.stage.ways().items() if places}
+        way = self.random.choice(list(ways))
+        place = self.random.choice(ways[way])
+        self.model.go(place)
+        self.stage.go(place, way)
+
+    def change_engine(self):
+        self.begin_word()
+        self.settle()
+        by_shortcut = self.random.random() < 0.7
+        self.model.choose(False, lost=DROPPED if self.is_qt_with_ibus and not by_shortcut else None)
+        self.stage.choose_other(by_shortcut)
+        self.press("x")  # which is seen before the next: the first key after a change of the engine may be answered last
+        self.settle()
+        self.press(*self.random.choice(ENGLISH), "space")
+        self.settle()
+        self.model.choose(True)
+        self.stage.desk.choose_ours()
+
+    def kill_engine(self):
+        self.kill(self.stage.kill_engine)
+        if self.stage.desk.name == "fcitx5":  # where the engine is a part of the daemon
+            self.stage.desk.daemon.wait()
+            self.stage.desk.start_daemon()
+        self.revive()
+
+    def kill_daemon(self):
+        self.kill(self.stage.kill_daemon)
+        self.stage.desk.start_daemon()
+        self.revive()
+
+    def kill(self, kill):
+        self.begin_word()
+        self.settle()
+        late = self.random.randint(0, 2)
+        self.press(*self.random.choices("aimn", k=late))
+        self.write()
+        kill()
+        self.model.kill(late)
+        self.settle()
+        self.press(*self.random.choice(ENGLISH), "space")  # which comes as it is
+        self.settle()
+
+    def revive(self):
+        """The engine is chosen again, and the program finds it."""
+        self.check()
+        self.stage.desk.choose_ours()
+        self.model.choose(True)
+        self.come_back()
+
+    def come_back(self):
+        """A word is written until it is composed, and with suggestions one that only they make; then the field is empty."""
+        keys = [*"gedr", "Down"] if self.model.is_suggesting else [*"ka"]
+        probe = Model(self.words.read, 1)
+        probe.is_suggesting = self.model.is_suggesting
+        for key in [*keys, "space"]:
+            probe.press(key)
+        self.stage.come_back(keys, probe.allowed[0][0].text)
+        self.model.clear(self.model.focus)
+
+    # What is there.
+
+    def settle(self):
+        """All that was pressed has come to where it belongs, as far as that can be seen."""
+        self.write()
+        if not self.stage.settle(self.model):
+            raise Lost
+
+    def check(self):
+        self.settle()
+        self.tally.see(self.model.see(self.stage.texts()))
+
+
+class Lost(Exception):
+    """Something is not as the model says."""
