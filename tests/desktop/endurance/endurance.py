@@ -33,53 +33,49 @@ CLIENTS = ["gtk3", "gtk4", "qt5", "qt6", "xim", "qt6-gtk3", "gtk4-qt5", "xim-gtk
 GIVING_UP = 20  # differences
 
 
-def act(typist, suggests):
-    """One passage, or the end of one that went wrong, with what there is to go on from."""
+def type_on(typist, end):
+    """Passages until so many keys were typed or something was wrong, which ends what can be told from there."""
+    tally, stage, model = typist.tally, typist.stage, typist.model
     try:
-        if suggests is not None:
-            typist.begin(suggests)
-        typist.passage()
-        return None
+        typist.come_back()
+        while tally.keys < end:
+            typist.passage()
     except Lost:
-        stage, model = typist.stage, typist.model
         seen = model.see(stage.texts())
-        typist.tally.see(seen)
+        tally.see(seen)
         if not seen[0]:
-            typist.tally.tell("marked text", "marked is %r, not %r" % (stage.place.marked(), model.marked()))
+            tally.tell("marked text", "marked is %r, not %r" % (stage.place.marked(), model.marked()))
     except windows.Failure as failure:
-        typist.tally.tell(str(failure), "%s; the fields are %r" % (failure, typist.stage.texts()))
-    typist.stage.reopen()
-    return typist.model.is_suggesting
+        tally.tell(str(failure), "%s; the fields are %r" % (failure, stage.texts()))
 
 
-def type_keys(stage, words, tally, keys, seed):
-    """The first half without suggestions, the second with."""
-    typist = Typist(stage, words, random.Random(seed), tally)
-    for suggests, end in ((False, keys // 2), (True, keys)):
-        stage.desk.suggest(suggests, are_private=True)
-        stage.reopen()
-        begin = suggests
-        while tally.keys < end and tally.wrong.total() < GIVING_UP:
-            begin = act(typist, begin)
+def type_with(build, framework, client, words, tally, end, suggests, chance):
+    """On a desk that is new."""
+    desk = stage = None
+    try:
+        desk = windows.DESKS[framework](build)
+        programs.start_manager(desk)
+        desk.suggest(suggests, are_private=True)
+        stage = Stage(desk, client)
+        type_on(Typist(stage, words, suggests, chance, tally), end)
+    finally:
+        for each in (stage, desk):
+            if each:
+                each.close()
 
 
 def run(build, framework, client, keys, seed):
-    """The tally of one client of one framework."""
-    tally = Tally("%s %s" % (framework, client), seed)
-    read = desk = stage = None
-    try:
-        read = Reading(build)
-        words = Words(read)
-        desk = windows.DESKS[framework](build)
-        programs.start_manager(desk)
-        stage = Stage(desk, client)
-        type_keys(stage, words, tally, keys, seed)
-    except Exception as failure:
-        tally.tell("the run ended", "".join(traceback.format_exception(failure)))
-    finally:
-        for each in (stage, desk, read):
-            if each:
-                each.close()
+    """The tally of one client of one framework, without suggestions and with them."""
+    tally, chance = Tally("%s %s" % (framework, client), seed), random.Random(seed)
+    read = Reading(build)
+    words = Words(read)
+    for suggests, end in ((False, keys // 2), (True, keys)):
+        while tally.keys < end and tally.wrong.total() < GIVING_UP:
+            try:
+                type_with(build, framework, client, words, tally, end, suggests, chance)
+            except Exception as failure:
+                tally.tell("the run ended", "".join(traceback.format_exception(failure)))
+    read.close()
     say("\n".join(tally.summary()))
     return tally
 

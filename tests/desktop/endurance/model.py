@@ -4,6 +4,7 @@ A key is named as a keyboard's: a letter, a digit, "space", "period", "BackSpace
 """
 
 import dataclasses
+import os
 
 from reading import after_backspace
 
@@ -27,6 +28,25 @@ class Ending:
 
     text: str
     reason: str = ""
+    held: str = ""  # what comes at its end as soon as the field has the focus again
+    is_deaf: bool = False  # keys do not come into it for now
+
+    def with_more(self, text):
+        return self if self.is_deaf else dataclasses.replace(self, text=self.text + text)
+
+
+OVERTAKEN = "keys that are the program's came back to it later than others: toolkits ask asynchronously"
+COMPOSED = "the word that was being composed when the engine was killed"
+KEY_FIRST = "a key that was pressed while the engine died came before its word"
+
+
+def is_overtaken(wanted, found, passed):
+    """Whether texts differ in nothing but where the keys are that the program got back."""
+    start = len(os.path.commonprefix([wanted, found]))
+    end = len(os.path.commonprefix([wanted[start:][::-1], found[start:][::-1]]))
+    middles = [text[start:len(text) - end] for text in (wanted, found)]
+    return sorted(middles[0]) == sorted(middles[1]) and len({"".join(each for each in middle if each not in passed)
+                                                            for middle in middles}) == 1
 
 
 class Model:
@@ -36,13 +56,15 @@ class Model:
     composed makes more than one.
     """
 
-    def __init__(self, read, fields, line_end=""):
+    def __init__(self, read, fields, is_suggesting=False, line_end=""):
         self.read = read
         self.line_end = line_end  # what Return types
+        self.is_suggesting = is_suggesting
         self.allowed = [[Ending("")] for _ in range(fields)]
+        self.passed = [""] * fields  # what keys that were the program's have typed since the field was seen
         self.focus = 0
         self.is_ours = True  # whether the engine has the keys
-        self.is_suggesting = False
+        self.is_dead = False  # it was killed, and nobody takes what is marked away
         self.keys = ""
         self.row = 0  # of the line of candidates, from what was typed
 
@@ -54,12 +76,7 @@ class Model:
         """What is shown as marked text."""
         return self.rows()[self.row] if self.keys else ""
 
-    def put(self, text):
-        self.allowed[self.focus] = [dataclasses.replace(each, text=each.text + text) for each in self.allowed[self.focus]]
-
-    def put_marked(self, after=""):
-        text, self.keys, self.row = self.marked(), "", 0
-        self.put(text + after)
+    # Keys.
 
     def press(self, key):
         if not self.is_ours:
@@ -92,53 +109,92 @@ class Model:
         if key == "BackSpace":
             self.allowed[self.focus] = [dataclasses.replace(each, text=each.text[:-1]) for each in self.allowed[self.focus]]
         else:
-            self.put(self.line_end if key == "Return" else printed(key))
+            text = self.line_end if key == "Return" else printed(key)
+            self.passed[self.focus] += text
+            self.put(text)
 
-    def go(self, field, lost=None):
-        """To another field. `lost` tells why the word that is left may not be there."""
-        self.end_word(lost)
+    def put(self, text):
+        self.allowed[self.focus] = [each.with_more(text) for each in self.allowed[self.focus]]
+
+    def put_marked(self, after=""):
+        text, self.keys, self.row = self.marked(), "", 0
+        self.put(text + after)
+
+    # What others do.
+
+    def go(self, field, held=None):
+        """To another field. `held` tells why the word that is left may not be there before the focus comes back."""
+        before, word = self.allowed[self.focus], self.marked()
+        self.put_marked()
+        if held and word:
+            self.allowed[self.focus] += [dataclasses.replace(each, reason=held, held=word) for each in before]
         self.focus = field
+        self.allowed[field] = list(dict.fromkeys(Ending(each.text + each.held, "" if each.held else each.reason)
+                                                 for each in self.allowed[field]))
+
+    def holds(self, field):
+        """Whether a word may be on its way into a field that has lost the focus."""
+        return any(each.held for each in self.allowed[field])
 
     def choose(self, is_ours, lost=None):
-        """Another engine, or ours."""
-        self.end_word(lost)
-        self.is_ours = is_ours
-
-    def end_word(self, lost=None):
-        """Others put the marked text in, or take it away where there is a reason for that."""
-        before = self.allowed[self.focus]
+        """Another engine, or ours. `lost` tells why the word may not be there."""
+        before, word = self.allowed[self.focus], self.marked()
         self.put_marked()
-        if lost and self.allowed[self.focus] != before:
-            self.allowed[self.focus] += [dataclasses.replace(each, reason=each.reason or lost) for each in before]
+        if lost and word:
+            self.allowed[self.focus] += [dataclasses.replace(each, reason=lost) for each in before]
+        self.is_ours, self.is_dead = is_ours, False
+        self.allowed[self.focus] = [dataclasses.replace(each, is_deaf=False) for each in self.allowed[self.focus]]
 
-    def kill(self, typed_late=0):
+    def kill(self, typed_late=0, deaf=None):
         """The engine dies in a word, of which the last so many keys may not have reached it: they come as they are. Of
-        the others what was shown may be there, or nothing. So do all keys come from now on."""
-        before, word = self.allowed[self.focus], self.keys
-        self.keys, self.row, self.is_ours = "", 0, False
-        words = [Ending("")] if not word else [
-            Ending(shown + word[count:], reason)
-            for count in range(len(word), max(len(word) - typed_late, 0) - 1, -1)
-            for shown, reason in dict.fromkeys([(self.read(word[:count]), ""), ("", "the word that was being composed")])]
-        self.allowed[self.focus] = [Ending(each.text + word.text, each.reason or word.reason)
-                                    for each in before for word in words]
+        the others what was shown may be there, or nothing. So do all keys come from now on, or, where there is a reason
+        for it in `deaf`, none."""
+        word = self.keys
+        endings = [ending for count in range(len(word), len(word) - typed_late - 1, -1)
+                   for ending in self.endings_of_kill(word[:count], word[count:])]
+        self.keys, self.row, self.is_ours, self.is_dead = "", 0, False, True
+        self.passed[self.focus] += word[len(word) - typed_late:]
+        self.allowed[self.focus] = [Ending(each.text + ending.text, each.reason or ending.reason)
+                                    for each in self.allowed[self.focus] for ending in endings] + [
+            Ending(each.text + shown, deaf, is_deaf=True)
+            for each in self.allowed[self.focus] for shown in ("", self.read(word[:len(word) - typed_late])) if deaf]
+
+    def endings_of_kill(self, keys, late):
+        shown = self.read(keys)
+        if not shown:
+            return [Ending(late)]
+        return [Ending(shown + late), Ending(late, COMPOSED), *([Ending(late + shown, KEY_FIRST)] if late else [])]
 
     def clear(self, field):
         """All of it was deleted by a person."""
         self.allowed[field] = [Ending("")]
+        self.passed[field] = ""
+
+    # What is there.
+
+    def found(self, field, text):
+        """The ending that a text is; nothing where it is none."""
+        for each in self.allowed[field]:
+            if each.text == text:
+                return each
+        for each in self.allowed[field]:
+            if is_overtaken(each.text, text, self.passed[field]):
+                return dataclasses.replace(each, text=text, reason=OVERTAKEN)
+        return None
+
+    def allows(self, texts):
+        return all(self.found(field, text) for field, text in enumerate(texts))
 
     def see(self, texts):
         """Compares with what the fields hold, goes on from there, and returns (field, allowed, found) for each that is
         wrong and the reasons of those that are not as they ought to be."""
         wrong, reasons = [], []
         for field, text in enumerate(texts):
-            found = next((each for each in self.allowed[field] if each.text == text), None)
-            if found is None:
+            found = self.found(field, text)
+            if not found:
                 wrong.append((field, [each.text for each in self.allowed[field]], text))
             elif found.reason:
                 reasons.append(found.reason)
-            self.allowed[field] = [Ending(text)]
+            self.allowed[field] = [Ending(text, held=found.held if found else "")]
+            self.passed[field] = ""
         return wrong, reasons
-
-    def allows(self, texts):
-        return all(any(each.text == text for each in allowed) for allowed, text in zip(self.allowed, texts))

@@ -4,7 +4,7 @@
 import sys
 import unittest
 
-from model import Model
+from model import OVERTAKEN, Model
 from reading import Reading
 
 AMMA = "\u0d85\u0db8\u0dca\u0db8"
@@ -96,7 +96,38 @@ class ModelTest(unittest.TestCase):
     def test_keys_that_came_after_a_kill_come_as_they_are(self):
         self.press(*"kaa")
         self.model.kill(typed_late=1)
-        self.assertEqual(self.texts(), [KA + "\u0dcf", "", KA + "a", "a"])
+        self.assertEqual(self.texts(), [KA + "\u0dcf", "", KA + "a", "a", "a" + KA])
+
+    def test_a_field_may_be_deaf_until_the_engine_is_chosen_again(self):
+        self.press(*"ma", "space")
+        self.model.kill(deaf="why")
+        self.press("x")
+        self.assertEqual((self.texts(), self.reasons()), ([MA + " x", MA + " ", MA + " "], ["", "why", "why"]))
+        self.model.choose(True)
+        self.press("1")
+        self.assertEqual(self.texts(), [MA + " x1", MA + " 1", MA + " 1"])
+
+    def test_a_word_that_is_held_comes_when_the_field_has_the_focus_again(self):
+        self.press(*"ka")
+        self.model.go(1, held="why")
+        self.assertEqual((self.texts(), self.reasons()), ([KA, ""], ["", "why"]))
+        self.assertEqual(self.model.see(["", ""]), ([], ["why"]))
+        self.assertTrue(self.model.holds(0))
+        self.model.go(0)
+        self.assertEqual((self.texts(), self.reasons()), ([KA], [""]))
+
+    def test_a_word_that_is_held_comes_once(self):
+        self.press(*"ka")
+        self.model.go(1, held="why")
+        self.model.see([KA, ""])
+        self.model.go(0)
+        self.assertFalse(self.model.allows([KA + KA, ""]))
+
+    def test_keys_of_the_program_may_be_overtaken_and_nothing_else(self):
+        self.press(*"ka", "space", "2", *"ma", "space")
+        self.assertFalse(self.model.allows([MA + " " + KA + " 2", ""]))
+        self.assertFalse(self.model.allows([KA + " " + MA + " ", ""]))
+        self.assertEqual(self.model.see([KA + " " + MA + "2 ", ""]), ([], [OVERTAKEN]))
 
     def test_seeing_tells_what_is_wrong_and_goes_on_from_there(self):
         self.press(*"ka", "space")

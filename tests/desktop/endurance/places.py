@@ -10,6 +10,7 @@ class Place:
     line_end = ""
     is_watched = True
     toolkit = "xim"
+    program = 0
 
 
 class FieldPlace(Place):
@@ -99,6 +100,8 @@ class Programs:
             fields = windows.Fields(desk, toolkit, "watched", left=left)
             self.running.append(fields)
             self.places += [FieldPlace(fields, index) for index in range(3)]
+        for place in self.places:
+            place.program = place.program or len(self.running)
 
     def close(self):
         for program in self.running:

@@ -63,17 +63,18 @@ class Stage:
         return True
 
     def is_as(self, model):
-        return model.allows(self.texts()) and (not self.place.is_watched or self.place.marked() == model.marked())
+        is_shown = not self.place.is_watched or model.is_dead or self.place.marked() == model.marked()
+        return is_shown and model.allows(self.texts())
 
     # From one place to another.
 
     def ways(self):
-        """The places to which each way leads from here."""
-        here = self.place
+        """Where each way leads from here, as (way, number of the place)."""
         others = [number for number in range(len(self.places)) if number != self.here]
-        beside = [number for number in others if self.places[number].window == here.window]
-        return {"click": others, "Tab": beside, "activate": [self.last_in(window) for window in self.windows()[1:]],
-                "Alt+Tab": [self.last_in(window) for window in self.windows()[1:2]]}
+        windows = [self.last_in(window) for window in self.windows()[1:]]
+        return [*(("click", number) for number in others),
+                *(("Tab", number) for number in others if self.places[number].window == self.place.window),
+                *(("activate", number) for number in windows), *(("Alt+Tab", number) for number in windows[:1])]
 
     def windows(self):
         """That have had the focus, the last first."""
@@ -125,16 +126,29 @@ class Stage:
         wait_until(lambda: has_ended(process), "a process that was killed has ended")
 
     def come_back(self, probe, expected):
-        """Until keys are composed again: writes a word, again and again, and leaves the fields empty."""
+        """Until keys are composed again: writes a word, again and again. Returns the places that are empty then."""
+        here, emptied = self.here, {self.here}
         self.place.empty(self)
 
         def composes():
+            before = self.texts()
             self.press(*probe, "space")
-            wait_until(lambda: self.place.text().endswith(" "), "the space comes")
+            wait_until(lambda: any(new != old and new.endswith(" ") for new, old in zip(self.texts(), before)),
+                       "the space comes")
             is_composed = self.place.text() == expected
-            self.place.empty(self)
+            for number, old in enumerate(before):  # a key that was not composed may have moved the focus
+                if self.places[number].text() != old:
+                    self.empty(number)
+                    emptied.add(number)
+            self.empty(here)
             return is_composed
         wait_until(composes, "%s takes keys to the engine again" % self.client, COMING_BACK)
+        return emptied
+
+    def empty(self, number):
+        if not self.places[number].has_focus():
+            self.go(number, "click")
+        self.place.empty(self)
 
 
 def has_ended(process):

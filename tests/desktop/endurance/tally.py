@@ -17,12 +17,13 @@ class Tally:
         self.seed = seed
         self.keys = 0
         self.steps = 0
+        self.doing = "begin"
         self.known = collections.Counter()  # by reason
         self.wrong = collections.Counter()  # by kind
 
     def tell(self, kind, what):
         self.wrong[kind] += 1
-        say("%s seed %d step %d: %s" % (self.name, self.seed, self.steps, what))
+        say("%s seed %d step %d, %s: %s" % (self.name, self.seed, self.steps, self.doing, what))
 
     def see(self, seen):
         """What a model found when it saw the fields."""

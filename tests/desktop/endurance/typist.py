@@ -8,20 +8,18 @@ ENDINGS = ["space"] * 12 + ["period", "period", "comma", "question", "exclam", "
 PASSED = [["space"], ["2", "0", "2", "6"], ["space", "BackSpace"], ["Return"]]  # keys that are the program's
 
 DROPPED = "where Qt puts the word in unannounced, IBus's daemon drops it when a program changes the engine"
+DEAF = "Qt drops keys while IBus's daemon is not there"
+HELD = "IBus's daemon drops the word of Qt and XIM before they know that the focus is gone; the engine has it"
 
 
 class Typist:
-    def __init__(self, stage, words, random, tally):
+    def __init__(self, stage, words, suggests, random, tally):
         self.stage = stage
         self.words = words
         self.random = random
         self.tally = tally
-
-    def begin(self, with_suggestions):
         self.strokes = []
-        self.model = Model(self.words.read, len(self.stage.places), self.stage.place.line_end)
-        self.model.is_suggesting = with_suggestions
-        self.come_back()
+        self.model = Model(words.read, len(stage.places), suggests, stage.place.line_end)
 
     @property
     def is_qt_with_ibus(self):
@@ -75,7 +73,9 @@ class Typist:
                 self.press_candidate()
             else:
                 self.press_word()
-        self.random.choice(self.acts())()
+        act = self.random.choice(self.acts())
+        self.tally.doing = act.__name__
+        act()
         self.write()
         self.check()
         if len(self.stage.place.text()) > LONGEST_TEXT:
@@ -94,11 +94,24 @@ class Typist:
         if self.random.random() < 0.7:
             self.begin_word()
         self.settle()
-        ways = {way: places for way, places in self.stage.ways().items() if places}
-        way = self.random.choice(list(ways))
-        place = self.random.choice(ways[way])
-        self.model.go(place)
-        self.stage.go(place, way)
+        way, number = self.random.choice([each for each in self.stage.ways() if self.may_go(*each)])
+        self.model.go(number, held=self.holding(way, number))
+        self.stage.go(number, way)
+
+    def may_go(self, way, number):
+        """Not by Tab where it may have another meaning, nor to a field that is not the one for which a word is held."""
+        if way == "Tab" and self.model.keys and self.model.is_suggesting:
+            return False
+        program = self.stage.places[number].program
+        held = [each for each, place in enumerate(self.stage.places)
+                if place.program == program and self.model.holds(each)]
+        return not held or number in held
+
+    def holding(self, way, number):
+        """Why a word that is left so may not be there before its program has the focus again."""
+        here, there = self.stage.place, self.stage.places[number]
+        is_dropped = here.toolkit[:2] in ("qt", "xi") and here.program != there.program and way != "Alt+Tab"
+        return HELD if self.stage.desk.name == "ibus" and is_dropped else None
 
     def change_engine(self):
         self.begin_word()
@@ -121,18 +134,18 @@ class Typist:
         self.revive()
 
     def kill_daemon(self):
-        self.kill(self.stage.kill_daemon)
+        self.kill(self.stage.kill_daemon, DEAF if self.is_qt_with_ibus else None)
         self.stage.desk.start_daemon()
         self.revive()
 
-    def kill(self, kill):
+    def kill(self, kill, deaf=None):
         self.begin_word()
         self.settle()
         late = self.random.randint(0, 2)
         self.press(*self.random.choices("aimn", k=late))
         self.write()
         kill()
-        self.model.kill(late)
+        self.model.kill(late, deaf)
         self.settle()
         self.press(*self.random.choice(ENGLISH), "space")  # which comes as it is
         self.settle()
@@ -147,12 +160,11 @@ class Typist:
     def come_back(self):
         """A word is written until it is composed, and with suggestions one that only they make; then the field is empty."""
         keys = [*"gedr", "Down"] if self.model.is_suggesting else [*"ka"]
-        probe = Model(self.words.read, 1)
-        probe.is_suggesting = self.model.is_suggesting
+        probe = Model(self.words.read, 1, self.model.is_suggesting)
         for key in [*keys, "space"]:
             probe.press(key)
-        self.stage.come_back(keys, probe.allowed[0][0].text)
-        self.model.clear(self.model.focus)
+        for emptied in self.stage.come_back(keys, probe.allowed[0][0].text):
+            self.model.clear(emptied)
 
     # What is there.
 
