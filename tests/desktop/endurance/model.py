@@ -32,7 +32,7 @@ class Ending:
     is_deaf: bool = False  # keys do not come into it for now
 
     def with_more(self, text):
-        return self if self.is_deaf else dataclasses.replace(self, text=self.text + text)
+        return dataclasses.replace(self, text=self.text + text, is_deaf=False)
 
 
 OVERTAKEN = "keys that are the program's came back to it later than others: toolkits ask asynchronously"
@@ -67,6 +67,8 @@ class Model:
         self.is_dead = False  # it was killed, and nobody takes what is marked away
         self.keys = ""
         self.row = 0  # of the line of candidates, from what was typed
+        self.astray = None  # why the next key may not be composed
+        self.without_first = None  # the keys that are, in a word whose first one may not
 
     def rows(self):
         lines = LINES.get(self.keys, []) if self.is_suggesting else []
@@ -82,7 +84,7 @@ class Model:
         if not self.is_ours:
             self.pass_on(key)
         elif is_letter(key):
-            self.keys, self.row = self.keys + key, 0
+            self.compose(key)
         elif not self.keys:
             self.pass_on(key)
         elif key in ("Down", "Tab", "Up") and len(self.rows()) > 1:
@@ -95,17 +97,26 @@ class Model:
             self.put_marked()
             self.pass_on(key)
 
+    def compose(self, key):
+        if self.astray and not self.keys:
+            self.without_first = ""
+        elif self.without_first is not None:
+            self.without_first += key
+        self.keys, self.row = self.keys + key, 0
+
     def take_back(self, key):
         if self.row:
             self.row = 0
         elif key == "BackSpace":
             self.keys = after_backspace(self.read, self.keys)
+            self.without_first = after_backspace(self.read, self.without_first) if self.without_first else None
         else:
             keys, self.keys = self.keys, ""
             self.put(keys)
 
     def pass_on(self, key):
         """What the program does with a key."""
+        self.astray = None
         if key == "BackSpace":
             self.allowed[self.focus] = [dataclasses.replace(each, text=each.text[:-1]) for each in self.allowed[self.focus]]
         else:
@@ -114,21 +125,31 @@ class Model:
             self.put(text)
 
     def put(self, text):
-        self.allowed[self.focus] = [each.with_more(text) for each in self.allowed[self.focus]]
+        before = self.allowed[self.focus]
+        self.allowed[self.focus] = list(dict.fromkeys([each.with_more(text) for each in before] +
+                                                      [each for each in before if each.is_deaf]))
 
     def put_marked(self, after=""):
-        text, self.keys, self.row = self.marked(), "", 0
+        text, first = self.marked(), self.keys[:1]
+        before, without_first = self.allowed[self.focus], self.without_first
+        self.keys, self.row, self.without_first = "", 0, None
         self.put(text + after)
+        if without_first is not None:
+            self.allowed[self.focus] += [
+                dataclasses.replace(each.with_more(first + self.read(without_first) + after), reason=self.astray)
+                for each in before]
+        self.astray = None
 
     # What others do.
 
-    def go(self, field, held=None):
-        """To another field. `held` tells why the word that is left may not be there before the focus comes back."""
+    def go(self, field, held=None, astray=None):
+        """To another field. `held` tells why the word that is left may not be there before the focus comes back, `astray`
+        why the first key there may not be composed."""
         before, word = self.allowed[self.focus], self.marked()
         self.put_marked()
         if held and word:
             self.allowed[self.focus] += [dataclasses.replace(each, reason=held, held=word) for each in before]
-        self.focus = field
+        self.focus, self.astray = field, astray
         self.allowed[field] = list(dict.fromkeys(Ending(each.text + each.held, "" if each.held else each.reason)
                                                  for each in self.allowed[field]))
 
@@ -148,7 +169,7 @@ class Model:
     def kill(self, typed_late=0, deaf=None):
         """The engine dies in a word, of which the last so many keys may not have reached it: they come as they are. Of
         the others what was shown may be there, or nothing. So do all keys come from now on, or, where there is a reason
-        for it in `deaf`, none."""
+        for it in `deaf`, none or not the first ones."""
         word = self.keys
         endings = [ending for count in range(len(word), len(word) - typed_late - 1, -1)
                    for ending in self.endings_of_kill(word[:count], word[count:])]

@@ -101,11 +101,19 @@ class ModelTest(unittest.TestCase):
     def test_a_field_may_be_deaf_until_the_engine_is_chosen_again(self):
         self.press(*"ma", "space")
         self.model.kill(deaf="why")
-        self.press("x")
-        self.assertEqual((self.texts(), self.reasons()), ([MA + " x", MA + " ", MA + " "], ["", "why", "why"]))
+        self.press("x", "y")
+        self.assertEqual(sorted({text[len(MA + " "):] for text in self.texts()}), ["", "xy", "y"])
+        self.assertEqual(set(self.reasons()), {"", "why"})
+        self.model.see([MA + " y"])
         self.model.choose(True)
         self.press("1")
-        self.assertEqual(self.texts(), [MA + " x1", MA + " 1", MA + " 1"])
+        self.assertEqual(self.texts(), [MA + " y1"])
+
+    def test_the_first_key_in_another_field_may_go_astray(self):
+        self.model.go(1, astray="why")
+        self.press(*"kama", "space", *"ka", "space")
+        self.assertEqual([(each.text, each.reason) for each in self.model.allowed[1]],
+                         [(KA + MA + " " + KA + " ", ""), ("k" + READ("ama") + " " + KA + " ", "why")])
 
     def test_a_word_that_is_held_comes_when_the_field_has_the_focus_again(self):
         self.press(*"ka")

@@ -37,7 +37,8 @@ def without_last_part(text):
 
 
 def after_backspace(read, keys):
-    """The longest beginning of the keys, with or without an "a" after it, that reads as what Backspace leaves."""
+    """The longest beginning of the keys, with or without an "a" after it, that reads as what Backspace leaves. There is at
+    least one key."""
     wanted = without_last_part(read(keys))
     for count in range(len(keys), -1, -1):
         for rest in ([keys[:count]] if count < len(keys) else []) + [keys[:count] + "a"]:

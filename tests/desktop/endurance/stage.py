@@ -1,15 +1,22 @@
 """What a typist does on a desk, by real keys and clicks, each until it has come about: a wait is for a state."""
 
+import functools
 import os
 import signal
 import time
 
+import windows
 from places import Programs
-from windows import Failure, wait_until
+from windows import Failure
 
 UNSEEN = 0.25  # seconds that a typist waits where nothing shows that the keys have come: xterm shows no marked text
-PATIENCE = 10
-COMING_BACK = 20
+PATIENCE = 30  # as there may be much else to do on the machine
+
+wait_until = functools.partial(windows.wait_until, patience=PATIENCE)
+
+
+class NotFound(Failure):
+    """The engine, by a program that was there before it."""
 
 
 class Stage:
@@ -55,7 +62,7 @@ class Stage:
     def settle(self, model):
         """Until all that was typed is where it belongs. False when it is not in the end."""
         try:
-            wait_until(lambda: self.is_as(model), "", PATIENCE)
+            wait_until(lambda: self.is_as(model), "")
         except Failure:
             return False
         if not self.place.is_watched and model.keys:
@@ -105,12 +112,21 @@ class Stage:
 
     # Another engine, and none.
 
+    @property
+    def has_own_shortcut(self):
+        return getattr(self.desk, "has_own_shortcut", False)
+
+    def can_kill(self, what):
+        """In Fcitx5 the engine is a part of the daemon; a daemon that a compositor has started is that one's to start."""
+        return hasattr(self.desk, "daemon") if what == "daemon" else self.desk.name == "ibus"
+
     def choose_other(self, by_shortcut):
         """As a person does, with Super and Space, of which the modifier is seen; or as a program does."""
-        if by_shortcut:
+        presses = by_shortcut and not self.has_own_shortcut
+        if presses:
             self.desk.processes.output("xdotool", "keydown", "Super_L", "sleep", "0.05")
         self.desk.choose_other()
-        if by_shortcut:
+        if presses:
             self.desk.processes.output("xdotool", "keyup", "Super_L")
 
     def kill_engine(self):
@@ -127,7 +143,7 @@ class Stage:
 
     def come_back(self, probe, expected):
         """Until keys are composed again: writes a word, again and again. Returns the places that are empty then."""
-        here, emptied = self.here, {self.here}
+        here, emptied, written = self.here, {self.here}, []
         self.place.empty(self)
 
         def composes():
@@ -136,13 +152,17 @@ class Stage:
             wait_until(lambda: any(new != old and new.endswith(" ") for new, old in zip(self.texts(), before)),
                        "the space comes")
             is_composed = self.place.text() == expected
+            written.append(self.texts())
             for number, old in enumerate(before):  # a key that was not composed may have moved the focus
                 if self.places[number].text() != old:
                     self.empty(number)
                     emptied.add(number)
             self.empty(here)
             return is_composed
-        wait_until(composes, "%s takes keys to the engine again" % self.client, COMING_BACK)
+        try:
+            wait_until(composes, "")
+        except Failure:
+            raise NotFound("keys do not come to the engine again: %r" % written[-1:]) from None
         return emptied
 
     def empty(self, number):

@@ -20,10 +20,16 @@ class Tally:
         self.doing = "begin"
         self.known = collections.Counter()  # by reason
         self.wrong = collections.Counter()  # by kind
+        self.said = 0
 
     def tell(self, kind, what):
         self.wrong[kind] += 1
         say("%s seed %d step %d, %s: %s" % (self.name, self.seed, self.steps, self.doing, what))
+
+    def has_new_difference(self):
+        """Since it was asked last."""
+        before, self.said = self.said, self.wrong.total()
+        return self.said > before
 
     def see(self, seen):
         """What a model found when it saw the fields."""

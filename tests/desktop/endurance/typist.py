@@ -1,6 +1,7 @@
 """A typist, who writes and is interrupted as a seed says, and tells after each passage what is not as the model says."""
 
 from model import Model
+from stage import NotFound
 
 LONGEST_TEXT = 60
 ENGLISH = ["hello", "mobile", "Facebook", "ok", "computer"]
@@ -8,7 +9,9 @@ ENDINGS = ["space"] * 12 + ["period", "period", "comma", "question", "exclam", "
 PASSED = [["space"], ["2", "0", "2", "6"], ["space", "BackSpace"], ["Return"]]  # keys that are the program's
 
 DROPPED = "where Qt puts the word in unannounced, IBus's daemon drops it when a program changes the engine"
-DEAF = "Qt drops keys while IBus's daemon is not there"
+DEAF = "keys that are pressed while IBus's daemon is not there do not come to Qt, nor the first ones to XIM"
+ASTRAY = "Fcitx5's server for XIM does not get the first key after a change of windows"
+NOT_FOUND = "xterm does not find XIM's server again, which was killed"
 HELD = "IBus's daemon drops the word of Qt and XIM before they know that the focus is gone; the engine has it"
 
 
@@ -35,8 +38,8 @@ class Typist:
     def write(self):
         """What was pressed comes to the screen."""
         self.tally.keys += len(self.strokes)
-        for start in range(0, len(self.strokes), 100):
-            self.stage.write(self.strokes[start:start + 100])
+        for start in range(0, len(self.strokes), 50):
+            self.stage.write(self.strokes[start:start + 50])
         self.strokes = []
 
     def press_word(self):
@@ -83,8 +86,9 @@ class Typist:
             self.model.clear(self.model.focus)
 
     def acts(self):
-        acts = [self.leave] * 8 + [self.press_passed] * 2 + [self.change_engine] * 3 + [self.kill_engine] * 2
-        return acts + [self.kill_daemon]
+        killing = [self.kill_engine] if self.stage.can_kill("engine") else []
+        killing += [self.kill_daemon] if self.stage.can_kill("daemon") else []
+        return [self.leave] * 10 + [self.press_passed] * 3 + [self.change_engine] * 4 + killing
 
     def press_passed(self):
         self.press(*self.random.choice(PASSED))
@@ -95,7 +99,8 @@ class Typist:
             self.begin_word()
         self.settle()
         way, number = self.random.choice([each for each in self.stage.ways() if self.may_go(*each)])
-        self.model.go(number, held=self.holding(way, number))
+        self.tally.doing = "leave by " + way
+        self.model.go(number, held=self.holding(number), astray=self.straying(number))
         self.stage.go(number, way)
 
     def may_go(self, way, number):
@@ -107,16 +112,22 @@ class Typist:
                 if place.program == program and self.model.holds(each)]
         return not held or number in held
 
-    def holding(self, way, number):
+    def holding(self, number):
         """Why a word that is left so may not be there before its program has the focus again."""
         here, there = self.stage.place, self.stage.places[number]
-        is_dropped = here.toolkit[:2] in ("qt", "xi") and here.program != there.program and way != "Alt+Tab"
+        is_dropped = here.toolkit[:2] in ("qt", "xi") and here.program != there.program
         return HELD if self.stage.desk.name == "ibus" and is_dropped else None
+
+    def straying(self, number):
+        """Why the first key in another window may not be composed."""
+        there = self.stage.places[number]
+        is_astray = there.toolkit == "xim" and there.program != self.stage.place.program
+        return ASTRAY if self.stage.desk.name == "fcitx5" and is_astray else None
 
     def change_engine(self):
         self.begin_word()
         self.settle()
-        by_shortcut = self.random.random() < 0.7
+        by_shortcut = self.stage.has_own_shortcut or self.random.random() < 0.7
         self.model.choose(False, lost=DROPPED if self.is_qt_with_ibus and not by_shortcut else None)
         self.stage.choose_other(by_shortcut)
         self.press("x")  # which is seen before the next: the first key after a change of the engine may be answered last
@@ -128,13 +139,10 @@ class Typist:
 
     def kill_engine(self):
         self.kill(self.stage.kill_engine)
-        if self.stage.desk.name == "fcitx5":  # where the engine is a part of the daemon
-            self.stage.desk.daemon.wait()
-            self.stage.desk.start_daemon()
         self.revive()
 
     def kill_daemon(self):
-        self.kill(self.stage.kill_daemon, DEAF if self.is_qt_with_ibus else None)
+        self.kill(self.stage.kill_daemon, DEAF if self.stage.desk.name == "ibus" and self.stage.place.toolkit[:2] in ("qt", "xi") else None)
         self.stage.desk.start_daemon()
         self.revive()
 
@@ -163,8 +171,15 @@ class Typist:
         probe = Model(self.words.read, 1, self.model.is_suggesting)
         for key in [*keys, "space"]:
             probe.press(key)
-        for emptied in self.stage.come_back(keys, probe.allowed[0][0].text):
-            self.model.clear(emptied)
+        try:
+            emptied = self.stage.come_back(keys, probe.allowed[0][0].text)
+        except NotFound:
+            if self.stage.place.toolkit != "xim":
+                raise
+            self.tally.known[NOT_FOUND] += 1
+            raise Anew from None
+        for place in emptied:
+            self.model.clear(place)
 
     # What is there.
 
@@ -177,6 +192,10 @@ class Typist:
     def check(self):
         self.settle()
         self.tally.see(self.model.see(self.stage.texts()))
+
+
+class Anew(Exception):
+    """There is nothing to go on with: programs have to be started again."""
 
 
 class Lost(Exception):
