@@ -37,6 +37,7 @@ class Ending:
 
 OVERTAKEN = "keys that are the program's came back to it later than others: toolkits ask asynchronously"
 COMPOSED = "the word that was being composed when the engine was killed"
+HELD_BY_KILLED = "a word that the engine held for a field without focus when it was killed"
 KEY_FIRST = "a key that was pressed while the engine died came before its word"
 
 
@@ -56,9 +57,10 @@ class Model:
     composed makes more than one.
     """
 
-    def __init__(self, read, fields, is_suggesting=False, line_end=""):
+    def __init__(self, read, fields, is_suggesting=False, line_end="", rubout=""):
         self.read = read
         self.line_end = line_end  # what Return types
+        self.rubout = rubout  # what BackSpace types where it takes nothing back
         self.is_suggesting = is_suggesting
         self.allowed = [[Ending("")] for _ in range(fields)]
         self.passed = [""] * fields  # what keys that were the program's have typed since the field was seen
@@ -117,10 +119,10 @@ class Model:
     def pass_on(self, key):
         """What the program does with a key."""
         self.astray = None
-        if key == "BackSpace":
+        if key == "BackSpace" and not self.rubout:
             self.allowed[self.focus] = [dataclasses.replace(each, text=each.text[:-1]) for each in self.allowed[self.focus]]
         else:
-            text = self.line_end if key == "Return" else printed(key)
+            text = {"Return": self.line_end, "BackSpace": self.rubout}.get(key) or printed(key)
             self.passed[self.focus] += text
             self.put(text)
 
@@ -174,6 +176,8 @@ class Model:
         endings = [ending for count in range(len(word), len(word) - typed_late - 1, -1)
                    for ending in self.endings_of_kill(word[:count], word[count:])]
         self.keys, self.row, self.is_ours, self.is_dead = "", 0, False, True
+        self.allowed = [[*allowed, *(Ending(each.text, HELD_BY_KILLED) for each in allowed if each.held)]
+                        for allowed in self.allowed]
         self.passed[self.focus] += word[len(word) - typed_late:]
         self.allowed[self.focus] = [Ending(each.text + ending.text, each.reason or ending.reason)
                                     for each in self.allowed[self.focus] for ending in endings] + [

@@ -131,6 +131,15 @@ class ModelTest(unittest.TestCase):
         self.model.go(0)
         self.assertFalse(self.model.allows([KA + KA, ""]))
 
+    def test_a_word_that_is_held_goes_with_the_engine(self):
+        self.press(*"ka")
+        self.model.go(1, held="why")
+        self.model.see(["", ""])
+        self.model.kill()
+        self.model.choose(True)
+        self.model.go(0)
+        self.assertEqual(self.texts(), [KA, ""])
+
     def test_keys_of_the_program_may_be_overtaken_and_nothing_else(self):
         self.press(*"ka", "space", "2", *"ma", "space")
         self.assertFalse(self.model.allows([MA + " " + KA + " 2", ""]))

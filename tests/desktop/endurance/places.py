@@ -7,7 +7,7 @@ from windows import wait_until
 class Place:
     """A field: its text, and, where its program tells them, its marked text and whether a key goes to its end."""
 
-    line_end = ""
+    line_end = rubout = ""  # what Return and BackSpace type
     is_watched = True
     toolkit = "xim"
     program = 0
@@ -38,14 +38,15 @@ class FieldPlace(Place):
     def empty(self, stage):
         """Deletes all, as a person does."""
         if self.text():
-            stage.press("ctrl+a")
-            wait_until(lambda: not self.is_at_end(), "all is selected")
+            with stage.holding("ctrl"):
+                stage.press("a")
+                wait_until(lambda: not self.is_at_end(), "all is selected")
             stage.press("BackSpace")
             wait_until(lambda: not self.text(), "all is deleted")
 
 
 class XtermPlace(Place):
-    line_end = "\n"
+    line_end, rubout = "\n", "\x7f"
     is_watched = False
 
     def __init__(self, desk, left):

@@ -1,5 +1,6 @@
 """What a typist does on a desk, by real keys and clicks, each until it has come about: a wait is for a state."""
 
+import contextlib
 import functools
 import os
 import signal
@@ -58,6 +59,15 @@ class Stage:
 
     def press(self, *keys):
         self.write([(key, 0) for key in keys])
+
+    @contextlib.contextmanager
+    def holding(self, modifier):
+        """While a key that the program gets back would find it released, if it came late."""
+        self.desk.processes.output("xdotool", "keydown", modifier)
+        try:
+            yield
+        finally:
+            self.desk.processes.output("xdotool", "keyup", modifier)
 
     def settle(self, model):
         """Until all that was typed is where it belongs. False when it is not in the end."""

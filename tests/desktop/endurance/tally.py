@@ -17,14 +17,17 @@ class Tally:
         self.seed = seed
         self.keys = 0
         self.steps = 0
-        self.doing = "begin"
+        self.doings = collections.deque(["begin"], maxlen=6)
         self.known = collections.Counter()  # by reason
         self.wrong = collections.Counter()  # by kind
         self.said = 0
 
+    def doing(self, what):
+        self.doings.append(what)
+
     def tell(self, kind, what):
         self.wrong[kind] += 1
-        say("%s seed %d step %d, %s: %s" % (self.name, self.seed, self.steps, self.doing, what))
+        say("%s seed %d step %d, after %s: %s" % (self.name, self.seed, self.steps, ", ".join(self.doings), what))
 
     def has_new_difference(self):
         """Since it was asked last."""

@@ -22,7 +22,7 @@ class Typist:
         self.random = random
         self.tally = tally
         self.strokes = []
-        self.model = Model(words.read, len(stage.places), suggests, stage.place.line_end)
+        self.model = Model(words.read, len(stage.places), suggests, stage.place.line_end, stage.place.rubout)
 
     @property
     def is_qt_with_ibus(self):
@@ -76,9 +76,7 @@ class Typist:
                 self.press_candidate()
             else:
                 self.press_word()
-        act = self.random.choice(self.acts())
-        self.tally.doing = act.__name__
-        act()
+        self.random.choice(self.acts())()
         self.write()
         self.check()
         if len(self.stage.place.text()) > LONGEST_TEXT:
@@ -91,6 +89,7 @@ class Typist:
         return [self.leave] * 10 + [self.press_passed] * 3 + [self.change_engine] * 4 + killing
 
     def press_passed(self):
+        self.tally.doing("the program's keys")
         self.press(*self.random.choice(PASSED))
 
     def leave(self):
@@ -99,7 +98,7 @@ class Typist:
             self.begin_word()
         self.settle()
         way, number = self.random.choice([each for each in self.stage.ways() if self.may_go(*each)])
-        self.tally.doing = "leave by " + way
+        self.tally.doing("%d to %d by %s" % (self.stage.here, number, way))
         self.model.go(number, held=self.holding(number), astray=self.straying(number))
         self.stage.go(number, way)
 
@@ -127,6 +126,7 @@ class Typist:
     def change_engine(self):
         self.begin_word()
         self.settle()
+        self.tally.doing("another engine")
         by_shortcut = self.stage.has_own_shortcut or self.random.random() < 0.7
         self.model.choose(False, lost=DROPPED if self.is_qt_with_ibus and not by_shortcut else None)
         self.stage.choose_other(by_shortcut)
@@ -149,6 +149,7 @@ class Typist:
     def kill(self, kill, deaf=None):
         self.begin_word()
         self.settle()
+        self.tally.doing(kill.__name__)
         late = self.random.randint(0, 2)
         self.press(*self.random.choices("aimn", k=late))
         self.write()
