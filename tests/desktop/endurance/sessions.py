@@ -6,8 +6,8 @@ import compositors
 import programs
 import windows
 from places import FieldPlace
-from stage import Stage
-from windows import wait_until
+from stage import UNSEEN, Stage
+from windows import Failure, wait_until
 
 
 class GnomeByHand(compositors.Gnome):
@@ -15,20 +15,24 @@ class GnomeByHand(compositors.Gnome):
 
     has_own_shortcut = True
 
-    def choose_other(self):
-        self.press_super_space(lambda engine: engine != "vanoka")
-
     def choose_ours(self):
-        if self.processes.output("ibus", "engine") == "vanoka":
-            if self.engine_process():
-                return
-            self.choose_other()  # it is dead, and starts when it is chosen again
-        self.press_super_space(lambda engine: engine == "vanoka")
+        def is_ours():
+            return self.processes.output("ibus", "engine") == "vanoka" and self.engine_process() is not None
 
-    def press_super_space(self, is_wanted):
+        def has_become_ours():
+            compositors.press_super_space(self, 0.05)
+            try:
+                return wait_until(is_ours, "", 3)
+            except Failure:
+                return False
+        if not is_ours():  # one that is dead starts when it is chosen again
+            wait_until(has_become_ours, "the shell has chosen the engine", 30)
+            time.sleep(0.3)  # until it has closed the list of sources
+
+    def choose_other(self):
         compositors.press_super_space(self, 0.05)
-        wait_until(lambda: is_wanted(self.processes.output("ibus", "engine")), "the shell has changed the engine")
-        time.sleep(0.3)  # until it has closed the list of sources
+        wait_until(lambda: self.processes.output("ibus", "engine") != "vanoka", "the shell has chosen another engine")
+        time.sleep(0.3)
 
 
 class X11:
@@ -66,6 +70,8 @@ class AloneFields:
 class NestedStage(Stage):
     """One program in a compositor. Its fields are left by Tab."""
 
+    way_back = "Tab"
+
     def __init__(self, desk, client, variables):
         self.variables = variables
         super().__init__(desk, client)
@@ -80,6 +86,10 @@ class NestedStage(Stage):
 
     def ways(self):
         return [("Tab", 1 - self.here)]
+
+    def go(self, number, way):
+        super().go(number, way)
+        time.sleep(UNSEEN)  # the field has the focus; the compositor is on its way to it with the input method
 
 
 def nested(name):

@@ -9,6 +9,7 @@ ENDINGS = ["space"] * 12 + ["period", "period", "comma", "question", "exclam", "
 PASSED = [["space"], ["2", "0", "2", "6"], ["space", "BackSpace"], ["Return"]]  # keys that are the program's
 
 DROPPED = "where Qt puts the word in unannounced, IBus's daemon drops it when a program changes the engine"
+TOGETHER = "GNOME Shell changes the engine before Qt has the answer to Super, when Space follows at once"
 DEAF = "keys that are pressed while IBus's daemon is not there do not come to Qt, nor the first ones to XIM"
 ASTRAY = "Fcitx5's server for XIM does not get the first key after a change of windows"
 NOT_FOUND = "xterm does not find XIM's server again, which was killed"
@@ -96,11 +97,16 @@ class Typist:
         """Another field, in the middle of a word or at the end of one."""
         if self.random.random() < 0.7:
             self.begin_word()
+        if not self.possible_ways():
+            self.press("space")
         self.settle()
-        way, number = self.random.choice([each for each in self.stage.ways() if self.may_go(*each)])
+        way, number = self.random.choice(self.possible_ways())
         self.tally.doing("%d to %d by %s" % (self.stage.here, number, way))
         self.model.go(number, held=self.holding(number), astray=self.straying(number))
         self.stage.go(number, way)
+
+    def possible_ways(self):
+        return [each for each in self.stage.ways() if self.may_go(*each)]
 
     def may_go(self, way, number):
         """Not by Tab where it may have another meaning, nor to a field that is not the one for which a word is held."""
@@ -127,8 +133,8 @@ class Typist:
         self.begin_word()
         self.settle()
         self.tally.doing("another engine")
-        by_shortcut = self.stage.has_own_shortcut or self.random.random() < 0.7
-        self.model.choose(False, lost=DROPPED if self.is_qt_with_ibus and not by_shortcut else None)
+        by_shortcut = self.random.random() < 0.7
+        self.model.choose(False, lost=self.dropping(by_shortcut))
         self.stage.choose_other(by_shortcut)
         self.press("x")  # which is seen before the next: the first key after a change of the engine may be answered last
         self.settle()
@@ -136,6 +142,12 @@ class Typist:
         self.settle()
         self.model.choose(True)
         self.stage.desk.choose_ours()
+
+    def dropping(self, by_shortcut):
+        """Why a word may be lost in which the engine is changed."""
+        if not self.is_qt_with_ibus:
+            return None
+        return TOGETHER if self.stage.has_own_shortcut else None if by_shortcut else DROPPED
 
     def kill_engine(self):
         self.kill(self.stage.kill_engine)
