@@ -18,6 +18,7 @@ import shutil
 import signal
 import subprocess
 import sys
+import threading
 import traceback
 
 FOLDER = os.path.dirname(os.path.abspath(__file__))
@@ -31,6 +32,7 @@ from tally import Tally, say
 from typist import Anew, Lost, Typist
 
 GIVING_UP = 20  # differences
+STOPPING = threading.Event()
 NEEDS = {"x11": "openbox", "gnome": "gnome-shell", "kwin": "kwin_wayland", "sway": "sway"}
 
 
@@ -39,7 +41,7 @@ def type_on(typist, end):
     tally, stage, model = typist.tally, typist.stage, typist.model
     try:
         typist.come_back()
-        while tally.keys < end:
+        while tally.keys < end and not STOPPING.is_set():
             typist.passage()
     except Lost:
         seen = model.see(stage.texts())
@@ -49,7 +51,7 @@ def type_on(typist, end):
     except Anew:
         pass
     except windows.Failure as failure:
-        tally.tell(str(failure), "%s; the fields are %r" % (failure, stage.texts()))
+        tally.tell("not come about", "%s; the fields are %r" % (failure, stage.texts()))
 
 
 def at_last(start):
@@ -88,7 +90,7 @@ def run(build, place, client, keys, seed):
     tally, chance = Tally(name, seed), random.Random("%d %s" % (seed, name))
     read = Reading(build)
     words = Words(read)
-    while tally.keys < keys and tally.wrong.total() < GIVING_UP:
+    while tally.keys < keys and tally.wrong.total() < GIVING_UP and not STOPPING.is_set():
         stage = None
         try:
             stage = at_last(lambda: staged(build, place, client))
@@ -131,7 +133,7 @@ def runs_of(chosen):
 
 def main():
     chosen = options()
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit(1))  # what was started is ended then, too
+    signal.signal(signal.SIGTERM, lambda *_: STOPPING.set())  # what was started is ended then, too
     runs = runs_of(chosen)
     print("seed %d" % chosen.seed, flush=True)
     with concurrent.futures.ThreadPoolExecutor(chosen.jobs) as pool:
@@ -140,7 +142,7 @@ def main():
     print("%d keys, %d steps, %d unexplained, %d known" % tuple(
         sum(values) for values in zip(*[(each.keys, each.steps, each.wrong.total(), each.known.total())
                                         for each in tallies])))
-    return 1 if any(each.wrong for each in tallies) else 0
+    return 1 if STOPPING.is_set() or any(each.wrong for each in tallies) else 0
 
 
 if __name__ == "__main__":

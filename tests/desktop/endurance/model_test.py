@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""The model's own test: model_test.py --build FOLDER."""
+"""The model's own test: model_test.py FOLDER, in which everything was built."""
 
 import sys
 import unittest
@@ -156,7 +156,6 @@ class ModelTest(unittest.TestCase):
 
 if __name__ == "__main__":
     READ = Reading(sys.argv.pop())
-    sys.argv.remove("--build")
     try:
         unittest.main()
     finally:

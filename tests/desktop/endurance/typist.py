@@ -176,7 +176,13 @@ class Typist:
         self.check()
         self.stage.desk.choose_ours()
         self.model.choose(True)
-        self.come_back()
+        try:
+            self.come_back()
+        except NotFound:
+            if self.stage.place.toolkit != "xim":
+                raise
+            self.tally.known[NOT_FOUND] += 1
+            raise Anew from None
 
     def come_back(self):
         """A word is written until it is composed, and with suggestions one that only they make; then the field is empty."""
@@ -184,15 +190,8 @@ class Typist:
         probe = Model(self.words.read, 1, self.model.is_suggesting)
         for key in [*keys, "space"]:
             probe.press(key)
-        try:
-            emptied = self.stage.come_back(keys, probe.allowed[0][0].text)
-        except NotFound:
-            if self.stage.place.toolkit != "xim":
-                raise
-            self.tally.known[NOT_FOUND] += 1
-            raise Anew from None
-        for place in emptied:
-            self.model.clear(place)
+        for emptied in self.stage.come_back(keys, probe.allowed[0][0].text):
+            self.model.clear(emptied)
 
     # What is there.
 
