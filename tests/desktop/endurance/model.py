@@ -29,13 +29,30 @@ class Ending:
     text: str
     reason: str = ""
     held: str = ""  # what comes at its end as soon as the field has the focus again
-    is_deaf: bool = False  # keys do not come into it for now
+    doubtful: str = None  # what has been typed while keys came or did not come; nothing while all come
 
     def with_more(self, text):
-        return dataclasses.replace(self, text=self.text + text, is_deaf=False)
+        if self.doubtful is None:
+            return dataclasses.replace(self, text=self.text + text)
+        return dataclasses.replace(self, doubtful=self.doubtful + text)
+
+    def is_as(self, text):
+        if self.doubtful is None:
+            return text == self.text
+        return text.startswith(self.text) and is_part(text[len(self.text):], self.doubtful)
+
+    def __str__(self):
+        return repr(self.text) + (" with some of %r" % self.doubtful if self.doubtful else "")
+
+
+def is_part(text, whole):
+    """Whether all of it stands there, in this order, whatever is between."""
+    rest = iter(whole)
+    return all(each in rest for each in text)
 
 
 OVERTAKEN = "keys that are the program's came back to it later than others: toolkits ask asynchronously"
+OTHER_CASE = "keys that are the program's came back to it with the modifiers of another moment"
 COMPOSED = "the word that was being composed when the engine was killed"
 HELD_BY_KILLED = "a word that the engine held for a field without focus when it was killed"
 KEY_FIRST = "a key that was pressed while the engine died came before its word"
@@ -48,6 +65,12 @@ def is_overtaken(wanted, found, passed):
     middles = [text[start:len(text) - end] for text in (wanted, found)]
     return sorted(middles[0]) == sorted(middles[1]) and len({"".join(each for each in middle if each not in passed)
                                                             for middle in middles}) == 1
+
+
+def is_in_other_case(wanted, found, passed):
+    """Whether letters that the program got back have lost their Shift, and nothing else is different."""
+    return wanted != found and len(wanted) == len(found) and all(
+        one == other or (one in passed and one.lower() == other.lower()) for one, other in zip(wanted, found))
 
 
 class Model:
@@ -127,9 +150,7 @@ class Model:
             self.put(text)
 
     def put(self, text):
-        before = self.allowed[self.focus]
-        self.allowed[self.focus] = list(dict.fromkeys([each.with_more(text) for each in before] +
-                                                      [each for each in before if each.is_deaf]))
+        self.allowed[self.focus] = [each.with_more(text) for each in self.allowed[self.focus]]
 
     def put_marked(self, after=""):
         text, first = self.marked(), self.keys[:1]
@@ -166,12 +187,11 @@ class Model:
         if lost and word:
             self.allowed[self.focus] += [dataclasses.replace(each, reason=lost) for each in before]
         self.is_ours, self.is_dead = is_ours, False
-        self.allowed[self.focus] = [dataclasses.replace(each, is_deaf=False) for each in self.allowed[self.focus]]
 
     def kill(self, typed_late=0, deaf=None):
         """The engine dies in a word, of which the last so many keys may not have reached it: they come as they are. Of
         the others what was shown may be there, or nothing. So do all keys come from now on, or, where there is a reason
-        for it in `deaf`, none or not the first ones."""
+        for it in `deaf`, some or none."""
         word = self.keys
         endings = [ending for count in range(len(word), len(word) - typed_late - 1, -1)
                    for ending in self.endings_of_kill(word[:count], word[count:])]
@@ -179,10 +199,12 @@ class Model:
         self.allowed = [[*allowed, *(Ending(each.text, HELD_BY_KILLED) for each in allowed if each.held)]
                         for allowed in self.allowed]
         self.passed[self.focus] += word[len(word) - typed_late:]
+        before, shown = self.allowed[self.focus], self.read(word[:len(word) - typed_late])
         self.allowed[self.focus] = [Ending(each.text + ending.text, each.reason or ending.reason)
-                                    for each in self.allowed[self.focus] for ending in endings] + [
-            Ending(each.text + shown, deaf, is_deaf=True)
-            for each in self.allowed[self.focus] for shown in ("", self.read(word[:len(word) - typed_late])) if deaf]
+                                    for each in before for ending in endings]
+        if deaf:
+            self.allowed[self.focus] += [Ending(each.text + text, deaf, doubtful=word[len(word) - typed_late:])
+                                         for each in before for text in ("", shown)]
 
     def endings_of_kill(self, keys, late):
         shown = self.read(keys)
@@ -200,24 +222,25 @@ class Model:
     def found(self, field, text):
         """The ending that a text is; nothing where it is none."""
         for each in self.allowed[field]:
-            if each.text == text:
+            if each.is_as(text):
                 return each
         for each in self.allowed[field]:
-            if is_overtaken(each.text, text, self.passed[field]):
-                return dataclasses.replace(each, text=text, reason=OVERTAKEN)
+            for is_like, reason in ((is_overtaken, OVERTAKEN), (is_in_other_case, OTHER_CASE)):
+                if is_like(each.text, text, self.passed[field]):
+                    return dataclasses.replace(each, text=text, reason=reason)
         return None
 
     def allows(self, texts):
         return all(self.found(field, text) for field, text in enumerate(texts))
 
     def see(self, texts):
-        """Compares with what the fields hold, goes on from there, and returns (field, allowed, found) for each that is
+        """Compares with what the fields hold, goes on from there, and returns (field, endings, found) for each that is
         wrong and the reasons of those that are not as they ought to be."""
         wrong, reasons = [], []
         for field, text in enumerate(texts):
             found = self.found(field, text)
             if not found:
-                wrong.append((field, [each.text for each in self.allowed[field]], text))
+                wrong.append((field, self.allowed[field], text))
             elif found.reason:
                 reasons.append(found.reason)
             self.allowed[field] = [Ending(text, held=found.held if found else "")]

@@ -4,7 +4,7 @@
 import sys
 import unittest
 
-from model import OVERTAKEN, Model
+from model import OTHER_CASE, OVERTAKEN, Ending, Model
 from reading import Reading
 
 AMMA = "\u0d85\u0db8\u0dca\u0db8"
@@ -101,13 +101,21 @@ class ModelTest(unittest.TestCase):
     def test_a_field_may_be_deaf_until_the_engine_is_chosen_again(self):
         self.press(*"ma", "space")
         self.model.kill(deaf="why")
-        self.press("x", "y")
-        self.assertEqual(sorted({text[len(MA + " "):] for text in self.texts()}), ["", "xy", "y"])
-        self.assertEqual(set(self.reasons()), {"", "why"})
-        self.model.see([MA + " y"])
+        self.press("x", "y", "z")
+        for text, is_allowed in (("xyz", True), ("xz", True), ("", True), ("zx", False), ("xxyz", False)):
+            self.assertEqual(self.model.allows([MA + " " + text, ""]), is_allowed, text)
+        self.assertEqual(self.model.see([MA + " z", ""]), ([], ["why"]))
         self.model.choose(True)
         self.press("1")
-        self.assertEqual(self.texts(), [MA + " y1"])
+        self.assertEqual(self.texts(), [MA + " z1"])
+
+    def test_keys_that_come_back_may_have_lost_their_shift(self):
+        self.model.choose(False)
+        self.press("A", "space", "b")
+        self.assertEqual(self.model.see(["a b", ""]), ([], [OTHER_CASE]))
+        self.model.choose(True)
+        self.press("A", "Escape")
+        self.assertFalse(self.model.allows(["a ba", ""]))
 
     def test_the_first_key_in_another_field_may_go_astray(self):
         self.model.go(1, astray="why")
@@ -150,7 +158,7 @@ class ModelTest(unittest.TestCase):
         self.press(*"ka", "space")
         self.assertTrue(self.model.allows([KA + " ", ""]))
         self.assertFalse(self.model.allows([KA, ""]))
-        self.assertEqual(self.model.see([KA, ""]), ([(0, [KA + " "], KA)], []))
+        self.assertEqual(self.model.see([KA, ""]), ([(0, [Ending(KA + " ")], KA)], []))
         self.assertEqual(self.model.see([KA, ""]), ([], []))
 
 

@@ -36,13 +36,18 @@ class FieldPlace(Place):
         return self.fields.left + 380, self.fields.heights[self.index]
 
     def empty(self, stage):
-        """Deletes all, as a person does."""
-        if self.text():
+        """Deletes all, as a person does, who sees whether it is gone."""
+        wait_until(lambda: not self.text() or self.is_emptied(stage), "all is deleted", 30)
+
+    def is_emptied(self, stage):
+        try:
             with stage.holding("ctrl"):
                 stage.press("a")
-                wait_until(lambda: not self.is_at_end(), "all is selected")
+                wait_until(lambda: not self.is_at_end(), "all is selected", 3)
             stage.press("BackSpace")
-            wait_until(lambda: not self.text(), "all is deleted")
+            return wait_until(lambda: not self.text(), "all is deleted", 3)
+        except windows.Failure:
+            return False
 
 
 class XtermPlace(Place):

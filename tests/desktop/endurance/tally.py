@@ -39,7 +39,8 @@ class Tally:
         wrong, reasons = seen
         self.known.update(reasons)
         for field, allowed, found in wrong:
-            self.tell(kind_of(allowed, found), "field %d has %r, not %s" % (field, found, " or ".join(map(repr, allowed))))
+            self.tell(kind_of([each.text for each in allowed], found),
+                      "field %d has %r, not %s" % (field, found, " or ".join(map(str, allowed))))
 
     def summary(self):
         lines = ["%s seed %d: %d keys, %d steps, %d unexplained, %d known" % (
