@@ -220,15 +220,13 @@ class Model:
     # What is there.
 
     def found(self, field, text):
-        """The ending that a text is; nothing where it is none."""
-        for each in self.allowed[field]:
-            if each.is_as(text):
-                return each
-        for each in self.allowed[field]:
-            for is_like, reason in ((is_overtaken, OVERTAKEN), (is_in_other_case, OTHER_CASE)):
-                if is_like(each.text, text, self.passed[field]):
-                    return dataclasses.replace(each, text=text, reason=reason)
-        return None
+        """The endings that a text may be; none where it is none."""
+        found = [each for each in self.allowed[field] if each.is_as(text)]
+        if found:
+            return found
+        return [dataclasses.replace(each, text=text, reason=reason) for each in self.allowed[field]
+                for is_like, reason in ((is_overtaken, OVERTAKEN), (is_in_other_case, OTHER_CASE))
+                if is_like(each.text, text, self.passed[field])]
 
     def allows(self, texts):
         return all(self.found(field, text) for field, text in enumerate(texts))
@@ -241,8 +239,9 @@ class Model:
             found = self.found(field, text)
             if not found:
                 wrong.append((field, self.allowed[field], text))
-            elif found.reason:
-                reasons.append(found.reason)
-            self.allowed[field] = [Ending(text, held=found.held if found else "")]
+            elif found[0].reason:
+                reasons.append(found[0].reason)
+            held = list(dict.fromkeys(each.held for each in found)) or [""]
+            self.allowed[field] = [Ending(text, "" if each == held[0] else HELD_BY_KILLED, each) for each in held]
             self.passed[field] = ""
         return wrong, reasons

@@ -144,6 +144,7 @@ class ModelTest(unittest.TestCase):
         self.model.go(1, held="why")
         self.model.see(["", ""])
         self.model.kill()
+        self.model.see(["", ""])
         self.model.choose(True)
         self.model.go(0)
         self.assertEqual(self.texts(), [KA, ""])
