@@ -28,13 +28,16 @@ class Ending:
 
     text: str
     reason: str = ""
-    held: str = ""  # what comes at its end as soon as the field has the focus again
+    held: str = ""  # what comes at its end with the first key after the focus has come back
     doubtful: str = None  # what has been typed while keys came or did not come; nothing while all come
 
     def with_more(self, text):
         if self.doubtful is None:
             return dataclasses.replace(self, text=self.text + text)
         return dataclasses.replace(self, doubtful=self.doubtful + text)
+
+    def as_it_comes(self):
+        return Ending(self.text + self.held) if self.held else self
 
     def is_as(self, text):
         if self.doubtful is None:
@@ -80,13 +83,13 @@ class Model:
     composed makes more than one.
     """
 
-    def __init__(self, read, fields, is_suggesting=False, line_end="", rubout=""):
+    def __init__(self, read, controls, is_suggesting=False):
+        """`controls` says of each field what Return and BackSpace type there, by name; most drop one and obey the other."""
         self.read = read
-        self.line_end = line_end  # what Return types
-        self.rubout = rubout  # what BackSpace types where it takes nothing back
+        self.controls = controls
         self.is_suggesting = is_suggesting
-        self.allowed = [[Ending("")] for _ in range(fields)]
-        self.passed = [""] * fields  # what keys that were the program's have typed since the field was seen
+        self.allowed = [[Ending("")] for _ in controls]
+        self.passed = ["" for _ in controls]  # what keys that were the program's have typed since the field was seen
         self.focus = 0
         self.is_ours = True  # whether the engine has the keys
         self.is_dead = False  # it was killed, and nobody takes what is marked away
@@ -106,6 +109,7 @@ class Model:
     # Keys.
 
     def press(self, key):
+        self.allowed[self.focus] = list(dict.fromkeys(each.as_it_comes() for each in self.allowed[self.focus]))
         if not self.is_ours:
             self.pass_on(key)
         elif is_letter(key):
@@ -142,12 +146,12 @@ class Model:
     def pass_on(self, key):
         """What the program does with a key."""
         self.astray = None
-        if key == "BackSpace" and not self.rubout:
+        typed = self.controls[self.focus].get(key, printed(key))
+        if key == "BackSpace" and not typed:
             self.allowed[self.focus] = [dataclasses.replace(each, text=each.text[:-1]) for each in self.allowed[self.focus]]
         else:
-            text = {"Return": self.line_end, "BackSpace": self.rubout}.get(key) or printed(key)
-            self.passed[self.focus] += text
-            self.put(text)
+            self.passed[self.focus] += typed
+            self.put(typed)
 
     def put(self, text):
         self.allowed[self.focus] = [each.with_more(text) for each in self.allowed[self.focus]]
@@ -173,8 +177,7 @@ class Model:
         if held and word:
             self.allowed[self.focus] += [dataclasses.replace(each, reason=held, held=word) for each in before]
         self.focus, self.astray = field, astray
-        self.allowed[field] = list(dict.fromkeys(Ending(each.text + each.held, "" if each.held else each.reason)
-                                                 for each in self.allowed[field]))
+        self.allowed[field] = list(dict.fromkeys([each.as_it_comes() for each in self.allowed[field]] + self.allowed[field]))
 
     def holds(self, field):
         """Whether a word may be on its way into a field that has lost the focus."""

@@ -15,7 +15,7 @@ TYPED, HOUSE, TO_HOUSE = "\u0d9c\u0dd9\u0da9\u0dca\u200d\u0dbb\u0dca", "\u0d9c\u
 
 class ModelTest(unittest.TestCase):
     def setUp(self):
-        self.model = Model(READ, 2, line_end="\n")
+        self.model = Model(READ, [{"Return": "\n"}, {"BackSpace": "\x7f"}])
 
     def press(self, *keys):
         for key in keys:
@@ -41,13 +41,18 @@ class ModelTest(unittest.TestCase):
 
     def test_backspace_takes_a_visible_part_back(self):
         for keys, left in (("amma", "\u0d85\u0db8\u0dca"), ("kra", KA + "\u0dca"), ("kaa", KA), ("ka", "")):
-            self.model = Model(READ, 1)
+            self.model = Model(READ, [{}])
             self.press(*keys, "BackSpace")
             self.assertEqual(self.model.marked(), left, keys)
 
     def test_backspace_after_a_word_is_the_programs(self):
         self.press(*"ka", "space", "BackSpace", "period")
         self.assertEqual(self.texts(), [KA + "."])
+
+    def test_a_terminal_gets_backspace_as_a_character(self):
+        self.model.go(1)
+        self.press(*"ka", "space", "BackSpace")
+        self.assertEqual(self.texts(1), [KA + " \x7f"])
 
     def test_return_puts_the_word_in_and_is_the_programs(self):
         self.press(*"ka", "Return", *"ma", "Return")
@@ -130,7 +135,9 @@ class ModelTest(unittest.TestCase):
         self.assertEqual(self.model.see(["", ""]), ([], ["why"]))
         self.assertTrue(self.model.holds(0))
         self.model.go(0)
-        self.assertEqual((self.texts(), self.reasons()), ([KA], [""]))
+        self.assertTrue(self.model.allows(["", ""]))
+        self.press("1")
+        self.assertEqual((self.texts(), self.reasons()), ([KA + "1"], [""]))
 
     def test_a_word_that_is_held_comes_once(self):
         self.press(*"ka")
@@ -147,7 +154,8 @@ class ModelTest(unittest.TestCase):
         self.model.see(["", ""])
         self.model.choose(True)
         self.model.go(0)
-        self.assertEqual(self.texts(), [KA, ""])
+        self.press("1")
+        self.assertEqual(self.texts(), [KA + "1", "1"])
 
     def test_keys_of_the_program_may_be_overtaken_and_nothing_else(self):
         self.press(*"ka", "space", "2", *"ma", "space")

@@ -7,7 +7,7 @@ from windows import wait_until
 class Place:
     """A field: its text, and, where its program tells them, its marked text and whether a key goes to its end."""
 
-    line_end = rubout = ""  # what Return and BackSpace type
+    controls = {}  # what Return and BackSpace type, where they type something
     is_watched = True
     toolkit = "xim"
     program = 0
@@ -51,7 +51,7 @@ class FieldPlace(Place):
 
 
 class XtermPlace(Place):
-    line_end, rubout = "\n", "\x7f"
+    controls = {"Return": "\n", "BackSpace": "\x7f"}
     is_watched = False
 
     def __init__(self, desk, left):

@@ -23,7 +23,7 @@ class Typist:
         self.random = random
         self.tally = tally
         self.strokes = []
-        self.model = Model(words.read, len(stage.places), suggests, stage.place.line_end, stage.place.rubout)
+        self.model = Model(words.read, [place.controls for place in stage.places], suggests)
 
     @property
     def is_qt_with_ibus(self):
@@ -73,7 +73,7 @@ class Typist:
     def passage(self):
         self.tally.steps += 1
         for _ in range(self.random.randint(2, 6)):
-            if self.model.is_suggesting and self.random.random() < 0.3:
+            if self.model.is_suggesting and not self.model.astray and self.random.random() < 0.3:
                 self.press_candidate()
             else:
                 self.press_word()
@@ -154,9 +154,12 @@ class Typist:
         self.revive()
 
     def kill_daemon(self):
-        self.kill(self.stage.kill_daemon, DEAF if self.stage.desk.name == "ibus" and self.stage.place.toolkit[:2] in ("qt", "xi") else None)
+        is_deaf = self.stage.desk.name == "ibus" and self.stage.place.toolkit[:2] in ("qt", "xi")
+        self.kill(self.stage.kill_daemon, DEAF if is_deaf else None)
         self.stage.desk.start_daemon()
         self.revive()
+        if any(place.toolkit == "xim" for place in self.stage.places if place is not self.stage.place):
+            raise Anew  # which of them find XIM's server again is not the engine's
 
     def kill(self, kill, deaf=None):
         self.begin_word()
@@ -187,7 +190,7 @@ class Typist:
     def come_back(self):
         """A word is written until it is composed, and with suggestions one that only they make; then the field is empty."""
         keys = [*"gedr", "Down"] if self.model.is_suggesting else [*"ka"]
-        probe = Model(self.words.read, 1, self.model.is_suggesting)
+        probe = Model(self.words.read, [{}], self.model.is_suggesting)
         for key in [*keys, "space"]:
             probe.press(key)
         for emptied in self.stage.come_back(keys, probe.allowed[0][0].text):
