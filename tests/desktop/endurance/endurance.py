@@ -2,7 +2,7 @@
 """Types real Sinhala for a long time, interrupted by all that happens on a desktop, and compares with a model.
 
     endurance.py --build FOLDER [--keys 100000] [--framework ibus|fcitx5] [--client gtk3|qt6-gtk3|…] [--session x11|gnome|kwin|sway]
-                 [--seed S] [--jobs N]
+                 [--seed S] [--jobs N] [--pauses 0,40]
 
 The keys are shared out among the clients of each framework in each session. Between them are pauses of 0 to 40 ms; the
 typist makes slips, looks at candidates, goes to other fields and windows, changes the engine, and sees engine and daemon
@@ -75,16 +75,16 @@ def staged(build, place, client):
         raise
 
 
-def type_on_a_desk(stage, words, tally, keys, chance):
+def type_on_a_desk(stage, words, pauses, tally, keys, chance):
     """The first half without suggestions, the second with, until something is wrong."""
     for suggests, end in ((False, keys // 2), (True, keys)):
         if tally.keys < end and not tally.has_new_difference():
             stage.desk.suggest(suggests, are_private=True)
             at_last(stage.reopen)
-            type_on(Typist(stage, words, suggests, chance, tally), end)
+            type_on(Typist(stage, words, pauses, suggests, chance, tally), end)
 
 
-def run(build, place, client, keys, seed):
+def run(build, place, client, keys, pauses, seed):
     """The tally of one client of one framework in one session."""
     name = " ".join([*place, client])
     tally, chance = Tally(name, seed), random.Random("%d %s" % (seed, name))
@@ -94,7 +94,7 @@ def run(build, place, client, keys, seed):
         stage = None
         try:
             stage = at_last(lambda: staged(build, place, client))
-            type_on_a_desk(stage, words, tally, keys, chance)
+            type_on_a_desk(stage, words, pauses, tally, keys, chance)
         except Exception as failure:
             tally.tell("the run ended", "".join(traceback.format_exception(failure)))
         finally:
@@ -114,6 +114,7 @@ def options():
     parser.add_argument("--session", choices=sorted(NEEDS), action="append", help="instead of X11")
     parser.add_argument("--client", action="append", help="instead of all")
     parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(10 ** 6))
+    parser.add_argument("--pauses", default="0,40", help="the shortest and the longest, in milliseconds")
     parser.add_argument("--jobs", type=int, default=1, help="clients at a time")
     return parser.parse_args()
 
@@ -136,9 +137,9 @@ def main():
     signal.signal(signal.SIGTERM, lambda *_: STOPPING.set())  # what was started is ended then, too
     runs = runs_of(chosen)
     print("seed %d" % chosen.seed, flush=True)
+    keys, pauses = -(-chosen.keys // len(runs)), [int(pause) for pause in chosen.pauses.split(",")]
     with concurrent.futures.ThreadPoolExecutor(chosen.jobs) as pool:
-        tallies = list(pool.map(lambda each: run(os.path.abspath(chosen.build), *each, -(-chosen.keys // len(runs)),
-                                                 chosen.seed), runs))
+        tallies = list(pool.map(lambda each: run(os.path.abspath(chosen.build), *each, keys, pauses, chosen.seed), runs))
     print("%d keys, %d steps, %d unexplained, %d known" % tuple(
         sum(values) for values in zip(*[(each.keys, each.steps, each.wrong.total(), each.known.total())
                                         for each in tallies])))

@@ -54,6 +54,15 @@ def is_part(text, whole):
     return all(each in rest for each in text)
 
 
+@dataclasses.dataclass(frozen=True)
+class Risk:
+    """Why the first letter of a word may not be composed, and whether it comes as it is then, or not at all."""
+
+    reason: str
+    is_raw: bool
+
+
+RESET = "a letter is lost that comes before Return or BackSpace is back in the program, which resets the engine then"
 OVERTAKEN = "keys that are the program's came back to it later than others: toolkits ask asynchronously"
 OTHER_CASE = "keys that are the program's came back to it with the modifiers of another moment"
 COMPOSED = "the word that was being composed when the engine was killed"
@@ -95,8 +104,8 @@ class Model:
         self.is_dead = False  # it was killed, and nobody takes what is marked away
         self.keys = ""
         self.row = 0  # of the line of candidates, from what was typed
-        self.astray = None  # why the next key may not be composed
-        self.without_first = None  # the keys that are, in a word whose first one may not
+        self.risk = None  # for the first letter of the next word
+        self.without_first = None  # the other keys of a word with that risk
 
     def rows(self):
         lines = LINES.get(self.keys, []) if self.is_suggesting else []
@@ -105,6 +114,10 @@ class Model:
     def marked(self):
         """What is shown as marked text."""
         return self.rows()[self.row] if self.keys else ""
+
+    def marks(self):
+        """All that may be shown as marked text."""
+        return {self.marked()} if self.without_first is None else {self.marked(), self.read(self.without_first)}
 
     # Keys.
 
@@ -127,7 +140,7 @@ class Model:
             self.pass_on(key)
 
     def compose(self, key):
-        if self.astray and not self.keys:
+        if self.risk and not self.keys:
             self.without_first = ""
         elif self.without_first is not None:
             self.without_first += key
@@ -140,13 +153,14 @@ class Model:
             self.keys = after_backspace(self.read, self.keys)
             self.without_first = after_backspace(self.read, self.without_first) if self.without_first else None
         else:
-            keys, self.keys = self.keys, ""
-            self.put(keys)
+            self.put_word(self.keys, self.without_first)
 
     def pass_on(self, key):
         """What the program does with a key."""
-        self.astray = None
+        self.risk = None
         typed = self.controls[self.focus].get(key, printed(key))
+        if self.is_ours and key in ("BackSpace", "Return") and not typed:
+            self.risk = Risk(RESET, is_raw=False)
         if key == "BackSpace" and not typed:
             self.allowed[self.focus] = [dataclasses.replace(each, text=each.text[:-1]) for each in self.allowed[self.focus]]
         else:
@@ -157,15 +171,17 @@ class Model:
         self.allowed[self.focus] = [each.with_more(text) for each in self.allowed[self.focus]]
 
     def put_marked(self, after=""):
-        text, first = self.marked(), self.keys[:1]
-        before, without_first = self.allowed[self.focus], self.without_first
-        self.keys, self.row, self.without_first = "", 0, None
-        self.put(text + after)
+        without_first = None if self.without_first is None else self.read(self.without_first) + after
+        self.put_word(self.marked() + after, without_first)
+
+    def put_word(self, text, without_first):
+        """Ends the word with a text, or with another where its first letter was not composed."""
+        before, first, risk = self.allowed[self.focus], self.keys[:1], self.risk
+        self.keys, self.row, self.without_first, self.risk = "", 0, None, None
+        self.put(text)
         if without_first is not None:
-            self.allowed[self.focus] += [
-                dataclasses.replace(each.with_more(first + self.read(without_first) + after), reason=self.astray)
-                for each in before]
-        self.astray = None
+            self.allowed[self.focus] += [dataclasses.replace(
+                each.with_more((first if risk.is_raw else "") + without_first), reason=risk.reason) for each in before]
 
     # What others do.
 
@@ -176,7 +192,7 @@ class Model:
         self.put_marked()
         if held and word:
             self.allowed[self.focus] += [dataclasses.replace(each, reason=held, held=word) for each in before]
-        self.focus, self.astray = field, astray
+        self.focus, self.risk = field, Risk(astray, is_raw=True) if astray else None
         self.allowed[field] = list(dict.fromkeys([each.as_it_comes() for each in self.allowed[field]] + self.allowed[field]))
 
     def holds(self, field):

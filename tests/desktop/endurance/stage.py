@@ -82,7 +82,7 @@ class Stage:
         return True
 
     def is_as(self, model):
-        is_shown = not self.place.is_watched or model.is_dead or self.place.marked() == model.marked()
+        is_shown = not self.place.is_watched or model.is_dead or self.place.marked() in model.marks()
         return is_shown and model.allows(self.texts())
 
     # From one place to another.
@@ -109,7 +109,7 @@ class Stage:
         elif way == "activate":
             self.desk.processes.output("xdotool", "windowactivate", "--sync", place.window)
         elif way == "Alt+Tab":
-            self.desk.processes.output("xdotool", "keydown", "Alt_L", "key", "Tab", "keyup", "Alt_L")
+            self.desk.processes.output("xdotool", "keydown", "Alt_L", "sleep", "0.1", "key", "Tab", "keyup", "Alt_L")
         else:
             self.press(way)
         wait_until(place.has_focus, "%s gives the focus to field %d" % (way, number))

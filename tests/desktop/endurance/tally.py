@@ -18,16 +18,23 @@ class Tally:
         self.keys = 0
         self.steps = 0
         self.doings = collections.deque(["begin"], maxlen=6)
+        self.strokes = collections.deque(maxlen=80)
         self.known = collections.Counter()  # by reason
         self.wrong = collections.Counter()  # by kind
         self.said = 0
+
+    def typed(self, strokes):
+        self.keys += len(strokes)
+        self.strokes += strokes
 
     def doing(self, what):
         self.doings.append(what)
 
     def tell(self, kind, what):
         self.wrong[kind] += 1
-        say("%s seed %d step %d, after %s: %s" % (self.name, self.seed, self.steps, ", ".join(self.doings), what))
+        say("%s seed %d step %d, after %s: %s\n    typed last, with milliseconds before: %s" % (
+            self.name, self.seed, self.steps, ", ".join(self.doings), what,
+            " ".join("%d %s" % (pause, key) for key, pause in self.strokes)))
 
     def has_new_difference(self):
         """Since it was asked last."""

@@ -17,7 +17,8 @@ HELD = "IBus's daemon drops the word of Qt and XIM before they know that the foc
 
 
 class Typist:
-    def __init__(self, stage, words, suggests, random, tally):
+    def __init__(self, stage, words, pauses, suggests, random, tally):
+        self.pauses = pauses  # the shortest and the longest, in milliseconds
         self.stage = stage
         self.words = words
         self.random = random
@@ -34,13 +35,13 @@ class Typist:
     def press(self, *keys):
         for key in keys:
             self.model.press(key)
-            self.strokes.append((key, self.random.randint(0, 40)))
+            self.strokes.append((key, self.random.randint(*self.pauses)))
 
     def write(self):
         """What was pressed comes to the screen."""
-        self.tally.keys += len(self.strokes)
-        for start in range(0, len(self.strokes), 50):
-            self.stage.write(self.strokes[start:start + 50])
+        self.tally.typed(self.strokes)
+        for start in range(0, len(self.strokes), 20):
+            self.stage.write(self.strokes[start:start + 20])
         self.strokes = []
 
     def press_word(self):
@@ -73,7 +74,7 @@ class Typist:
     def passage(self):
         self.tally.steps += 1
         for _ in range(self.random.randint(2, 6)):
-            if self.model.is_suggesting and not self.model.astray and self.random.random() < 0.3:
+            if self.model.is_suggesting and not self.model.risk and self.random.random() < 0.3:
                 self.press_candidate()
             else:
                 self.press_word()
