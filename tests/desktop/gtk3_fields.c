@@ -3,20 +3,12 @@
  * with "left" the first gives the focus to the second as soon as it holds a space; with "alone" there is no
  * second window. With "watched" the line goes on with the marked text and with the number of the field that
  * has the focus, "!" after it while its caret is at the end and nothing is selected. */
-#include <gtk/gtk.h>
+#include "gtk_fields.h"
+
 #include <stdio.h>
-#include <string.h>
 
 static GtkWidget* fields[3];
-static char* marked;
 static gboolean is_watched;
-
-static gboolean has_argument(int count, char** arguments, const char* wanted) {
-    for (int i = 1; i < count; ++i)
-        if (strcmp(arguments[i], wanted) == 0)
-            return TRUE;
-    return FALSE;
-}
 
 /* As a form does that moves on as soon as a field is full. */
 static void leave(GtkEditable* changed, gpointer data) {
@@ -44,25 +36,6 @@ static void report(void) {
         report_focus();
     printf("\n");
     fflush(stdout);
-}
-
-static void mark(GtkEntry* field, char* text, gpointer data) {
-    (void)field;
-    (void)data;
-    g_free(marked);
-    marked = g_strdup(text);
-    report();
-}
-
-static void watch(GtkWidget* field) {
-    g_signal_connect(field, "preedit-changed", G_CALLBACK(mark), NULL);
-    for (const char* const* each =
-             (const char* const[]){"cursor-position", "selection-bound", "has-focus", NULL};
-         *each; ++each) {
-        char* signal = g_strconcat("notify::", *each, NULL);
-        g_signal_connect(field, signal, G_CALLBACK(report), NULL);
-        g_free(signal);
-    }
 }
 
 static void window(const char* title, int first, int count) {

@@ -3,20 +3,12 @@
  * with "left" the first gives the focus to the second as soon as it holds a space; with "alone" there is no
  * second window. With "watched" the line goes on with the marked text and with the number of the field that
  * has the focus, "!" after it while its caret is at the end and nothing is selected. */
-#include <gtk/gtk.h>
+#include "gtk_fields.h"
+
 #include <stdio.h>
-#include <string.h>
 
 static GtkWidget* fields[3];
-static char* marked;
 static gboolean is_watched;
-
-static gboolean has_argument(int count, char** arguments, const char* wanted) {
-    for (int i = 1; i < count; ++i)
-        if (strcmp(arguments[i], wanted) == 0)
-            return TRUE;
-    return FALSE;
-}
 
 static GtkEditable* text_of(GtkWidget* field) {
     return gtk_editable_get_delegate(GTK_EDITABLE(field));
@@ -48,25 +40,6 @@ static void leave(GtkEditable* changed, gpointer data) {
     (void)data;
     if (strchr(gtk_editable_get_text(changed), ' '))
         gtk_widget_grab_focus(fields[1]);
-}
-
-static void mark(GtkText* field, char* text, gpointer data) {
-    (void)field;
-    (void)data;
-    g_free(marked);
-    marked = g_strdup(text);
-    report();
-}
-
-static void watch(GtkEditable* text) {
-    g_signal_connect(text, "preedit-changed", G_CALLBACK(mark), NULL);
-    for (const char* const* each =
-             (const char* const[]){"cursor-position", "selection-bound", "has-focus", NULL};
-         *each; ++each) {
-        char* signal = g_strconcat("notify::", *each, NULL);
-        g_signal_connect(text, signal, G_CALLBACK(report), NULL);
-        g_free(signal);
-    }
 }
 
 static GtkWidget* field(int index, gboolean is_password) {

@@ -4,7 +4,8 @@
 import sys
 import unittest
 
-from model import OTHER_CASE, OVERTAKEN, Ending, Model
+from endings import OTHER_CASE, OVERTAKEN, Ending
+from model import Model
 from reading import Reading
 
 AMMA = "\u0d85\u0db8\u0dca\u0db8"
