@@ -71,6 +71,13 @@ class Stage:
         finally:
             self.desk.processes.output("xdotool", "keyup", modifier)
 
+    def look(self):
+        """Until what a shortcut's first key does has come about: with some clients it puts the word in."""
+        if self.desk.name == "ibus" and self.place.toolkit.startswith("qt"):
+            wait_until(lambda: not self.place.marked(), "the word is in")
+        else:
+            time.sleep(UNSEEN)
+
     def settle(self, model):
         """Until all that was typed is where it belongs. False when it is not in the end."""
         try:
@@ -109,7 +116,9 @@ class Stage:
         elif way == "activate":
             self.desk.processes.output("xdotool", "windowactivate", "--sync", place.window)
         elif way == "Alt+Tab":
-            self.desk.processes.output("xdotool", "keydown", "Alt_L", "sleep", "0.1", "key", "Tab", "keyup", "Alt_L")
+            with self.holding("Alt_L"):
+                self.look()
+                self.press("Tab")
         else:
             self.press(way)
         wait_until(place.has_focus, "%s gives the focus to field %d" % (way, number))
@@ -134,12 +143,11 @@ class Stage:
 
     def choose_other(self, by_shortcut):
         """As a person does, with Super and Space, of which the modifier is seen; or as a program does."""
-        presses = by_shortcut and not self.has_own_shortcut
-        if presses:
-            self.desk.processes.output("xdotool", "keydown", "Super_L", "sleep", "0.05")
-        self.desk.choose_other()
-        if presses:
-            self.desk.processes.output("xdotool", "keyup", "Super_L")
+        if not by_shortcut or self.has_own_shortcut:
+            return self.desk.choose_other()
+        with self.holding("Super_L"):
+            self.look()
+            self.desk.choose_other()
 
     def kill_engine(self):
         self.kill(self.desk.engine_process())
@@ -156,9 +164,9 @@ class Stage:
     def come_back(self, probe, expected):
         """Until keys are composed again: writes a word, again and again. Returns the places that are empty then."""
         here, emptied, written = self.here, {self.here}, []
-        self.place.empty(self)
 
         def composes():
+            self.place.empty(self)
             before = self.texts()
             self.press(*probe, "space")
             wait_until(lambda: any(new != old and new.endswith(" ") for new, old in zip(self.texts(), before)),
