@@ -118,8 +118,9 @@ class Desk:
 
     def start_screen(self):
         reader, writer = os.pipe()
+        # A busy machine may let a key go long after it was pressed: it is not to be repeated meanwhile.
         self.processes.start(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1024x768x24", "-nolisten", "tcp",
-                              "-noreset"], pass_fds=[writer])
+                              "-noreset", "-ardelay", "60000"], pass_fds=[writer])
         os.close(writer)
         with os.fdopen(reader) as answer:
             self.environment["DISPLAY"] = ":" + answer.readline().strip()

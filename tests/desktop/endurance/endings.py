@@ -38,13 +38,14 @@ def is_part(text, whole):
 
 @dataclasses.dataclass(frozen=True)
 class Risk:
-    """Why the first letter of a word may not be composed, and whether it comes as it is then, or not at all."""
+    """Why a word may not be composed as one: its first letter comes as it is, or those that were there when the program
+    resets the engine are put in then, or lost."""
 
     reason: str
     is_raw: bool
 
 
-RESET = "a letter is lost that comes before Return or BackSpace is back in the program, which resets the engine then"
+RESET = "letters come before Return or BackSpace is back in the program, which resets the engine then"
 OVERTAKEN = "keys that are the program's came back to it later than others: toolkits ask asynchronously"
 OTHER_CASE = "keys that are the program's came back to it with the modifiers of another moment"
 COMPOSED = "the word that was being composed when the engine was killed"

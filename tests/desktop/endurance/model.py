@@ -42,8 +42,8 @@ class Model:
         self.is_dead = False  # it was killed, and nobody takes what is marked away
         self.keys = ""
         self.row = 0  # of the line of candidates, from what was typed
-        self.risk = None  # for the first letter of the next word
-        self.without_first = None  # the other keys of a word with that risk
+        self.risk = None  # that the next word is not composed as one
+        self.broken = []  # what such a word may have become: a text, and the keys that are being composed after it
 
     def rows(self):
         lines = LINES.get(self.keys, []) if self.is_suggesting else []
@@ -55,7 +55,7 @@ class Model:
 
     def marks(self):
         """All that may be shown as marked text."""
-        return {self.marked()} if self.without_first is None else {self.marked(), self.read(self.without_first)}
+        return {self.marked(), *(self.read(keys) for _, keys in self.broken)}
 
     # Keys.
 
@@ -78,10 +78,11 @@ class Model:
             self.pass_on(key)
 
     def compose(self, key):
-        if self.risk and not self.keys:
-            self.without_first = ""
-        elif self.without_first is not None:
-            self.without_first += key
+        self.broken = [(text, keys + key) for text, keys in self.broken]
+        if self.risk and self.risk.is_raw and not self.keys:
+            self.broken = [(key, "")]
+        elif self.risk and not self.risk.is_raw and self.keys:
+            self.broken += [("", key), (self.read(self.keys), key)]
         self.keys, self.row = self.keys + key, 0
 
     def take_back(self, key):
@@ -89,9 +90,9 @@ class Model:
             self.row = 0
         elif key == "BackSpace":
             self.keys = after_backspace(self.read, self.keys)
-            self.without_first = after_backspace(self.read, self.without_first) if self.without_first else None
+            self.broken = [(text, after_backspace(self.read, keys)) for text, keys in self.broken if keys]
         else:
-            self.put_word(self.keys, self.without_first)
+            self.put_word(self.keys, [text + keys for text, keys in self.broken])
 
     def pass_on(self, key):
         """What the program does with a key."""
@@ -109,17 +110,15 @@ class Model:
         self.allowed[self.focus] = [each.with_more(text) for each in self.allowed[self.focus]]
 
     def put_marked(self, after=""):
-        without_first = None if self.without_first is None else self.read(self.without_first) + after
-        self.put_word(self.marked() + after, without_first)
+        self.put_word(self.marked() + after, [text + self.read(keys) + after for text, keys in self.broken])
 
-    def put_word(self, text, without_first):
-        """Ends the word with a text, or with another where its first letter was not composed."""
-        before, first, risk = self.allowed[self.focus], self.keys[:1], self.risk
-        self.keys, self.row, self.without_first, self.risk = "", 0, None, None
+    def put_word(self, text, broken):
+        """Ends the word with a text, or with another where it was not composed as one."""
+        before, risk = self.allowed[self.focus], self.risk
+        self.keys, self.row, self.broken, self.risk = "", 0, [], None
         self.put(text)
-        if without_first is not None:
-            self.allowed[self.focus] += [dataclasses.replace(
-                each.with_more((first if risk.is_raw else "") + without_first), reason=risk.reason) for each in before]
+        self.allowed[self.focus] += [dataclasses.replace(each.with_more(other), reason=risk.reason)
+                                     for each in before for other in dict.fromkeys(broken)]
 
     # What others do.
 

@@ -124,6 +124,8 @@ class Stage:
         wait_until(place.has_focus, "%s gives the focus to field %d" % (way, number))
         self.here = number
         self.visited = [*self.visited[-50:], number]
+        if way == "Tab" and place.text():
+            wait_until(lambda: not place.is_at_end(), "Tab has selected all")
         self.go_to_end()
 
     def go_to_end(self):
