@@ -72,7 +72,7 @@ class Processes:
 
     def output(self, *command):
         return subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL, capture_output=True,
-                              text=True, timeout=PATIENCE).stdout.strip()
+                              text=True, timeout=PATIENCE, start_new_session=True).stdout.strip()
 
     def end(self, process):
         if process in self.running:

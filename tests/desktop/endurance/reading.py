@@ -16,7 +16,7 @@ class Reading:
 
     def __init__(self, build, environment=None):
         self.filter = subprocess.Popen([build + "/bin/singlish"], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True,
-                                       encoding="utf-8", env=environment)
+                                       encoding="utf-8", env=environment, start_new_session=True)
 
     def close(self):
         self.filter.stdin.close()
