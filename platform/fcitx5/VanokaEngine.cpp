@@ -63,6 +63,7 @@ VanokaEngine::VanokaEngine(fcitx::Instance& instance)
     : instance_(instance),
       settings_(SinglishSettings::shared()),
       storedSettings_(FileUserDefaults::standard().pathOf(SinglishSettings::storedName)),
+      keyThread_(instance_.eventLoop()),
       suggestions_(FileUserDefaults::standard(),
                    [this] {
                        keyThread_.schedule([this] {
@@ -75,7 +76,6 @@ VanokaEngine::VanokaEngine(fcitx::Instance& instance)
           field->desktop.setSuggestions(&suggestions_.inForce());
           return field;
       }) {
-    keyThread_.attach(&instance_.eventLoop());
     instance_.inputContextManager().registerProperty("vanokaField", &fields_);
     for (std::size_t each = 0; each < switches_.size(); ++each)
         initialize(switches_[each], suggestionSwitches[each]);

@@ -3,11 +3,11 @@
 #include "DesktopContext.h"
 #include "DesktopSuggestions.h"
 #include "FieldClient.h"
+#include "KeyThread.h"
 #include "SuggestionOptions.h"
 
 #include <array>
 #include <fcitx-utils/event.h>
-#include <fcitx-utils/eventdispatcher.h>
 #include <fcitx-utils/handlertable.h>
 #include <fcitx/action.h>
 #include <fcitx/addonfactory.h>
@@ -51,7 +51,7 @@ private:
     fcitx::Instance& instance_;
     SinglishSettings& settings_;
     FileWatch storedSettings_;
-    fcitx::EventDispatcher keyThread_;
+    KeyThread keyThread_; ///< before what reads on another thread from its beginning
     DesktopSuggestions suggestions_;
     mutable SuggestionOptions options_; ///< as the framework was told them last
     fcitx::FactoryFor<Field> fields_;

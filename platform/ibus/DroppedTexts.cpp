@@ -11,8 +11,8 @@ void DroppedTexts::leave(std::string field, std::string text) {
 std::string DroppedTexts::enter(const std::string& field, Holder holder) {
     const std::optional<Left> left = std::exchange(left_, std::nullopt);
     if (left && !left->text.empty() && holder == Holder::field && left->field != field)
-        dropped_[left->field] += left->text;
-    const auto waiting = dropped_.extract(field);
+        waiting_[left->field] += left->text;
+    const auto waiting = waiting_.extract(field);
     return waiting ? waiting.mapped() : std::string();
 }
 

@@ -8,9 +8,14 @@ namespace vanoka::ibus {
 
 /// The marked texts that the daemon has dropped on the way of the focus from one field straight to another.
 /// Nobody can put them in while their field has no focus, so they wait until it has. Fields are known by
-/// their paths on the bus, which are never given twice.
+/// their paths on the bus, which a daemon never gives twice.
 class DroppedTexts {
 public:
+    /// By their fields. They outlive the engine object, which goes when another engine is chosen meanwhile.
+    using Waiting = std::map<std::string, std::string>;
+
+    explicit DroppedTexts(Waiting& waiting) noexcept : waiting_(waiting) {}
+
     /// The field loses the focus while it shows this text, which may be empty.
     void leave(std::string field, std::string text);
 
@@ -27,8 +32,8 @@ private:
     struct Left {
         std::string field, text;
     };
+    Waiting& waiting_;
     std::optional<Left> left_;
-    std::map<std::string, std::string> dropped_;
 };
 
 } // namespace vanoka::ibus

@@ -61,7 +61,8 @@ InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment)
       environment_(environment),
       client_(engine),
       desktop_(client_, environment.settings, environment.storedSettings),
-      table_(engine) {
+      table_(engine),
+      droppedTexts_(environment.droppedTexts) {
     desktop_.setSuggestions(&environment.suggestions.inForce());
     updatePolicy();
 }

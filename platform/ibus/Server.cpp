@@ -104,6 +104,7 @@ void Server::onConnected() {
 
 void Server::onDisconnected() {
     withdrawEngine();
+    environment_.droppedTexts.clear(); // the next daemon gives the paths of their fields to others
     if (waiting_ == 0)
         waiting_ = g_timeout_add_seconds(patience, callServer<&Server::onWaitedLongEnough>, this);
 }

@@ -15,10 +15,11 @@ MA = "\u0db8"
 FIRST_KEY_RAW = {"m\u0d85": MA, "k\u0d85": KA, "a\u0db8\u0dca\u0db8": WORD}
 KRA_NALA = "\u0d9a\u0dd8\u0d85 \u0dab\u0dc5"  # kRa NaLa
 
-# Windows have no frames, so that a place on the screen is a place in a window.
+# Windows have no frames, so that a place on the screen is a place in a window. A change of the keyboard's map, such as
+# comes with another engine, may leave openbox taking no click any more if it binds its keys anew.
 CONFIGURATION = """<openbox_config xmlns="http://openbox.org/3.4/rc">
 <focus><focusNew>yes</focusNew></focus>
-<keyboard><keybind key="A-Tab"><action name="NextWindow"/></keybind></keyboard>
+<keyboard><rebindOnMappingNotify>no</rebindOnMappingNotify><keybind key="A-Tab"><action name="NextWindow"/></keybind></keyboard>
 <mouse><context name="Client"><mousebind button="Left" action="Press">
 <action name="Focus"/><action name="Raise"/></mousebind></context></mouse>
 <applications><application class="*"><decor>no</decor></application></applications>
@@ -26,10 +27,10 @@ CONFIGURATION = """<openbox_config xmlns="http://openbox.org/3.4/rc">
 """
 
 
-def start_manager(desk):
+def start_manager(desk, configuration=CONFIGURATION):
     path = desk.folder + "/openbox.xml"
     with open(path, "w") as file:
-        file.write(CONFIGURATION)
+        file.write(configuration)
     desk.processes.start(["openbox", "--sm-disable", "--config-file", path])
 
     def answers():  # one that has only just told of itself may not look at what happens

@@ -49,6 +49,14 @@ def wait_until(condition, what, patience=PATIENCE):
     raise Failure("waited in vain until " + what)
 
 
+def last_line(path):
+    """The last whole line of a file that grows; empty while there is none."""
+    with open(path, "rb") as file:
+        file.seek(max(file.seek(0, os.SEEK_END) - (1 << 16), 0))
+        lines = file.read().split(b"\n")  # the last is not whole
+    return lines[-2].decode() if len(lines) > 1 else ""
+
+
 class Processes:
     """Every process that was started, so that each is ended by its own id."""
 
@@ -64,7 +72,7 @@ class Processes:
 
     def output(self, *command):
         return subprocess.run(command, env=self.environment, stdin=subprocess.DEVNULL, capture_output=True,
-                              text=True, timeout=PATIENCE).stdout.strip()
+                              text=True, timeout=PATIENCE, start_new_session=True).stdout.strip()
 
     def end(self, process):
         if process in self.running:
@@ -110,8 +118,9 @@ class Desk:
 
     def start_screen(self):
         reader, writer = os.pipe()
+        # A busy machine may let a key go long after it was pressed: it is not to be repeated meanwhile.
         self.processes.start(["Xvfb", "-displayfd", str(writer), "-screen", "0", "1024x768x24", "-nolisten", "tcp",
-                              "-noreset"], pass_fds=[writer])
+                              "-noreset", "-ardelay", "60000"], pass_fds=[writer])
         os.close(writer)
         with os.fdopen(reader) as answer:
             self.environment["DISPLAY"] = ":" + answer.readline().strip()
@@ -125,14 +134,27 @@ class Desk:
         self.processes.end_all()
         shutil.rmtree(self.folder, ignore_errors=True)
 
-    def suggest(self, are_on):
+    def process_of(self, program):
+        """The number of a process of this desk, whoever started it."""
+        mine = ("XDG_RUNTIME_DIR=" + self.folder).encode()
+        for process in filter(str.isdigit, os.listdir("/proc")):
+            try:
+                if os.path.basename(os.readlink("/proc/%s/exe" % process)) == program:
+                    with open("/proc/%s/environ" % process, "rb") as file:
+                        if mine in file.read().split(b"\0"):
+                            return int(process)
+            except OSError:
+                pass  # it has ended, or is one of another user
+        return None
+
+    def suggest(self, are_on, are_private=False):
         """Switches suggestions, which the engine sees with the next focus; nothing is learnt before they are on."""
         shutil.rmtree(self.folder + "/data/vanoka", ignore_errors=True)
         if are_on:
             shutil.copytree(LISTS, self.folder + "/data/vanoka")
         os.makedirs(self.folder + "/config/vanoka", exist_ok=True)
         with open(self.folder + "/config/vanoka/vanoka.suggestions.v1", "w") as file:
-            file.write("suggestions=%s\n" % ("on" if are_on else "off"))
+            file.write("suggestions=%s\nprivate=%s\n" % tuple("on" if each else "off" for each in (are_on, are_private)))
 
     def has_learnt(self, word):
         words = sqlite3.connect("file:%s/data/vanoka/words.sqlite?mode=ro" % self.folder, uri=True)
@@ -184,8 +206,11 @@ class IBusDesk(Desk):
             "GTK_IM_MODULE": "ibus", "QT_IM_MODULE": "ibus", "XMODIFIERS": "@im=ibus"})
         if self.is_asynchronous:
             self.environment["IBUS_ENABLE_SYNC_MODE"] = "0"
-        self.processes.start(["ibus-daemon", "--panel", "disable", "--emoji-extension", "disable", "--config",
-                              "disable", "--cache", "none", "--xim"])
+        self.start_daemon()
+
+    def start_daemon(self):
+        self.daemon = self.processes.start(["ibus-daemon", "--panel", "disable", "--emoji-extension", "disable",
+                                            "--config", "disable", "--cache", "none", "--xim"], stdout=subprocess.DEVNULL)
         wait_until(lambda: "unix:" in self.processes.output("ibus", "address"), "the daemon has an address")
         wait_until(self.has_xim, "XIM's server runs")
         time.sleep(0.5)  # until it has told the screen
@@ -197,16 +222,10 @@ class IBusDesk(Desk):
         time.sleep(0.1)
 
     def has_xim(self):
-        mine = ("DISPLAY=" + self.environment["DISPLAY"]).encode()
-        for process in os.listdir("/proc"):
-            try:
-                if os.path.basename(os.readlink("/proc/%s/exe" % process)) == "ibus-x11":
-                    with open("/proc/%s/environ" % process, "rb") as file:
-                        if mine in file.read().split(b"\0"):
-                            return True
-            except OSError:
-                pass  # no process, or one of another user
-        return False
+        return self.process_of("ibus-x11") is not None
+
+    def engine_process(self):
+        return self.process_of("Vanoka")
 
     def choose_other(self):
         self.choose(self.other_engine)
@@ -221,8 +240,14 @@ class Fcitx5Desk(Desk):
 
     def start_framework(self):
         self.configure()
-        self.processes.start(["fcitx5", "--disable=" + self.left_out])
+        self.start_daemon()
+
+    def start_daemon(self):
+        self.daemon = self.processes.start(["fcitx5", "--disable=" + self.left_out])
         self.wait_for_framework()
+
+    def engine_process(self):
+        return self.process_of("fcitx5")  # the engine is a part of it
 
     def configure(self):
         libraries = os.path.dirname(subprocess.run(["sh", "-c", "ls -d /usr/lib/*/fcitx5 /usr/lib*/fcitx5"],
@@ -310,9 +335,7 @@ class Fields:
         self.desk.click(self.left + x, self.heights[field])
 
     def texts(self):
-        with open(self.log, "rb") as file:
-            lines = file.read().split(b"\n")  # the last is not whole
-        return lines[-2].decode().split("|") if len(lines) > 1 else ["", "", ""]
+        return (last_line(self.log) or "||").split("|")
 
     def wait_for(self, text):
         """Until the first field has a text: a key that comes back to the program acts when it comes, and the next

@@ -223,6 +223,22 @@ TEST_F(EngineTest, KeepsAWordThatTheDaemonDropsUntilItsFieldHasTheFocusAgain) {
     }
 }
 
+TEST_F(EngineTest, KeepsAWordThatTheDaemonDropsWhileAnotherEngineIsInForce) {
+    const auto from = newXim();
+    from->focusOut();
+    const auto to = newXim();
+    to->leaveFor(*from);
+    from->type("ka");
+    to->focusIn();
+    from->focusOut(); // which the daemon is told too late
+    ASSERT_TRUE(to->choose(plainXkb));
+    ASSERT_TRUE(to->choose(ourEngine));
+    to->type("ma.");
+    EXPECT_EQ(to->field().screen(), "\u0DB8.");
+    to->leaveFor(*from);
+    EXPECT_TRUE(waitUntil([&] { return from->field().screen() == "\u0D9A"; })) << from->field().screen();
+}
+
 TEST_F(EngineTest, KeepsAWordThatTheDaemonTakesFromQtUntilQtHasTheFocusAgain) {
     if (!ibus::installedVersions().qtCommitsUnannounced)
         GTEST_SKIP() << "The Qt that is installed tells the daemon that it puts the word in.";
@@ -256,6 +272,29 @@ TEST_F(EngineTest, ServesTheDaemonThatComesAfterACrash) {
     after->type("ka.");
     EXPECT_EQ(after->field().screen(), "\u0D9A.");
     EXPECT_EQ(daemon.engineProcess(), process) << "the same process";
+}
+
+TEST_F(EngineTest, KeepsNoWordForTheFieldThatHasItsNameWithTheNextDaemon) {
+    const auto pathOf = [](const IBusField& each) {
+        return std::string(g_dbus_proxy_get_object_path(G_DBUS_PROXY(each.context())));
+    };
+    const auto from = newXim();
+    const std::string path = pathOf(*from);
+    from->type("ka");
+    field.focusIn();
+    from->focusOut(); // which the daemon is told too late
+    field.type("ma.");
+    daemon.stop(SIGKILL);
+    ASSERT_TRUE(waitUntil([&] { return ibus_bus_is_connected(daemon.bus()) == FALSE; }));
+    daemon.start();
+    ASSERT_TRUE(waitUntil([&] { return ibus_bus_is_connected(daemon.bus()) != FALSE; }));
+    std::unique_ptr<IBusField> after;
+    while (!after || pathOf(*after) != path)
+        after = std::make_unique<IBusField>("xim");
+    ASSERT_TRUE(after->choose(ourEngine));
+    after->leaveAndReturn(); // the daemon tells the path with every focus but the first
+    after->type("1");
+    EXPECT_EQ(after->field().text(), "1");
 }
 
 } // namespace
