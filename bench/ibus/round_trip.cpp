@@ -4,13 +4,11 @@
 
 #include "IBusDaemon.h"
 #include "IBusField.h"
-#include "Measures.h"
+#include "Press.h"
 
 #include <algorithm>
-#include <array>
 #include <csignal>
 #include <cstdio>
-#include <random>
 #include <string_view>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -23,8 +21,7 @@ namespace {
 using namespace vanoka::test;
 using namespace vanoka::bench;
 
-// One stretch of keys is short, so that what else the machine does falls on each engine alike.
-constexpr std::size_t rounds = 400;
+constexpr std::size_t rounds = 400; // of one short stretch of keys each
 
 void typeStretch(IBusField& field, Arm& arm) {
     field.choose(arm.name);
@@ -83,15 +80,10 @@ private:
 
 void compareWithBare(IBusField& field) {
     Arm bare{"echo"}, ours{"vanoka"}, again{"echo"};
-    std::array<Arm*, 3> arms = {&bare, &ours, &again};
-    std::mt19937 random(1);
-    for (std::size_t round = 0; round < rounds; ++round) {
-        std::ranges::shuffle(arms, random);
-        for (Arm* arm : arms) {
-            field.choose("xkb:us::eng"); // the same way to each
-            typeStretch(field, *arm);
-        }
-    }
+    measure({&bare, &ours, &again}, rounds, [&](Arm& arm) {
+        field.choose("xkb:us::eng"); // the same way to each
+        typeStretch(field, arm);
+    });
     std::printf("key round trip through the daemon, %zu keys each, nine of ten ratios in brackets\n",
                 rounds * ours.stretches[0].size());
     for (const auto& [name, part] :

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "IBusField.h"
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -28,11 +26,24 @@ struct Arm {
     std::vector<std::vector<double>> stretches = {}; ///< times of keys, in microseconds
 };
 
-/// Until the daemon has answered, in microseconds.
-inline double press(test::IBusField& field, guint keysym) {
+/// What `ask` takes until it is answered, in microseconds.
+template <class Ask>
+double timed(Ask ask) {
     const auto start = Clock::now();
-    ibus_input_context_process_key_event(field.context(), keysym, 0, 0);
+    ask();
     return Microseconds(Clock::now() - start).count();
+}
+
+/// Round after round, a stretch of each arm in an order that is drawn by lot, so that what else the machine
+/// does falls on each alike.
+template <class TypeStretch>
+void measure(std::vector<Arm*> arms, std::size_t rounds, TypeStretch typeStretch) {
+    std::mt19937 random(1);
+    for (std::size_t round = 0; round < rounds; ++round) {
+        std::ranges::shuffle(arms, random);
+        for (Arm* arm : arms)
+            typeStretch(*arm);
+    }
 }
 
 inline double quantile(std::vector<double> times, double part) {
