@@ -19,7 +19,7 @@ export interface Hooks {
 }
 
 const noLine: CandidateLine = { rows: [], highlighted: 0 };
-const mostAttempts = 3; // each in another instance of the module
+const mostAttempts = 2; // in one instance of the module and in another
 
 interface Done {
     readonly effect?: Effect | undefined;

@@ -113,6 +113,10 @@ class Page {
         return this.#typing.module.isBroken ? undefined : this.#typing.composition?.keys ?? "";
     }
 
+    get wantsCandidates(): boolean {
+        return this.#wanted.length > 0;
+    }
+
     press(key: Key): void {
         if (!this.writer.press(key))
             this.#handle(key);
@@ -185,7 +189,7 @@ function verbOf(random: (below: number) => number): Verb {
     const special = (characters: string, modifiers = 0): Key => ({ code: KeyCode.other, modifiers, characters });
     const others: readonly (readonly [string, Key])[] = [
         ["Backspace", deleteKey], ["Backspace", deleteKey], ["Space", keyTyping(" ")], ["Space", keyTyping(" ")], ["Return", returnKey],
-        ["Escape", { code: KeyCode.escape, modifiers: 0, characters: "\x1B" }], ["Tab", special("\t")], ["Tab", special("\t")], ["Down", special(FunctionKey.down)],
+        ["Escape", { code: KeyCode.escape, modifiers: 0, characters: "\x1B" }], ["Tab", special("\t")], ["Tab", special("\t")], ["Tab", special("\t")], ["Down", special(FunctionKey.down)],
         ["Up", special(FunctionKey.up)], ["Shift+Delete", special(FunctionKey.deleteForward, Modifier.shift)], ["Left", special(FunctionKey.left)],
         [".", keyTyping(".")], ["7", keyTyping("7")]];
     const pressed = (name: string, key: Key): Verb => [`press ${name}`, (page) => page.press(key)];
@@ -206,13 +210,6 @@ function verbOf(random: (below: number) => number): Verb {
     return of(rare);
 }
 
-const isUnlearning = (lesson: Lesson | undefined): boolean => lesson?.unlearn !== undefined;
-
-/// What the page has taught since, but that a new instance does not know which word a Backspace would take back.
-function taughtSince(before: number, { taught }: Seen, knowsTheLastWord: boolean): Lesson[] {
-    return taught.slice(before).filter((lesson) => knowsTheLastWord || !isUnlearning(lesson));
-}
-
 test("a key that needs candidates waits for those of the newest key", () => {
     const page = new Page();
     page.writer.switch(true, true);
@@ -225,38 +222,65 @@ test("a key that needs candidates waits for those of the newest key", () => {
     expect(page.seen).toMatchObject({ text: "", marked: `${marked}\u0DA7`, line: { highlighted: 1 } });
 });
 
+test("a highlighted row goes in, though suggestions were switched off and the module has trapped since", () => {
+    const page = new Page();
+    page.writer.switch(true, true);
+    for (const characters of ["g", "e"])
+        page.press(keyTyping(characters));
+    page.candidatesCome("all");
+    page.press({ code: KeyCode.other, modifiers: 0, characters: "\t" });
+    page.writer.switch(false, true);
+    const row = page.seen.marked;
+    expect(instancesThatTrap.during({ call: 0, isLate: false }, () => page.press(keyTyping(" ")))).toBe(true);
+    page.press(keyTyping("g"));
+    expect(page.seen.text).toBe(`${row} `);
+    expect(page.wantsCandidates).toBe(false);
+});
+
+type Play = readonly (readonly [Verb, Trap | undefined])[];
+interface Moment {
+    readonly seen: Seen;
+    readonly composed: string | undefined;
+    readonly hasTrapped: boolean;
+}
+
+function played(play: Play): Moment[] {
+    const page = new Page();
+    page.writer.switch(true, true);
+    return play.map(([[, act], trap]) => {
+        page.seen.taught = [];
+        const hasTrapped = instancesThatTrap.during(trap, () => act(page));
+        return { seen: { ...page.seen, stored: [...stored].join() }, composed: page.composed, hasTrapped };
+    });
+}
+
+/// The last verbs until one of them, with the calls that trapped.
+const told = (play: Play, until: number): string => play.slice(Math.max(0, until - 12), until + 1)
+    .map(([[name], trap]) => (trap ? `${name} (call ${trap.call} traps${trap.isLate ? " late" : ""})` : name)).join("; ");
+
+/// A new instance does not know the word that a Backspace right after it would unlearn.
+const butUnlearning = (seen: Seen): Seen => ({ ...seen, taught: seen.taught.filter(({ unlearn }) => unlearn === undefined) });
+const putsWordsIn = /Space|Return|choose|\.|7/;
+
 const sequences = 30, verbsEach = 120, patience = 120_000; // a second, where nothing else runs
 
 test("whatever call traps, the page is as if none had", () => {
     let traps = 0;
     for (let seed = 1; seed <= sequences; ++seed) {
         const random = randomsOf(seed);
-        const play: (readonly [Verb, Trap | undefined])[] = Array.from({ length: verbsEach }, () =>
+        const play: Play = Array.from({ length: verbsEach }, () =>
             [verbOf(random), random(4) === 0 ? { call: random(6), isLate: random(2) === 0 } : undefined]);
-        const plain = seenIn(play.map(([verb]) => [verb, undefined]));
-        const trapping = seenIn(play);
+        const expected = played(play.map(([verb]) => [verb, undefined]));
         let knowsTheLastWord = true;
-        play.forEach(([[name]], at) => {
-            const told = play.slice(Math.max(0, at - 12), at + 1).map(([[each], trap]) => `${each}${trap ? ` !${trap.call}${trap.isLate ? " late" : ""}` : ""}`).join("; ");
-            const expected = plain[at]!, is = trapping[at]!;
-            traps += is.hasTrapped ? 1 : 0;
-            knowsTheLastWord = (knowsTheLastWord || /Space|Return|choose|\.|7/.test(name)) && !is.hasTrapped;
-            expect({ ...is.seen, taught: [] }, `${seed}: ${told}`).toEqual({ ...expected.seen, taught: [] });
-            const before = at === 0 ? [0, 0] : [trapping[at - 1]!.seen.taught.length, plain[at - 1]!.seen.taught.length] as const;
-            expect(taughtSince(before[0]!, is.seen, knowsTheLastWord), told).toEqual(taughtSince(before[1]!, expected.seen, knowsTheLastWord));
-            if (is.composed !== undefined)
-                expect(is.composed, told).toBe(expected.composed);
+        played(play).forEach(({ seen, composed, hasTrapped }, at) => {
+            traps += hasTrapped ? 1 : 0;
+            knowsTheLastWord = !hasTrapped && (knowsTheLastWord || putsWordsIn.test(play[at]![0][0]));
+            const what = knowsTheLastWord ? (all: Seen): Seen => all : butUnlearning;
+            expect(what(seen), told(play, at)).toEqual(what(expected[at]!.seen));
+            if (composed !== undefined)
+                expect(composed, told(play, at)).toBe(expected[at]!.composed);
         });
         expect(instancesThatTrap.callsAfterTraps).toEqual([]);
     }
     expect(traps).toBeGreaterThan(10 * sequences);
 }, patience);
-
-function seenIn(play: readonly (readonly [Verb, Trap | undefined])[]): { seen: Seen; composed: string | undefined; hasTrapped: boolean }[] {
-    const page = new Page();
-    page.writer.switch(true, true);
-    return play.map(([[, act], trap]) => {
-        const hasTrapped = instancesThatTrap.during(trap, () => act(page));
-        return { seen: { ...page.seen, taught: [...page.seen.taught], stored: [...stored].join() }, composed: page.composed, hasTrapped };
-    });
-}
