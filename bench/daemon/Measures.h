@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <numeric>
 #include <random>
@@ -76,6 +77,18 @@ inline void report(const char* name, const Arm& arm, const Arm& beside, double p
     }
     std::printf("  %-6s  %s %7.1f us   %-7s %7.1f us   ratio %.3f (%.3f to %.3f)\n", name, beside.name, other,
                 arm.name, time, time / other, quantile(ratios, 0.05), quantile(ratios, 0.95));
+}
+
+/// What the processors have done for the threads that a process has now, in microseconds.
+inline double processorTime(pid_t process) {
+    double nanoseconds = 0;
+    for (const auto& thread :
+         std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
+        double ofThread = 0;
+        std::ifstream(thread.path() / "schedstat") >> ofThread;
+        nanoseconds += ofThread;
+    }
+    return nanoseconds / 1000;
 }
 
 /// What a process has to itself, in megabytes.

@@ -2,9 +2,9 @@
 """Makes each call of Fcitx5's start fail from where it loads our add-on, one after the other: fcitx5.py LIBRARY
 ADDON-FOLDER DATA-FOLDER.
 
-With keys of the user's own, suggestions on and words learnt. After each failure somebody types: either the word comes,
-or the add-on could not be loaded and Fcitx5, which goes on, passes the keys. What is stored is as it was. Needs GLib for
-Python.
+With keys of the user's own, suggestions on and words learnt. After each failure somebody types: either the word
+comes, or the add-on could not be loaded and Fcitx5, which goes on, passes the keys. What is stored is as it was. Needs
+GLib for Python.
 """
 
 import os

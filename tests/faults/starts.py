@@ -43,8 +43,8 @@ class Faults:
 
 
 def sweep(faults, problem, begins=lambda call: True):
-    """The status to exit with. `problem` starts the program so that a call fails in a way, and tells what is wrong then.
-    The first call that fails is one that `begins`."""
+    """The status to exit with. `problem` starts the program so that a call fails in a way, and tells what is wrong
+    then. The first call that fails is one that `begins`."""
     wrong = problem(0, 0)
     calls = faults.calls()
     if wrong or not calls:
