@@ -7,7 +7,7 @@
 #include "Keysym.h"
 #include "Press.h"
 
-#include <algorithm>
+#include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <string_view>
@@ -72,8 +72,8 @@ public:
 private:
     [[noreturn]] static void count() {
         ::prctl(PR_SET_PDEATHSIG, SIGKILL); // when who started it is gone
-        for (volatile unsigned turns = 0;; turns = turns + 1) {
-        }
+        for (std::atomic<unsigned> turns = 0;;)
+            ++turns;
     }
 
     std::vector<pid_t> processes_;
@@ -112,7 +112,7 @@ public:
 private:
     void press(guint keysym) {
         constexpr std::size_t mostUnderway = 100;
-        field_.pressAtOnce(Keysym::keyEvent(keysym, 0, keysym));
+        field_.pressAtOnce(vanoka::Keysym::keyEvent(keysym, 0, keysym));
         if (++pressed_ % mostUnderway == 0)
             field_.waitUntilFinished(pressed_ - mostUnderway);
     }
