@@ -2,19 +2,14 @@
 // engine without them; when the candidates follow; what memory they take; and how long after they are
 // switched on the first ones stand.
 
-#include "FileUserDefaults.h"
 #include "IBusDaemon.h"
 #include "IBusField.h"
-#include "Measures.h"
-#include "SuggestionChoices.h"
+#include "Press.h"
+#include "SuggestionsHere.h"
 
-#include <algorithm>
-#include <array>
 #include <csignal>
 #include <cstdio>
-#include <filesystem>
 #include <optional>
-#include <random>
 #include <utility>
 #include <vector>
 
@@ -25,7 +20,6 @@ using namespace vanoka::test;
 using namespace vanoka::bench;
 
 constexpr std::size_t rounds = 60;
-constexpr guint pause = 10; // between keys, in milliseconds, as of a fast typist
 constexpr guint shownHere =
     IBUS_CAP_PREEDIT_TEXT | IBUS_CAP_FOCUS | IBUS_CAP_PROPERTY | IBUS_CAP_LOOKUP_TABLE;
 
@@ -49,7 +43,7 @@ public:
         shown_.reset();
         const double time = press(field_, static_cast<guint>(key));
         const auto answered = Clock::now();
-        wait();
+        pauseAndLook([] {});
         return {time, shown_ ? std::optional(Microseconds(*shown_ - answered).count()) : std::nullopt};
     }
     /// Until candidates come; false when none do.
@@ -59,34 +53,12 @@ public:
     }
 
 private:
-    static void wait() {
-        bool isOver = false;
-        g_timeout_add(
-            pause,
-            [](gpointer over) -> gboolean {
-                *static_cast<bool*>(over) = true;
-                return G_SOURCE_REMOVE;
-            },
-            &isOver);
-        while (!isOver)
-            g_main_context_iteration(nullptr, TRUE);
-    }
-
     IBusField field_;
     std::optional<Clock::time_point> shown_;
 };
 
-void installLists() {
-    const auto folder = IBusDaemon::shared().data() / "vanoka";
-    std::filesystem::create_directories(folder);
-    for (const char* list : {"si.tsv", "en.tsv", "emoji.tsv", "never-offered.txt"})
-        std::filesystem::copy_file(std::filesystem::path(VANOKA_DATA) / list, folder / list);
-}
-
-/// As another program does, which the engine sees with the focus.
 void choose(bool areOn) {
-    FileUserDefaults defaults(IBusDaemon::shared().configuration() / "vanoka");
-    defaults.setData(SuggestionChoices::storedName, textOf({.areOn = areOn}));
+    switchSuggestions(IBusDaemon::shared().configuration(), areOn);
 }
 
 void typeStretch(Field& field, Arm& arm, std::vector<double>& candidates) {
@@ -140,19 +112,14 @@ void reportMemory(Field& field) {
 
 void reportKeys(Field& field) {
     Arm off{"off"}, on{"on"}, again{"off"};
-    std::array<Arm*, 3> arms = {&off, &on, &again};
     std::vector<double> candidates, none;
-    std::mt19937 random(1);
-    for (std::size_t round = 0; round < rounds; ++round) {
-        std::ranges::shuffle(arms, random);
-        for (Arm* arm : arms) {
-            choose(arm == &on);
-            typeStretch(field, *arm, arm == &on ? candidates : none);
-        }
-    }
+    measure({&off, &on, &again}, rounds, [&](Arm& arm) {
+        choose(&arm == &on);
+        typeStretch(field, arm, &arm == &on ? candidates : none);
+    });
     std::printf(
         "key round trip through the daemon, %zu keys each, %u ms apart, nine of ten ratios in brackets\n",
-        rounds * on.stretches[0].size(), pause);
+        rounds * on.stretches[0].size(), pauseOfTypist);
     for (const auto& [name, part] : {std::pair("median", 0.5), std::pair("p99", 0.99)}) {
         report(name, on, off, part);
         report(name, again, off, part);
@@ -185,7 +152,7 @@ void reportStarts(Field& field) {
 } // namespace
 
 int main() {
-    installLists();
+    installLists(IBusDaemon::shared().data());
     Field field;
     field->choose("vanoka");
     reportMemory(field);

@@ -169,14 +169,16 @@ std::string text(int number) {
     return std::to_string(number);
 }
 
+std::string pathOf(int file) {
+    std::string path(4096, '\0');
+    const auto size =
+        syscall(SYS_readlink, ("/proc/self/fd/" + std::to_string(file)).c_str(), path.data(), path.size());
+    path.resize(static_cast<std::size_t>(std::max(0L, size)));
+    return path;
+}
+
 std::string at(int folder, const char* path) {
-    if (folder == AT_FDCWD || *path == '/')
-        return path;
-    std::string above(4096, '\0');
-    const auto size = syscall(SYS_readlink, ("/proc/self/fd/" + std::to_string(folder)).c_str(), above.data(),
-                              above.size());
-    above.resize(static_cast<std::size_t>(std::max(0L, size)));
-    return above + '/' + path;
+    return folder == AT_FDCWD || *path == '/' ? path : pathOf(folder) + '/' + path;
 }
 
 int openAt(const char* name, int folder, const char* path, int flags, mode_t mode) {
@@ -220,7 +222,9 @@ void* map(void* place, std::size_t size, int protection, int flags, int file, of
     const auto call = [=] {
         return reinterpret_cast<void*>(syscall(SYS_mmap, place, size, protection, flags, file, offset));
     };
-    return file < 0 ? call() : attempt("mmap", MAP_FAILED, text(file), call); // of memory alone is malloc's
+    const std::string path = pathOf(file);
+    const bool isMemory = file < 0 || path.starts_with("/memfd:"); // whose lack is malloc's
+    return isMemory ? call() : attempt("mmap", MAP_FAILED, path, call);
 }
 
 template <class Buffer>

@@ -5,36 +5,22 @@ In a real daemon. After each failure somebody types: either the word comes, or t
 the next one types it. Needs IBus for Python.
 """
 
-import errno
 import os
 import re
 import signal
 import subprocess
 import sys
 import tempfile
-import time
 from pathlib import Path
 
-PATIENCE = 20  # seconds, for what takes milliseconds
-CALLS = ("open", "fopen", "opendir", "stat", "access", "mkdir", "readlink", "mmap")
-ERRORS = (errno.EIO, errno.EMFILE, errno.EACCES)
+from starts import AMMA, Faults, sweep, wait_for
+
 NAME = "org.freedesktop.IBus.Vanoka"
-AMMA = "\u0d85\u0db8\u0dca\u0db8 "
-
-
-def wait_for(is_so):
-    """Whether it came to be so."""
-    end = time.monotonic() + PATIENCE
-    while time.monotonic() < end:
-        if is_so():
-            return True
-        time.sleep(0.002)
-    return False
 
 
 class Daemon:
     def __init__(self, folder, library, program, description):
-        self.folder, self.library, self.program = Path(folder), library, program
+        self.folder, self.faults, self.program = Path(folder), Faults(library, folder), program
         text = Path(description).read_text(encoding="utf-8")
         # It starts no engine by itself.
         (self.folder / "vanoka.xml").write_text(re.sub("<exec>.*?</exec>", "<exec>/bin/false</exec>", text), "utf-8")
@@ -52,10 +38,8 @@ class Daemon:
             sys.exit("There is no daemon")
 
     def start_engine(self, number, error):
-        (self.folder / "calls.log").unlink(missing_ok=True)
-        faults = {"LD_PRELOAD": self.library, "VANOKA_FAULT_LOG": f"{self.folder}/calls.log",
-                  "VANOKA_FAULT_CALLS": ",".join(CALLS), "VANOKA_FAULT_AT": str(number), "VANOKA_FAULT": str(error)}
-        engine = subprocess.Popen([self.program], env={**os.environ, **faults}, stderr=subprocess.PIPE)
+        engine = subprocess.Popen([self.program], env={**os.environ, **self.faults.environment(number, error)},
+                                  stderr=subprocess.PIPE)
         wait_for(lambda: self.bus.name_has_owner(NAME) or engine.poll() is not None)
         return engine
 
@@ -81,10 +65,6 @@ class Daemon:
         wait_for(lambda: not self.bus.name_has_owner(NAME))
         return errors
 
-    def calls(self):
-        log = self.folder / "calls.log"
-        return log.read_text(encoding="utf-8").splitlines() if log.exists() else []
-
 
 def settle():
     while GLib.MainContext.default().iteration(False):
@@ -92,36 +72,24 @@ def settle():
 
 
 def problem(daemon, number, error):
-    """What is wrong with a start in which a call fails; and which it was, None where there are fewer."""
+    """What is wrong with a start in which a call fails."""
     engine = daemon.start_engine(number, error)
     typed = daemon.typed() if engine.poll() is None else None
     has_stopped = engine.poll() is not None
-    errors, calls = daemon.end(engine), daemon.calls()
-    call = calls[number - 1] if len(calls) >= number else None
+    errors = daemon.end(engine)
     if has_stopped:
-        return call, "" if errors.strip() else "it stopped, and does not say why"
-    return call, "" if typed == AMMA else f"typing gave {typed!r}; {errors.strip()}"
+        return "" if errors.strip() else "it stopped, and does not say why"
+    return "" if typed == AMMA else f"typing gave {typed!r}; {errors.strip()}"
 
 
 def main():
-    runs = failures = 0
     with tempfile.TemporaryDirectory(prefix="vanoka-engine-") as folder:
         daemon = Daemon(folder, *map(os.path.abspath, sys.argv[1:]))
         try:
-            for error in ERRORS:
-                number, call = 1, ""
-                while call is not None:
-                    call, wrong = problem(daemon, number, error)
-                    runs += 1
-                    if wrong:
-                        failures += 1
-                        print(f"{errno.errorcode[error]} at call {number}, {call}: {wrong}")
-                    number += 1
+            sys.exit(sweep(daemon.faults, lambda number, error: problem(daemon, number, error)))
         finally:
             daemon.process.terminate()
             daemon.process.wait()
-    print(f"{runs} starts, {failures} failures")
-    sys.exit(1 if failures or not runs else 0)
 
 
 try:

@@ -22,6 +22,11 @@ public:
     Fcitx5Daemon& operator=(const Fcitx5Daemon&) = delete;
 
     GDBusConnection* connection() const noexcept { return connection_; }
+    /// The processes of fcitx5, which holds the add-on, and of the bus.
+    pid_t framework() const noexcept { return framework_; }
+    pid_t bus() const noexcept { return bus_; }
+    /// Whether the bus knows fcitx5, which is not asked itself.
+    bool isOnBus() const;
     /// The folder that stands for the user's configuration folder.
     std::filesystem::path configuration() const;
     /// And for the user's data folder.
@@ -44,7 +49,6 @@ private:
     void writeConfiguration() const;
     void startBus();
     void startFramework();
-    bool isOnBus() const;
 
     TemporaryFolder folder_;
     std::optional<SettingsStandIn> settings_;

@@ -33,6 +33,9 @@ public:
     /// Where the field says that its caret is.
     void tellPlace(int x, int y, int width, int height);
 
+    /// What fcitx5 knows the field by.
+    const std::string& path() const noexcept { return path_; }
+
     /// What stood marked when the last text came, in whose place it goes.
     const std::string& replaced() const noexcept { return replaced_; }
     /// Whether the field was still to put that in, if it lost the focus just then.

@@ -39,6 +39,9 @@ struct Fcitx5 {
     static void tellPlace(RemoteField& field, int x, int y, int width, int height) {
         static_cast<Fcitx5Field&>(field).tellPlace(x, y, width, height);
     }
+    static pid_t engineProcess() { return daemon().framework(); }
+    static pid_t busProcess() { return daemon().bus(); }
+    static void askBus() { daemon().isOnBus(); }
     template <class Condition>
     static bool waitUntil(Condition condition) {
         return test::waitUntil(condition);

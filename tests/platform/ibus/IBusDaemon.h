@@ -41,6 +41,7 @@ public:
     /// The arguments of each start of the settings program, for which a script stands in.
     std::vector<std::string> settingsStarts() const { return settings_->starts(); }
 
+    pid_t process() const noexcept { return process_; }
     /// The process of the engine; nothing when there is none.
     std::optional<pid_t> engineProcess() const;
     /// Ends the engine's process with a signal, and waits until the daemon knows that it is gone; before, it

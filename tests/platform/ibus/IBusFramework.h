@@ -55,6 +55,9 @@ struct IBus {
     static void tellPlace(RemoteField& field, int x, int y, int width, int height) {
         ibus_input_context_set_cursor_location(static_cast<IBusField&>(field).context(), x, y, width, height);
     }
+    static pid_t engineProcess() { return daemon().engineProcess().value(); }
+    static pid_t busProcess() { return daemon().process(); }
+    static void askBus() { ibus_bus_name_has_owner(daemon().bus(), IBUS_SERVICE_IBUS); }
     template <class Condition>
     static bool waitUntil(Condition condition) {
         return test::waitUntil(condition);

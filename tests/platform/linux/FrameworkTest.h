@@ -25,6 +25,7 @@ namespace vanoka::test {
 ///   - `menu(field)`, the labels that the user sees, and `activate(field, index)`,
 ///   - `panel()`, which shows the line of candidates, and `tellPlace(field, x, y, width, height)`, by which a
 ///     field says where,
+///   - `engineProcess()`, which holds the engine, and `busProcess()`, which answers at each `askBus()`,
 ///   - `ownProgram`, the name of the settings window as a program.
 template <class Framework>
 class FrameworkTest : public testing::Test {

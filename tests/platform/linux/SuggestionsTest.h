@@ -5,12 +5,15 @@
 #include "RemotePanel.h"
 #include "Scenario.h"
 #include "SuggestionChoices.h"
+#include "WakeUps.h"
 #include "WordDatabase.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vanoka::test {
@@ -78,15 +81,29 @@ protected:
     /// Types the keys anew until the line for them is this one: what was learnt comes a moment later. The
     /// field is empty then.
     bool becomes(const std::string& keys, const Rows& rows) {
+        return becomesSo(keys, [&] { return line().rows == rows; });
+    }
+    template <class Condition>
+    bool becomesSo(const std::string& keys, Condition condition) {
         return Framework::waitUntil([&] {
             remote->type(keys);
             const bool isShown = Framework::waitUntil([&] { return !line().rows.empty(); });
-            const bool isWanted = isShown && line().rows == rows;
+            const bool isWanted = isShown && condition();
             remote->type("<escape>");
             EXPECT_TRUE(showsNone());
             remote->field() = TextField();
             return isWanted;
         });
+    }
+
+    /// Waits until the engine suggests from all that was learnt before: it learns in order, and so a word
+    /// that is put in now, new for each call, is learnt last.
+    bool suggestsAllThatWasLearnt(char newConsonant) {
+        const std::string letter = {newConsonant, 'a'};
+        remote->type(letter + letter + "<space>");
+        const std::string word = remote->field().text();
+        return becomesSo(
+            letter, [&] { return std::ranges::count(line().rows, word.substr(0, word.size() - 1)) == 1; });
     }
 
     /// Whether the store has the Sinhala word.
@@ -105,7 +122,7 @@ protected:
 TYPED_TEST_SUITE_P(SuggestionsTest);
 
 TYPED_TEST_P(SuggestionsTest, PlaysEveryScenarioWithALine) {
-    // What is learnt is in force some time after it was put in, and so not always at the next key.
+    // What is learnt is in force some time after it was put in, and so not always at the next key: see below.
     this->choose({.areOn = true, .isPrivate = true});
     this->remote->focusOut();
     for (const Scenario& scenario : suggestionScenarios()) {
@@ -118,6 +135,33 @@ TYPED_TEST_P(SuggestionsTest, PlaysEveryScenarioWithALine) {
             replay(scenario, *played, this->settings);
             played->focusOut();
         }
+    }
+}
+
+TYPED_TEST_P(SuggestionsTest, PlaysTheScenarioOfLearning) {
+    const std::vector<Scenario> all = suggestionScenarios();
+    const auto scenario = std::ranges::find(all, "learn", &Scenario::name);
+    ASSERT_NE(scenario, all.end());
+    for (const auto& makeField : TypeParam::everyKindOfField()) {
+        ASSERT_FALSE(WordDatabase(this->words(), WordDatabase::longestWait).erase());
+        ASSERT_TRUE(this->becomes("gedr", this->atFirst));
+        this->remote->focusOut();
+        const auto played = makeField();
+        ASSERT_TRUE(TypeParam::choose(*played, TypeParam::engine));
+        std::string_view newConsonants = "fjpvw";
+        for (const ScenarioStep& step : scenario->steps) {
+            if (played->field().marked().empty()) {
+                played->focusOut();
+                this->remote->focusIn();
+                ASSERT_TRUE(this->suggestsAllThatWasLearnt(newConsonants.at(0)));
+                newConsonants.remove_prefix(1);
+                this->remote->focusOut();
+                played->focusIn();
+            }
+            replay({scenario->name, {step}}, *played, this->settings);
+        }
+        played->focusOut();
+        this->remote->focusIn();
     }
 }
 
@@ -291,13 +335,29 @@ TYPED_TEST_P(SuggestionsTest, ThePlaceOfTheCaretMayBeNonsense) {
     EXPECT_EQ(field.field().screen(), this->gedr + " ");
 }
 
-REGISTER_TYPED_TEST_SUITE_P(SuggestionsTest, PlaysEveryScenarioWithALine,
+/// A laptop's processor sleeps while nobody types, whatever the engine has read and started before.
+TYPED_TEST_P(SuggestionsTest, NothingWakesTheEngineWhileNobodyTypes) {
+    constexpr long answers = 100;
+    for (const bool areOn : {true, false}) {
+        this->choose({.areOn = areOn});
+        this->remote->type("mala<space>");
+        WakeUps wakeUps{.ofIdle = 1};
+        for (int attempt = 0; attempt < 5 && wakeUps.ofIdle != 0; ++attempt) { // what it still does ends
+            wakeUps = wakeUpsWhile(TypeParam::engineProcess(), TypeParam::busProcess(), answers,
+                                   [] { TypeParam::askBus(); });
+            EXPECT_GE(wakeUps.ofBusy, answers) << "who has worked is seen to";
+        }
+        EXPECT_EQ(wakeUps.ofIdle, 0) << "suggestions on: " << areOn;
+    }
+}
+
+REGISTER_TYPED_TEST_SUITE_P(SuggestionsTest, PlaysEveryScenarioWithALine, PlaysTheScenarioOfLearning,
                             PlaysEveryOtherScenarioAsWithoutSuggestions, ThePanelShowsTheLineAndItsHighlight,
                             AClickTakesARowAndNothingElse, TheLineGoesWithTheFocusAndTheMarkedRowStays,
                             AFieldThatIsLeftBeforeTheCandidatesComeShowsNone, AnotherEngineShowsNoLine,
                             TheMenuSwitchesThemInTheMiddleOfAWord,
                             WhatAnotherProgramChoosesIsInForceAtTheNextKey,
                             AWordThatWasTakenIsFirstUntilItIsForgotten, NothingIsLearntInPrivate,
-                            ThePlaceOfTheCaretMayBeNonsense);
+                            ThePlaceOfTheCaretMayBeNonsense, NothingWakesTheEngineWhileNobodyTypes);
 
 } // namespace vanoka::test

@@ -148,6 +148,8 @@ export class Module {
 
     #call(name: string, given: readonly Argument[], places: readonly number[]): number {
         const passed: (number | bigint)[] = [];
+        if (this.#isBroken)
+            throw new WebAssembly.RuntimeError("the module has trapped before");
         try {
             for (const argument of given)
                 this.#pass(argument, passed);

@@ -1,5 +1,5 @@
 import type { Candidate, CandidateLine, CandidateRequest, Effect, Key, Lesson, Suggesting } from "../core/index.ts";
-import { keyTyping } from "./keys.ts";
+import { downKey, keyTyping } from "./keys.ts";
 
 /// A text field: both replace what is marked.
 export interface Target {
@@ -19,6 +19,12 @@ export interface Hooks {
 }
 
 const noLine: CandidateLine = { rows: [], highlighted: 0 };
+const mostAttempts = 2; // in one instance of the module and in another
+
+interface Done {
+    readonly effect?: Effect | undefined;
+    readonly lesson?: Lesson | undefined;
+}
 
 /// Typing into one field: applies what each key does, asks for candidates and passes on what is learnt. A key that
 /// depends on candidates which have not come waits for them, with all after it.
@@ -26,6 +32,8 @@ export class Writer {
     #typing: Suggesting;
     #keys = ""; // of the composition
     #switches = { suggests: false, learns: false };
+    #line = noLine; // of the composition, while no candidates are missing
+    #asked = 0; // times that candidates were wanted
     #waiting: Key[] = [];
     #isLineShown = false;
 
@@ -39,8 +47,7 @@ export class Writer {
 
     switch(suggests: boolean, learns: boolean): void {
         this.#switches = { suggests, learns };
-        this.#withTyping((typing) => typing.switch(suggests, learns));
-        this.#follow();
+        this.#do((typing) => (typing.switch(suggests, learns), {}));
     }
 
     /// Whether the key was consumed; otherwise the field handles it after what was done.
@@ -56,30 +63,33 @@ export class Writer {
     end(): void {
         this.#pressWaiting();
         if (this.isComposing)
-            this.#apply(this.#withTyping((typing) => typing.end()));
+            this.#do((typing) => ({ effect: typing.end() }));
     }
 
     /// The field has put in what was marked by itself, or taken it away.
     forget(): void {
         this.#waiting = [];
-        this.#withTyping((typing) => typing.forget());
-        this.#follow();
+        this.#do((typing) => (typing.forget(), {}));
     }
 
     choose(row: number): void {
         this.#pressWaiting();
-        const { effect, lesson } = this.#withTyping((typing) => typing.choose(row));
-        this.#apply(effect, lesson);
+        this.#do((typing) => typing.choose(row));
     }
 
     forgetRow(row: number): void {
-        const { effect, lesson } = this.#withTyping((typing) => typing.forgetRow(row));
-        this.#apply(effect, lesson);
+        this.#do((typing) => typing.forgetRow(row));
     }
 
+    /// Those that were not wanted last are dropped: a typing that was made anew counts its requests anew.
     take(request: number, candidates: readonly Candidate[]): void {
-        if (this.#withTyping((typing) => typing.take(request, candidates)))
+        if (request !== this.#asked)
+            return;
+        const line = this.#withTyping((typing) => (typing.take(typing.request?.number ?? 0, candidates) ? typing.line : undefined));
+        if (line) {
+            this.#line = line;
             this.#showLine();
+        }
         this.#pressWaiting();
     }
 
@@ -93,51 +103,64 @@ export class Writer {
     }
 
     #pressNow(key: Key): boolean {
-        const { consumed, effect, lesson } = this.#withTyping((typing) => typing.press(key));
-        this.#apply(effect, lesson);
-        return consumed;
+        return this.#do((typing) => typing.press(key)).consumed;
     }
 
-    #apply(effect?: Effect, lesson?: Lesson): void {
-        if (effect?.kind === "insert")
-            this.target.insert(effect.text);
-        else if (effect)
-            this.target.mark(effect.text);
-        if (lesson)
-            this.hooks.taught(lesson);
-        this.#follow();
-    }
-
-    #follow(): void {
-        const composition = this.#withTyping((typing) => typing.composition);
-        this.#keys = composition?.keys ?? "";
-        const request = this.#withTyping((typing) => typing.request);
+    /// Applies what is done, when all is known that follows from it: what a trap interrupts is done again from the
+    /// beginning, and nothing twice.
+    #do<Result extends Done>(use: (typing: Suggesting) => Result): Result {
+        const { done, keys, request, line } = this.#withTyping((typing) => {
+            const done = use(typing), { composition, request } = typing;
+            return { done, keys: composition?.keys ?? "", request, line: request ? noLine : typing.line };
+        });
+        if (done.effect?.kind === "insert")
+            this.target.insert(done.effect.text);
+        else if (done.effect)
+            this.target.mark(done.effect.text);
+        if (done.lesson)
+            this.hooks.taught(done.lesson);
+        this.#keys = keys;
+        this.#line = line;
         if (request)
-            this.hooks.wanted(request);
+            this.hooks.wanted({ ...request, number: ++this.#asked });
         else
             this.#showLine();
+        return done;
     }
 
     #showLine(): void {
-        const line = this.#withTyping((typing) => typing.line);
+        const line = this.#line;
         if (line.rows.length === 0 && !this.#isLineShown)
             return;
         this.#isLineShown = line.rows.length > 0;
         this.hooks.shown(this.#isLineShown ? line : noLine);
     }
 
-    /// A module that traps is replaced, and the composition's keys are pressed once more: what is marked stays.
+    /// Does it in another instance of the module, where this one has trapped.
     #withTyping<Result>(use: (typing: Suggesting) => Result): Result {
-        try {
-            return use(this.#typing);
-        } catch (problem) {
-            if (!(problem instanceof WebAssembly.RuntimeError))
-                throw problem;
-            this.#typing = this.hooks.make();
-            this.#typing.switch(this.#switches.suggests, this.#switches.learns);
-            for (const character of this.#keys)
-                this.#typing.press(keyTyping(character));
-            return use(this.#typing);
+        for (let attempts = 1; ; ++attempts) {
+            try {
+                if (this.#typing.module.isBroken)
+                    this.#typing = this.#madeAnew();
+                return use(this.#typing);
+            } catch (problem) {
+                if (!(problem instanceof WebAssembly.RuntimeError) || attempts === mostAttempts)
+                    throw problem;
+            }
         }
+    }
+
+    /// The composition's keys are pressed once more, and its line is taken to the same row: what is marked stays.
+    #madeAnew(): Suggesting {
+        const typing = this.hooks.make(), { suggests, learns } = this.#switches, { rows, highlighted } = this.#line;
+        typing.switch(suggests || rows.length > 0, learns);
+        for (const character of this.#keys)
+            typing.press(keyTyping(character));
+        if (rows.length > 0)
+            typing.take(typing.request?.number ?? 0, rows);
+        for (let row = 0; row < highlighted; ++row)
+            typing.press(downKey);
+        typing.switch(suggests, learns);
+        return typing;
     }
 }

@@ -45,4 +45,5 @@ export function keyTyping(character: string): Key {
 }
 
 export const deleteKey: Key = { code: KeyCode.delete, modifiers: 0, characters: "\x7F" };
+export const downKey: Key = { code: KeyCode.other, modifiers: 0, characters: FunctionKey.down };
 export const returnKey: Key = { code: KeyCode.other, modifiers: 0, characters: "\r" };

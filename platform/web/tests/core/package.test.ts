@@ -182,6 +182,7 @@ test("an instance that traps says so, and another goes on", async () => {
     const typing = vanoka.typing();
     expect(() => vanoka.module.run("typing_press", 0x7fff_fff0, 0, 0, "k", 4, 4)).toThrow(WebAssembly.RuntimeError);
     expect(vanoka.module.isBroken).toBe(true);
+    expect(() => vanoka.transliterate("amma")).toThrow(WebAssembly.RuntimeError);
     typing.release();
     expect((await loaded()).transliterate("amma")).toBe(amma);
 });

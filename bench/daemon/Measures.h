@@ -1,10 +1,9 @@
 #pragma once
 
-#include "IBusField.h"
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <numeric>
 #include <random>
@@ -28,11 +27,24 @@ struct Arm {
     std::vector<std::vector<double>> stretches = {}; ///< times of keys, in microseconds
 };
 
-/// Until the daemon has answered, in microseconds.
-inline double press(test::IBusField& field, guint keysym) {
+/// What `ask` takes until it is answered, in microseconds.
+template <class Ask>
+double timed(Ask ask) {
     const auto start = Clock::now();
-    ibus_input_context_process_key_event(field.context(), keysym, 0, 0);
+    ask();
     return Microseconds(Clock::now() - start).count();
+}
+
+/// Round after round, a stretch of each arm in an order that is drawn by lot, so that what else the machine
+/// does falls on each alike.
+template <class TypeStretch>
+void measure(std::vector<Arm*> arms, std::size_t rounds, TypeStretch typeStretch) {
+    std::mt19937 random(1);
+    for (std::size_t round = 0; round < rounds; ++round) {
+        std::ranges::shuffle(arms, random);
+        for (Arm* arm : arms)
+            typeStretch(*arm);
+    }
 }
 
 inline double quantile(std::vector<double> times, double part) {
@@ -65,6 +77,18 @@ inline void report(const char* name, const Arm& arm, const Arm& beside, double p
     }
     std::printf("  %-6s  %s %7.1f us   %-7s %7.1f us   ratio %.3f (%.3f to %.3f)\n", name, beside.name, other,
                 arm.name, time, time / other, quantile(ratios, 0.05), quantile(ratios, 0.95));
+}
+
+/// What the processors have done for the threads that a process has now, in microseconds.
+inline double processorTime(pid_t process) {
+    double nanoseconds = 0;
+    for (const auto& thread :
+         std::filesystem::directory_iterator("/proc/" + std::to_string(process) + "/task")) {
+        double ofThread = 0;
+        std::ifstream(thread.path() / "schedstat") >> ofThread;
+        nanoseconds += ofThread;
+    }
+    return nanoseconds / 1000;
 }
 
 /// What a process has to itself, in megabytes.
