@@ -6,11 +6,14 @@ import subprocess
 import sys
 import tempfile
 import unittest
+from collections import Counter
 from pathlib import Path
-from unittest import mock
 
 import mutants
 import mutations
+from outcomes import Outcomes
+from runner import Runner, ordered
+from suites import Suite
 
 
 def forms(line, before=""):
@@ -39,6 +42,7 @@ class Changes(unittest.TestCase):
         self.assertEqual([], forms("// a < b"))
         self.assertEqual([], forms('auto text = "a < 1";'))
         self.assertEqual([], forms("char c = '<';"))
+        self.assertEqual([], list(mutations.of_text("/* At most\n   8 + 1 */\n")))
 
     def test_statements_are_removed_where_one_begins(self):
         self.assertEqual([";"], forms("words.clear();", before="{"))
@@ -96,6 +100,68 @@ class Listing(unittest.TestCase):
         self.assertEqual([], listed.stale({path: mutants.mutants_of(path) for path, *_ in listed.reasons}))
 
 
+class Nearness(unittest.TestCase):
+    LONG = Suite("words_tests", "Words", 9, {"core/text/Utf8.cpp": {6, 7}})
+    SHORT = Suite("words_tests", "Rows", 1, {"core/text/Utf8.cpp": {7}})
+    NAMED = Suite("core_tests", "Utf8Test", 9, {"core/text/Utf8.cpp": {6, 7}})
+    AWAY = Suite("core_tests", "Colours", 0, {"core/text/Utf8.h": {7}})
+
+    def order(self, number, *suites, kills=()):
+        mutant = mutants.Mutant("core/text/Utf8.cpp", number, "", "")
+        return ordered(mutant, suites, Counter(kills))
+
+    def test_those_that_come_past_the_line(self):
+        self.assertEqual([self.SHORT, self.LONG], self.order(7, self.LONG, self.SHORT, self.AWAY))
+        self.assertEqual([self.LONG], self.order(6, self.LONG, self.SHORT, self.AWAY))
+
+    def test_where_none_does_the_file_counts(self):
+        self.assertEqual([self.SHORT, self.LONG], self.order(1, self.LONG, self.SHORT, self.AWAY))
+        self.assertEqual([self.AWAY], self.order(1, self.AWAY))
+
+    def test_what_killed_before_and_what_is_named_comes_first(self):
+        self.assertEqual([self.NAMED, self.SHORT], self.order(7, self.SHORT, self.NAMED))
+        self.assertEqual([self.LONG, self.NAMED], self.order(7, self.NAMED, self.LONG, kills=[self.LONG]))
+
+
+class Keeping(unittest.TestCase):
+    MUTANT = mutants.Mutant("core/sum.cpp", 3, "return 1;", "return 2;")
+
+    def setUp(self):
+        self.top = Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.top)
+        self.write("core/sum.cpp", "return 1;")
+        self.write("tests/SumTest.cpp", "TEST(Sum, OfTwo) {}")
+        self.write("tests/OtherTest.cpp", "TEST(Other, Thing) {}")
+
+    def write(self, path, text):
+        (self.top / path).parent.mkdir(exist_ok=True)
+        (self.top / path).write_text(text)
+
+    def outcomes(self):
+        return Outcomes(self.top / "outcomes", self.top)
+
+    def test_what_is_known(self):
+        self.assertIsNone(self.outcomes().known(self.MUTANT))
+        self.outcomes().add(self.MUTANT, "alive", "")
+        self.outcomes().add(self.MUTANT, "killed", "Sum")
+        self.assertEqual("killed", self.outcomes().known(self.MUTANT))
+        self.write("core/sum.cpp", "return 1 + 1;")
+        self.assertIsNone(self.outcomes().known(self.MUTANT))
+
+    def test_one_killed_is_tried_again_when_the_suite_changes(self):
+        self.outcomes().add(self.MUTANT, "killed", "Every/Sum/0")
+        self.write("tests/OtherTest.cpp", "TEST(Other, Two) {}")
+        self.assertEqual("killed", self.outcomes().known(self.MUTANT))
+        self.write("tests/SumTest.cpp", "TEST(Sum, OfThree) {}")
+        self.assertIsNone(self.outcomes().known(self.MUTANT))
+
+    def test_one_alive_is_tried_again_when_any_test_changes(self):
+        self.outcomes().add(self.MUTANT, "alive", "")
+        self.assertEqual("alive", self.outcomes().known(self.MUTANT))
+        self.write("tests/OtherTest.cpp", "TEST(Other, Two) {}")
+        self.assertIsNone(self.outcomes().known(self.MUTANT))
+
+
 LINES = """\
 int sum(int a, int b) {
     const int always = 0;
@@ -138,14 +204,18 @@ class Whole(unittest.TestCase):
             ("    return a + b - always;", "    return a + b + always;"): "alive",
             ("    return a + b - always;", "    return a + c - always;"): "refused",
         }
-        with mock.patch.multiple(mutants, NEAREST={"core": ["sum_test"]}, ALL_TESTS=["sum_test"],
-                                 PLAIN_PROGRAMS={"sum_test"}):
-            runner = mutants.Runner(self.folder, ["sum_test"])
-            runner.limits["sum_test"] = 5
-            for (line, form), outcome in changes.items():
-                with self.subTest(form=form.strip()):
-                    self.assertEqual(outcome, runner.outcome(mutants.Mutant("core/sum.cpp", 3, line, form)))
-                    self.assertEqual(LINES, (self.top / "core/sum.cpp").read_text())
+        runner = Runner(self.folder, ["sum_test"])
+        suites = runner.programs.suites("sum_test")
+        for (line, form), outcome in changes.items():
+            with self.subTest(form=form.strip()):
+                self.assertEqual(outcome, runner.outcome(mutants.Mutant("core/sum.cpp", 3, line, form), suites)[0])
+                self.assertEqual(LINES, (self.top / "core/sum.cpp").read_text())
+
+    def test_what_fails_already_is_no_test(self):
+        (self.top / "test.cpp").write_text("int main() { return 1; }\n")
+        runner = Runner(self.folder, ["sum_test"])
+        with self.assertRaisesRegex(SystemExit, "fails already"):
+            runner.programs.suites("sum_test")
 
 
 if __name__ == "__main__":
