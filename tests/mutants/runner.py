@@ -7,14 +7,20 @@ from pathlib import Path
 
 from suites import Programs
 
+START = 0.05  # the seconds in which any test begins
 
 def ordered(mutant, suites, kills):
-    """Those that come past the line; where none does, as with a table, those that come past its file, or all. The
-    first are those that killed most of the file's mutants, then those that are named after it, the quickest first."""
+    """Those that come past the line, and those that are named after the file, which may try how it stops, where
+    nothing is counted any more. Where none comes past the line, as with a table, those that come past the file, or all.
+    First come those that are most likely to kill in the time that they take: that are named after the file, or killed
+    many of its mutants."""
+    named = {suite for suite in suites if Path(mutant.path).stem in suite.name}
     passing = [suite for suite in suites if suite.passes(mutant.path, mutant.number)] or \
         [suite for suite in suites if suite.lines.get(mutant.path)] or suites
-    subject = Path(mutant.path).stem
-    return sorted(passing, key=lambda suite: (-kills[suite], subject not in suite.name, suite.seconds))
+
+    def likely(suite):
+        return (kills[suite] + (1 if suite in named else 0.1)) / (START + suite.seconds)
+    return sorted({*named, *passing}, key=lambda suite: (-likely(suite), str(suite)))
 
 
 class Runner:
