@@ -147,18 +147,17 @@ class Folders:
         return Runner(folder, PROGRAMS)
 
     def each(self, by_file, action):
-        """Hands each file's mutants to a folder that is free: action(runner, mutant)."""
+        """Hands each file's mutants to a folder that is free: action(runner, mutants)."""
         free = queue.SimpleQueue()
         for runner in self.runners:
             free.put(runner)
 
-        def try_all(mutants):
+        def act(mutants):
             runner = free.get()
-            for mutant in mutants:
-                action(runner, mutant)
+            action(runner, mutants)
             free.put(runner)
         with ThreadPoolExecutor(len(self.runners)) as pool:
-            list(pool.map(try_all, by_file))
+            list(pool.map(act, by_file))
 
 
 class Report:
@@ -207,18 +206,22 @@ def try_each(chosen, folders, known, outcomes, report):
     """Tries what is not known yet."""
     lock = threading.Lock()
 
-    def try_one(runner, mutant):
-        outcome, by = known(mutant), None
-        if outcome is None:
-            outcome, by = runner.outcome(mutant, folders.suites)
+    def tell(mutant, outcome, by=""):
+        report.tell(mutant, outcome)
+        print(f"[{report.told}/{len(chosen)}] {outcome} {mutant.path}:{mutant.number} {by}".rstrip(), file=sys.stderr,
+              flush=True)
+
+    def try_all(runner, mutants):
+        unknown = [mutant for mutant in mutants if known(mutant) is None]
         with lock:
-            if by is not None:
+            for mutant in mutants:
+                if mutant not in unknown:
+                    tell(mutant, known(mutant))
+        for mutant, outcome, by in runner.outcomes(unknown, folders.suites):
+            with lock:
                 outcomes.add(mutant, outcome, by)
-            report.tell(mutant, outcome)
-            print(f"[{report.told}/{len(chosen)}] {outcome} {mutant.path}:{mutant.number} {by or ''}".rstrip(),
-                  file=sys.stderr, flush=True)
-    by_file = [list(mutants) for _, mutants in itertools.groupby(chosen, key=lambda mutant: mutant.path)]
-    folders.each(by_file, try_one)
+                tell(mutant, outcome, by)
+    folders.each([list(mutants) for _, mutants in itertools.groupby(chosen, key=lambda mutant: mutant.path)], try_all)
 
 
 def main():

@@ -46,7 +46,7 @@ BEFORE_STATEMENT = re.compile(r"(?:[;{}:)]|else|do|^)$")
 # Left as they are. What is asserted while compiling refuses every change that it notices; room that is asked for
 # beforehand changes no result.
 LEFT_ALONE = re.compile(r"^\s*(?:#|using\b|namespace\b|template\b|static_assert\b|typedef\b|friend\b|extern\b)|\breserve\(|"
-                        r"\bmakeRoom\(values")
+                        r"\bmakeRoom\(values|\) (?:const )?(?:noexcept )?= 0;")
 
 
 def code_of(line):

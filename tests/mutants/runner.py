@@ -1,11 +1,14 @@
 """Builds mutants in a copy of the tree and lets the suites that come past them run."""
 
+import contextlib
 import os
+import re
 import subprocess
 from collections import Counter, defaultdict
 from pathlib import Path
 
 from suites import Programs
+from together import VARIABLE, Together
 
 START = 0.05  # the seconds in which any test begins
 
@@ -35,27 +38,70 @@ class Runner:
             raise SystemExit(f"The copy cannot be built:\n{refused}")
         self.kills = defaultdict(Counter)  # how many of a file's mutants each suite has killed
 
-    def outcome(self, mutant, suites):
-        """What becomes of a mutant, and the name of the suite that killed it, or an empty one."""
-        target = self.copy / mutant.path
-        text = target.read_text(encoding="utf-8")
-        lines = text.split("\n")
-        lines[mutant.number - 1] = mutant.form
-        target.write_text("\n".join(lines), encoding="utf-8")
-        try:
-            return self._met(mutant, suites)
-        finally:
-            target.write_text(text, encoding="utf-8")
+    def outcomes(self, mutants, suites):
+        """What becomes of each of a file's mutants, as it comes: the mutant, the outcome, and the name of the suite that
+        killed it, or an empty one."""
+        dead = set()
+        for mutant, *outcome in self._together(mutants, suites):
+            dead.add(mutant)
+            yield mutant, *outcome
+        # One that lives was perhaps only not chosen while the compiler worked something out.
+        for mutant in mutants:
+            if mutant not in dead:
+                lines = self._text(mutant.path).split("\n")
+                lines[mutant.number - 1] = mutant.form
+                with self._written(mutant.path, "\n".join(lines)):
+                    yield mutant, *self._met(mutant, suites)
 
-    def _met(self, mutant, suites):
-        for suite in ordered(mutant, suites, self.kills[mutant.path]):
+    def _together(self, mutants, suites):
+        path = mutants[0].path
+        passing = [suite for suite in suites if suite.lines.get(path)] or suites
+        together = Together(self._text(path), mutants)
+        while together.numbers:
+            with self._written(path, str(together)):
+                refusal = self._refusal(*{suite.program for suite in passing})
+                if refusal is None:
+                    if all(self._status(suite, 0) == 0 for suite in passing):
+                        yield from self._chosen(together, suites)
+                    return
+            # What the compiler refuses there may be refused for being there.
+            refused = {together.number_at(int(line)) for line in
+                       re.findall(rf"^{re.escape(str(self.copy / path))}:(\d+):\d+: error:", refusal, re.MULTILINE)}
+            together.leave(refused if refused - {0} else set(together.numbers))
+
+    def _chosen(self, together, suites):
+        for number, mutant in together.numbers.items():
+            outcome, by = self._met(mutant, suites, number)
+            if outcome in ("killed", "endless"):
+                yield mutant, outcome, by
+
+    def _text(self, path):
+        return (self.copy / path).read_text(encoding="utf-8")
+
+    @contextlib.contextmanager
+    def _written(self, path, text):
+        """Another text in the place of a file's own."""
+        own = self._text(path)
+        (self.copy / path).write_text(text, encoding="utf-8")
+        try:
+            yield
+        finally:
+            (self.copy / path).write_text(own, encoding="utf-8")
+
+    def _met(self, mutant, suites, number=0):
+        """The outcome of one that is built, or chosen, and the suite that killed it."""
+        kills = self.kills[mutant.path]
+        for suite in ordered(mutant, suites, kills):
             if self._refusal(suite.program) is not None:
                 return "refused", ""
-            status = self.programs.status(suite, 2 + 5 * suite.seconds)
+            status = self._status(suite, number)
             if status != 0:
-                self.kills[mutant.path][suite] += 1
+                kills[suite] += 1
                 return "endless" if status is None else "killed", suite.name
         return "alive", ""
+
+    def _status(self, suite, number):
+        return self.programs.status(suite, 2 + 5 * suite.seconds, {VARIABLE: str(number)})
 
     def _refusal(self, *programs):
         """What the compiler or the linker says where it refuses, or None."""

@@ -14,6 +14,7 @@ import mutations
 from outcomes import Outcomes
 from runner import Runner, ordered
 from suites import Suite
+from together import Together
 
 
 def forms(line, before=""):
@@ -98,6 +99,46 @@ class Listing(unittest.TestCase):
         listed = mutants.Equivalents(mutants.EQUIVALENT.read_text(encoding="utf-8"))
         self.assertEqual([], listed.of_no_file())
         self.assertEqual([], listed.stale({path: mutants.mutants_of(path) for path, *_ in listed.reasons}))
+
+
+class Choices(unittest.TestCase):
+    """What many mutants make of a text in which one can be chosen."""
+
+    def chosen(self, text):
+        together = Together(text, [mutants.Mutant("c/Sum.cpp", *each) for each in mutations.of_text(text)])
+        return together, {mutant.form.strip() for mutant in together.numbers.values()}
+
+    def test_statements_conditions_and_what_variables_begin_with(self):
+        text = "int sum(int a) {\n  int b = 1;\n  if (a < b)\n    a += b;\n  return a;\n}"
+        self.assertEqual({"int b = 0;", "int b = 2;", "if (a <= b)", "if (a > b)", "if (!(a < b))", "a -= b;", ";",
+                          "return {};"}, self.chosen(text)[1])
+
+    def test_each_part_of_a_loop(self):
+        text = "void f() {\n  for (int i = 0; i < 9; ++i) {\n  }\n}"
+        self.assertEqual(6, len(self.chosen(text)[1]))
+
+    def test_neither_tables_nor_constants(self):
+        for text in ("constexpr int most = 1;", "const int all[] = {\n    {1, 2},\n};"):
+            self.assertEqual(set(), self.chosen(text)[1])
+
+    def test_a_statement_of_several_lines(self):
+        text = "bool f(int a) {\n  return a < 1 &&\n         a > 0;\n}"
+        together, forms = self.chosen(text)
+        self.assertIn("a >= 0;", forms)
+        self.assertIn("return a < 1 &&\n         a >= 0;\n", str(together))
+
+    def test_which_form_a_line_belongs_to(self):
+        together, _ = self.chosen("int f(int a) {\n  return a + 1;\n}")
+        lines = str(together).split("\n")
+        for number, mutant in together.numbers.items():
+            self.assertEqual(number, together.number_at(lines.index(mutant.form) + 1))
+        self.assertEqual(0, together.number_at(lines.index("  return a + 1;") + 1))
+
+    def test_what_is_left_out(self):
+        together, _ = self.chosen("int f(int a) {\n  return a + 1;\n}")
+        together.leave([1])
+        self.assertNotIn(1, together.numbers)
+        self.assertNotIn("chosen() == 1)", str(together))
 
 
 class Nearness(unittest.TestCase):
@@ -206,10 +247,9 @@ class Whole(unittest.TestCase):
         }
         runner = Runner(self.folder, ["sum_test"])
         suites = runner.programs.suites("sum_test")
-        for (line, form), outcome in changes.items():
-            with self.subTest(form=form.strip()):
-                self.assertEqual(outcome, runner.outcome(mutants.Mutant("core/sum.cpp", 3, line, form), suites)[0])
-                self.assertEqual(LINES, (self.top / "core/sum.cpp").read_text())
+        tried = {mutants.Mutant("core/sum.cpp", 3, line, form): outcome for (line, form), outcome in changes.items()}
+        self.assertEqual(tried, {mutant: outcome for mutant, outcome, _ in runner.outcomes(list(tried), suites)})
+        self.assertEqual(LINES, (self.top / "core/sum.cpp").read_text())
 
     def test_what_fails_already_is_no_test(self):
         (self.top / "test.cpp").write_text("int main() { return 1; }\n")

@@ -47,7 +47,7 @@ class Programs:
         self.build = build
         self.copy = copy
 
-    def status(self, suite, seconds, profile="/dev/null"):
+    def status(self, suite, seconds, variables):
         """What a suite ends with after at most so many seconds of the processor; None when they are over, or when it
         waits for ten times as long."""
         command = [str(self.build / "bin" / suite.program)]
@@ -55,7 +55,7 @@ class Programs:
             command += ["--gtest_brief", "--gtest_fail_fast", f"--gtest_filter={suite.name}.*"]
         run = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
                                cwd=self.build, preexec_fn=limits(int(seconds) + 1),
-                               env={**os.environ, "RC_PARAMS": "seed=1", "LLVM_PROFILE_FILE": str(profile)})
+                               env={**os.environ, "RC_PARAMS": "seed=1", "LLVM_PROFILE_FILE": "/dev/null", **variables})
         try:
             status = run.wait(30 + 10 * seconds)
         except subprocess.TimeoutExpired:
@@ -94,7 +94,8 @@ class Programs:
         for old in self.build.glob("suite-*.profraw"):
             old.unlink()
         before = resource.getrusage(resource.RUSAGE_CHILDREN)
-        status = self.status(Suite(program, name), LONGEST, self.build / "suite-%m.profraw")
+        status = self.status(Suite(program, name), LONGEST,
+                             {"LLVM_PROFILE_FILE": str(self.build / "suite-%m.profraw")})
         if status != 0:
             raise SystemExit(f"{program} {name} fails already without a mutant ({status}).")
         after = resource.getrusage(resource.RUSAGE_CHILDREN)
