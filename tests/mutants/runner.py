@@ -4,6 +4,7 @@ import contextlib
 import os
 import re
 import subprocess
+import sys
 from collections import Counter, defaultdict
 from pathlib import Path
 
@@ -61,13 +62,19 @@ class Runner:
             with self._written(path, str(together)):
                 refusal = self._refusal(*{suite.program for suite in passing})
                 if refusal is None:
-                    if all(self._status(suite, 0) == 0 for suite in passing):
+                    failing = [suite for suite in passing if self._status(suite, 0) != 0]
+                    if failing:
+                        print(f"{path}: each is built alone, since together {failing[0]} fails.", file=sys.stderr)
+                    else:
                         yield from self._chosen(together, suites)
                     return
             # What the compiler refuses there may be refused for being there.
             refused = {together.number_at(int(line)) for line in
                        re.findall(rf"^{re.escape(str(self.copy / path))}:(\d+):\d+: error:", refusal, re.MULTILINE)}
-            together.leave(refused if refused - {0} else set(together.numbers))
+            if not refused - {0}:
+                print(f"{path}: each is built alone, since together the compiler refuses them.", file=sys.stderr)
+                return
+            together.leave(refused)
 
     def _chosen(self, together, suites):
         for number, mutant in together.numbers.items():

@@ -118,7 +118,7 @@ class Choices(unittest.TestCase):
         self.assertEqual(6, len(self.chosen(text)[1]))
 
     def test_neither_tables_nor_constants(self):
-        for text in ("constexpr int most = 1;", "const int all[] = {\n    {1, 2},\n};"):
+        for text in ("constexpr int most = 1;", "const int all[] = {\n    {1, 2},\n};", "int a = 1, b = 2;"):
             self.assertEqual(set(), self.chosen(text)[1])
 
     def test_a_statement_of_several_lines(self):

@@ -16,9 +16,11 @@ PRELUDE = f"""\
 #include <cstdlib>
 #include <type_traits>
 namespace mutants {{
-inline int readNumber() {{ const char* n = std::getenv("{VARIABLE}"); return n != nullptr ? std::atoi(n) : 0; }}
-inline int number __attribute__((init_priority(101))) = readNumber();
-constexpr int chosen() {{ return std::is_constant_evaluated() ? 0 : number; }}
+inline struct Number {{
+    const char* text = std::getenv("{VARIABLE}");
+    int value = text != nullptr ? std::atoi(text) : 0;
+}} number __attribute__((init_priority(101)));
+constexpr int chosen() {{ return std::is_constant_evaluated() ? 0 : number.value; }}
 }}
 """
 LONGEST_UNIT = 40
@@ -31,7 +33,8 @@ PARTS = [(re.compile(pattern, re.DOTALL), taken) for pattern, taken in [
     (r"\s*for \((?:const )?[\w:]+ \w+ = ([^;,]+);.*", ""),
     (r"\s*for \([^;]*; ([^;]+); [^;]*", "bool"),
     (r"\s*for \([^;]*; [^;]*; ([^;]+)\)(?: \{)?", "void"),
-    (r"\s*(?!return\b|static\b|constexpr\b|inline\b|for\b|if\b|while\b)\w[\w:<>,&* ]* = (?!\{)(.*);", ""),
+    (r"\s*(?!return\b|static\b|constexpr\b|inline\b|for\b|if\b|while\b)\w[\w:<>,&* ]* = "
+     r"(?!\{|.*, \w+(?:;|\{| = ))(.*);", ""),
 ]]
 
 
