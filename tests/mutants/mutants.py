@@ -154,8 +154,10 @@ class Folders:
 
         def act(mutants):
             runner = free.get()
-            action(runner, mutants)
-            free.put(runner)
+            try:
+                action(runner, mutants)
+            finally:
+                free.put(runner)
         with ThreadPoolExecutor(len(self.runners)) as pool:
             list(pool.map(act, by_file))
 
@@ -217,7 +219,7 @@ def try_each(chosen, folders, known, outcomes, report):
             for mutant in mutants:
                 if mutant not in unknown:
                     tell(mutant, known(mutant))
-        for mutant, outcome, by in runner.outcomes(unknown, folders.suites):
+        for mutant, outcome, by in runner.outcomes(unknown, folders.suites) if unknown else ():
             with lock:
                 outcomes.add(mutant, outcome, by)
                 tell(mutant, outcome, by)
