@@ -13,18 +13,26 @@ from together import VARIABLE, Together
 
 START = 0.05  # the seconds in which any test begins
 
+def named_after(path, suites):
+    return {suite for suite in suites if Path(path).stem in suite.name}
+
+
+def of_file(path, suites):
+    """Those that come past a file, or all where none does, and those that are named after it, which may try how it
+    stops, where nothing is counted any more."""
+    return named_after(path, suites) | set([suite for suite in suites if suite.lines.get(path)] or suites)
+
+
 def ordered(mutant, suites, kills):
-    """Those that come past the line, and those that are named after the file, which may try how it stops, where
-    nothing is counted any more. Where none comes past the line, as with a table, those that come past the file, or all.
-    First come those that are most likely to kill in the time that they take: that are named after the file, or killed
-    many of its mutants."""
-    named = {suite for suite in suites if Path(mutant.path).stem in suite.name}
-    passing = [suite for suite in suites if suite.passes(mutant.path, mutant.number)] or \
-        [suite for suite in suites if suite.lines.get(mutant.path)] or suites
+    """Those that come past the line, and those that are named after the file; where none comes past the line, as with a
+    table, those of the file. First come those that are most likely to kill in the time that they take: that are named
+    after the file, or killed many of its mutants."""
+    named = named_after(mutant.path, suites)
+    passing = {suite for suite in suites if suite.passes(mutant.path, mutant.number)} or of_file(mutant.path, suites)
 
     def likely(suite):
         return (kills[suite] + (1 if suite in named else 0.1)) / (START + suite.seconds)
-    return sorted({*named, *passing}, key=lambda suite: (-likely(suite), str(suite)))
+    return sorted(named | passing, key=lambda suite: (-likely(suite), str(suite)))
 
 
 class Runner:
@@ -56,7 +64,7 @@ class Runner:
 
     def _together(self, mutants, suites):
         path = mutants[0].path
-        passing = [suite for suite in suites if suite.lines.get(path)] or suites
+        passing = of_file(path, suites)
         together = Together(self._text(path), mutants)
         while together.numbers:
             with self._written(path, str(together)):
@@ -99,7 +107,7 @@ class Runner:
         """The outcome of one that is built, or chosen, and the suite that killed it."""
         kills = self.kills[mutant.path]
         for suite in ordered(mutant, suites, kills):
-            if self._refusal(suite.program) is not None:
+            if number == 0 and self._refusal(suite.program) is not None:
                 return "refused", ""
             status = self._status(suite, number)
             if status != 0:
