@@ -5,7 +5,7 @@ mutants.py [--sample N] [--seed S] [--jobs N] [--resume] [--known] [--in FOLDER]
 Each mutant is built in a copy of the tree, in build/mutants, and meets the test suites that come past its line, the
 most likely first. It is
     killed    when a test fails or crashes,
-    endless   when one takes five times as long as it did without the change, and two seconds, which kills it too,
+    endless   when one takes five times as long as it did without the change, and a second, which kills it too,
     refused   when the compiler or the linker does,
     listed    when equivalent.txt says why nobody could notice it,
     alive     otherwise; then the status is 1.

@@ -50,13 +50,12 @@ class Runner:
     def outcomes(self, mutants, suites):
         """What becomes of each of a file's mutants, as it comes: the mutant, the outcome, and the name of the suite that
         killed it, or an empty one."""
-        dead = set()
+        told = set()
         for mutant, *outcome in self._together(mutants, suites):
-            dead.add(mutant)
+            told.add(mutant)
             yield mutant, *outcome
-        # One that lives was perhaps only not chosen while the compiler worked something out.
         for mutant in mutants:
-            if mutant not in dead:
+            if mutant not in told:
                 lines = self._text(mutant.path).split("\n")
                 lines[mutant.number - 1] = mutant.form
                 with self._written(mutant.path, "\n".join(lines)):
@@ -87,7 +86,7 @@ class Runner:
     def _chosen(self, together, suites):
         for number, mutant in together.numbers.items():
             outcome, by = self._met(mutant, suites, number)
-            if outcome in ("killed", "endless"):
+            if outcome != "alive" or together.is_certain(mutant):
                 yield mutant, outcome, by
 
     def _text(self, path):
@@ -116,7 +115,7 @@ class Runner:
         return "alive", ""
 
     def _status(self, suite, number):
-        return self.programs.status(suite, 2 + 5 * suite.seconds, {VARIABLE: str(number)})
+        return self.programs.status(suite, 1 + 5 * suite.seconds, {VARIABLE: str(number)})
 
     def _refusal(self, *programs):
         """What the compiler or the linker says where it refuses, or None."""

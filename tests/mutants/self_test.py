@@ -134,6 +134,15 @@ class Choices(unittest.TestCase):
             self.assertEqual(number, together.number_at(lines.index(mutant.form) + 1))
         self.assertEqual(0, together.number_at(lines.index("  return a + 1;") + 1))
 
+    def test_what_could_be_worked_out_while_compiling_is_uncertain(self):
+        for text, certain in {
+            "int f(int a) {\n  return a;\n}": True,
+            "constexpr int f(int a) {\n  return a;\n}": False,
+            "int f() {\n  const int a = 1;\n}": False,
+        }.items():
+            together, _ = self.chosen(text)
+            self.assertEqual(certain, together.is_certain(together.numbers[1]), text)
+
     def test_what_is_left_out(self):
         together, _ = self.chosen("int f(int a) {\n  return a + 1;\n}")
         together.leave([1])
@@ -220,6 +229,7 @@ int main() {
 PROJECT = """\
 cmake_minimum_required(VERSION 3.25)
 project(Sum LANGUAGES CXX)
+set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 add_executable(sum_test core/sum.cpp test.cpp)
 """

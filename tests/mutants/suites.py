@@ -4,6 +4,7 @@ tells; what it told is kept beside the programs for as long as they stay the sam
 
 import hashlib
 import json
+import math
 import os
 import resource
 import signal
@@ -12,8 +13,7 @@ from collections import defaultdict
 from dataclasses import dataclass, field
 from pathlib import Path
 
-# What a test may take without a mutant; with one, five times what it took then and two seconds of the processor's
-# time. The other limit is for tests that wait.
+# What a suite may take without a mutant, in seconds of the processor, and any in bytes.
 LONGEST = 600
 MEMORY = 8 << 30
 
@@ -54,7 +54,7 @@ class Programs:
         if suite.name:
             command += ["--gtest_brief", "--gtest_fail_fast", f"--gtest_filter={suite.name}.*"]
         run = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
-                               cwd=self.build, preexec_fn=limits(int(seconds) + 1),
+                               cwd=self.build, preexec_fn=limits(math.ceil(seconds)),
                                env={**os.environ, "RC_PARAMS": "seed=1", "LLVM_PROFILE_FILE": "/dev/null", **variables})
         try:
             status = run.wait(30 + 10 * seconds)

@@ -38,6 +38,10 @@ PARTS = [(re.compile(pattern, re.DOTALL), taken) for pattern, taken in [
 ]]
 
 
+# What is worked out while compiling shows no choice.
+EARLY = re.compile(r"\bconsteval\b|\bconstexpr\b.*\(")
+
+
 def is_whole(code):
     return all(code.count(one) == code.count(other) for one, other in ("()", "[]")) and \
         (code[-1:] in ";{}:" or code.endswith(")") and bool(HEAD.match(code)))
@@ -108,6 +112,13 @@ class Together:
         pieces.append(("\n".join(lines[at:]), 0))
         self.pieces = pieces
         self.numbers = {number: self.numbers[number] for _, number in pieces if number}
+
+    def is_certain(self, mutant):
+        """True for one whose outcome is the same when it is built alone: in a statement or a condition of a file in which
+        nothing is called while compiling."""
+        first, last = next(unit for unit in units(self.text) if unit[0] <= mutant.number <= unit[1])
+        code = "\n".join(self.text.split("\n")[first - 1:last])
+        return bool(STATEMENT.match(code) or HEAD.match(code)) and not EARLY.search(self.text)
 
     def __str__(self):
         return "".join(piece for piece, _ in self.pieces)
