@@ -2,7 +2,7 @@
 what the change may concern is tried again.
 
 An outcome holds as long as the mutant's file stays the same, and the tests that decided: those of the suite that
-killed it, or, where none did, all.
+killed it, all where it is alive, none where the compiler refused it.
 """
 
 import functools
@@ -27,7 +27,8 @@ class Outcomes:
     def known(self, mutant):
         """The outcome, or None where it is not known or holds no longer."""
         entry = self.entries.get(self._key(mutant))
-        holds = entry and entry["of"] == self._digest(mutant.path) and entry["tests"] == self._tests(entry["by"])
+        holds = entry and entry["of"] == self._digest(mutant.path) and \
+            (entry["outcome"] == "refused" or entry["tests"] == self._tests(entry["by"]))
         return entry["outcome"] if holds else None
 
     def add(self, mutant, outcome, by):

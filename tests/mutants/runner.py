@@ -13,6 +13,7 @@ from together import VARIABLE, Together
 
 START = 0.05  # the seconds in which any test begins
 
+
 def named_after(path, suites):
     return {suite for suite in suites if Path(path).stem in suite.name}
 

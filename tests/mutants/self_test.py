@@ -205,6 +205,11 @@ class Keeping(unittest.TestCase):
         self.write("tests/SumTest.cpp", "TEST(Sum, OfThree) {}")
         self.assertIsNone(self.outcomes().known(self.MUTANT))
 
+    def test_one_that_was_refused_has_nothing_to_do_with_tests(self):
+        self.outcomes().add(self.MUTANT, "refused", "")
+        self.write("tests/OtherTest.cpp", "TEST(Other, Two) {}")
+        self.assertEqual("refused", self.outcomes().known(self.MUTANT))
+
     def test_one_alive_is_tried_again_when_any_test_changes(self):
         self.outcomes().add(self.MUTANT, "alive", "")
         self.assertEqual("alive", self.outcomes().known(self.MUTANT))
