@@ -65,7 +65,9 @@ class Runner:
     def _together(self, mutants, suites):
         path = mutants[0].path
         passing = of_file(path, suites)
-        together = Together(self._text(path), mutants)
+        # What no suite comes past is worked out while compiling, if at all.
+        reached = [mutant for mutant in mutants if any(suite.passes(path, mutant.number) for suite in passing)]
+        together = Together(self._text(path), reached)
         while together.numbers:
             with self._written(path, str(together)):
                 refusal = self._refusal(*{suite.program for suite in passing})
