@@ -173,6 +173,25 @@ class Nearness(unittest.TestCase):
         self.assertEqual([self.LONG, self.NAMED], self.order(7, self.NAMED, self.LONG, kills=[self.LONG] * 2))
 
 
+class Sharing(unittest.TestCase):
+    def each(self, by_file, action):
+        folders = mutants.Folders.__new__(mutants.Folders) # nothing is built
+        folders.runners = ["here", "there"]
+        folders.each(by_file, action)
+
+    def test_what_is_of_one_file_stays_in_one_folder(self):
+        seen = []
+        self.each([[1, 2], [3], [4, 5]], lambda runner, each: seen.append((runner, each)))
+        self.assertEqual([[1, 2], [3], [4, 5]], sorted(each for _, each in seen))
+        self.assertLessEqual({runner for runner, _ in seen}, {"here", "there"})
+
+    def test_a_failure_ends_the_run(self):
+        def fail(runner, each):
+            raise RuntimeError(f"{each}")
+        with self.assertRaisesRegex(RuntimeError, "1"):
+            self.each([1, 2, 3], fail)
+
+
 class Keeping(unittest.TestCase):
     MUTANT = mutants.Mutant("core/sum.cpp", 3, "return 1;", "return 2;")
 
