@@ -49,8 +49,8 @@ class Runner:
         self.kills = defaultdict(Counter)  # how many of a file's mutants each suite has killed
 
     def outcomes(self, mutants, suites):
-        """What becomes of each of a file's mutants, as it comes: the mutant, the outcome, and the name of the suite that
-        killed it, or an empty one."""
+        """What becomes of each of a file's mutants, as it comes: the mutant, the outcome, and the name of the suite
+        that killed it, or an empty one."""
         told = set()
         for mutant, *outcome in self._together(mutants, suites):
             told.add(mutant)

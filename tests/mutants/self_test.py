@@ -127,6 +127,10 @@ class Choices(unittest.TestCase):
         self.assertIn("a >= 0;", forms)
         self.assertIn("return a < 1 &&\n         a >= 0;\n", str(together))
 
+    def test_a_comment_is_kept(self):
+        together, forms = self.chosen("int f(int a) {\n  return a + 1; // one more\n}")
+        self.assertIn("return a + 2; // one more", forms)
+
     def test_which_form_a_line_belongs_to(self):
         together, _ = self.chosen("int f(int a) {\n  return a + 1;\n}")
         lines = str(together).split("\n")

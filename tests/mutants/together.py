@@ -72,9 +72,10 @@ def choice(part, others, taken):
 def with_choices(was, forms):
     """A unit in which some forms of it can be chosen, by their numbers, in pieces as above; those that cannot be chosen
     are left out."""
-    blotted = "\n".join(mutations.code_of(line).replace("\0", "_") for line in was.split("\n"))
+    blotted = "\n".join(mutations.code_of(line).replace("\0", "_") for line in was.split("\n")).rstrip("_ ")
     if STATEMENT.match(blotted) and blotted.endswith(";"):
-        others = [(f"if (mutants::chosen() == {number}) {{\n{form}\n}} else\n", number) for number, form in forms.items()]
+        others = [(f"if (mutants::chosen() == {number}) {{\n{form}\n}} else\n", number)
+                  for number, form in forms.items()]
         return [("{\n", 0), *others, (f"{{\n{was}\n}} }}\n", 0)]
     spans = [(*found.span(1), taken) for pattern, taken in PARTS if (found := pattern.fullmatch(blotted))]
     pieces, at = [], 0
@@ -114,8 +115,8 @@ class Together:
         self.numbers = {number: self.numbers[number] for _, number in pieces if number}
 
     def is_certain(self, mutant):
-        """True for one whose outcome is the same when it is built alone: in a statement or a condition of a file in which
-        nothing is called while compiling."""
+        """True for one whose outcome is the same when it is built alone: in a statement or a condition of a file in
+        which nothing is called while compiling."""
         first, last = next(unit for unit in units(self.text) if unit[0] <= mutant.number <= unit[1])
         code = "\n".join(self.text.split("\n")[first - 1:last])
         return bool(STATEMENT.match(code) or HEAD.match(code)) and not EARLY.search(self.text)
