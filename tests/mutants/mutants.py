@@ -90,8 +90,8 @@ def sample(by_file, count, seed):
 
 
 class Equivalents:
-    """The changes that nobody could notice: paragraphs of a path, the line, what it became and the reason. They are
-    found by their text, so that lines may move."""
+    """The changes that nobody could notice: paragraphs of a path, the line, each that it became and the reason. They
+    are found by their text, so that lines may move."""
 
     def __init__(self, text):
         self.reasons = {}
@@ -99,10 +99,13 @@ class Equivalents:
             lines = [line for line in paragraph.splitlines() if not line.startswith("#")]
             if not lines:
                 continue
-            path, was, became, *reason = lines
-            if not (was.startswith("- ") and became.startswith("+ ") and reason):
+            path, was, *rest = lines
+            becomes = list(itertools.takewhile(lambda line: line.startswith("+ "), rest))
+            reason = " ".join(rest[len(becomes):])
+            if not (was.startswith("- ") and becomes and reason):
                 sys.exit(f"A path, - a line, + what it became and the reason are expected:\n{paragraph}")
-            self.reasons[path, was[2:].strip(), became[2:].strip()] = " ".join(reason)
+            for became in becomes:
+                self.reasons[path, was[2:].strip(), became[2:].strip()] = reason
 
     def stale(self, by_file):
         """Those that match no mutant any more, of the files that were looked at."""

@@ -85,6 +85,11 @@ class Listing(unittest.TestCase):
         self.assertEqual({key: "Both are the same."}, listed.reasons)
         self.assertEqual([], listed.stale(self.BY_FILE))
 
+    def test_several_of_a_line_for_one_reason(self):
+        listed = mutants.Equivalents("c/Library.cpp\n- return 1;\n+ return 2;\n+ return 0;\nAll the same.\n")
+        self.assertEqual({"All the same."}, set(listed.reasons.values()))
+        self.assertEqual(["return 2;", "return 0;"], [became for _, _, became in listed.reasons])
+
     def test_one_that_matches_nothing_is_stale(self):
         listed = mutants.Equivalents("c/Library.cpp\n- return 3;\n+ return 2;\nReason.\n\n"
                                      "c/Gone.cpp\n- return 3;\n+ return 2;\nReason.\n")

@@ -371,6 +371,11 @@ TEST(SinglishStream, LongTextsReadAsTheirParts) {
     }
 }
 
+TEST(SinglishTransliterator, LongTextsWithoutLettersStayAsTheyAre) {
+    const std::string digits(100'000, '1');
+    EXPECT_TRUE(transliterate(digits) == digits);
+}
+
 TEST(SinglishTransliterator, AMillionKeysAreRead) {
     const std::string text = transliterate(std::string(1'000'000, 'k'));
     EXPECT_EQ(text.size(), 6'000'000U);
