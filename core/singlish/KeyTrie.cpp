@@ -4,7 +4,7 @@
 
 namespace vanoka {
 
-KeyTrie::KeyTrie() : nodes_(1) {
+KeyTrie::KeyTrie() : nodes_{Beginning{}} {
     fromRoot_.fill(none);
 }
 

@@ -165,6 +165,7 @@ static_assert(crowded == U'ඛ');
 constexpr SoundsLike badSounds[] = {{'b', {"ග"}}, {'b', {"ක"}}};
 static_assert(!everyIdIsOneScalar(badLetters) && !everySignIsOneScalarOrNone(badLetters));
 static_assert(!noIdTwice(badLetters) && !everyLetterHasKeys(badLetters) && !noKeyTwice(badLetters));
+static_assert(isKey("nndh") && !isKey("nndha") && !isKey("k1") && !isKey(""));
 static_assert(!soundsAreLetters(badSounds, badLetters) && !latinAscends(badSounds));
 
 const GroupNames& names(Group group) noexcept {

@@ -1,52 +1,44 @@
 #!/usr/bin/env python3
 """Changes single lines of the core, of Vanoka/ and of c/, one at a time, and tells which changes no test notices:
-mutants.py [--sample N] [--seed S] [--in FOLDER] [--list] [PATH…].
+mutants.py [--sample N] [--seed S] [--jobs N] [--resume] [--known] [--in FOLDER] [--list] [PATH…].
 
-Each mutant is built in a copy of the tree, in build/mutants, and meets the tests that know its floor, the nearest
-first. It is
+Each mutant is built in a copy of the tree, in build/mutants, and meets the test suites that come past its line, the
+most likely first. It is
     killed    when a test fails or crashes,
-    endless   when one takes five times as long as it did without the change, and ten seconds, which kills it too,
+    endless   when one takes five times as long as it did without the change, and a second, which kills it too,
     refused   when the compiler or the linker does,
     listed    when equivalent.txt says why nobody could notice it,
     alive     otherwise; then the status is 1.
 With --sample, N of the mutants are taken, as many of one file as of another. Without a PATH, all files are meant.
+What became of each is kept: a run that was interrupted goes on with --resume, and --known tells it without a run. It
+holds until the mutant's file or the tests that decided change; what else they are built from is not looked at.
 """
 
 import argparse
-import os
+import itertools
+import queue
 import random
 import re
 import shutil
-import signal
 import subprocess
 import sys
-import time
-from collections import Counter
+import threading
+from collections import Counter, defaultdict
+from concurrent.futures import ThreadPoolExecutor
 from dataclasses import dataclass
 from pathlib import Path
 
 import mutations
+from outcomes import Outcomes
+from runner import Runner
 
 TOP = Path(__file__).resolve().parents[2]
 FLOORS = ("core", "Vanoka", "c")
 EQUIVALENT = Path(__file__).parent / "equivalent.txt"
 
-# The tests in the order in which they are most likely to notice a change of a folder; the longest folder counts.
-# All others come after them.
-NEAREST = {
-    "core": ["core_tests", "words_tests"],
-    "core/words": ["words_tests", "application_tests"],
-    "core/text/Rows": ["words_tests"],
-    "core/text/Hasher": ["words_tests"],
-    "core/settings": ["core_tests", "application_tests"],
-    "core/settings/SharedSettings": ["linux_tests"],
-    "core/settings/UserDefaults": ["core_tests", "linux_tests"],
-    "Vanoka": ["application_tests", "c_tests"],
-    "c": ["c_tests", "c_every_call", "c_memory_tests"],
-}
-ALL_TESTS = ["core_tests", "words_tests", "application_tests", "c_tests", "c_every_call", "c_memory_tests",
-             "linux_tests", "threads_tests"]
-PLAIN_PROGRAMS = {"c_every_call"}  # they know no options
+PROGRAMS = ["core_tests", "words_tests", "application_tests", "c_tests", "c_every_call", "c_memory_tests",
+            "linux_tests", "threads_tests"]
+OUTCOMES = ("killed", "endless", "refused", "listed", "alive")
 
 
 @dataclass(frozen=True)
@@ -92,12 +84,14 @@ def sample(by_file, count, seed):
         for path in order:
             if left[path] and len(taken) < count:
                 taken.append(left[path].pop())
-    return sorted(taken, key=lambda each: (each.path, each.number, each.form))
+    # File by file, so that little is built anew; the headers last, since each is part of many files.
+    paths = sorted(by_file, key=lambda path: path.endswith(".h"))
+    return sorted(taken, key=lambda each: (paths.index(each.path), each.number, each.form))
 
 
 class Equivalents:
-    """The changes that nobody could notice: paragraphs of a path, the line, what it became and the reason. They are
-    found by their text, so that lines may move."""
+    """The changes that nobody could notice: paragraphs of a path, the line, each that it became and the reason. They
+    are found by their text, so that lines may move."""
 
     def __init__(self, text):
         self.reasons = {}
@@ -105,10 +99,13 @@ class Equivalents:
             lines = [line for line in paragraph.splitlines() if not line.startswith("#")]
             if not lines:
                 continue
-            path, was, became, *reason = lines
-            if not (was.startswith("- ") and became.startswith("+ ") and reason):
+            path, was, *rest = lines
+            becomes = list(itertools.takewhile(lambda line: line.startswith("+ "), rest))
+            reason = " ".join(rest[len(becomes):])
+            if not (was.startswith("- ") and becomes and reason):
                 sys.exit(f"A path, - a line, + what it became and the reason are expected:\n{paragraph}")
-            self.reasons[path, was[2:].strip(), became[2:].strip()] = " ".join(reason)
+            for became in becomes:
+                self.reasons[path, was[2:].strip(), became[2:].strip()] = reason
 
     def stale(self, by_file):
         """Those that match no mutant any more, of the files that were looked at."""
@@ -136,64 +133,63 @@ def copy_tree(copy):
         old.unlink()
 
 
-def tests_for(path):
-    folder = max((each for each in NEAREST if path.startswith(each)), key=len)
-    return NEAREST[folder] + [test for test in ALL_TESTS if test not in NEAREST[folder]]
+class Folders:
+    """The places in which mutants are built, one for each that is tried at the same time."""
+
+    def __init__(self, folder, jobs):
+        self.runners = [self._runner(folder / str(at) if at else folder) for at in range(jobs)]
+        programs = self.runners[0].programs
+        self.suites = [suite for program in PROGRAMS for suite in programs.suites(program)]
+
+    @staticmethod
+    def _runner(folder):
+        copy_tree(folder / "tree")
+        # What cmake tells is nothing that a folder of its own would not: the one that stands is gone on with.
+        subprocess.run(["cmake", "--preset", "mutants", "-S", folder / "tree", "-B", folder / "build"], check=True,
+                       cwd=folder / "tree", stdout=subprocess.DEVNULL)
+        return Runner(folder, PROGRAMS)
+
+    def each(self, by_file, action):
+        """Hands each file's mutants to a folder that is free: action(runner, mutants)."""
+        free = queue.SimpleQueue()
+        for runner in self.runners:
+            free.put(runner)
+
+        def act(mutants):
+            runner = free.get()
+            try:
+                action(runner, mutants)
+            finally:
+                free.put(runner)
+        with ThreadPoolExecutor(len(self.runners)) as pool:
+            list(pool.map(act, by_file))
 
 
-class Runner:
-    """Builds and tests mutants in a folder that holds a copy of the tree. What is not mutated passes all tests; that
-    also tells how long they take."""
+class Report:
+    """Tells which mutants are alive, and in the end how many of each folder became what."""
 
-    def __init__(self, folder, tests):
-        self.copy = folder / "tree"
-        self.folder = folder / "build"
-        self.limits = {}
-        for test in tests:
-            refused = self._refusal(test)
-            if refused is not None:
-                sys.exit(f"The copy cannot be built:\n{refused}")
-            start = time.monotonic()
-            if self._result(test, 600) != 0:
-                sys.exit(f"{test} fails already without a mutant.")
-            self.limits[test] = 10 + 5 * (time.monotonic() - start)
+    def __init__(self):
+        self.told = 0
+        self.folders = defaultdict(Counter)
 
-    def outcome(self, mutant):
-        target = self.copy / mutant.path
-        text = target.read_text(encoding="utf-8")
-        lines = text.split("\n")
-        lines[mutant.number - 1] = mutant.form
-        target.write_text("\n".join(lines), encoding="utf-8")
-        try:
-            for test in tests_for(mutant.path):
-                if self._refusal(test) is not None:
-                    return "refused"
-                result = self._result(test, self.limits[test])
-                if result != 0:
-                    return "endless" if result is None else "killed"
-            return "alive"
-        finally:
-            target.write_text(text, encoding="utf-8")
+    def tell(self, mutant, outcome):
+        self.told += 1
+        self.folders[str(Path(mutant.path).parent)][outcome] += 1
+        if outcome == "alive":
+            print(f"alive: {mutant}", flush=True)
 
-    def _refusal(self, test):
-        """What the compiler or the linker says where it refuses, or None."""
-        run = subprocess.run(["cmake", "--build", self.folder, "--target", test], capture_output=True, text=True,
-                             errors="replace")
-        return run.stdout if run.returncode else None
+    def sum(self):
+        all_folders = Counter()
+        for folder, outcomes in self.folders.items():
+            all_folders.update(outcomes)
+            print(f"{folder}: {self._line(outcomes)}")
+        print(f"{sum(all_folders.values())} mutants: {self._line(all_folders)}")
+        return all_folders
 
-    def _result(self, test, seconds):
-        """The status of a test; None when the time is over."""
-        command = [str(self.folder / "bin" / test)]
-        if test not in PLAIN_PROGRAMS:
-            command += ["--gtest_brief", "--gtest_fail_fast"]
-        run = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
-                               cwd=self.folder, env={**os.environ, "RC_PARAMS": "seed=1"})
-        try:
-            return run.wait(seconds)
-        except subprocess.TimeoutExpired:
-            os.killpg(run.pid, signal.SIGKILL)
-            run.wait()
-            return None
+    @staticmethod
+    def _line(outcomes):
+        names = OUTCOMES + (("not run",) if outcomes["not run"] else ())
+        return ", ".join(f"{outcomes[name]} {name}" for name in names)
 
 
 def arguments():
@@ -201,11 +197,36 @@ def arguments():
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--sample", type=int, metavar="N")
     parser.add_argument("--seed", type=int, default=1, metavar="S")
+    parser.add_argument("--jobs", type=int, default=1, metavar="N", help="how many are tried at the same time")
+    parser.add_argument("--resume", action="store_true", help="try none again whose outcome is known and holds")
+    parser.add_argument("--known", action="store_true", help="try none; tell what is known of them")
     parser.add_argument("--in", dest="within", default=TOP / "build/mutants", metavar="FOLDER",
-                        help="where they are built: one for each run that goes on at the same time")
+                        help="where they are built, and what became of them is kept")
     parser.add_argument("--list", action="store_true", help="print the mutants and try none")
     parser.add_argument("paths", nargs="*", metavar="PATH", default=FLOORS)
     return parser.parse_args()
+
+
+def try_each(chosen, folders, known, outcomes, report):
+    """Tries what is not known yet."""
+    lock = threading.Lock()
+
+    def tell(mutant, outcome, by=""):
+        report.tell(mutant, outcome)
+        print(f"[{report.told}/{len(chosen)}] {outcome} {mutant.path}:{mutant.number} {by}".rstrip(), file=sys.stderr,
+              flush=True)
+
+    def try_all(runner, mutants):
+        unknown = [mutant for mutant in mutants if known(mutant) is None]
+        with lock:
+            for mutant in mutants:
+                if mutant not in unknown:
+                    tell(mutant, known(mutant))
+        for mutant, outcome, by in runner.outcomes(unknown, folders.suites) if unknown else ():
+            with lock:
+                outcomes.add(mutant, outcome, by)
+                tell(mutant, outcome, by)
+    folders.each([list(mutants) for _, mutants in itertools.groupby(chosen, key=lambda mutant: mutant.path)], try_all)
 
 
 def main():
@@ -221,21 +242,23 @@ def main():
     for path, was, became in stale:
         print(f"stale: {path} has no longer\n  - {was}\n  + {became}")
 
-    folder = Path(options.within).resolve()
-    copy_tree(folder / "tree")
-    subprocess.run(["cmake", "--preset", "mutants", "-S", folder / "tree", "-B", folder / "build"], check=True,
-                   cwd=folder / "tree", stdout=subprocess.DEVNULL)
-    runner = Runner(folder, ALL_TESTS)
-    outcomes = Counter()
-    for at, mutant in enumerate(chosen, 1):
-        outcome = "listed" if mutant.key in equivalents.reasons else runner.outcome(mutant)
-        outcomes[outcome] += 1
-        if outcome == "alive":
-            print(f"alive: {mutant}", flush=True)
-        print(f"[{at}/{len(chosen)}] {outcome} {mutant.path}:{mutant.number}", file=sys.stderr, flush=True)
-    print(f"{len(chosen)} of {count} mutants: " +
-          ", ".join(f"{outcomes[name]} {name}" for name in ("killed", "endless", "refused", "listed", "alive")))
-    return 1 if outcomes["alive"] or stale else 0
+    folder, report = Path(options.within).resolve(), Report()
+    folders = None if options.known else Folders(folder, options.jobs)
+    # What is tried is the copy, whatever is written meanwhile.
+    outcomes = Outcomes(folder / "outcomes", TOP if options.known else folder / "tree")
+
+    def known(mutant):
+        if mutant.key in equivalents.reasons:
+            return "listed"
+        return outcomes.known(mutant) if options.resume or options.known else None
+
+    if options.known:
+        for mutant in chosen:
+            report.tell(mutant, known(mutant) or "not run")
+    else:
+        try_each(chosen, folders, known, outcomes, report)
+    print(f"Of {count} mutants:")
+    return 1 if report.sum()["alive"] or stale else 0
 
 
 if __name__ == "__main__":

@@ -8,6 +8,8 @@ import re
 # A comment, a text, a character: what is no code in a line.
 NO_CODE = re.compile(r'//.*|/\*.*?\*/|R"\((?:.*?)\)"|"(?:\\.|[^"\\])*"|(?<![\w])[uU8L]*\'(?:\\.|[^\'\\])+\'')
 
+LONG_COMMENT = re.compile(r"^ */\*.*?\*/", re.DOTALL | re.MULTILINE)
+
 # What stands for what. Both are spaced as the layout spaces them, so that < is no template's.
 SWAPS = [
     (" < ", [" <= ", " > "]), (" <= ", [" < "]), (" > ", [" >= ", " < "]), (" >= ", [" > "]),
@@ -44,7 +46,7 @@ BEFORE_STATEMENT = re.compile(r"(?:[;{}:)]|else|do|^)$")
 # Left as they are. What is asserted while compiling refuses every change that it notices; room that is asked for
 # beforehand changes no result.
 LEFT_ALONE = re.compile(r"^\s*(?:#|using\b|namespace\b|template\b|static_assert\b|typedef\b|friend\b|extern\b)|\breserve\(|"
-                        r"\bmakeRoom\(values")
+                        r"\bmakeRoom\(values|\) (?:const )?(?:noexcept )?= 0;")
 
 
 def code_of(line):
@@ -131,14 +133,20 @@ def of_line(line, before):
     return [form for form in dict.fromkeys(forms) if form != line]
 
 
+def without_comments(text):
+    """The lines of a text, and the same lines with what lies in comments of several lines blotted out."""
+    blotted = LONG_COMMENT.sub(lambda found: re.sub(r"[^\n]", "\0", found[0]), text)
+    return zip(text.split("\n"), blotted.split("\n"))
+
+
 def of_text(text):
     """(number of the line from 1, the line, the changed line) for each change of a file."""
     before, asserting = "", False
-    for number, line in enumerate(text.splitlines(), 1):
-        code = code_of(line).replace("\0", " ").rstrip()
+    for number, (line, outside) in enumerate(without_comments(text), 1):
+        code = code_of(outside).replace("\0", " ").rstrip()
         asserting = asserting or code.lstrip().startswith("static_assert")
         if not asserting:
-            for form in of_line(line, before):
+            for form in of_line(line, before) if code.strip() else []:
                 yield number, line, form
         asserting = asserting and not code.endswith(";")
         before = code.strip() or before

@@ -6,11 +6,15 @@ import subprocess
 import sys
 import tempfile
 import unittest
+from collections import Counter
 from pathlib import Path
-from unittest import mock
 
 import mutants
 import mutations
+from outcomes import Outcomes
+from runner import Runner, ordered
+from suites import Suite
+from together import Together
 
 
 def forms(line, before=""):
@@ -39,6 +43,7 @@ class Changes(unittest.TestCase):
         self.assertEqual([], forms("// a < b"))
         self.assertEqual([], forms('auto text = "a < 1";'))
         self.assertEqual([], forms("char c = '<';"))
+        self.assertEqual([], list(mutations.of_text("/* At most\n   8 + 1 */\n")))
 
     def test_statements_are_removed_where_one_begins(self):
         self.assertEqual([";"], forms("words.clear();", before="{"))
@@ -80,6 +85,11 @@ class Listing(unittest.TestCase):
         self.assertEqual({key: "Both are the same."}, listed.reasons)
         self.assertEqual([], listed.stale(self.BY_FILE))
 
+    def test_several_of_a_line_for_one_reason(self):
+        listed = mutants.Equivalents("c/Library.cpp\n- return 1;\n+ return 2;\n+ return 0;\nAll the same.\n")
+        self.assertEqual({"All the same."}, set(listed.reasons.values()))
+        self.assertEqual(["return 2;", "return 0;"], [became for _, _, became in listed.reasons])
+
     def test_one_that_matches_nothing_is_stale(self):
         listed = mutants.Equivalents("c/Library.cpp\n- return 3;\n+ return 2;\nReason.\n\n"
                                      "c/Gone.cpp\n- return 3;\n+ return 2;\nReason.\n")
@@ -94,6 +104,145 @@ class Listing(unittest.TestCase):
         listed = mutants.Equivalents(mutants.EQUIVALENT.read_text(encoding="utf-8"))
         self.assertEqual([], listed.of_no_file())
         self.assertEqual([], listed.stale({path: mutants.mutants_of(path) for path, *_ in listed.reasons}))
+
+
+class Choices(unittest.TestCase):
+    """What many mutants make of a text in which one can be chosen."""
+
+    def chosen(self, text):
+        together = Together(text, [mutants.Mutant("c/Sum.cpp", *each) for each in mutations.of_text(text)])
+        return together, {mutant.form.strip() for mutant in together.numbers.values()}
+
+    def test_statements_conditions_and_what_variables_begin_with(self):
+        text = "int sum(int a) {\n  int b = 1;\n  if (a < b)\n    a += b;\n  return a;\n}"
+        self.assertEqual({"int b = 0;", "int b = 2;", "if (a <= b)", "if (a > b)", "if (!(a < b))", "a -= b;", ";",
+                          "return {};"}, self.chosen(text)[1])
+
+    def test_each_part_of_a_loop(self):
+        text = "void f() {\n  for (int i = 0; i < 9; ++i) {\n  }\n}"
+        self.assertEqual(6, len(self.chosen(text)[1]))
+
+    def test_neither_tables_nor_constants(self):
+        for text in ("constexpr int most = 1;", "const int all[] = {\n    {1, 2},\n};", "int a = 1, b = 2;"):
+            self.assertEqual(set(), self.chosen(text)[1])
+
+    def test_a_statement_of_several_lines(self):
+        text = "bool f(int a) {\n  return a < 1 &&\n         a > 0;\n}"
+        together, forms = self.chosen(text)
+        self.assertIn("a >= 0;", forms)
+        self.assertIn("return a < 1 &&\n         a >= 0;\n", str(together))
+
+    def test_a_comment_is_kept(self):
+        together, forms = self.chosen("int f(int a) {\n  return a + 1; // one more\n}")
+        self.assertIn("return a + 2; // one more", forms)
+
+    def test_which_form_a_line_belongs_to(self):
+        together, _ = self.chosen("int f(int a) {\n  return a + 1;\n}")
+        lines = str(together).split("\n")
+        for number, mutant in together.numbers.items():
+            self.assertEqual(number, together.number_at(lines.index(mutant.form) + 1))
+        self.assertEqual(0, together.number_at(lines.index("  return a + 1;") + 1))
+
+    def test_what_could_be_worked_out_while_compiling_is_uncertain(self):
+        for text, certain in {
+            "int f(int a) {\n  return a;\n}": True,
+            "constexpr int f(int a) {\n  return a;\n}": False,
+            "int f() {\n  const int a = 1;\n}": False,
+        }.items():
+            together, _ = self.chosen(text)
+            self.assertEqual(certain, together.is_certain(together.numbers[1]), text)
+
+    def test_what_is_left_out(self):
+        together, _ = self.chosen("int f(int a) {\n  return a + 1;\n}")
+        together.leave([1])
+        self.assertNotIn(1, together.numbers)
+        self.assertNotIn("chosen() == 1)", str(together))
+
+
+class Nearness(unittest.TestCase):
+    LONG = Suite("words_tests", "Words", 9, {"core/text/Utf8.cpp": {6, 7}})
+    SHORT = Suite("words_tests", "Rows", 1, {"core/text/Utf8.cpp": {7}})
+    NAMED = Suite("core_tests", "Utf8DeathTest", 9)
+    AWAY = Suite("core_tests", "Colours", 0, {"core/text/Utf8.h": {7}})
+
+    def order(self, number, *suites, kills=()):
+        mutant = mutants.Mutant("core/text/Utf8.cpp", number, "", "")
+        return ordered(mutant, suites, Counter(kills))
+
+    def test_those_that_come_past_the_line(self):
+        self.assertEqual([self.SHORT, self.LONG], self.order(7, self.LONG, self.SHORT, self.AWAY))
+        self.assertEqual([self.LONG], self.order(6, self.LONG, self.SHORT, self.AWAY))
+
+    def test_where_none_does_the_file_counts(self):
+        self.assertEqual([self.SHORT, self.LONG], self.order(1, self.LONG, self.SHORT, self.AWAY))
+        self.assertEqual([self.AWAY], self.order(1, self.AWAY))
+
+    def test_what_killed_before_and_what_is_named_comes_first(self):
+        self.assertEqual([self.NAMED, self.SHORT], self.order(7, self.SHORT, self.NAMED))
+        self.assertEqual([self.LONG, self.NAMED], self.order(7, self.NAMED, self.LONG, kills=[self.LONG] * 2))
+
+
+class Sharing(unittest.TestCase):
+    def each(self, by_file, action):
+        folders = mutants.Folders.__new__(mutants.Folders) # nothing is built
+        folders.runners = ["here", "there"]
+        folders.each(by_file, action)
+
+    def test_what_is_of_one_file_stays_in_one_folder(self):
+        seen = []
+        self.each([[1, 2], [3], [4, 5]], lambda runner, each: seen.append((runner, each)))
+        self.assertEqual([[1, 2], [3], [4, 5]], sorted(each for _, each in seen))
+        self.assertLessEqual({runner for runner, _ in seen}, {"here", "there"})
+
+    def test_a_failure_ends_the_run(self):
+        def fail(runner, each):
+            raise RuntimeError(f"{each}")
+        with self.assertRaisesRegex(RuntimeError, "1"):
+            self.each([1, 2, 3], fail)
+
+
+class Keeping(unittest.TestCase):
+    MUTANT = mutants.Mutant("core/sum.cpp", 3, "return 1;", "return 2;")
+
+    def setUp(self):
+        self.top = Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.top)
+        self.write("core/sum.cpp", "return 1;")
+        self.write("tests/SumTest.cpp", "TEST(Sum, OfTwo) {}")
+        self.write("tests/OtherTest.cpp", "TEST(Other, Thing) {}")
+
+    def write(self, path, text):
+        (self.top / path).parent.mkdir(exist_ok=True)
+        (self.top / path).write_text(text)
+
+    def outcomes(self):
+        return Outcomes(self.top / "outcomes", self.top)
+
+    def test_what_is_known(self):
+        self.assertIsNone(self.outcomes().known(self.MUTANT))
+        self.outcomes().add(self.MUTANT, "alive", "")
+        self.outcomes().add(self.MUTANT, "killed", "Sum")
+        self.assertEqual("killed", self.outcomes().known(self.MUTANT))
+        self.write("core/sum.cpp", "return 1 + 1;")
+        self.assertIsNone(self.outcomes().known(self.MUTANT))
+
+    def test_one_killed_is_tried_again_when_the_suite_changes(self):
+        self.outcomes().add(self.MUTANT, "killed", "Every/Sum/0")
+        self.write("tests/OtherTest.cpp", "TEST(Other, Two) {}")
+        self.assertEqual("killed", self.outcomes().known(self.MUTANT))
+        self.write("tests/SumTest.cpp", "TEST(Sum, OfThree) {}")
+        self.assertIsNone(self.outcomes().known(self.MUTANT))
+
+    def test_one_that_was_refused_has_nothing_to_do_with_tests(self):
+        self.outcomes().add(self.MUTANT, "refused", "")
+        self.write("tests/OtherTest.cpp", "TEST(Other, Two) {}")
+        self.assertEqual("refused", self.outcomes().known(self.MUTANT))
+
+    def test_one_alive_is_tried_again_when_any_test_changes(self):
+        self.outcomes().add(self.MUTANT, "alive", "")
+        self.assertEqual("alive", self.outcomes().known(self.MUTANT))
+        self.write("tests/OtherTest.cpp", "TEST(Other, Two) {}")
+        self.assertIsNone(self.outcomes().known(self.MUTANT))
 
 
 LINES = """\
@@ -113,6 +262,7 @@ int main() {
 PROJECT = """\
 cmake_minimum_required(VERSION 3.25)
 project(Sum LANGUAGES CXX)
+set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 add_executable(sum_test core/sum.cpp test.cpp)
 """
@@ -138,14 +288,18 @@ class Whole(unittest.TestCase):
             ("    return a + b - always;", "    return a + b + always;"): "alive",
             ("    return a + b - always;", "    return a + c - always;"): "refused",
         }
-        with mock.patch.multiple(mutants, NEAREST={"core": ["sum_test"]}, ALL_TESTS=["sum_test"],
-                                 PLAIN_PROGRAMS={"sum_test"}):
-            runner = mutants.Runner(self.folder, ["sum_test"])
-            runner.limits["sum_test"] = 5
-            for (line, form), outcome in changes.items():
-                with self.subTest(form=form.strip()):
-                    self.assertEqual(outcome, runner.outcome(mutants.Mutant("core/sum.cpp", 3, line, form)))
-                    self.assertEqual(LINES, (self.top / "core/sum.cpp").read_text())
+        runner = Runner(self.folder, ["sum_test"])
+        suites = [Suite("sum_test", "", lines={"core/sum.cpp": {3}})]
+        self.assertEqual([""], [suite.name for suite in runner.programs.suites("sum_test")])
+        tried = {mutants.Mutant("core/sum.cpp", 3, line, form): outcome for (line, form), outcome in changes.items()}
+        self.assertEqual(tried, {mutant: outcome for mutant, outcome, _ in runner.outcomes(list(tried), suites)})
+        self.assertEqual(LINES, (self.top / "core/sum.cpp").read_text())
+
+    def test_what_fails_already_is_no_test(self):
+        (self.top / "test.cpp").write_text("int main() { return 1; }\n")
+        runner = Runner(self.folder, ["sum_test"])
+        with self.assertRaisesRegex(SystemExit, "fails already"):
+            runner.programs.suites("sum_test")
 
 
 if __name__ == "__main__":

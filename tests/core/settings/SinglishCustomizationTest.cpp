@@ -34,6 +34,8 @@ TEST(SinglishCustomization, TextsAreComparedCanonically) {
     EXPECT_EQ((Added{"K", "\u0D9A\u0DDA"}), (Added{"\u212A", "\u0D9A\u0DD9\u0DCA"}));
     EXPECT_EQ(std::hash<Added>()({"K", "\u0D9A"}), std::hash<Added>()({"\u212A", "\u0D9A"}));
     EXPECT_NE(std::hash<Added>()({"K", "\u0D9A"}), std::hash<Added>()({"\u0D9A", "K"}));
+    EXPECT_NE(std::hash<Added>()({"K", "\u0D9A"}), std::hash<Added>()({"k", "\u0D9A"}));
+    EXPECT_NE(std::hash<Added>()({"K", "\u0D9A"}), std::hash<Added>()({"K", "\u0D9B"}));
     EXPECT_NE((Added{"k", "\u0D9A"}), (Added{"K", "\u0D9A"}));
     EXPECT_NE((Added{"k", "\u0D9A"}), (Added{"k", "\u0D9B"}));
     EXPECT_EQ((SinglishCustomization{.disabledKeys = {"K"}}),

@@ -236,6 +236,37 @@ TEST(SinglishScheme, HashesAgreeWithEquality) {
     EXPECT_NE(consonants()[0], consonants()[1]);
 }
 
+template <typename Entry>
+void expectAllDiffer(const std::vector<Entry>& entries) {
+    const std::hash<Entry> hash;
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        EXPECT_EQ(entries[i], Entry(entries[i]));
+        for (std::size_t j = 0; j < i; ++j) {
+            EXPECT_NE(entries[i], entries[j]) << i << " " << j;
+            EXPECT_NE(hash(entries[i]), hash(entries[j])) << i << " " << j;
+        }
+    }
+}
+
+TEST(SinglishScheme, EveryFieldTellsEntriesApart) {
+    expectAllDiffer<Vowel>({{{"aa"}, "\u0D86", "\u0DCF"},
+                            {{"AA"}, "\u0D86", "\u0DCF"},
+                            {{"aa"}, "\u0D87", "\u0DCF"},
+                            {{"aa"}, "\u0D86", "\u0DD0"}});
+    expectAllDiffer<Consonant>({{{"k"}, "\u0D9A"}, {{"kh"}, "\u0D9A"}, {{"k"}, "\u0D9B"}});
+    expectAllDiffer<Mark>({{{"x"}, "\u0D82", "binduva"},
+                           {{"H"}, "\u0D82", "binduva"},
+                           {{"x"}, "\u0D83", "binduva"},
+                           {{"x"}, "\u0D82", "visarga"}});
+    expectAllDiffer<Letter>({{"\u0D86", Group::vowel, {"aa"}, "\u0DCF"},
+                             {"\u0D87", Group::vowel, {"aa"}, "\u0DCF"},
+                             {"\u0D86", Group::sign, {"aa"}, "\u0DCF"},
+                             {"\u0D86", Group::vowel, {"AA"}, "\u0DCF"},
+                             {"\u0D86", Group::vowel, {"aa"}, "\u0DD0"},
+                             {"\u0D86", Group::vowel, {"aa"}, ""},
+                             {"\u0D86", Group::vowel, {"aa"}, std::nullopt}});
+}
+
 } // namespace
 
 } // namespace vanoka::SinglishScheme

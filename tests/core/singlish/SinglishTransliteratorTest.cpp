@@ -330,6 +330,8 @@ TEST(SinglishStream, HoldsBackOnlyWhatALongerKeyMayClaim) {
         {"m", "\u0DB3"},
         {"i", "\u0DB3\u0DCA\u0DB8"},
         {" ", "\u0DB3\u0DCA\u0DB8\u0DD2 "},
+        {"n", "\u0DB3\u0DCA\u0DB8\u0DD2 "},
+        {"\u00E9", "\u0DB3\u0DCA\u0DB8\u0DD2 \u0DB1\u0DCA\u00E9"},
     };
     for (const auto& [piece, expected] : rows) {
         stream.write(piece, text);
@@ -367,6 +369,11 @@ TEST(SinglishStream, LongTextsReadAsTheirParts) {
         }
         EXPECT_TRUE(keys.transliterate(text) == expected);
     }
+}
+
+TEST(SinglishTransliterator, LongTextsWithoutLettersStayAsTheyAre) {
+    const std::string digits(100'000, '1');
+    EXPECT_TRUE(transliterate(digits) == digits);
 }
 
 TEST(SinglishTransliterator, AMillionKeysAreRead) {
