@@ -2,6 +2,7 @@
 
 #include "WordListFiles.h"
 
+#include <malloc.h>
 #include <utility>
 
 namespace vanoka {
@@ -20,6 +21,13 @@ std::shared_ptr<const SuggestionLists> readLists() {
     auto lists = std::make_shared<SuggestionLists>(readSuggestionLists(texts));
     lists->sinhala = reading.get();
     return lists;
+}
+
+/// What reading has taken and freed again is more than what it leaves, and the process lives for long.
+void giveBackMemory() {
+#ifdef __GLIBC__
+    ::malloc_trim(0);
+#endif
 }
 
 } // namespace
@@ -84,6 +92,7 @@ void DesktopSuggestions::enforce(const SuggestionChoices& choices) {
 void DesktopSuggestions::read(std::function<Lists()> lists) {
     reading_ = std::async(std::launch::async, [this, lists = std::move(lists)] {
         auto result = lists();
+        giveBackMemory();
         isRead_ = true;
         listsAreRead_();
         return result;
