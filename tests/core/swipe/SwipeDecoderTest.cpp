@@ -1,4 +1,5 @@
 #include "swipe/SwipeDecoder.h"
+#include "Repeated.h"
 #include "SwipeRandoms.h"
 
 #include <gtest/gtest.h>
@@ -27,13 +28,6 @@ Words decode(const SwipeDecoder& decoder, std::string_view spelling, std::int64_
     return decoder.wordsFor(test::strokeOver(keys, spelling), keys, 10, limit, personal);
 }
 
-std::string repeated(std::string_view text, std::size_t times) {
-    std::string result;
-    for (; times > 0; --times)
-        result += text;
-    return result;
-}
-
 TEST(SwipeDecoder, FindsEnglishAndSinhalaWords) {
     const SwipeDecoder decoder =
         decoderOf({{"Hello", 10}, {"hole", 10}, {"\u0D85\u0DB8\u0DCA\u0DB8\u0DCF", 10}});
@@ -53,7 +47,7 @@ TEST(SwipeDecoder, FindsASinhalaWordByEitherSpelling) {
 }
 
 TEST(SwipeDecoder, LeavesOutWhatCannotBeSwiped) {
-    const std::string longest = repeated("as", 127) + "a", tooLong = repeated("as", 128);
+    const std::string longest = test::repeated("as", 127) + "a", tooLong = test::repeated("as", 128);
     EXPECT_EQ(longest.size(), 255U);
     EXPECT_EQ(decoderOf({{longest, 1}}).count(), 1U);
     EXPECT_EQ(decoderOf({{tooLong, 1}}).count(), 0U);
@@ -65,13 +59,13 @@ TEST(SwipeDecoder, LeavesOutWhatCannotBeSwiped) {
 }
 
 TEST(SwipeDecoder, TheLimitOnKeysCountsForEitherSpelling) {
-    const std::string dha = repeated("\u0DAF", 85);
+    const std::string dha = test::repeated("\u0DAF", 85);
     EXPECT_EQ(decoderOf({{dha, 1}}).count(), 1U) << "255 in full, 170 in chat";
     EXPECT_EQ(decoderOf({{dha + "\u0D9A\u0DCA", 1}}).count(), 0U) << "256 in full, 171 in chat";
 }
 
 TEST(SwipeDecoder, AWordOfManyBytesAndFewKeys) {
-    const std::string long_ = repeated("a", 70'000);
+    const std::string long_ = test::repeated("a", 70'000);
     EXPECT_EQ(decode(decoderOf({{long_, 1}, {"s", 1}}), "asa").front(), long_);
 }
 
@@ -184,7 +178,7 @@ TEST(SwipeDecoder, APersonalWordThatIsNotInTheListCountsTwice) {
         << "10 and 10: the list first";
     EXPECT_EQ(decode(decoderOf({}), "mama", 5, {{"mama", 1}, {"it's", 9}}), Words{"mama"});
     EXPECT_EQ(decode(decoderOf({}), "mama", 5, {{"papa", 1}}), Words()) << "far from p";
-    const std::string tooLong = repeated("as", 128);
+    const std::string tooLong = test::repeated("as", 128);
     EXPECT_EQ(decode(decoderOf({{tooLong, 1}}), tooLong, 5, {{tooLong, 1}}), Words{tooLong})
         << "a personal word may be longer";
 }

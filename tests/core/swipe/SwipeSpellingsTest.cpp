@@ -1,4 +1,5 @@
 #include "swipe/SwipeSpellings.h"
+#include "Repeated.h"
 #include "SwipeRandoms.h"
 
 #include <cstdlib>
@@ -12,19 +13,12 @@ namespace vanoka {
 
 namespace {
 
-std::string repeated(std::string_view text, std::size_t times) {
-    std::string result;
-    for (; times > 0; --times)
-        result += text;
-    return result;
-}
-
 TEST(SwipeSpellings, OfEnglishWords) {
     EXPECT_EQ(swipeSpellings("Hello"), (SwipeSpellings{"helo", ""}));
     EXPECT_EQ(swipeSpellings("the"), (SwipeSpellings{"the", ""})) << "nothing is left out of English";
     EXPECT_EQ(swipeSpellings("AAaa"), (SwipeSpellings{"a", ""})) << "repeats in either case";
     EXPECT_EQ(swipeSpellings("a"), (SwipeSpellings{"a", ""}));
-    EXPECT_EQ(swipeSpellings(repeated("a", 100'000)), (SwipeSpellings{"a", ""}));
+    EXPECT_EQ(swipeSpellings(test::repeated("a", 100'000)), (SwipeSpellings{"a", ""}));
 }
 
 TEST(SwipeSpellings, OfWordsThatCannotBeSwiped) {
