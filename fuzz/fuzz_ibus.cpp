@@ -80,7 +80,7 @@ public:
           stored_("/nowhere/vanoka"),
           files_(process().folder.path()),
           suggestions_(files_, [] {}),
-          environment_{settings_, stored_, suggestions_, kind.versions, [](auto) {}, [] {}},
+          environment_{settings_, stored_, suggestions_, kind.versions, [](auto) {}, [] {}, {}},
           places_{Place((settings_.replace(customization), settings_.transliterator())),
                   Place(settings_.transliterator())} {
         Suggestions& inForce = suggestions_.inForce();

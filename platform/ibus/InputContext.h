@@ -22,7 +22,7 @@ struct EngineEnvironment {
     Versions versions;
     std::function<void(VanokaInputController::MenuAction)> activate; ///< of an entry of the menu
     std::function<void()> suggestionsChanged;                        ///< the user's choices, that is
-    DroppedTexts::Waiting droppedTexts = {};
+    DroppedTexts::Waiting droppedTexts;
 };
 
 /// One engine object of the daemon and the composition in it. The daemon moves the object from client to

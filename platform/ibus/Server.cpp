@@ -46,8 +46,13 @@ Server::Server(std::string connectionName)
     : connectionName_(std::move(connectionName)),
       storedSettings_(FileUserDefaults::standard().pathOf(SinglishSettings::storedName)),
       suggestions_(FileUserDefaults::standard(), [this] { adoptListsSoon(); }),
-      environment_{SinglishSettings::shared(), storedSettings_, suggestions_,
-                   installedVersions(),        activate,        showSuggestionsInAllEngines},
+      environment_{SinglishSettings::shared(),
+                   storedSettings_,
+                   suggestions_,
+                   installedVersions(),
+                   activate,
+                   showSuggestionsInAllEngines,
+                   {}},
       loop_(g_main_loop_new(nullptr, FALSE)) {}
 
 Server::~Server() {
