@@ -122,15 +122,17 @@ class Model:
 
     # What others do.
 
-    def go(self, field, held=None, astray=None):
+    def go(self, field, held=None, astray=None, twice=None):
         """To another field. `held` tells why the word that is left may not be there before the focus comes back, `astray`
-        why the first key there may not be composed."""
+        why the first key there may not be composed, `twice` why the word may be there, too."""
         before, word = self.allowed[self.focus], self.marked()
         self.put_marked()
         if held and word:
             self.allowed[self.focus] += [dataclasses.replace(each, reason=held, held=word) for each in before]
         self.focus, self.risk = field, Risk(astray, is_raw=True) if astray else None
         self.allowed[field] = list(dict.fromkeys([each.as_it_comes() for each in self.allowed[field]] + self.allowed[field]))
+        if twice and word:
+            self.allowed[field] += [dataclasses.replace(each.with_more(word), reason=twice) for each in self.allowed[field]]
 
     def holds(self, field):
         """Whether a word may be on its way into a field that has lost the focus."""

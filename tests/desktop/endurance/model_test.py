@@ -141,6 +141,12 @@ class ModelTest(unittest.TestCase):
         self.assertEqual(set(self.texts()), {KA + READ("ma") + word for word in ("ok", "k")} |
                          {KA + READ("ma") + READ("o") + "k"})
 
+    def test_a_word_may_come_twice(self):
+        self.press(*"amma")
+        self.model.go(1, twice="why")
+        word = READ("amma")
+        self.assertEqual(self.model.see([word, word]), ([], ["why"]))
+
     def test_a_word_that_is_held_comes_when_the_field_has_the_focus_again(self):
         self.press(*"ka")
         self.model.go(1, held="why")

@@ -1,5 +1,8 @@
 """A typist, who writes and is interrupted as a seed says, and tells after each passage what is not as the model says."""
 
+import glob
+import pathlib
+
 from model import Model
 from stage import NotFound
 
@@ -14,6 +17,13 @@ DEAF = "keys that are pressed while IBus's daemon is not there do not come to Qt
 ASTRAY = "Fcitx5's server for XIM does not get the first key after a change of windows"
 NOT_FOUND = "a program of Qt or XIM does not find a daemon again that was killed"
 HELD = "IBus's daemon drops the word of Qt and XIM before they know that the focus is gone; the engine has it"
+TWICE = "where Qt 6 announces that it puts the word in, Qt 5, which does not, looks the same to an engine"
+
+
+def qt6_announces():
+    """Whether Qt 6's module for IBus tells that it puts the word in by itself: that of Debian 13 does."""
+    modules = glob.glob("/usr/lib/*/qt6/plugins/platforminputcontexts/libibusplatforminputcontextplugin.so")
+    return any(b"ClientCommitPreedit" in pathlib.Path(module).read_bytes() for module in modules)
 
 
 class Typist:
@@ -104,7 +114,7 @@ class Typist:
         self.settle()
         way, number = self.random.choice(self.possible_ways())
         self.tally.doing("%d to %d by %s" % (self.stage.here, number, way))
-        self.model.go(number, held=self.holding(number), astray=self.straying(number))
+        self.model.go(number, held=self.holding(number), astray=self.straying(number), twice=self.doubling(way))
         self.stage.go(number, way)
 
     def possible_ways(self):
@@ -130,6 +140,11 @@ class Typist:
         there = self.stage.places[number]
         is_astray = there.toolkit == "xim" and there.program != self.stage.place.program
         return ASTRAY if self.stage.desk.name == "fcitx5" and is_astray else None
+
+    def doubling(self, way):
+        """Why a word that is left so may stand in the other field as well."""
+        is_doubled = self.stage.desk.name == "ibus" and self.stage.place.toolkit == "qt5" and way == "click"
+        return TWICE if is_doubled and qt6_announces() else None
 
     def change_engine(self):
         self.begin_word()
