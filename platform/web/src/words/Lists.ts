@@ -45,7 +45,10 @@ export class Lists {
             await this.#forgotten;
             return this.candidates.find(word, limit, this.learnt.personal);
         },
-        decode: ({ points, keyWidth, limit }) => this.strokes.decode(points, keyWidth, limit),
+        decode: async ({ points, keyWidth, limit }) => {
+            await this.#forgotten;
+            return this.strokes.decode(points, keyWidth, limit);
+        },
         layout: ({ keys }) => {
             this.strokes.adopt(keys);
             return true;
