@@ -3,7 +3,7 @@
 #include "swipe/Lanes.h"
 #include "swipe/SwipeCost.h"
 #include "swipe/SwipeLayout.h"
-#include "swipe/SwipeOutlines.h"
+#include "swipe/SwipeOutline.h"
 #include "swipe/SwipePathSums.h"
 
 #include <array>

@@ -2,6 +2,7 @@
 
 #include "swipe/SwipeComparison.h"
 #include "swipe/SwipeDecoder.h"
+#include "swipe/SwipeOutlines.h"
 #include "swipe/SwipePersonalWords.h"
 #include "swipe/SwipeStroke.h"
 

@@ -34,7 +34,7 @@ class Daemon:
             ["ibus-daemon", "--panel", "disable", "--emoji-extension", "disable", "--config", "disable", "--cache",
              "none"], stderr=subprocess.DEVNULL)
         self.bus = IBus.Bus()
-        if not wait_for(lambda: settle() or self.bus.is_connected()):
+        if not wait_and_settle(self.bus.is_connected):
             sys.exit("There is no daemon")
 
     def start_engine(self, number, error):
@@ -50,12 +50,12 @@ class Daemon:
         context.set_capabilities(IBus.Capabilite.PREEDIT_TEXT | IBus.Capabilite.FOCUS)
         context.focus_in()
         context.set_engine("vanoka")
-        if not wait_for(lambda: settle() or (context.get_engine() and context.get_engine().get_name() == "vanoka")):
+        if not wait_and_settle(lambda: context.get_engine() and context.get_engine().get_name() == "vanoka"):
             return "no engine"
         taken = [context.process_key_event(ord(key), 0, 0) for key in "amma "]
         if not taken[-1]:
             committed.append(" ")
-        wait_for(lambda: settle() or "".join(committed) == AMMA)
+        wait_and_settle(lambda: "".join(committed) == AMMA)
         context.destroy()
         return "".join(committed)
 
@@ -64,11 +64,6 @@ class Daemon:
         errors = engine.communicate()[1].decode()
         wait_for(lambda: not self.bus.name_has_owner(NAME))
         return errors
-
-
-def settle():
-    while GLib.MainContext.default().iteration(False):
-        pass
 
 
 def problem(daemon, number, error):
@@ -95,7 +90,8 @@ def main():
 try:
     import gi
     gi.require_version("IBus", "1.0")
-    from gi.repository import GLib, IBus
+    from gi.repository import IBus
+    from loop import wait_and_settle
 except (ImportError, ValueError):
     print("SKIPPED: IBus for Python (gir1.2-ibus-1.0, python3-gi) is not there.")
     sys.exit(77)

@@ -123,7 +123,7 @@ class Desktop:
             if field("ProcessKeyEvent", GLib.Variant("(uuubu)", (ord(key), 0, 0, False, 0))) != (True,):
                 settle()
                 came.append(key)
-        wait_for(lambda: settle() or "".join(came).endswith(" "))
+        wait_and_settle(lambda: "".join(came).endswith(" "))
         field("DestroyIC")
         self.connection.signal_unsubscribe(watch)
         return "".join(came)
@@ -133,11 +133,6 @@ class Desktop:
         keys = (self.folder / "configuration/vanoka/vanoka.customization.v1").read_text(encoding="utf-8")
         aside = [path.name for path in self.folder.rglob("*") if ".damaged" in path.name or ".kept" in path.name]
         return aside + ([] if keys == KEYS else [keys])
-
-
-def settle():
-    while GLib.MainContext.default().iteration(False):
-        pass
 
 
 def problem(desktop, number, error):
@@ -180,6 +175,7 @@ try:
     import gi
     gi.require_version("Gio", "2.0")
     from gi.repository import Gio, GLib
+    from loop import settle, wait_and_settle
 except (ImportError, ValueError):
     print("SKIPPED: GLib for Python (python3-gi) is not there.")
     sys.exit(77)
