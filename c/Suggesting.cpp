@@ -73,6 +73,7 @@ vanoka_status problemOf(const vanoka_item* rows, std::size_t count) {
 
 std::vector<Candidate> candidatesOf(const vanoka_item* rows, std::size_t count) {
     std::vector<Candidate> candidates;
+    candidates.reserve(count);
     for (std::size_t at = 0; at < count; ++at)
         candidates.push_back({std::string(rows[at].text, rows[at].size), *candidateKindOf(rows[at].kind),
                               rows[at].number != 0});

@@ -14,8 +14,3 @@ endif()
 function(vanoka_warnings target)
     target_compile_options(${target} PRIVATE ${VANOKA_WARNING_OPTIONS})
 endfunction()
-
-# vanoka_source_warnings(SOURCE…): for these sources alone, where a target compiles generated code as well.
-function(vanoka_source_warnings)
-    set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS "${VANOKA_WARNING_OPTIONS}")
-endfunction()

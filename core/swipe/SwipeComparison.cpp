@@ -1,14 +1,14 @@
 #include "swipe/SwipeComparison.h"
 
+#include "support/Infinity.h"
+
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace vanoka {
 
 namespace {
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr std::size_t longestOnStack = 255; // keys
 
 /// How many keyboard sizes a point of the stroke may be from the keyboard's middle for single precision to

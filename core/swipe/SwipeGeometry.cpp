@@ -1,12 +1,12 @@
 #include "swipe/SwipeGeometry.h"
 
 #include "support/Fatal.h"
+#include "support/Infinity.h"
 #include "support/Sort.h"
 #include "text/LetterCase.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <optional>
 #include <utility>
 
@@ -80,7 +80,7 @@ std::vector<SwipePoint> resample(std::span<const SwipePoint> path, std::int64_t 
 
 KeySet keysNear(SwipePoint point, const Centers& centers, double keyWidth) {
     KeySet near;
-    double nearestDistance = std::numeric_limits<double>::infinity();
+    double nearestDistance = infinity;
     std::optional<KeyCode> nearest;
     for (const auto& [code, center] : centers) {
         const double away = distance(point, center);
@@ -100,7 +100,7 @@ KeySet nearestKeys(SwipePoint point, const Centers& centers, double keyWidth, st
                    double farthest) {
     std::vector<std::pair<double, KeyCode>> keys;
     for (const auto& [code, center] : centers)
-        if (const double away = distance(point, center); away < std::numeric_limits<double>::infinity())
+        if (const double away = distance(point, center); away < infinity)
             keys.emplace_back(away, code);
     sortRange(keys);
     KeySet near;

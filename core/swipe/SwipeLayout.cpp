@@ -1,5 +1,7 @@
 #include "swipe/SwipeLayout.h"
 
+#include "support/Infinity.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -52,7 +54,6 @@ SwipeLayout::Position SwipeLayout::positionOf(SwipePoint point) const noexcept {
 }
 
 void SwipeLayout::measure() {
-    constexpr double infinity = std::numeric_limits<double>::infinity();
     SwipePoint low{infinity, infinity}, high{-infinity, -infinity};
     for (std::size_t letter = 0; letter < letters; ++letter) {
         if (!isThere_[letter])

@@ -1,11 +1,11 @@
 #include "swipe/SwipePeopleSearch.h"
 
 #include "support/Checked.h"
+#include "support/Infinity.h"
 #include "support/Sort.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace vanoka {
 
@@ -56,8 +56,7 @@ void SwipePeopleSearch::scoreClosely(std::size_t limit) {
     for (Candidate& each : best_) {
         const bool areEnough = scores.size() / 2 >= limit;
         each.score =
-            stroke_.score(each.spelling, each.occurrences,
-                          areEnough ? scores[2 * limit - 1] : -std::numeric_limits<double>::infinity());
+            stroke_.score(each.spelling, each.occurrences, areEnough ? scores[2 * limit - 1] : -infinity);
         if (std::isfinite(each.score))
             scores.insert(std::ranges::upper_bound(scores, each.score, std::greater()), each.score);
     }
@@ -147,7 +146,7 @@ void SwipePeopleSearch::add(Candidate candidate) {
 }
 
 double SwipePeopleSearch::floor() const {
-    return best_.size() == People::lookedAt ? best_.front().score : -std::numeric_limits<double>::infinity();
+    return best_.size() == People::lookedAt ? best_.front().score : -infinity;
 }
 
 } // namespace vanoka

@@ -1,8 +1,9 @@
 #include "swipe/SwipeRanking.h"
+
+#include "support/Infinity.h"
 #include "support/Sort.h"
 
 #include <algorithm>
-#include <limits>
 #include <tuple>
 
 namespace vanoka {
@@ -36,7 +37,7 @@ void SwipeRanking::add(const Scored& scored) {
 
 double SwipeRanking::floor() const noexcept {
     const bool isFull = scores_ == Scores::numbers && kept_.size() == limit_;
-    return isFull ? kept_.front().score : -std::numeric_limits<double>::infinity();
+    return isFull ? kept_.front().score : -infinity;
 }
 
 std::vector<Scored> SwipeRanking::ranked() const {

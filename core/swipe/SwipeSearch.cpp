@@ -1,18 +1,16 @@
 #include "swipe/SwipeSearch.h"
 
 #include "support/Checked.h"
+#include "support/Infinity.h"
 #include "support/Sort.h"
 #include "swipe/SwipeCost.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace vanoka {
 
 namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
 
 /// Personal words that are not in the lexicon are met after all others.
 constexpr std::uint32_t afterAllGroups = EndKeys::count;

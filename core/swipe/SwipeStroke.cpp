@@ -1,8 +1,9 @@
 #include "swipe/SwipeStroke.h"
 
+#include "support/Infinity.h"
+
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <vector>
 
 namespace vanoka {
@@ -11,14 +12,12 @@ namespace {
 
 using People = SwipeCost::People;
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
-
 /// Up to here a finger is as fast as on average: a stroke at an even pace, which no person draws, has no slow
 /// places, whatever roundings say.
 constexpr double evenPace = 1 + 1e-6;
 
 /// What is spared when a sum is given up early, so that no rounding decides.
-constexpr double roundings = 1e-6;
+constexpr double lostToRounding = 1e-6;
 
 double squared(double value) {
     return value * value;
@@ -156,7 +155,7 @@ double SwipeStroke::firstScore(std::string_view spelling, std::int64_t occurrenc
     const double best = People::firstFrequency * frequency(occurrences) -
                         endsCost(spelling.front(), spelling.back()) -
                         squared(std::log((length_ + 1) / (path.length() + 1)));
-    const double most = (best - atLeast + roundings) / People::firstMeanSquare * points;
+    const double most = (best - atLeast + lostToRounding) / People::firstMeanSquare * points;
     double sum = 0;
     for (std::size_t i = 0; i < points; ++i) {
         if (sum > most)
@@ -225,7 +224,7 @@ double SwipeStroke::score(std::string_view spelling, std::int64_t occurrences, d
     const double most = People::frequency * frequency(occurrences) -
                         People::distance * squared(meanDistance(spelling)) -
                         endsCost(spelling.front(), spelling.back()) - People::slow * slow(spelling);
-    if (most < atLeast - roundings)
+    if (most < atLeast - lostToRounding)
         return -infinity;
     const Legs along = legs(spelling);
     return most - People::pass * along.pass - People::stray * along.stray;
