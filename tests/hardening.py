@@ -41,6 +41,7 @@ class Binary:
     def __init__(self, path):
         self.bytes = Path(path).read_bytes()
         self.header, self.dynamic = shown("--file-header", path), shown("--dynamic", path)
+        self.has_guarded_jumps = "IBT" in shown("--notes", path)
         table = shown("--segments", path)
         rows = re.findall(r"^ +(\w+) +(0x\w+) (0x\w+) 0x\w+ (0x\w+) 0x\w+ ([RWE ]{3})", table, re.MULTILINE)
         self.segments = [Segment(kind, *(int(number, 16) for number in numbers), flags)
@@ -71,8 +72,9 @@ class Binary:
         return b""
 
 
-def problems(binary):
-    """What is missing, in words."""
+def problems(binary, jumps_can_be_guarded):
+    """What is missing, in words. Jumps are guarded where all of a program is compiled for it, the C library's part, which
+    not every system has so, too."""
     if "DYN" not in re.search(r"Type: +(\w+)", binary.header)[1]:
         yield "it lies at the same address each time: no PIE"
     if not binary.of_kind("GNU_RELRO") or not re.search(r"\(FLAGS_1\).*NOW", binary.dynamic):
@@ -92,15 +94,17 @@ def problems(binary):
         bare = [name for name, first in binary.beginnings() if first != BRANCH_TARGET]
         if bare or not list(binary.beginnings()):
             yield f"jumps may lead anywhere: no CET in {bare[:3]}"
+        elif jumps_can_be_guarded and not binary.has_guarded_jumps:
+            yield "jumps may lead anywhere: it does not say that it is compiled for CET"
         if STACK_PROBE not in binary.bytes:
             yield "a large frame may leap over the guard of the stack"
 
 
-def unhardened(compiler, folder):
+def trial(compiler, folder, *options):
     source, program = Path(folder, "large.cpp"), Path(folder, "large")
     source.write_text(LARGE_FRAME, encoding="utf-8")
-    subprocess.run([compiler, *WITHOUT, source, "-o", program], check=True, stderr=subprocess.DEVNULL)
-    return program
+    subprocess.run([compiler, *options, source, "-o", program], check=True, stderr=subprocess.DEVNULL)
+    return Binary(program)
 
 
 def installed(build, folder):
@@ -113,8 +117,11 @@ def installed(build, folder):
 def main():
     compiler, *files = sys.argv[1:]
     with tempfile.TemporaryDirectory() as folder:
-        found = list(problems(Binary(unhardened(compiler, folder))))
-        expected = 8 if Binary(Path(folder, "large")).is_for("X86-64") else 6
+        bare = trial(compiler, folder, *WITHOUT)
+        is_intel = bare.is_for("X86-64")
+        can_guard = is_intel and trial(compiler, folder, "-fcf-protection=full").has_guarded_jumps
+        found = list(problems(bare, can_guard))
+        expected = 8 if is_intel else 6
         if len(found) != expected:
             sys.exit(f"Of a program without any of it, the check says only: {found}")
     wrong = 0
@@ -122,10 +129,11 @@ def main():
         if files[0] == "install":
             files = installed(files[1], folder)
         for path in files:
-            for problem in problems(Binary(path)):
+            for problem in problems(Binary(path), can_guard):
                 print(f"{os.path.basename(path)}: {problem}")
                 wrong += 1
         print(f"{len(files)} programs and libraries: {', '.join(sorted(os.path.basename(path) for path in files))}")
+        print(f"Jumps are {'guarded' if can_guard else 'not guarded: the C library here is not compiled for it'}.")
     sys.exit(1 if wrong or not files else 0)
 
 
