@@ -6,9 +6,10 @@
 #include "text/Category.h"
 #include "text/Characters.h"
 
-#include <numeric>
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace vanoka::fuzz {
@@ -41,10 +42,6 @@ private:
             all.back() += character;
         }
         return all;
-    }
-    static std::string joined(std::vector<std::string>::const_iterator from,
-                              std::vector<std::string>::const_iterator to) {
-        return std::accumulate(from, to, std::string());
     }
 
     void apply(const KeyEvent& event, std::string& before) {

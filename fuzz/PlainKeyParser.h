@@ -1,12 +1,11 @@
 #pragma once
 
 #include "KeyParser.h"
-#include "text/Category.h"
 #include "text/Utf8.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>

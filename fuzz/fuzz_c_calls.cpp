@@ -6,6 +6,7 @@
 #include <cstring>
 #include <list>
 #include <memory>
+#include <utility>
 #include <vector>
 
 using namespace vanoka;
@@ -61,6 +62,7 @@ private:
     void makeTyping() {
         typing_.make([this](auto** handle) { return vanoka_typing_create(settings_.get(), handle); });
         typingKeys_ = keys_;
+        areKeysNew_ = false;
         model_ = fuzz::FieldModel(*keys_);
         text_.clear();
         marked_.clear();
@@ -82,6 +84,7 @@ private:
         *keys_ =
             SinglishTransliterator(CustomizationJson::decode(document).value_or(SinglishCustomization()));
         keysDocument_ = document;
+        areKeysNew_ = areKeysNew_ || typingKeys_ == keys_;
     }
 
     /// The text of an answer that holds one item, of this kind.
@@ -355,7 +358,8 @@ private:
         fuzz::expect(consumed == 0 || (consumed == 1 && status == VANOKA_OK),
                      "a key is consumed or it is not");
         if (status == VANOKA_OK) {
-            model_.setKeys(*typingKeys_);
+            if (std::exchange(areKeysNew_, false))
+                model_.setKeys(*typingKeys_);
             model_.press(event);
         }
         apply(status, reply);
@@ -373,6 +377,7 @@ private:
     fuzz::Slot<vanoka_typing, vanoka_typing_release> typing_;
     std::shared_ptr<test::plain::Keys> keys_, typingKeys_; ///< of the settings, and of those of the typing
     std::string keysDocument_;                             ///< what the settings' keys were read from
+    bool areKeysNew_ = false; ///< those of the typing, which reads its next key by them
     fuzz::FieldModel model_{SinglishTransliterator::standard()};
     std::string text_, marked_; ///< of the field
     fuzz::Slot<vanoka_words, vanoka_words_release> words_;
