@@ -10,9 +10,12 @@
 #include "text/Utf8.h"
 #include "typing/FunctionKey.h"
 
+#include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace vanoka::fuzz {
 
@@ -34,6 +37,7 @@ public:
     std::optional<std::string> bundleIdentifier() const override { return "field"; }
     void insertText(std::string_view text, TextRange range) override {
         expect(range == VanokaInputController::noReplacement, "an insertion replaces the marked text only");
+        ++insertions_;
         insert(text);
     }
     void setMarkedText(const MarkedText& text, TextRange selection, TextRange replaced) override {
@@ -65,22 +69,34 @@ public:
 
     const std::string& text() const { return text_; }
     const std::string& marked() const { return marked_; }
+    /// How many texts an input method has put in.
+    std::size_t insertions() const { return insertions_; }
 
 private:
     std::string text_, marked_;
+    std::size_t insertions_ = 0;
 };
 
 /// What a field must show when the keys alone decide: worked out by the plain rules, from nothing that an
 /// input method says.
 class FieldModel {
 public:
-    explicit FieldModel(const SinglishTransliterator& keys) : keys_(keys) {}
+    /// What a key that no input method has consumed does to the text before the caret.
+    using Apply = std::function<void(const KeyEvent&, std::string& text)>;
+
+    explicit FieldModel(
+        test::plain::Keys keys,
+        Apply apply = [](const KeyEvent& event, std::string& text) { Field::apply(event, text); })
+        : keys_(std::move(keys)), apply_(std::move(apply)) {}
+
+    /// The user has other keys: what is being composed is read by them from now on.
+    void setKeys(test::plain::Keys keys) { keys_ = std::move(keys); }
 
     void press(const KeyEvent& event) {
         if (event.type != KeyEvent::keyDown)
             return;
         if (event.modifierFlags & KeyEvent::shortcutModifiers)
-            return end();
+            return end(), pass(event);
         if (event.keyCode == KeyEvent::escape)
             return end(composed_);
         if (event.keyCode == KeyEvent::deleteBackward)
@@ -119,11 +135,13 @@ public:
     /// A key where there is no input method.
     void pass(const KeyEvent& event) {
         if (event.type == KeyEvent::keyDown)
-            Field::apply(event, text_);
+            apply_(event, text_);
     }
 
     const std::string& text() const { return text_; }
     bool isComposing() const { return !composed_.empty(); }
+    /// The Latin letters of the composition, as typed.
+    const std::string& composed() const { return composed_; }
     std::string marked() const { return test::plain::transliterate(keys_, composed_); }
 
     void expectShown(const std::string& text, const std::string& marked, const CandidateLine& line) const {
@@ -161,8 +179,9 @@ private:
     }
 
     test::plain::Keys keys_;
+    Apply apply_;
     std::string text_;
-    std::string composed_; ///< in Latin letters, as typed
+    std::string composed_;
 };
 
 } // namespace vanoka::fuzz

@@ -4,6 +4,7 @@
 #include "vanoka.h"
 
 #include <cstddef>
+#include <string_view>
 
 namespace vanoka::fuzz {
 
@@ -29,6 +30,10 @@ public:
 private:
     Handle* handle_ = nullptr;
 };
+
+inline std::string_view textOf(const vanoka_item& item) {
+    return {item.text, item.size};
+}
 
 /// What every caller of the C interface may rely on.
 inline void expectAnswered(vanoka_status status, const vanoka_answer* answer) {

@@ -1,23 +1,27 @@
-#include "Fuzz.h"
+#include "FieldModel.h"
 #include "Handles.h"
-#include "vanoka.h"
+#include "settings/CustomizationJson.h"
 
 #include <array>
 #include <cstring>
 #include <list>
+#include <memory>
+#include <utility>
 #include <vector>
 
 using namespace vanoka;
 
 /// Calls of the C interface in any order with anything in them, on handles that may be null and may have been
-/// released after others were made from them.
+/// released after others were made from them. What the keys read as, and what typing does in a field, is what
+/// the plain rules make of the settings' document.
 namespace {
 
 class Calls {
 public:
     explicit Calls(fuzz::Input& input) : input_(input) {
         answer_.make(vanoka_answer_create);
-        settings_.make(vanoka_settings_create);
+        document_.make(vanoka_answer_create);
+        makeSettings();
         makeTyping();
     }
 
@@ -57,6 +61,38 @@ private:
 
     void makeTyping() {
         typing_.make([this](auto** handle) { return vanoka_typing_create(settings_.get(), handle); });
+        typingKeys_ = keys_;
+        areKeysNew_ = false;
+        model_ = fuzz::FieldModel(*keys_);
+        text_.clear();
+        marked_.clear();
+    }
+
+    /// Typing goes on with the settings that it was made from.
+    void makeSettings() {
+        settings_.make(vanoka_settings_create);
+        keys_ = std::make_shared<test::plain::Keys>(SinglishTransliterator::standard());
+        keysDocument_.clear();
+    }
+
+    /// The settings may have been edited.
+    void readKeys() {
+        fuzz::expectAnswered(vanoka_settings_document(settings_.get(), document_.get()), document_.get());
+        const std::string document(onlyText(document_.get(), VANOKA_TEXT));
+        if (document == keysDocument_)
+            return;
+        *keys_ =
+            SinglishTransliterator(CustomizationJson::decode(document).value_or(SinglishCustomization()));
+        keysDocument_ = document;
+        areKeysNew_ = areKeysNew_ || typingKeys_ == keys_;
+    }
+
+    /// The text of an answer that holds one item, of this kind.
+    static std::string_view onlyText(const vanoka_answer* answer, std::int32_t kind) {
+        fuzz::expect(vanoka_answer_count(answer) == 1, "the answer is one text");
+        const vanoka_item& item = *vanoka_answer_items(answer);
+        fuzz::expect(item.kind == kind, "of the kind that is asked for");
+        return fuzz::textOf(item);
     }
 
     void makeSomething() {
@@ -66,7 +102,7 @@ private:
         };
         switch (input_.byte() % 10) {
         case 0:
-            return settings_.make(vanoka_settings_create);
+            return makeSettings();
         case 1:
             return makeTyping();
         case 2:
@@ -130,6 +166,11 @@ private:
     }
 
     void editSettings() {
+        edit();
+        readKeys();
+    }
+
+    void edit() {
         const std::string_view key = text(), letter = text();
         switch (input_.byte() % 5) {
         case 0:
@@ -176,9 +217,18 @@ private:
             return fuzz::expectAnswered(vanoka_settings_long_press(settings, key.data(), key.size(), reply),
                                         reply);
         default:
-            return fuzz::expectAnswered(
-                vanoka_settings_transliterate(settings, key.data(), key.size(), reply), reply);
+            return transliterate(std::string(key), reply);
         }
+    }
+
+    void transliterate(const std::string& text, vanoka_answer* reply) {
+        const vanoka_status status =
+            vanoka_settings_transliterate(settings_.get(), text.data(), text.size(), reply);
+        fuzz::expectAnswered(status, reply);
+        fuzz::expect((status == VANOKA_OK) == (reply != nullptr), "every text is read");
+        if (status == VANOKA_OK)
+            fuzz::expect(onlyText(reply, VANOKA_TEXT) == test::plain::transliterate(*keys_, text),
+                         "the plain rules read the same");
     }
 
     void askLists() {
@@ -216,43 +266,120 @@ private:
     }
 
     void endTyping() {
-        const std::string_view chosen = text();
+        const std::string chosen(text());
         vanoka_answer* reply = answer();
         switch (input_.byte() % 4) {
         case 0:
-            return fuzz::expectAnswered(vanoka_typing_end(typing_.get(), reply), reply);
+            return end(reply);
         case 1:
-            return fuzz::expectAnswered(vanoka_typing_forget(typing_.get(), reply), reply);
+            return forget(reply);
         case 2:
-            return fuzz::expectAnswered(
-                vanoka_typing_choose(typing_.get(), chosen.data(), chosen.size(), reply), reply);
+            return choose(chosen, reply);
         default:
-            return fuzz::expectAnswered(vanoka_typing_composition(typing_.get(), reply), reply);
+            return expectComposition(reply);
         }
+    }
+
+    void end(vanoka_answer* reply) {
+        const vanoka_status status = vanoka_typing_end(typing_.get(), reply);
+        if (status == VANOKA_OK)
+            model_.end();
+        apply(status, reply);
+        model_.expectShown(text_, marked_, {});
+    }
+
+    void choose(const std::string& chosen, vanoka_answer* reply) {
+        const vanoka_status status = vanoka_typing_choose(typing_.get(), chosen.data(), chosen.size(), reply);
+        if (status == VANOKA_OK && !chosen.empty())
+            model_.isComposing() ? model_.end(chosen) : model_.insert(chosen);
+        apply(status, reply);
+        model_.expectShown(text_, marked_, {});
+    }
+
+    /// The field has put in what is marked.
+    void forget(vanoka_answer* reply) {
+        const vanoka_status status = vanoka_typing_forget(typing_.get(), reply);
+        fuzz::expectAnswered(status, reply);
+        if (status != VANOKA_OK)
+            return;
+        fuzz::expect(onlyText(reply, VANOKA_TEXT) == marked_, "what was marked is told");
+        model_.end();
+        text_ += std::exchange(marked_, {});
+        model_.expectShown(text_, marked_, {});
+    }
+
+    void expectComposition(vanoka_answer* reply) {
+        const vanoka_status status = vanoka_typing_composition(typing_.get(), reply);
+        fuzz::expectAnswered(status, reply);
+        if (status != VANOKA_OK)
+            return;
+        fuzz::expect((vanoka_answer_count(reply) == 2) == model_.isComposing(),
+                     "a composition is told as keys and what they read as");
+        if (model_.isComposing())
+            fuzz::expect(fuzz::textOf(vanoka_answer_items(reply)[0]) == model_.composed() &&
+                             fuzz::textOf(vanoka_answer_items(reply)[1]) == model_.marked(),
+                         "and it is that of the field");
+    }
+
+    /// Does what the answer says to the field.
+    void apply(vanoka_status status, const vanoka_answer* reply) {
+        fuzz::expectAnswered(status, reply);
+        fuzz::expect(vanoka_answer_count(reply) <= 1, "a call has one effect");
+        if (vanoka_answer_count(reply) == 0)
+            return;
+        const vanoka_item& item = *vanoka_answer_items(reply);
+        const bool isMark = item.kind == VANOKA_MARK;
+        fuzz::expect(isMark || item.kind == VANOKA_INSERT, "which marks a text or puts one in");
+        marked_ = isMark ? fuzz::textOf(item) : "";
+        text_ += isMark ? "" : fuzz::textOf(item);
     }
 
     void press() {
         static constexpr std::array<std::uint32_t, 5> codes = {VANOKA_SPACE, VANOKA_DELETE, VANOKA_ESCAPE,
                                                                VANOKA_OTHER_KEY, ~0U};
         const std::uint8_t kind = input_.byte();
-        const std::string characters =
+        const std::uint32_t code = kind < 96 ? codes[kind % codes.size()] : VANOKA_OTHER_KEY;
+        std::string characters =
             kind % 4 == 3 ? std::string(text()) : std::string(1, static_cast<char>('A' + input_.byte() % 58));
+        if (code == VANOKA_SPACE)
+            characters = " ";
+        press(code, kind % 32 == 30 ? VANOKA_CONTROL : 0, characters);
+    }
+
+    void press(std::uint32_t code, std::uint32_t modifiers, const std::string& characters) {
+        // A code that means nothing by itself is a key that is known by its characters.
+        const auto known = static_cast<std::uint16_t>(code > VANOKA_OTHER_KEY ? VANOKA_OTHER_KEY : code);
+        const KeyEvent event = {.modifierFlags = modifiers, .keyCode = known, .characters = characters};
         std::int32_t consumed = 7;
         vanoka_answer* reply = answer();
-        const vanoka_status status = vanoka_typing_press(
-            typing_.get(), kind < 96 ? codes[kind % codes.size()] : VANOKA_OTHER_KEY,
-            kind % 32 == 30 ? VANOKA_CONTROL : 0, characters.data(), characters.size(), &consumed, reply);
-        fuzz::expectAnswered(status, reply);
+        const vanoka_status status = vanoka_typing_press(typing_.get(), code, modifiers, characters.data(),
+                                                         characters.size(), &consumed, reply);
+        fuzz::expect((status == VANOKA_OK) == (reply != nullptr), "every key is answered");
         fuzz::expect(consumed == 0 || (consumed == 1 && status == VANOKA_OK),
                      "a key is consumed or it is not");
-        fuzz::expect(vanoka_answer_count(reply) <= 1, "a key has one effect");
+        if (status == VANOKA_OK) {
+            if (std::exchange(areKeysNew_, false))
+                model_.setKeys(*typingKeys_);
+            model_.press(event);
+        }
+        apply(status, reply);
+        if (status == VANOKA_OK && consumed == 0) {
+            fuzz::expect(marked_.empty(), "a key that is the field's finds no marked text");
+            fuzz::Field::apply(event, text_);
+        }
+        model_.expectShown(text_, marked_, {});
     }
 
     fuzz::Input& input_;
     std::list<std::string> texts_; ///< they stay where they are
-    fuzz::Slot<vanoka_answer, vanoka_answer_release> answer_;
+    fuzz::Slot<vanoka_answer, vanoka_answer_release> answer_, document_;
     fuzz::Slot<vanoka_settings, vanoka_settings_release> settings_;
     fuzz::Slot<vanoka_typing, vanoka_typing_release> typing_;
+    std::shared_ptr<test::plain::Keys> keys_, typingKeys_; ///< of the settings, and of those of the typing
+    std::string keysDocument_;                             ///< what the settings' keys were read from
+    bool areKeysNew_ = false; ///< those of the typing, which reads its next key by them
+    fuzz::FieldModel model_{SinglishTransliterator::standard()};
+    std::string text_, marked_; ///< of the field
     fuzz::Slot<vanoka_words, vanoka_words_release> words_;
     fuzz::Slot<vanoka_english, vanoka_english_release> english_;
     fuzz::Slot<vanoka_emoji, vanoka_emoji_release> emoji_;

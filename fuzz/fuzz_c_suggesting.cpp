@@ -14,10 +14,7 @@ namespace {
 
 using fuzz::expectAnswered;
 using fuzz::Slot;
-
-std::string_view textOf(const vanoka_item& item) {
-    return {item.text, item.size};
-}
+using fuzz::textOf;
 
 class Keyboard {
 public:

@@ -1,34 +1,11 @@
-#include "Fuzz.h"
-#include "VanokaInputController.h"
+#include "FieldModel.h"
 #include "settings/CustomizationJson.h"
-#include "text/Utf8.h"
 
 using namespace vanoka;
 
+/// Key events as a platform tells them, of any type and with anything in them, in one field. A model says
+/// what the field must hold.
 namespace {
-
-/// Checks what every client may rely on.
-class CheckingClient final : public TextInputClient {
-public:
-    std::optional<std::string> bundleIdentifier() const override { return "client"; }
-    void insertText(std::string_view text, TextRange range) override {
-        fuzz::expect(range == VanokaInputController::noReplacement,
-                     "an insertion replaces the marked text only");
-        fuzz::expect(!text.empty(), "an insertion is no empty text");
-        hasMarkedText = false;
-        ++insertions;
-    }
-    void setMarkedText(const MarkedText& text, TextRange selection, TextRange replaced) override {
-        const auto units = static_cast<std::int64_t>(text::utf16Length(text.text));
-        fuzz::expect(selection == TextRange{units, 0}, "the caret stands at the end");
-        fuzz::expect(replaced == VanokaInputController::noReplacement,
-                     "marked text replaces the marked text only");
-        hasMarkedText = !text.text.empty();
-    }
-
-    bool hasMarkedText = false;
-    int insertions = 0;
-};
 
 KeyEvent eventOf(fuzz::Input& input) {
     static constexpr std::uint16_t keyCodes[] = {KeyEvent::space, KeyEvent::escape, KeyEvent::deleteBackward};
@@ -39,35 +16,56 @@ KeyEvent eventOf(fuzz::Input& input) {
     event.keyCode = kind % 8 < 3 ? keyCodes[kind % 8] : KeyEvent::otherKey;
     if (kind % 8 == 7)
         event.characters = input.text(5);
+    else if (event.keyCode == KeyEvent::space)
+        event.characters = " ";
     else
         event.characters = std::string(1, static_cast<char>('A' + input.byte() % 58));
     return event;
 }
 
+class Typist {
+public:
+    /// `document` says which keys the user has; one that says nothing means the built-in ones.
+    explicit Typist(const std::string& document)
+        : settings_((defaults_.setData(SinglishSettings::storedName, document), defaults_)),
+          controller_("own", settings_),
+          model_(
+              SinglishTransliterator(CustomizationJson::decode(document).value_or(SinglishCustomization()))) {
+    }
+
+    void press(const KeyEvent& event) {
+        const std::size_t before = field_.insertions();
+        const std::size_t most = model_.isComposing() ? 1 : 0;
+        model_.press(event, {});
+        const bool isConsumed = controller_.handle(&event, &field_);
+        fuzz::expect(field_.insertions() - before <= most,
+                     "a key inserts at most one text, and only of a composition");
+        if (!isConsumed && event.type == KeyEvent::keyDown)
+            field_.apply(event);
+        model_.expectShown(field_.text(), field_.marked(), {});
+    }
+
+    void leave() {
+        model_.end();
+        controller_.deactivateServer(&field_);
+        model_.expectShown(field_.text(), field_.marked(), {});
+    }
+
+private:
+    MemoryUserDefaults defaults_;
+    SinglishSettings settings_;
+    VanokaInputController controller_;
+    fuzz::Field field_;
+    fuzz::FieldModel model_;
+};
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    fuzz::Input input(data, size);
-    MemoryUserDefaults defaults;
-    if (const auto document = CustomizationJson::encode(input.customization()))
-        defaults.setData(SinglishSettings::storedName, *document);
-    SinglishSettings settings(defaults);
-    VanokaInputController controller("own", settings);
-    CheckingClient client;
-    while (!input.isEmpty()) {
-        const bool wasComposing = controller.composer().isComposing();
-        const int insertionsBefore = client.insertions;
-        const KeyEvent event = eventOf(input);
-        const bool isConsumed = controller.handle(&event, &client);
-        const int inserted = client.insertions - insertionsBefore;
-        fuzz::expect(inserted <= (wasComposing ? 1 : 0),
-                     "a key inserts at most one text, and only of a composition");
-        fuzz::expect(isConsumed || event.type != KeyEvent::keyDown || !controller.composer().isComposing(),
-                     "a key that passes leaves no composition behind");
-        fuzz::expect(!client.hasMarkedText || controller.composer().isComposing(),
-                     "marked text is composed text");
-    }
-    controller.deactivateServer(&client);
-    fuzz::expect(!controller.composer().isComposing(), "nothing is left when the client goes");
+    fuzz::Input input(data, std::min<std::size_t>(size, 600));
+    Typist typist(CustomizationJson::encode(input.customization()).value_or(""));
+    while (!input.isEmpty())
+        typist.press(eventOf(input));
+    typist.leave();
     return 0;
 }

@@ -149,7 +149,7 @@ private:
         place().isWaiting = false;
     }
 
-    /// What becomes of the marked text when the field loses the engine; true when it was dropped.
+    /// What becomes of the marked text when the field loses the engine.
     void loseMarkedText(bool clientPutsIn, bool daemonPutsIn) {
         const auto lost = std::exchange(told_.preedit, {});
         if (lost.isStale)

@@ -1,6 +1,5 @@
 #include "Fuzz.h"
-#include "PlainSwipe.h"
-#include "swipe/SwipeDecoder.h"
+#include "SwipeTwins.h"
 
 #include <cstring>
 #include <utility>
@@ -56,33 +55,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     SwipeKeys keys;
     const bool isOdd = input.byte() % 4 == 0;
-    double next = 0;
-    for (const char letter : std::string("qwertyuiopasdfghjklzxcvbnm")) {
-        const SwipePoint usual = {static_cast<double>(static_cast<int>(next) % 10) * 10 + 5,
-                                  static_cast<double>(static_cast<int>(next) / 10) * 15 + 7};
-        keys[std::string(1, letter)] = isOdd ? point(input) : usual;
-        ++next;
-    }
-    const double keyWidth = input.byte() % 4 == 0 ? coordinate(input) : 10;
+    for (const char letter : fuzz::UsualKeys::letters)
+        keys[std::string(1, letter)] = isOdd ? point(input) : fuzz::UsualKeys::center(letter);
+    const double keyWidth = input.byte() % 4 == 0 ? coordinate(input) : fuzz::UsualKeys::width;
     const std::int64_t limit = input.byte() % 8;
     std::vector<SwipePoint> stroke;
     while (!input.isEmpty() && stroke.size() < 40)
         stroke.push_back(point(input));
 
-    const SwipeDecoder decoder(words);
-    const test::plain::SwipeDecoder plain(words);
-    fuzz::expect(decoder.count() == plain.count(), "the plain rules keep as many words");
-    const auto byDistance = plain.wordsFor(stroke, keys, keyWidth, limit, personal);
-    fuzz::expect(decoder.wordsFor(stroke, keys, keyWidth, limit, personal) == byDistance,
-                 "the plain rules rank the same");
-    const SwipeDecoder people(words, SwipeWeights::people);
-    const auto byPeople = plain.wordsByPeople(stroke, keys, keyWidth, limit, personal);
-    fuzz::expect(people.wordsFor(stroke, keys, keyWidth, limit, personal) == byPeople,
-                 "and so they do with the people's weights");
-    const SwipeLayout layout(keys);
-    SwipeMemory memory;
-    fuzz::expect(decoder.wordsFor(stroke, layout, keyWidth, limit, personal, &memory) == byDistance &&
-                     people.wordsFor(stroke, layout, keyWidth, limit, personal, &memory) == byPeople,
-                 "and when more is known");
+    fuzz::SwipeTwins(words).expectSameWords(stroke, keys, keyWidth, limit, personal);
     return 0;
 }

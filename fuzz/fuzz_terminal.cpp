@@ -1,6 +1,8 @@
 #include "Fuzz.h"
 #include "KeyParser.h"
+#include "LineModel.h"
 #include "LineView.h"
+#include "PlainKeyParser.h"
 #include "TypedLine.h"
 #include "VanokaInputController.h"
 #include "text/Utf8.h"
@@ -9,6 +11,7 @@
 #include <vector>
 
 using namespace vanoka;
+using fuzz::PlainKeyParser;
 
 /// The bytes of a terminal, which come in pieces, with silences between some: read into keys and pastes,
 /// typed into a line, and drawn.
@@ -46,29 +49,46 @@ void expectSameInPieces(const std::string& bytes, std::uint8_t piece) {
     fuzz::expect(whole.takeUnfinishedPaste() == cut.takeUnfinishedPaste(), "and the same open paste");
 }
 
-/// Well-formed text without escapes is typed as it is.
-void expectTypedWhole(const std::string& bytes) {
-    if (!text::isWellFormed(bytes) || bytes.find('\x1B') != std::string::npos)
-        return;
+bool isPiece(const KeyParser::Input& input, const PlainKeyParser::Piece& piece) {
+    if (const auto* key = std::get_if<KeyEvent>(&piece))
+        return isSame(input, *key);
+    if (const auto* paste = std::get_if<Paste>(&piece))
+        return isSame(input, *paste);
+    const auto* key = std::get_if<KeyEvent>(&input);
+    return key && key->keyCode == KeyEvent::otherKey && fuzz::typedBy(*key).empty();
+}
+
+/// What comes at once, and a silence after it, is what a plain reading makes of it: no byte is lost.
+void expectReadPlainly(const std::string& bytes) {
+    PlainKeyParser plain(bytes);
+    plain.fallSilent();
     KeyParser parser;
     parser.feed(bytes);
-    std::string typed;
-    for (const KeyParser::Input& each : inputsOf(parser))
-        typed += std::get<KeyEvent>(each).characters.value_or("");
-    fuzz::expect(typed == bytes, "no byte is lost");
+    std::vector<KeyParser::Input> inputs = inputsOf(parser);
+    while (parser.patience()) {
+        if (auto waiting = parser.flush())
+            inputs.push_back(*std::move(waiting));
+        std::ranges::move(inputsOf(parser), std::back_inserter(inputs));
+    }
+    fuzz::expect(std::ranges::equal(inputs, plain.pieces(), isPiece), "a plain reading gives the same keys");
+    fuzz::expect(parser.takeUnfinishedPaste() == plain.openPaste(), "and the same open paste");
 }
 
 /// The line as a session at a terminal handles it.
 class Typist {
 public:
-    Typist() : settings_(defaults_), controller_("terminal", settings_), view_({20, 4}) {}
+    Typist()
+        : settings_(defaults_),
+          controller_("terminal", settings_),
+          view_({20, 4}),
+          model_(settings_.transliterator()) {}
 
     void type(const KeyParser::Input& input) {
         if (const auto* event = std::get_if<KeyEvent>(&input))
             press(*event);
         else
-            controller_.commitComposition(&line_);
-        expectWhole();
+            end();
+        model_.expectShown(line_);
         draw();
     }
 
@@ -81,20 +101,15 @@ private:
     void press(const KeyEvent& event) {
         fuzz::expect(!event.characters || text::isWellFormed(*event.characters),
                      "a key types well-formed text");
-        const std::string before = line_.text();
-        if (controller_.handle(&event, &line_))
-            fuzz::expect(line_.text().size() >= before.size(), "what is consumed takes no text away");
-        else
+        model_.press(event);
+        if (!controller_.handle(&event, &line_))
             line_.apply(event);
     }
 
-    void expectWhole() const {
-        fuzz::expect(text::isWellFormed(line_.text()) && text::isWellFormed(line_.marked()),
-                     "a line is well-formed");
-        const auto caret = std::string_view(line_.text()).substr(0, line_.caret());
-        fuzz::expect(text::isWellFormed(caret), "the caret stands between scalars");
-        fuzz::expect(line_.marked().empty() || controller_.composer().isComposing(),
-                     "marked text is composed text");
+    /// As before a paste.
+    void end() {
+        model_.end();
+        controller_.commitComposition(&line_);
     }
 
     void draw() {
@@ -107,6 +122,7 @@ private:
     VanokaInputController controller_;
     TypedLine line_;
     LineView view_;
+    fuzz::LineModel model_;
 };
 
 /// Nothing stays behind: after silences the parser waits for nothing but the rest of a scalar or of a paste.
@@ -125,7 +141,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::uint8_t piece = input.byte();
     const std::string bytes = fuzz::Input(input).rest();
     expectSameInPieces(bytes, piece);
-    expectTypedWhole(bytes);
+    expectReadPlainly(bytes);
     KeyParser parser;
     Typist typist;
     while (!input.isEmpty()) {

@@ -5,15 +5,21 @@
 #include "KeyboardFile.h"
 #include "ListCheck.h"
 #include "NeverOffered.h"
+#include "PlainWords.h"
 #include "ReadingAccuracy.h"
 #include "StrokeFile.h"
 #include "SuggestionChoices.h"
 #include "settings/SinglishSettings.h"
 #include "swipe/SwipeLayout.h"
+#include "text/Rows.h"
+#include "text/Sinhala.h"
 #include "text/Utf8.h"
 #include "words/ListReading.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstdlib>
 #include <sstream>
 
 using namespace vanoka;
@@ -100,8 +106,74 @@ void wordList(const std::string& text) {
         for (const LineProblem& problem : problemsOf(text, kind))
             fuzz::expect(problem.number >= 1 && problem.number <= lines && !problem.reason.empty(),
                          "a problem has a line and a reason");
-    guessListKind(text);
-    CountScale::scaled(text, CountScale::usualTotal);
+}
+
+bool isRead(std::string_view list, ListKind kind) {
+    return countOf(LineProblem::Kind::skipped, problemsOf(list, kind)) == 0;
+}
+
+/// What a row can be read as: what has no count is no word of a list, and one of Sinhala is no English word.
+ListKind kindOfRow(const std::string& line) {
+    if (!isRead(line, ListKind::english))
+        return ListKind::emoji;
+    const bool isSinhala = isRead(line, ListKind::sinhala) && text::holdsSinhala(line);
+    return isSinhala ? ListKind::sinhala : ListKind::english;
+}
+
+void guessedKind(const std::string& text) {
+    std::array<std::size_t, 3> rows{};
+    for (auto rest = ListReading::withoutByteOrderMark(text); !rest.empty();) {
+        const std::string_view line = text::takeLine(rest);
+        if (text::rowOf(line).kind != text::Row::Kind::fields)
+            continue;
+        const std::string alone =
+            "\n" + std::string(line); // not a beginning, where a byte order mark is none
+        const ListKind kind = guessListKind(alone);
+        fuzz::expect(line.find('\n') != std::string_view::npos || kind == kindOfRow(alone),
+                     "a row is taken for what it can be read as");
+        ++rows[static_cast<std::size_t>(kind)];
+    }
+    const auto most = static_cast<ListKind>(std::ranges::max_element(rows) - rows.begin());
+    fuzz::expect(guessListKind(text) == most, "a list is taken for what most of its rows are");
+}
+
+/// The row's count above 0; 0 for any other line.
+std::int64_t countOf(std::string_view line) {
+    const text::Row row = text::rowOf(line);
+    const auto count = row.kind == text::Row::Kind::fields ? test::plain::integerOf(row.second)
+                                                           : std::optional<std::int64_t>();
+    return std::clamp<std::int64_t>(count.value_or(0), 0, ListReading::largestCount);
+}
+
+std::int64_t sumOf(std::string_view list) {
+    std::int64_t sum = 0;
+    while (!list.empty())
+        sum += countOf(text::takeLine(list));
+    return sum;
+}
+
+/// A list whose last line ends, too, or what ends it then would make another one of it.
+void scaledCounts(const std::string& text, std::int64_t total) {
+    const auto scaled = CountScale::scaled(text, total);
+    std::string_view list = ListReading::withoutByteOrderMark(text);
+    const std::int64_t sum = sumOf(list);
+    fuzz::expect(scaled.has_value() == (sum > 0), "counts above 0 can be scaled");
+    if (!scaled)
+        return;
+    std::int64_t rows = 0;
+    std::string_view made = *scaled;
+    while (!list.empty()) {
+        const std::string_view line = text::takeLine(list), madeLine = text::takeLine(made);
+        const std::int64_t count = countOf(line), madeCount = countOf(madeLine);
+        rows += count > 0 ? 1 : 0;
+        fuzz::expect(count > 0 ? text::rowOf(line).first == text::rowOf(madeLine).first : line == madeLine,
+                     "all but the counts stays as it is");
+        const bool isRounded = madeCount > 1 ? 2 * std::abs(madeCount * sum - count * total) <= sum
+                                             : madeCount == 1 && 2 * count * total <= 3 * sum;
+        fuzz::expect(count == 0 || isRounded, "a count keeps its part of the sum, but for rounding");
+    }
+    fuzz::expect(made.empty() && std::abs(sumOf(*scaled) - total) <= rows,
+                 "the counts add up to the total, but for rounding");
 }
 
 /// The same as the settings do, key by key.
@@ -128,6 +200,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     romanized(text);
     emojiFiles(text);
     wordList(text);
+    guessedKind(text);
+    for (const std::int64_t total : {std::int64_t{1}, CountScale::usualTotal, ListReading::largestCount})
+        scaledCounts(text + '\n', total);
     importedKeys(input.customization());
     return 0;
 }

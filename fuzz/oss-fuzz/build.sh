@@ -6,9 +6,8 @@ work=${WORK:-$(mktemp -d)}/vanoka
 
 cmake -S . -B "$work" -G Ninja -DCMAKE_BUILD_TYPE=None -DVANOKA_FUZZERS=ON -DVANOKA_TESTS=OFF \
     -DVANOKA_SETTINGS_WINDOW=OFF -DVANOKA_FUZZING_ENGINE="$LIB_FUZZING_ENGINE" -DCMAKE_BUILD_RPATH='$ORIGIN/lib'
-targets=$(sed -n 's/^vanoka_fuzzer(\(fuzz_[a-z_]*\).*/\1/p' fuzz/CMakeLists.txt)
 mkdir -p "$OUT/lib"
-for target in $targets; do
+for target in $(fuzz/targets); do
     # One whose libraries are not there is not among what can be built.
     ninja -C "$work" -t query "$target" >/dev/null 2>&1 || { echo "$target is not built here." && continue; }
     ninja -C "$work" "$target"
@@ -16,6 +15,6 @@ for target in $targets; do
     cp "$(fuzz/dictionary "$target")" "$OUT/$target.dict"
     zip -q -j -r "$OUT/${target}_seed_corpus.zip" "fuzz/corpus/$target"
     # The machines that fuzz have the C library alone.
-    ldd "$OUT/$target" | sed -n 's/.*=> \(\/[^ ]*\) .*/\1/p' |
-        grep -vE '/(libc|libm|libdl|librt|libpthread|libresolv)\.so' | xargs -r cp -n -L -t "$OUT/lib"
+    ldd "$OUT/$target" | sed -nE '/\/(libc|libm|libdl|librt|libpthread|libresolv)\.so/d
+        s/.*=> (\/[^ ]*) .*/\1/p' | xargs -r cp -n -L -t "$OUT/lib"
 done

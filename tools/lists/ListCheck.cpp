@@ -134,6 +134,7 @@ std::string_view nameOf(ListKind kind) noexcept {
 
 ListKind guessListKind(std::string_view list) {
     std::array<std::size_t, 3> rows{};
+    list = ListReading::withoutByteOrderMark(list);
     text::forEachRow(list, [&](std::string_view word, std::string_view field) {
         const bool isCount = text::integer(field).has_value();
         const ListKind kind = field == "chat" || (isCount && !isSinhala(word)) ? ListKind::english

@@ -172,6 +172,7 @@ TEST_F(ListsCommandTest, TheCheckAgreesWithTheReader) {
 TEST_F(ListsCommandTest, GuessesTheKindOfAList) {
     EXPECT_EQ(guessListKind(""), ListKind::sinhala);
     EXPECT_EQ(guessListKind("\u0D9A\t1\nok\t3\n\u0DB8\t2\n"), ListKind::sinhala);
+    EXPECT_EQ(guessListKind("\uFEFF# word\tmeaning\n"), ListKind::sinhala);
     EXPECT_EQ(guessListKind("ok\tchat\n"), ListKind::english);
     EXPECT_EQ(guessListKind("ok\tx y\n\u0D9A\tz\n"), ListKind::emoji);
     EXPECT_EQ(listKind("emoji"), ListKind::emoji);
