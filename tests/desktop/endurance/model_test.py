@@ -81,6 +81,28 @@ class ModelTest(unittest.TestCase):
         self.press(*"ma", "period")
         self.assertEqual((self.texts(), self.texts(1)), ([KA], [MA + "."]))
 
+    def test_what_was_not_composed_of_a_word_that_is_taken_back_is_the_programs(self):
+        for keys, left in (("aa", ["\x7f", "a\x7f"]), ("kam", [KA + MA, "k\u0d85" + MA])):
+            self.setUp()
+            self.model.go(1, astray="why")
+            self.press(*keys, *["BackSpace"] * (2 if keys == "aa" else 1), *"ma", "space")
+            self.assertEqual(self.texts(1), [text + MA + " " for text in left], keys)
+
+    def test_texts_lack_something_where_nothing_else_is_wrong(self):
+        self.press(*"ma", "space", *"ka", "space")
+        for text, is_lacking in ((MA + " ", True), (KA + " ", True), (KA + " " + MA + " ", False), (MA + MA + " ", False)):
+            self.assertEqual(self.model.lacks([text, ""]), is_lacking, text)
+        self.assertFalse(self.model.lacks(["", KA]))
+
+    def test_a_word_that_is_left_may_be_lost_for_a_reason(self):
+        self.press(*"ma", "space", *"ka")
+        self.model.go(1, lost="why")
+        self.press(*"ma", "space")
+        self.assertEqual(self.model.see([MA + " ", MA + " "]), ([], ["why"]))
+        self.model.go(0)
+        self.press("1")
+        self.assertEqual(self.texts(), [MA + " 1"])
+
     def test_a_word_that_may_be_lost_is_allowed_to_be_with_its_reason(self):
         self.press(*"ka")
         self.model.choose(False, lost="why")

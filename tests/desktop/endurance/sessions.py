@@ -15,6 +15,15 @@ class GnomeByHand(compositors.Gnome):
 
     has_own_shortcut = True
 
+    def command(self):
+        self.log = self.folder + "/shell"
+        return ["sh", "-c", 'exec "$@" 2>"$0"', self.log, *super().command()]
+
+    def discarded(self):
+        """How many texts and marked texts, of those that the engine sent, the shell says that it has thrown away."""
+        with open(self.log, encoding="utf-8", errors="replace") as file:
+            return file.read().count("Event does not have a stage: discarding")
+
     def choose_ours(self):
         def is_ours():
             return self.processes.output("ibus", "engine") == "vanoka" and self.engine_process() is not None

@@ -17,6 +17,9 @@ DEAF = "keys that are pressed while IBus's daemon is not there do not come to Qt
 ASTRAY = "Fcitx5's server for XIM does not get the first key after a change of windows"
 NOT_FOUND = "a program of Qt or XIM does not find a daemon again that was killed"
 HELD = "IBus's daemon drops the word of Qt and XIM before they know that the focus is gone; the engine has it"
+ENDED = "xterm ends with an error of X when XIM's server was killed while one of its keys was there"
+LATE = "IBus's daemon hears of the next program's focus first and takes the word from a GTK program that is late"
+DISCARDED = "GNOME Shell in a window of X says itself that it has thrown away what the engine sent"
 TWICE = "where Qt 6 announces that it puts the word in, Qt 5, which does not, looks the same to an engine"
 
 
@@ -114,7 +117,8 @@ class Typist:
         self.settle()
         way, number = self.random.choice(self.possible_ways())
         self.tally.doing("%d to %d by %s" % (self.stage.here, number, way))
-        self.model.go(number, held=self.holding(number), astray=self.straying(number), twice=self.doubling(way))
+        self.model.go(number, held=self.holding(number), lost=self.losing(number), astray=self.straying(number),
+                      twice=self.doubling(way))
         self.stage.go(number, way)
 
     def possible_ways(self):
@@ -134,6 +138,12 @@ class Typist:
         here, there = self.stage.place, self.stage.places[number]
         is_dropped = here.toolkit[:2] in ("qt", "xi") and here.program != there.program
         return HELD if self.stage.desk.name == "ibus" and is_dropped else None
+
+    def losing(self, number):
+        """Why a word that is left so may not be there at all."""
+        here, there = self.stage.place, self.stage.places[number]
+        is_dropped = here.toolkit.startswith("gtk") and here.program != there.program
+        return LATE if self.stage.desk.name == "ibus" and is_dropped else None
 
     def straying(self, number):
         """Why the first key in another window may not be composed."""
@@ -172,7 +182,12 @@ class Typist:
 
     def kill_daemon(self):
         is_deaf = self.stage.desk.name == "ibus" and self.stage.place.toolkit[:2] in ("qt", "xi")
-        self.kill(self.stage.kill_daemon, DEAF if is_deaf else None)
+        try:
+            self.kill(self.stage.kill_daemon, DEAF if is_deaf else None)
+        except Lost:
+            if self.stage.place.has_ended():
+                self.begin_anew(ENDED)
+            raise
         self.stage.desk.start_daemon()
         self.revive()
         if any(place.toolkit == "xim" for place in self.stage.places if place is not self.stage.place):
@@ -201,8 +216,11 @@ class Typist:
         except NotFound:
             if not self.stage.place.toolkit.startswith(("xim", "qt")):
                 raise
-            self.tally.known[NOT_FOUND] += 1
-            raise Anew from None
+            self.begin_anew(ENDED if self.stage.place.has_ended() else NOT_FOUND)
+
+    def begin_anew(self, reason):
+        self.tally.known[reason] += 1
+        raise Anew
 
     def come_back(self):
         """A word is written until it is composed, and with suggestions one that only they make; then the field is empty."""
@@ -219,6 +237,8 @@ class Typist:
         """All that was pressed has come to where it belongs, as far as that can be seen."""
         self.write()
         if not self.stage.settle(self.model):
+            if self.stage.has_discarded(self.model):
+                self.begin_anew(DISCARDED)
             raise Lost
 
     def check(self):
