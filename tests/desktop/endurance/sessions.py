@@ -1,5 +1,6 @@
 """The sessions in which a typist sits: X11 with a window manager, and the compositors that hand text on."""
 
+import re
 import time
 
 import compositors
@@ -20,9 +21,10 @@ class GnomeByHand(compositors.Gnome):
         return ["sh", "-c", 'exec "$@" 2>"$0"', self.log, *super().command()]
 
     def discarded(self):
-        """How many texts and marked texts, of those that the engine sent, the shell says that it has thrown away."""
+        """What the shell says that it has thrown away: texts and marked texts that came from the engine, and keys for
+        which the daemon has an error instead of an answer."""
         with open(self.log, encoding="utf-8", errors="replace") as file:
-            return file.read().count("Event does not have a stage: discarding")
+            return len(re.findall("Event does not have a stage: discarding|Error processing key on IM", file.read()))
 
     def choose_ours(self):
         def is_ours():

@@ -19,7 +19,7 @@ NOT_FOUND = "a program of Qt or XIM does not find a daemon again that was killed
 HELD = "IBus's daemon drops the word of Qt and XIM before they know that the focus is gone; the engine has it"
 ENDED = "xterm ends with an error of X when XIM's server was killed while one of its keys was there"
 LATE = "IBus's daemon hears of the next program's focus first and takes the word from a GTK program that is late"
-DISCARDED = "GNOME Shell in a window of X says itself that it has thrown away what the engine sent"
+DISCARDED = "GNOME Shell in a window of X says itself that it has thrown a text or a key away"
 TWICE = "where Qt 6 announces that it puts the word in, Qt 5, which does not, looks the same to an engine"
 
 
