@@ -5,8 +5,8 @@ A key is named as a keyboard's: a letter, a digit, "space", "period", "BackSpace
 
 import dataclasses
 
-from endings import (COMPOSED, HELD_BY_KILLED, KEY_FIRST, OTHER_CASE, OVERTAKEN, RESET, Ending, Risk, is_in_other_case,
-                     is_overtaken, is_part)
+from endings import (COMPOSED, HELD_BY_KILLED, KEY_FIRST, OTHER_CASE, OVERTAKEN, RESET, UNANSWERED, Ending, Risk,
+                     is_in_other_case, is_overtaken, is_part)
 from reading import after_backspace
 
 PRINTED = {"space": " ", "period": ".", "comma": ",", "question": "?", "exclam": "!"}
@@ -131,10 +131,10 @@ class Model:
 
     # What others do.
 
-    def go(self, field, held=None, lost=None, astray=None, twice=None):
-        """To another field. `held` tells why the word that is left may not be there before the focus comes back, `lost`
-        why it may not be there at all, `astray` why the first key there may not be composed, `twice` why the word may be
-        there, too."""
+    def go(self, field, is_click=False, held=None, lost=None, astray=None, twice=None):
+        """To another field, by a click, which puts the caret anywhere, or by a key. `held` tells why the word that is left
+        may not be there before the focus comes back, `lost` why it may not be there at all, `astray` why the first key
+        there may not be composed, `twice` why the word may be there, too."""
         before, word = self.allowed[self.focus], self.marked()
         self.put_marked()
         if held and word:
@@ -142,7 +142,10 @@ class Model:
         if lost and word:
             self.allowed[self.focus] += [dataclasses.replace(each, reason=lost) for each in before]
         self.focus, self.risk = field, Risk(astray, is_raw=True) if astray else None
-        self.allowed[field] = list(dict.fromkeys([each.as_it_comes() for each in self.allowed[field]] + self.allowed[field]))
+        came = [each.as_it_comes() for each in self.allowed[field]]
+        if is_click:
+            came += [elsewhere for each in self.allowed[field] for elsewhere in each.as_it_comes_elsewhere()]
+        self.allowed[field] = list(dict.fromkeys(came + self.allowed[field]))
         if twice and word:
             self.allowed[field] += [dataclasses.replace(each.with_more(word), reason=twice) for each in self.allowed[field]]
 
@@ -165,16 +168,19 @@ class Model:
         word = self.keys
         endings = [ending for count in range(len(word), len(word) - typed_late - 1, -1)
                    for ending in self.endings_of_kill(word[:count], word[count:])]
+        endings += [Ending(text, UNANSWERED) for count in range(len(word), len(word) - typed_late, -1)
+                    for text in (self.read(word[:count]) + word[count - 1:], word[count - 1:] + self.read(word[:count]))]
         self.keys, self.row, self.is_ours, self.is_dead = "", 0, False, True
         self.allowed = [[*allowed, *(Ending(each.text, HELD_BY_KILLED) for each in allowed if each.held)]
                         for allowed in self.allowed]
         self.passed[self.focus] += word[len(word) - typed_late:]
-        before, shown = self.allowed[self.focus], self.read(word[:len(word) - typed_late])
+        before = self.allowed[self.focus]
         self.allowed[self.focus] = [Ending(each.text + ending.text, each.reason or ending.reason)
                                     for each in before for ending in endings]
         if deaf:
-            self.allowed[self.focus] += [Ending(each.text + text, deaf, doubtful=word[len(word) - typed_late:])
-                                         for each in before for text in ("", shown)]
+            self.allowed[self.focus] += [Ending(each.text + text, deaf, doubtful=word[count:])
+                                         for each in before for count in range(len(word), len(word) - typed_late - 1, -1)
+                                         for text in ("", self.read(word[:count]))]
 
     def endings_of_kill(self, keys, late):
         shown = self.read(keys)

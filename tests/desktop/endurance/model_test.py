@@ -4,7 +4,7 @@
 import sys
 import unittest
 
-from endings import OTHER_CASE, OVERTAKEN, Ending
+from endings import CLICKED, OTHER_CASE, OVERTAKEN, Ending
 from model import Model
 from reading import Reading
 
@@ -88,6 +88,15 @@ class ModelTest(unittest.TestCase):
             self.press(*keys, *["BackSpace"] * (2 if keys == "aa" else 1), *"ma", "space")
             self.assertEqual(self.texts(1), [text + MA + " " for text in left], keys)
 
+    def test_a_held_word_goes_where_a_click_puts_the_caret(self):
+        self.press(*"ma", "space", *"ka")
+        self.model.go(1, held="why")
+        self.model.see([MA + " ", ""])
+        self.model.go(0, is_click=True)
+        for text, is_allowed in ((MA + " " + KA, True), (MA + KA + " ", True), (KA + MA + " ", True), (MA + KA, False)):
+            self.assertEqual(self.model.allows([text, ""]), is_allowed, text)
+        self.assertEqual(self.model.see([MA + KA + " ", ""]), ([], [CLICKED]))
+
     def test_texts_lack_something_where_nothing_else_is_wrong(self):
         self.press(*"ma", "space", *"ka", "space")
         for text, is_lacking in ((MA + " ", True), (KA + " ", True), (KA + " " + MA + " ", False), (MA + MA + " ", False)):
@@ -124,7 +133,7 @@ class ModelTest(unittest.TestCase):
     def test_keys_that_came_after_a_kill_come_as_they_are(self):
         self.press(*"kaa")
         self.model.kill(typed_late=1)
-        self.assertEqual(self.texts(), [KA + "\u0dcf", "", KA + "a", "a", "a" + KA])
+        self.assertEqual(self.texts(), [KA + "\u0dcf", "", KA + "a", "a", "a" + KA, KA + "\u0dcfa", "a" + KA + "\u0dcf"])
 
     def test_a_field_may_be_deaf_until_the_engine_is_chosen_again(self):
         self.press(*"ma", "space")
