@@ -3,6 +3,7 @@
 import glob
 import pathlib
 
+import windows
 from model import Model
 from stage import NotFound
 
@@ -19,6 +20,7 @@ ASTRAY = "Fcitx5's server for XIM does not get the first key after a change of w
 NOT_FOUND = "a program of Qt or XIM does not find a daemon again that was killed"
 HELD = "IBus's daemon drops the word of Qt and XIM before they know that the focus is gone; the engine has it"
 ENDED = "xterm ends with an error of X when XIM's server was killed while one of its keys was there"
+HURRIED = "Qt takes IBus's answer to Tab, if it is there at once, before the word that the engine sent before it"
 LATE = "IBus's daemon hears of the next program's focus first and takes the word from a GTK program that is late"
 DISCARDED = "GNOME Shell in a window of X says itself that it has thrown a text or a key away"
 TWICE = "where Qt 6 announces that it puts the word in, Qt 5, which does not, looks the same to an engine"
@@ -118,9 +120,15 @@ class Typist:
         self.settle()
         way, number = self.random.choice(self.possible_ways())
         self.tally.doing("%d to %d by %s" % (self.stage.here, number, way))
+        word = self.model.marked()
         self.model.go(number, is_click=way == "click", held=self.holding(number), lost=self.losing(number),
                       astray=self.straying(number), twice=self.doubling(way))
-        self.stage.go(number, way)
+        try:
+            self.stage.go(number, way)
+        except windows.Failure:
+            if self.has_overtaken(way, word):
+                self.begin_anew(HURRIED)
+            raise
 
     def possible_ways(self):
         return [each for each in self.stage.ways() if self.may_go(*each)]
@@ -156,6 +164,11 @@ class Typist:
         """Why a word that is left so may stand in the other field as well."""
         is_doubled = self.stage.desk.name == "ibus" and self.stage.place.toolkit == "qt5" and way == "click"
         return TWICE if is_doubled and qt6_announces() else None
+
+    def has_overtaken(self, way, word):
+        """Whether Tab came to Qt before the word that it has put in, which is then in the field where Tab has led, too."""
+        is_twice = word and self.stage.place.text() == word and self.model.allows_but(self.stage.texts(), self.stage.here)
+        return self.is_qt_with_ibus and way == "Tab" and is_twice
 
     def change_engine(self):
         self.begin_word()
