@@ -68,7 +68,7 @@ InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment)
 }
 
 bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
-    if (isBeingReplaced_) {
+    if (isBeingReplaced_ && !takesNoInput()) {
         environment_.keysForReplacement.push_back({keysym, keyCode, state});
         return true;
     }
@@ -122,14 +122,15 @@ void InputContext::focusIn() {
 
 void InputContext::focusIn(const std::string& field, std::string client) {
     using Holder = DroppedTexts::Holder;
-    const std::string dropped =
-        droppedTexts_.enter(field, client == daemonItself ? Holder::daemon : Holder::field);
+    const Holder holder = client == daemonItself ? Holder::daemon : Holder::field;
+    const std::string dropped = droppedTexts_.enter(field, holder);
     client_.setName(std::move(client));
     updatePolicy();
     becomesActive();
     if (!dropped.empty())
         client_.insertText(dropped, VanokaInputController::noReplacement);
-    takeKeysForReplacement();
+    if (holder == Holder::field)
+        takeKeysForReplacement();
 }
 
 void InputContext::stays() {

@@ -128,6 +128,7 @@ class Stage:
             with self.holding("Alt_L"):
                 self.look()
                 self.press("Tab")
+            self.end_list(place)
         else:
             self.press(way)
         try:
@@ -139,6 +140,13 @@ class Stage:
         if way == "Tab" and place.text():
             wait_until(lambda: not place.is_at_end(), "Tab has selected all")
         self.go_to_end()
+
+    def end_list(self, place):
+        """A window manager that has come to Tab only after Alt went up shows its list until Alt goes up again."""
+        try:
+            wait_until(place.has_focus, "", patience=5)
+        except Failure:
+            self.press("Alt_L")
 
     def focus(self):
         """Who has it, in words."""
