@@ -23,6 +23,7 @@ ENDED = "xterm ends with an error of X when XIM's server was killed while one of
 HURRIED = "Qt takes IBus's answer to Tab, if it is there at once, before the word that the engine sent before it"
 LATE = "IBus's daemon hears of the next program's focus first and takes the word from a GTK program that is late"
 DISCARDED = "GNOME Shell in a window of X says itself that it has thrown a text or a key away"
+WAITING = "what Fcitx5's server for XIM sends to a window that is left may come only when the window has the focus again"
 TWICE = "where Qt 6 announces that it puts the word in, Qt 5, which does not, looks the same to an engine"
 
 
@@ -145,8 +146,11 @@ class Typist:
     def holding(self, number):
         """Why a word that is left so may not be there before its program has the focus again."""
         here, there = self.stage.place, self.stage.places[number]
-        is_dropped = here.toolkit[:2] in ("qt", "xi") and here.program != there.program
-        return HELD if self.stage.desk.name == "ibus" and is_dropped else None
+        if here.program == there.program:
+            return None
+        if self.stage.desk.name == "ibus":
+            return HELD if here.toolkit[:2] in ("qt", "xi") else None
+        return WAITING if here.toolkit == "xim" else None
 
     def losing(self, number):
         """Why a word that is left so may not be there at all."""
