@@ -80,7 +80,9 @@ public:
           stored_("/nowhere/vanoka"),
           files_(process().folder.path()),
           suggestions_(files_, [] {}),
-          environment_{settings_, stored_, suggestions_, kind.versions, [](auto) {}, [] {}, {}},
+          environment_{settings_,           stored_,     suggestions_,
+                       kind.versions,       [](auto) {}, [] {},
+                       [] { return true; }, {},          {}},
           places_{Place((settings_.replace(customization), settings_.transliterator())),
                   Place(settings_.transliterator())} {
         Suggestions& inForce = suggestions_.inForce();
@@ -116,6 +118,8 @@ public:
             return choose(input.byte());
         case 6:
             return moveHighlight(input.byte());
+        case 7:
+            return beginWithFirstEngine(input);
         default:
             return press(input);
         }
@@ -170,6 +174,23 @@ private:
         engine_->focusIn("/fake", "fake");
         engine_->focusOut("/fake");
         focusIn(to);
+    }
+
+    /// A daemon has come that tells its first engine no client, and makes another after some keys.
+    void beginWithFirstEngine(fuzz::Input& input) {
+        place().model.end(line());
+        sequences_.end();
+        loseMarkedText(kind_.putsIn == PutsIn::both, true);
+        told_.line = {};
+        engine_->focusOut(path());
+        isPassword_ = false;
+        engine_.emplace(*process().engine, environment_);
+        engine_->focusIn();
+        for (int keys = suggestions_.inForce().areOn ? 0 : input.byte() % 8; keys > 0; --keys)
+            press(input);
+        engine_->focusOut(path());
+        engine_.emplace(*process().engine, environment_);
+        focusIn(active_);
     }
 
     /// Another field says that it has the focus before this one has said anything.

@@ -126,6 +126,11 @@ void showSuggestionsInAllEngines() {
         context->showSuggestions();
 }
 
+void keepAllEngines() {
+    for (InputContext* context : contexts())
+        context->stays();
+}
+
 void finishAllEngines() {
     for (InputContext* context : contexts())
         context->finish();

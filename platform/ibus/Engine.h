@@ -15,6 +15,9 @@ IBusEngine* newEngine(const char* name, const char* path, GDBusConnection* conne
 /// Suggestions are other ones than before, or the user's choices about them are.
 void showSuggestionsInAllEngines();
 
+/// The daemon makes no other engine in the place of one of them.
+void keepAllEngines();
+
 /// Ends the compositions of all engines: the process is about to end.
 void finishAllEngines();
 

@@ -68,6 +68,10 @@ InputContext::InputContext(IBusEngine& engine, EngineEnvironment& environment)
 }
 
 bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
+    if (isBeingReplaced_ && !takesNoInput()) {
+        environment_.keysForReplacement.push_back({keysym, keyCode, state});
+        return true;
+    }
     const bool isConsumed = answers(keysym, keyCode, state);
     updateCandidatesLater();
     return isConsumed;
@@ -113,17 +117,33 @@ void InputContext::disable() {
 
 void InputContext::focusIn() {
     becomesActive();
+    isBeingReplaced_ = environment_.replaceEngine();
 }
 
 void InputContext::focusIn(const std::string& field, std::string client) {
     using Holder = DroppedTexts::Holder;
-    const std::string dropped =
-        droppedTexts_.enter(field, client == daemonItself ? Holder::daemon : Holder::field);
+    const Holder holder = client == daemonItself ? Holder::daemon : Holder::field;
+    const std::string dropped = droppedTexts_.enter(field, holder);
     client_.setName(std::move(client));
     updatePolicy();
     becomesActive();
     if (!dropped.empty())
         client_.insertText(dropped, VanokaInputController::noReplacement);
+    if (holder == Holder::field)
+        takeKeysForReplacement();
+}
+
+void InputContext::stays() {
+    if (isBeingReplaced_)
+        takeKeysForReplacement();
+}
+
+/// They have been answered as consumed, so those that are not go back.
+void InputContext::takeKeysForReplacement() {
+    isBeingReplaced_ = false;
+    for (const auto& [keysym, keyCode, state] : std::exchange(environment_.keysForReplacement, {}))
+        if (!processKeyEvent(keysym, keyCode, state))
+            ibus_engine_forward_key_event(&engine_, keysym, keyCode, state);
 }
 
 void InputContext::focusOut() {

@@ -11,8 +11,14 @@
 #include <functional>
 #include <ibus.h>
 #include <string>
+#include <vector>
 
 namespace vanoka::ibus {
+
+/// A key as the daemon tells it.
+struct PressedKey {
+    guint keysym, keyCode, state;
+};
 
 /// What all engines of the process share.
 struct EngineEnvironment {
@@ -22,6 +28,10 @@ struct EngineEnvironment {
     Versions versions;
     std::function<void(VanokaInputController::MenuAction)> activate; ///< of an entry of the menu
     std::function<void()> suggestionsChanged;                        ///< the user's choices, that is
+    /// Asks the daemon for another engine in place of the one that has the focus; false when it was asked
+    /// before. The one in whose place none comes hears `InputContext::stays`.
+    std::function<bool()> replaceEngine;
+    std::vector<PressedKey> keysForReplacement; ///< pressed since then
     DroppedTexts::Waiting droppedTexts;
 };
 
@@ -40,8 +50,9 @@ public:
     bool processKeyEvent(guint keysym, guint keyCode, guint state);
     void enable();
     void disable();
-    /// In what follows `field` is the path of the client's field on the bus, and `client` the client's name;
-    /// the daemon does not tell them to an engine that has just been made.
+    /// In what follows `field` is the path of the client's field on the bus, and `client` the client's name.
+    /// A daemon gives the first engine that it makes the focus before it has heard that this wants to know
+    /// them. The next one is told, so it has to make another, which gets the keys that are pressed meanwhile.
     void focusIn();
     void focusIn(const std::string& field, std::string client);
     void focusOut();
@@ -56,6 +67,8 @@ public:
     void cursorDown() { moveHighlight(1); }
     void clickCandidate(guint row);
 
+    /// The daemon makes no other engine in its place.
+    void stays();
     /// Suggestions are other ones than before, or the choices in the menu are.
     void showSuggestions();
     /// The process is about to end.
@@ -69,6 +82,7 @@ private:
     void commit();
     std::string forget();
     void becomesActive();
+    void takeKeysForReplacement();
     void updatePolicy();
     void showMenu();
     void moveHighlight(std::ptrdiff_t rows);
@@ -86,6 +100,7 @@ private:
     DroppedTexts droppedTexts_;
     ComposeSequence sequence_;
     guint purpose_ = IBUS_INPUT_PURPOSE_FREE_FORM;
+    bool isBeingReplaced_ = false;
     guint update_ = 0; ///< the source that finds and shows candidates; 0 for none
 };
 

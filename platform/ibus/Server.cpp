@@ -52,6 +52,8 @@ Server::Server(std::string connectionName)
                    installedVersions(),
                    activate,
                    showSuggestionsInAllEngines,
+                   [this] { return replaceEngine(); },
+                   {},
                    {}},
       loop_(g_main_loop_new(nullptr, FALSE)) {}
 
@@ -98,6 +100,18 @@ IBusEngine* Server::createEngine(const char* name) {
     return newEngine(name, path.c_str(), ibus_bus_get_connection(bus_), environment_);
 }
 
+/// Once, as a daemon that never tells an engine its clients would be asked for ever.
+bool Server::replaceEngine() {
+    if (std::exchange(hasReplacedEngine_, true))
+        return false;
+    const auto onAnswer = [](GObject* bus, GAsyncResult* answer, gpointer) {
+        if (!ibus_bus_set_global_engine_async_finish(IBUS_BUS(bus), answer, nullptr))
+            keepAllEngines();
+    };
+    ibus_bus_set_global_engine_async(bus_, Component::engineName, -1, nullptr, onAnswer, nullptr);
+    return true;
+}
+
 void Server::onConnected() {
     if (factory_)
         return;
@@ -110,6 +124,7 @@ void Server::onConnected() {
 void Server::onDisconnected() {
     withdrawEngine();
     environment_.droppedTexts.clear(); // the next daemon gives the paths of their fields to others
+    hasReplacedEngine_ = false;
     if (waiting_ == 0)
         waiting_ = g_timeout_add_seconds(patience, callServer<&Server::onWaitedLongEnough>, this);
 }

@@ -27,6 +27,7 @@ public:
 private:
     bool offerEngine();
     IBusEngine* createEngine(const char* name);
+    bool replaceEngine();
     void onConnected();
     void onDisconnected();
     gboolean onWaitedLongEnough();
@@ -43,6 +44,7 @@ private:
     IBusFactory* factory_ = nullptr;
     guint waiting_ = 0; // the source of the time-out, 0 when there is none
     int engineCount_ = 0;
+    bool hasReplacedEngine_ = false; // of this daemon
 };
 
 } // namespace vanoka::ibus

@@ -21,6 +21,10 @@ class Ending:
     def as_it_comes(self):
         return Ending(self.text + self.held) if self.held else self
 
+    def as_it_comes_elsewhere(self):
+        """Where a click may have put the caret."""
+        return [Ending(self.text[:at] + self.held + self.text[at:], CLICKED) for at in range(len(self.text)) if self.held]
+
     def is_as(self, text):
         if self.doubtful is None:
             return text == self.text
@@ -45,11 +49,13 @@ class Risk:
     is_raw: bool
 
 
+CLICKED = "a word that the engine held for a field goes where the click that gives the focus back puts the caret"
 RESET = "letters come before Return or BackSpace is back in the program, which resets the engine then"
 OVERTAKEN = "keys that are the program's came back to it later than others: toolkits ask asynchronously"
 OTHER_CASE = "keys that are the program's came back to it with the modifiers of another moment"
 COMPOSED = "the word that was being composed when the engine was killed"
 HELD_BY_KILLED = "a word that the engine held for a field without focus when it was killed"
+UNANSWERED = "the engine had shown a key, and was killed before it answered: the key came as it is, too"
 KEY_FIRST = "a key that was pressed while the engine died came before its word"
 
 

@@ -5,8 +5,8 @@ A key is named as a keyboard's: a letter, a digit, "space", "period", "BackSpace
 
 import dataclasses
 
-from endings import (COMPOSED, HELD_BY_KILLED, KEY_FIRST, OTHER_CASE, OVERTAKEN, RESET, Ending, Risk, is_in_other_case,
-                     is_overtaken)
+from endings import (COMPOSED, HELD_BY_KILLED, KEY_FIRST, OTHER_CASE, OVERTAKEN, RESET, UNANSWERED, Ending, Risk,
+                     is_in_other_case, is_overtaken, is_part)
 from reading import after_backspace
 
 PRINTED = {"space": " ", "period": ".", "comma": ",", "question": "?", "exclam": "!"}
@@ -90,12 +90,21 @@ class Model:
             self.row = 0
         elif key == "BackSpace":
             self.keys = after_backspace(self.read, self.keys)
-            self.broken = [(text, after_backspace(self.read, keys)) for text, keys in self.broken if keys]
+            self.broken = [self.taken_back(*each) for each in self.broken]
         else:
             self.put_word(self.keys, [text + keys for text, keys in self.broken])
 
+    def taken_back(self, text, keys):
+        """What BackSpace leaves of a word that was not composed as one: what is not composed is the program's."""
+        if keys:
+            return text, after_backspace(self.read, keys)
+        typed = self.controls[self.focus].get("BackSpace")
+        return text + typed if typed else text[:-1], ""
+
     def pass_on(self, key):
         """What the program does with a key."""
+        if self.broken:
+            self.put_word("", [text + self.read(keys) for text, keys in self.broken])
         self.risk = None
         typed = self.controls[self.focus].get(key, printed(key))
         if self.is_ours and key in ("BackSpace", "Return") and not typed:
@@ -122,15 +131,21 @@ class Model:
 
     # What others do.
 
-    def go(self, field, held=None, astray=None, twice=None):
-        """To another field. `held` tells why the word that is left may not be there before the focus comes back, `astray`
-        why the first key there may not be composed, `twice` why the word may be there, too."""
+    def go(self, field, is_click=False, held=None, lost=None, astray=None, twice=None):
+        """To another field, by a click, which puts the caret anywhere, or by a key. `held` tells why the word that is left
+        may not be there before the focus comes back, `lost` why it may not be there at all, `astray` why the first key
+        there may not be composed, `twice` why the word may be there, too."""
         before, word = self.allowed[self.focus], self.marked()
         self.put_marked()
         if held and word:
             self.allowed[self.focus] += [dataclasses.replace(each, reason=held, held=word) for each in before]
+        if lost and word:
+            self.allowed[self.focus] += [dataclasses.replace(each, reason=lost) for each in before]
         self.focus, self.risk = field, Risk(astray, is_raw=True) if astray else None
-        self.allowed[field] = list(dict.fromkeys([each.as_it_comes() for each in self.allowed[field]] + self.allowed[field]))
+        came = [each.as_it_comes() for each in self.allowed[field]]
+        if is_click:
+            came += [elsewhere for each in self.allowed[field] for elsewhere in each.as_it_comes_elsewhere()]
+        self.allowed[field] = list(dict.fromkeys(came + self.allowed[field]))
         if twice and word:
             self.allowed[field] += [dataclasses.replace(each.with_more(word), reason=twice) for each in self.allowed[field]]
 
@@ -153,16 +168,19 @@ class Model:
         word = self.keys
         endings = [ending for count in range(len(word), len(word) - typed_late - 1, -1)
                    for ending in self.endings_of_kill(word[:count], word[count:])]
+        endings += [Ending(text, UNANSWERED) for count in range(len(word), len(word) - typed_late, -1)
+                    for text in (self.read(word[:count]) + word[count - 1:], word[count - 1:] + self.read(word[:count]))]
         self.keys, self.row, self.is_ours, self.is_dead = "", 0, False, True
         self.allowed = [[*allowed, *(Ending(each.text, HELD_BY_KILLED) for each in allowed if each.held)]
                         for allowed in self.allowed]
         self.passed[self.focus] += word[len(word) - typed_late:]
-        before, shown = self.allowed[self.focus], self.read(word[:len(word) - typed_late])
+        before = self.allowed[self.focus]
         self.allowed[self.focus] = [Ending(each.text + ending.text, each.reason or ending.reason)
                                     for each in before for ending in endings]
         if deaf:
-            self.allowed[self.focus] += [Ending(each.text + text, deaf, doubtful=word[len(word) - typed_late:])
-                                         for each in before for text in ("", shown)]
+            self.allowed[self.focus] += [Ending(each.text + text, deaf, doubtful=word[count:])
+                                         for each in before for count in range(len(word), len(word) - typed_late - 1, -1)
+                                         for text in ("", self.read(word[:count]))]
 
     def endings_of_kill(self, keys, late):
         shown = self.read(keys)
@@ -188,6 +206,14 @@ class Model:
 
     def allows(self, texts):
         return all(self.found(field, text) for field, text in enumerate(texts))
+
+    def allows_but(self, texts, but):
+        """Whether nothing is wrong with the texts, one aside."""
+        return all(field == but or self.found(field, text) for field, text in enumerate(texts))
+
+    def lacks(self, texts):
+        """Whether nothing is wrong with the texts but that something is missing."""
+        return all(any(is_part(text, each.text) for each in self.allowed[field]) for field, text in enumerate(texts))
 
     def see(self, texts):
         """Compares with what the fields hold, goes on from there, and returns (field, endings, found) for each that is

@@ -4,7 +4,7 @@
 import sys
 import unittest
 
-from endings import OTHER_CASE, OVERTAKEN, Ending
+from endings import CLICKED, OTHER_CASE, OVERTAKEN, Ending
 from model import Model
 from reading import Reading
 
@@ -81,6 +81,37 @@ class ModelTest(unittest.TestCase):
         self.press(*"ma", "period")
         self.assertEqual((self.texts(), self.texts(1)), ([KA], [MA + "."]))
 
+    def test_what_was_not_composed_of_a_word_that_is_taken_back_is_the_programs(self):
+        for keys, left in (("aa", ["\x7f", "a\x7f"]), ("kam", [KA + MA, "k\u0d85" + MA])):
+            self.setUp()
+            self.model.go(1, astray="why")
+            self.press(*keys, *["BackSpace"] * (2 if keys == "aa" else 1), *"ma", "space")
+            self.assertEqual(self.texts(1), [text + MA + " " for text in left], keys)
+
+    def test_a_held_word_goes_where_a_click_puts_the_caret(self):
+        self.press(*"ma", "space", *"ka")
+        self.model.go(1, held="why")
+        self.model.see([MA + " ", ""])
+        self.model.go(0, is_click=True)
+        for text, is_allowed in ((MA + " " + KA, True), (MA + KA + " ", True), (KA + MA + " ", True), (MA + KA, False)):
+            self.assertEqual(self.model.allows([text, ""]), is_allowed, text)
+        self.assertEqual(self.model.see([MA + KA + " ", ""]), ([], [CLICKED]))
+
+    def test_texts_lack_something_where_nothing_else_is_wrong(self):
+        self.press(*"ma", "space", *"ka", "space")
+        for text, is_lacking in ((MA + " ", True), (KA + " ", True), (KA + " " + MA + " ", False), (MA + MA + " ", False)):
+            self.assertEqual(self.model.lacks([text, ""]), is_lacking, text)
+        self.assertFalse(self.model.lacks(["", KA]))
+
+    def test_a_word_that_is_left_may_be_lost_for_a_reason(self):
+        self.press(*"ma", "space", *"ka")
+        self.model.go(1, lost="why")
+        self.press(*"ma", "space")
+        self.assertEqual(self.model.see([MA + " ", MA + " "]), ([], ["why"]))
+        self.model.go(0)
+        self.press("1")
+        self.assertEqual(self.texts(), [MA + " 1"])
+
     def test_a_word_that_may_be_lost_is_allowed_to_be_with_its_reason(self):
         self.press(*"ka")
         self.model.choose(False, lost="why")
@@ -102,7 +133,7 @@ class ModelTest(unittest.TestCase):
     def test_keys_that_came_after_a_kill_come_as_they_are(self):
         self.press(*"kaa")
         self.model.kill(typed_late=1)
-        self.assertEqual(self.texts(), [KA + "\u0dcf", "", KA + "a", "a", "a" + KA])
+        self.assertEqual(self.texts(), [KA + "\u0dcf", "", KA + "a", "a", "a" + KA, KA + "\u0dcfa", "a" + KA + "\u0dcf"])
 
     def test_a_field_may_be_deaf_until_the_engine_is_chosen_again(self):
         self.press(*"ma", "space")

@@ -4,6 +4,9 @@ import windows
 from windows import wait_until
 
 
+ERROR_OF_X = 83  # xterm's exit status
+
+
 class Place:
     """A field: its text, and, where its program tells them, its marked text and whether a key goes to its end."""
 
@@ -11,6 +14,10 @@ class Place:
     is_watched = True
     toolkit = "xim"
     program = 0
+
+    def has_ended(self):
+        """Whether its program has ended in a way that is known."""
+        return False
 
 
 class FieldPlace(Place):
@@ -76,6 +83,9 @@ class XtermPlace(Place):
 
     def empty(self, _):
         self.before += len(self.text())
+
+    def has_ended(self):
+        return self.terminal.process.poll() == ERROR_OF_X
 
     def close(self):
         self.terminal.close()

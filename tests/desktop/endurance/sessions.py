@@ -1,5 +1,6 @@
 """The sessions in which a typist sits: X11 with a window manager, and the compositors that hand text on."""
 
+import re
 import time
 
 import compositors
@@ -14,6 +15,16 @@ class GnomeByHand(compositors.Gnome):
     """The engine is changed as a person does it, by Super and Space."""
 
     has_own_shortcut = True
+
+    def command(self):
+        self.log = self.folder + "/shell"
+        return ["sh", "-c", 'exec "$@" 2>"$0"', self.log, *super().command()]
+
+    def discarded(self):
+        """What the shell says that it has thrown away: texts and marked texts that came from the engine, and keys for
+        which the daemon has an error instead of an answer."""
+        with open(self.log, encoding="utf-8", errors="replace") as file:
+            return len(re.findall("Event does not have a stage: discarding|Error processing key on IM", file.read()))
 
     def choose_ours(self):
         def is_ours():

@@ -29,6 +29,7 @@ class Stage:
         self.desk = desk
         self.client = client
         self.programs = None
+        self.discarded_before = self.discarded()
         self.open()
 
     def open(self):
@@ -84,9 +85,17 @@ class Stage:
             wait_until(lambda: self.is_as(model), "")
         except Failure:
             return False
+        self.discarded_before = self.discarded()
         if not self.place.is_watched and model.keys:
             time.sleep(UNSEEN)
         return True
+
+    def discarded(self):
+        return self.desk.discarded() if hasattr(self.desk, "discarded") else 0
+
+    def has_discarded(self, model):
+        """Whether the compositor has thrown texts away since all was where it belongs, and nothing else is wrong."""
+        return self.discarded() > self.discarded_before and model.lacks(self.texts())
 
     def is_as(self, model):
         is_shown = not self.place.is_watched or model.is_dead or self.place.marked() in model.marks()
@@ -119,14 +128,31 @@ class Stage:
             with self.holding("Alt_L"):
                 self.look()
                 self.press("Tab")
+            self.end_list(place)
         else:
             self.press(way)
-        wait_until(place.has_focus, "%s gives the focus to field %d" % (way, number))
+        try:
+            wait_until(place.has_focus, "")
+        except Failure:
+            raise Failure("%s does not give the focus to field %d; %s" % (way, number, self.focus())) from None
         self.here = number
         self.visited = [*self.visited[-50:], number]
         if way == "Tab" and place.text():
             wait_until(lambda: not place.is_at_end(), "Tab has selected all")
         self.go_to_end()
+
+    def end_list(self, place):
+        """A window manager that has come to Tab only after Alt went up shows its list until Alt goes up again."""
+        try:
+            wait_until(place.has_focus, "", patience=5)
+        except Failure:
+            self.press("Alt_L")
+
+    def focus(self):
+        """Who has it, in words."""
+        title = self.desk.processes.output("xdotool", "getwindowfocus", "getwindowname")
+        return "%r has it, and of the fields %r" % (title, [number for number, place in enumerate(self.places)
+                                                            if place.has_focus()])
 
     def go_to_end(self):
         if not self.place.is_at_end():

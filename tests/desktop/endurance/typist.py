@@ -3,6 +3,7 @@
 import glob
 import pathlib
 
+import windows
 from model import Model
 from stage import NotFound
 
@@ -14,9 +15,15 @@ PASSED = [["space"], ["2", "0", "2", "6"], ["BackSpace"], ["Return"]]  # keys th
 DROPPED = "where Qt puts the word in unannounced, IBus's daemon drops it when a program changes the engine"
 TOGETHER = "GNOME Shell changes the engine before Qt has the answer to Super, when Space follows at once"
 DEAF = "keys that are pressed while IBus's daemon is not there do not come to Qt, nor the first ones to XIM"
+UNHEARD = "Qt drops keys for which IBus's daemon has an error instead of an answer, as it has not seen the engine die"
 ASTRAY = "Fcitx5's server for XIM does not get the first key after a change of windows"
 NOT_FOUND = "a program of Qt or XIM does not find a daemon again that was killed"
 HELD = "IBus's daemon drops the word of Qt and XIM before they know that the focus is gone; the engine has it"
+ENDED = "xterm ends with an error of X when XIM's server was killed while one of its keys was there"
+HURRIED = "Qt takes IBus's answer to Tab, if it is there at once, before the word that the engine sent before it"
+LATE = "IBus's daemon hears of the next program's focus first and takes the word from a GTK program that is late"
+DISCARDED = "GNOME Shell in a window of X says itself that it has thrown a text or a key away"
+WAITING = "what Fcitx5's server for XIM sends to a window that is left may come only when the window has the focus again"
 TWICE = "where Qt 6 announces that it puts the word in, Qt 5, which does not, looks the same to an engine"
 
 
@@ -114,8 +121,15 @@ class Typist:
         self.settle()
         way, number = self.random.choice(self.possible_ways())
         self.tally.doing("%d to %d by %s" % (self.stage.here, number, way))
-        self.model.go(number, held=self.holding(number), astray=self.straying(number), twice=self.doubling(way))
-        self.stage.go(number, way)
+        word = self.model.marked()
+        self.model.go(number, is_click=way == "click", held=self.holding(number), lost=self.losing(number),
+                      astray=self.straying(number), twice=self.doubling(way))
+        try:
+            self.stage.go(number, way)
+        except windows.Failure:
+            if self.has_overtaken(way, word):
+                self.begin_anew(HURRIED)
+            raise
 
     def possible_ways(self):
         return [each for each in self.stage.ways() if self.may_go(*each)]
@@ -132,8 +146,17 @@ class Typist:
     def holding(self, number):
         """Why a word that is left so may not be there before its program has the focus again."""
         here, there = self.stage.place, self.stage.places[number]
-        is_dropped = here.toolkit[:2] in ("qt", "xi") and here.program != there.program
-        return HELD if self.stage.desk.name == "ibus" and is_dropped else None
+        if here.program == there.program:
+            return None
+        if self.stage.desk.name == "ibus":
+            return HELD if here.toolkit[:2] in ("qt", "xi") else None
+        return WAITING if here.toolkit == "xim" else None
+
+    def losing(self, number):
+        """Why a word that is left so may not be there at all."""
+        here, there = self.stage.place, self.stage.places[number]
+        is_dropped = here.toolkit.startswith("gtk") and here.program != there.program
+        return LATE if self.stage.desk.name == "ibus" and is_dropped else None
 
     def straying(self, number):
         """Why the first key in another window may not be composed."""
@@ -145,6 +168,11 @@ class Typist:
         """Why a word that is left so may stand in the other field as well."""
         is_doubled = self.stage.desk.name == "ibus" and self.stage.place.toolkit == "qt5" and way == "click"
         return TWICE if is_doubled and qt6_announces() else None
+
+    def has_overtaken(self, way, word):
+        """Whether Tab came to Qt before the word that it has put in, which is then in the field where Tab has led, too."""
+        is_twice = word and self.stage.place.text() == word and self.model.allows_but(self.stage.texts(), self.stage.here)
+        return self.is_qt_with_ibus and way == "Tab" and is_twice
 
     def change_engine(self):
         self.begin_word()
@@ -167,12 +195,18 @@ class Typist:
         return TOGETHER if self.stage.has_own_shortcut else None if by_shortcut else DROPPED
 
     def kill_engine(self):
-        self.kill(self.stage.kill_engine)
+        self.kill(self.stage.kill_engine, UNHEARD if self.is_qt_with_ibus else None)
         self.revive()
 
     def kill_daemon(self):
         is_deaf = self.stage.desk.name == "ibus" and self.stage.place.toolkit[:2] in ("qt", "xi")
-        self.kill(self.stage.kill_daemon, DEAF if is_deaf else None)
+        try:
+            self.kill(self.stage.kill_daemon, DEAF if is_deaf else None)
+        except Lost:
+            if not self.stage.place.has_ended():
+                raise
+            self.stage.desk.start_daemon()
+            self.begin_anew(ENDED)
         self.stage.desk.start_daemon()
         self.revive()
         if any(place.toolkit == "xim" for place in self.stage.places if place is not self.stage.place):
@@ -201,8 +235,11 @@ class Typist:
         except NotFound:
             if not self.stage.place.toolkit.startswith(("xim", "qt")):
                 raise
-            self.tally.known[NOT_FOUND] += 1
-            raise Anew from None
+            self.begin_anew(ENDED if self.stage.place.has_ended() else NOT_FOUND)
+
+    def begin_anew(self, reason):
+        self.tally.known[reason] += 1
+        raise Anew
 
     def come_back(self):
         """A word is written until it is composed, and with suggestions one that only they make; then the field is empty."""
@@ -219,6 +256,8 @@ class Typist:
         """All that was pressed has come to where it belongs, as far as that can be seen."""
         self.write()
         if not self.stage.settle(self.model):
+            if self.stage.has_discarded(self.model):
+                self.begin_anew(DISCARDED)
             raise Lost
 
     def check(self):

@@ -1,6 +1,7 @@
 #include "FrameworkTest.h"
 #include "IBusFramework.h"
 #include "InstalledVersions.h"
+#include "Keysym.h"
 
 #include <array>
 #include <csignal>
@@ -29,6 +30,14 @@ protected:
         return IBus::newXim();
     }
 
+    /// By a crash.
+    void replaceDaemon() {
+        daemon.stop(SIGKILL);
+        ASSERT_TRUE(waitUntil([&] { return ibus_bus_is_connected(daemon.bus()) == FALSE; }));
+        daemon.start();
+        ASSERT_TRUE(waitUntil([&] { return ibus_bus_is_connected(daemon.bus()) != FALSE; }));
+    }
+
     IBusDaemon& daemon = IBusDaemon::shared();
     IBusField field{"test:editor"};
 };
@@ -53,7 +62,7 @@ TEST_F(EngineTest, AKeyThatBeginsAShortcutPutsTheWordInWhereNobodyElseWould) {
     constexpr guint superLeft = 0xFFEB, shiftLeft = 0xFFE1;
     const auto qt = newField("QIBusInputContext");
     qt->focusOut();
-    qt->focusIn(); // the daemon tells the name with every focus but the first
+    qt->focusIn();
     qt->type("ka");
     qt->press(shiftLeft, 0);
     qt->press(shiftLeft, IBUS_SHIFT_MASK | IBUS_RELEASE_MASK);
@@ -245,7 +254,6 @@ TEST_F(EngineTest, KeepsAWordThatTheDaemonTakesFromQtUntilQtHasTheFocusAgain) {
     const auto other = newField("test:other");
     other->focusOut();
     const auto qt = newField("QIBusInputContext");
-    qt->leaveAndReturn(); // the daemon tells the name with every focus but the first
     qt->type("ka");
     other->focusIn(); // at once, while Qt waits whether it is to have the focus again
     qt->focusOut();
@@ -261,13 +269,36 @@ TEST_F(EngineTest, KeepsAWordThatTheDaemonTakesFromQtUntilQtHasTheFocusAgain) {
     EXPECT_EQ(qt->field().text(), "\u0D9A1") << "and what Qt puts in is Qt's";
 }
 
+/// The first engine that a daemon makes is told its client as every other is.
+TEST_F(EngineTest, KeepsTheFirstWordOfADaemonThatTheDaemonDrops) {
+    replaceDaemon();
+    const auto to = std::make_unique<IBusField>("test:to");
+    to->focusOut();
+    const auto from = IBus::newXim();
+    from->type("ka");
+    to->focusIn();
+    from->focusOut(); // which the daemon is told too late
+    to->type("ma.");
+    EXPECT_EQ(to->field().screen(), "\u0DB8.");
+    to->leaveFor(*from);
+    EXPECT_TRUE(waitUntil([&] { return from->field().screen() == "\u0D9A"; })) << from->field().screen();
+}
+
+TEST_F(EngineTest, TheFirstKeysOfADaemonComeOnceAndInOrder) {
+    replaceDaemon();
+    const auto first = newField("test:first");
+    const std::string_view keys = "1ka2.kama ";
+    for (const char key : keys)
+        first->pressAtOnce(Keysym::keyEvent(static_cast<guint>(key), 0, static_cast<guint>(key)));
+    ASSERT_TRUE(first->waitUntilFinished(keys.size()));
+    EXPECT_TRUE(waitUntil([&] { return first->field().screen() == "1\u0D9A2.\u0D9A\u0DB8 "; }))
+        << first->field().screen();
+}
+
 TEST_F(EngineTest, ServesTheDaemonThatComesAfterACrash) {
     const auto process = daemon.engineProcess();
     ASSERT_TRUE(process.has_value());
-    daemon.stop(SIGKILL);
-    ASSERT_TRUE(waitUntil([&] { return ibus_bus_is_connected(daemon.bus()) == FALSE; }));
-    daemon.start();
-    ASSERT_TRUE(waitUntil([&] { return ibus_bus_is_connected(daemon.bus()) != FALSE; }));
+    replaceDaemon();
     const auto after = newField("test:after");
     after->type("ka.");
     EXPECT_EQ(after->field().screen(), "\u0D9A.");
@@ -284,15 +315,11 @@ TEST_F(EngineTest, KeepsNoWordForTheFieldThatHasItsNameWithTheNextDaemon) {
     field.focusIn();
     from->focusOut(); // which the daemon is told too late
     field.type("ma.");
-    daemon.stop(SIGKILL);
-    ASSERT_TRUE(waitUntil([&] { return ibus_bus_is_connected(daemon.bus()) == FALSE; }));
-    daemon.start();
-    ASSERT_TRUE(waitUntil([&] { return ibus_bus_is_connected(daemon.bus()) != FALSE; }));
+    replaceDaemon();
     std::unique_ptr<IBusField> after;
     while (!after || pathOf(*after) != path)
         after = std::make_unique<IBusField>("xim");
     ASSERT_TRUE(after->choose(ourEngine));
-    after->leaveAndReturn(); // the daemon tells the path with every focus but the first
     after->type("1");
     EXPECT_EQ(after->field().text(), "1");
 }

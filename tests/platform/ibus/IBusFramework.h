@@ -27,11 +27,9 @@ struct IBus {
         return {[] { return newField("test:editor"); },
                 [] { return std::make_unique<IBusField>("test:editor", IBusField::Commits::field); }, newXim};
     }
-    /// A field that the engine knows to be XIM's: the daemon tells the name with every focus but the first.
     static std::unique_ptr<IBusField> newXim() {
         auto made = std::make_unique<IBusField>("xim");
         EXPECT_TRUE(made->choose(ourEngine));
-        made->leaveAndReturn();
         return made;
     }
     static bool choose(RemoteField& field, const char* name) {
