@@ -15,7 +15,7 @@ IBusEngine* newEngine(const char* name, const char* path, GDBusConnection* conne
 /// Suggestions are other ones than before, or the user's choices about them are.
 void showSuggestionsInAllEngines();
 
-/// The daemon makes no other engine in the place of one of them.
+/// The daemon makes no other engine in the place of one of them any more.
 void keepAllEngines();
 
 /// Ends the compositions of all engines: the process is about to end.

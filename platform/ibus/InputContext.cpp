@@ -118,6 +118,8 @@ void InputContext::disable() {
 void InputContext::focusIn() {
     becomesActive();
     isBeingReplaced_ = environment_.replaceEngine();
+    if (!isBeingReplaced_)
+        takeKeysForReplacement();
 }
 
 void InputContext::focusIn(const std::string& field, std::string client) {

@@ -67,7 +67,7 @@ public:
     void cursorDown() { moveHighlight(1); }
     void clickCandidate(guint row);
 
-    /// The daemon makes no other engine in its place.
+    /// The daemon makes no other engine in its place any more.
     void stays();
     /// Suggestions are other ones than before, or the choices in the menu are.
     void showSuggestions();

@@ -16,7 +16,8 @@ namespace vanoka::ibus {
 
 namespace {
 
-constexpr guint patience = 10; // for another daemon, in seconds
+constexpr guint patience = 10;            // for another daemon, in seconds
+constexpr gint longestReplacement = 1000; // of an engine, in milliseconds, which takes some
 
 /// A program of its own, so that no window toolkit is ever loaded here. It says itself why it cannot start.
 void activate(VanokaInputController::MenuAction action) {
@@ -100,15 +101,18 @@ IBusEngine* Server::createEngine(const char* name) {
     return newEngine(name, path.c_str(), ibus_bus_get_connection(bus_), environment_);
 }
 
-/// Once, as a daemon that never tells an engine its clients would be asked for ever.
+/// Once, as a daemon that never tells an engine its clients would be asked for ever. When it has answered,
+/// another engine has got the focus already, or none will: whatever it answered, and if it does not in time,
+/// no key waits any longer.
 bool Server::replaceEngine() {
     if (std::exchange(hasReplacedEngine_, true))
         return false;
     const auto onAnswer = [](GObject* bus, GAsyncResult* answer, gpointer) {
-        if (!ibus_bus_set_global_engine_async_finish(IBUS_BUS(bus), answer, nullptr))
-            keepAllEngines();
+        ibus_bus_set_global_engine_async_finish(IBUS_BUS(bus), answer, nullptr);
+        keepAllEngines();
     };
-    ibus_bus_set_global_engine_async(bus_, Component::engineName, -1, nullptr, onAnswer, nullptr);
+    ibus_bus_set_global_engine_async(bus_, Component::engineName, longestReplacement, nullptr, onAnswer,
+                                     nullptr);
     return true;
 }
 
