@@ -9,6 +9,9 @@
 //     VANOKA_FAULT_MEMORY counts and fails what asks for memory instead
 //
 // A line of the log: number, name, result, what it was about; bytes in hexadecimal.
+//
+// Not seen: what the C library asks by itself, such as the reads and writes of its streams getrandom, and
+// whatever a program asks without that library. Of fcntl only locks count, of mmap only files.
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
@@ -302,6 +305,10 @@ int mkostemp(char* path, int flags) {
 DIR* opendir(const char* path) {
     return attempt<DIR*>("opendir", nullptr, path, [=] { return real<decltype(opendir)>("opendir")(path); });
 }
+dirent* readdir(DIR* folder) {
+    return attempt<dirent*>("readdir", nullptr, pathOf(dirfd(folder)),
+                            [=] { return real<decltype(readdir)>("readdir")(folder); });
+}
 
 ssize_t read(int file, void* bytes, std::size_t size) {
     return readFrom("read", file, bytes, size);
@@ -395,6 +402,10 @@ int fchmod(int file, mode_t mode) {
     return attempt("fchmod", -1, text(file),
                    [=] { return static_cast<int>(syscall(SYS_fchmod, file, mode)); });
 }
+int fchown(int file, uid_t user, gid_t group) {
+    return attempt("fchown", -1, text(file),
+                   [=] { return static_cast<int>(syscall(SYS_fchown, file, user, group)); });
+}
 int access(const char* path, int mode) {
     return attempt("access", -1, path,
                    [=] { return static_cast<int>(syscall(SYS_faccessat, AT_FDCWD, path, mode)); });
@@ -428,6 +439,7 @@ int fstat64(int file, struct stat64* status) {
 
 // Offsets have one size here, so that the calls with two names are one each.
 int open64(const char* path, int flags, ...) __attribute__((alias("open")));
+dirent64* readdir64(DIR* folder) __attribute__((alias("readdir")));
 int openat64(int folder, const char* path, int flags, ...) __attribute__((alias("openat")));
 int fcntl64(int file, int command, ...) __attribute__((alias("fcntl")));
 int mkostemp64(char* path, int flags) __attribute__((alias("mkostemp")));

@@ -36,13 +36,15 @@ std::size_t filesIn(const fs::path& folder) {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
 }
 
-/// No file can be opened while this lives, whoever asks.
+/// No more than so many files can be open at once while this lives, beside those that are, whoever asks.
 class NoMoreFiles {
 public:
-    NoMoreFiles() {
+    explicit NoMoreFiles(rlim_t more = 0) {
         ::getrlimit(RLIMIT_NOFILE, &before_);
-        const rlimit none = {0, before_.rlim_max};
-        ::setrlimit(RLIMIT_NOFILE, &none);
+        const int next = ::dup(STDERR_FILENO);
+        ::close(next);
+        const rlimit few = {static_cast<rlim_t>(next) + more, before_.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &few);
     }
     NoMoreFiles(const NoMoreFiles&) = delete;
     NoMoreFiles& operator=(const NoMoreFiles&) = delete;
@@ -172,7 +174,8 @@ TEST_F(FileUserDefaultsTest, WhatIsReadCanBeWrittenAndTheOtherWayRound) {
 
 TEST_F(FileUserDefaultsTest, TellHowAValueIsStored) {
     EXPECT_EQ(defaults.condition(storedName),
-              (UserDefaults::Condition{.location = file, .unreadable = {}, .unstored = {}, .setAside = {}}));
+              (UserDefaults::Condition{
+                  .location = file, .unreadable = {}, .unstored = {}, .unforced = {}, .setAside = {}}));
     fs::create_directories(file);
     defaults.data(storedName);
     EXPECT_EQ(defaults.condition(storedName).unreadable, "Is a directory");
@@ -193,8 +196,11 @@ TEST_F(FileUserDefaultsTest, NothingCanAlwaysBeStored) {
         EXPECT_NE(reason(), "");
         defaults.setData(storedName, std::nullopt);
         EXPECT_EQ(defaults.condition(storedName),
-                  (UserDefaults::Condition{
-                      .location = file, .unreadable = {}, .unstored = {}, .setAside = file.string() + kept}));
+                  (UserDefaults::Condition{.location = file,
+                                           .unreadable = {},
+                                           .unstored = {},
+                                           .unforced = {},
+                                           .setAside = file.string() + kept}));
         EXPECT_FALSE(fs::exists(file));
         EXPECT_TRUE(fs::exists(file.string() + kept));
         std::ofstream(file) << "";
@@ -343,6 +349,42 @@ TEST_F(FileUserDefaultsTest, AFileThatWasNeverReadIsNotWrittenOver) {
     EXPECT_EQ(defaults.data(storedName), "another's");
     defaults.setData(storedName, "three");
     EXPECT_EQ(contentsOf(file), "three") << "written over what was read";
+}
+
+/// The file itself can be opened, and then not the folder, whose names are to be forced to the disk.
+TEST_F(FileUserDefaultsTest, WhatALossOfPowerMayUndoIsStoredAndTold) {
+    defaults.setData(storedName, "good");
+    {
+        const NoMoreFiles limit(1);
+        defaults.setData(storedName, "one");
+    }
+    EXPECT_EQ(contentsOf(file), "one");
+    EXPECT_EQ(reason(), "");
+    EXPECT_EQ(defaults.condition(storedName).unforced, "Too many open files");
+    EXPECT_EQ(defaults.data(storedName), "one");
+    EXPECT_EQ(defaults.condition(storedName).unforced, "Too many open files") << "reading forces nothing";
+    defaults.setData(storedName, "two");
+    EXPECT_EQ(defaults.condition(storedName).unforced, "");
+    {
+        const NoMoreFiles limit(0);
+        defaults.setData(storedName, std::nullopt);
+    }
+    EXPECT_FALSE(fs::exists(file));
+    EXPECT_EQ(defaults.condition(storedName).unforced, "Too many open files");
+    FileUserDefaults(folder).setData(storedName, "another's");
+    EXPECT_EQ(defaults.data(storedName), "another's");
+    EXPECT_EQ(defaults.condition(storedName).unforced, "") << "which has forced all names";
+}
+
+/// Or what is stored in it would go with it, though it was forced to the disk.
+TEST_F(FileUserDefaultsTest, AFolderThatCannotBeForcedToTheDiskIsTakenAway) {
+    {
+        const NoMoreFiles limit;
+        EXPECT_EQ(AtomicFile::write(file, "one").error, std::errc::too_many_files_open);
+        EXPECT_FALSE(fs::exists(temporary.path() / "above"));
+    }
+    EXPECT_FALSE(AtomicFile::write(file, "one").error);
+    EXPECT_EQ(contentsOf(file), "one");
 }
 
 TEST_F(FileUserDefaultsTest, AFileThatOthersMayNotReadIsNotWrittenOver) {
