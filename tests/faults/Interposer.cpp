@@ -11,7 +11,8 @@
 // A line of the log: number, name, result, what it was about; bytes in hexadecimal.
 //
 // Not seen: what the C library asks by itself, such as the reads and writes of its streams getrandom, and
-// whatever a program asks without that library. Of fcntl only locks count, of mmap only files.
+// whatever a program asks without that library. Of fcntl only locks count, of mmap only files; and no
+// reads and writes by which a program's threads wake each other, which cannot fail.
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
@@ -151,10 +152,28 @@ std::string hexadecimal(const void* bytes, long size) {
     return text;
 }
 
+std::string text(int number) {
+    return std::to_string(number);
+}
+
+std::string pathOf(int file) {
+    std::string path(4096, '\0');
+    const auto size =
+        syscall(SYS_readlink, ("/proc/self/fd/" + std::to_string(file)).c_str(), path.data(), path.size());
+    path.resize(static_cast<std::size_t>(std::max(0L, size)));
+    return path;
+}
+
+bool wakesAThread(int file) {
+    return pathOf(file) == "anon_inode:[eventfd]";
+}
+
 /// Reading and writing, which may also stop half way.
 template <class Call>
-ssize_t transfer(const char* name, const std::string& about, const void* written, std::size_t size,
+ssize_t transfer(const char* name, int file, const std::string& about, const void* written, std::size_t size,
                  Call call) {
+    if (wakesAThread(file))
+        return call(size);
     const Turn turn = nextTurn(name);
     const bool isHalved = turn.isWrong && plan().halves;
     ssize_t result = -1;
@@ -166,18 +185,6 @@ ssize_t transfer(const char* name, const std::string& about, const void* written
         die();
     note(turn.number, name, result, about + '\t' + (written ? hexadecimal(written, result) : ""));
     return result;
-}
-
-std::string text(int number) {
-    return std::to_string(number);
-}
-
-std::string pathOf(int file) {
-    std::string path(4096, '\0');
-    const auto size =
-        syscall(SYS_readlink, ("/proc/self/fd/" + std::to_string(file)).c_str(), path.data(), path.size());
-    path.resize(static_cast<std::size_t>(std::max(0L, size)));
-    return path;
 }
 
 std::string at(int folder, const char* path) {
@@ -194,17 +201,17 @@ mode_t modeIn(int flags, std::va_list arguments) {
 }
 
 ssize_t readFrom(const char* name, int file, void* bytes, std::size_t size) {
-    return transfer(name, text(file), nullptr, size,
+    return transfer(name, file, text(file), nullptr, size,
                     [=](std::size_t count) { return syscall(SYS_read, file, bytes, count); });
 }
 
 ssize_t readAt(int file, void* bytes, std::size_t size, off_t offset) {
-    return transfer("pread", text(file), nullptr, size,
+    return transfer("pread", file, text(file), nullptr, size,
                     [=](std::size_t count) { return syscall(SYS_pread64, file, bytes, count, offset); });
 }
 
 ssize_t writeAt(int file, const void* bytes, std::size_t size, off_t offset) {
-    return transfer("pwrite", text(file) + '\t' + std::to_string(offset), bytes, size,
+    return transfer("pwrite", file, text(file) + '\t' + std::to_string(offset), bytes, size,
                     [=](std::size_t count) { return syscall(SYS_pwrite64, file, bytes, count, offset); });
 }
 
@@ -323,7 +330,7 @@ ssize_t __pread64_chk(int file, void* bytes, std::size_t size, off_t offset, std
     return readAt(file, bytes, size, offset);
 }
 ssize_t write(int file, const void* bytes, std::size_t size) {
-    return transfer("write", text(file), bytes, size,
+    return transfer("write", file, text(file), bytes, size,
                     [=](std::size_t count) { return syscall(SYS_write, file, bytes, count); });
 }
 ssize_t writev(int file, const iovec* parts, int count) {

@@ -93,7 +93,8 @@ class Home:
 def calls_in(log):
     if not log.exists():
         return []
-    fields = (line.split("\t") for line in log.read_text(encoding="utf-8", errors="replace").splitlines())
+    fields = [line.split("\t") for line in log.read_text(encoding="utf-8", errors="replace").splitlines()]
+    fields.sort(key=lambda each: int(each[0]))  # those of two threads may be written in another order
     return [Call(name, int(result), about) for _, name, result, *about in fields]
 
 

@@ -25,8 +25,8 @@ GEDARA, AMMA = "\u0d9c\u0dd9\u0daf\u0dbb", "\u0d85\u0db8\u0dca\u0db8"
 STATUSES = (0, 1, 2, 3)
 
 # What is said in other words than the system's where calls of these names fail in SQLite: it forgets the system's error
-# when it takes a transaction back, opens for reading alone what it cannot write, and takes any refusal of a lock for one
-# that another program has.
+# when it takes a transaction back, opens for reading alone what it cannot write, and takes any refusal of a lock for
+# one that another program has.
 OTHER_WORDS = {
     "disk I/O error": ("pread", "pwrite", "fdatasync", "ftruncate", "fcntl", "unlink", "stat"),
     "it cannot be opened for writing": ("open",),

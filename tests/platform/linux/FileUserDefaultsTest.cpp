@@ -1,5 +1,6 @@
 #include "FileUserDefaults.h"
 
+#include "AsNobody.h"
 #include "TemporaryFolder.h"
 #include "settings/SinglishSettings.h"
 
@@ -388,16 +389,16 @@ TEST_F(FileUserDefaultsTest, AFolderThatCannotBeForcedToTheDiskIsTakenAway) {
 }
 
 TEST_F(FileUserDefaultsTest, AFileThatOthersMayNotReadIsNotWrittenOver) {
-    FileUserDefaults(folder).setData(storedName, "good");
-    ASSERT_EQ(::chmod(file.c_str(), 0), 0);
-    if (::access(file.c_str(), R_OK) == 0)
-        GTEST_SKIP() << "root may read everything";
-    EXPECT_EQ(defaults.data(storedName), std::nullopt);
-    defaults.setData(storedName, "one");
-    EXPECT_EQ(reason(), "Permission denied");
-    EXPECT_EQ(defaults.data(storedName), "one");
-    ASSERT_EQ(::chmod(file.c_str(), 0600), 0);
-    EXPECT_EQ(contentsOf(file), "good");
+    test::asNobody(temporary.path(), [this] {
+        FileUserDefaults(folder).setData(storedName, "good");
+        ASSERT_EQ(::chmod(file.c_str(), 0), 0);
+        EXPECT_EQ(defaults.data(storedName), std::nullopt);
+        defaults.setData(storedName, "one");
+        EXPECT_EQ(reason(), "Permission denied");
+        EXPECT_EQ(defaults.data(storedName), "one");
+        ASSERT_EQ(::chmod(file.c_str(), 0600), 0);
+        EXPECT_EQ(contentsOf(file), "good");
+    });
 }
 
 TEST_F(FileUserDefaultsTest, WhatCouldNeverBeReadIsNoHindranceWhenItIsGone) {
@@ -452,14 +453,13 @@ TEST_F(FileUserDefaultsTest, ALinkToAFolderThatIsNotThereStaysALink) {
 TEST_F(FileUserDefaultsTest, ALinkOfAnotherUserIsReplaced) {
     if (::geteuid() != 0)
         GTEST_SKIP() << "only root can give links away";
-    constexpr uid_t nobody = 65534;
     const fs::path own = temporary.path() / "profile";
     std::ofstream(own) << "own";
     fs::create_directories(folder);
     for (const char* value : {"one", static_cast<const char*>(nullptr)}) {
         fs::remove(file);
         fs::create_symlink(own, file);
-        ASSERT_EQ(::lchown(file.c_str(), nobody, nobody), 0);
+        ASSERT_EQ(::lchown(file.c_str(), test::nobody, test::nobody), 0);
         defaults.setAside(storedName); // as for what is no document of keys
         defaults.setData(storedName, value ? std::optional<std::string>(value) : std::nullopt);
         EXPECT_FALSE(fs::is_symlink(file));
@@ -470,20 +470,20 @@ TEST_F(FileUserDefaultsTest, ALinkOfAnotherUserIsReplaced) {
 /// Where the folder belongs to somebody else, what is written there is this user's, and reason is given when
 /// nothing can be.
 TEST_F(FileUserDefaultsTest, AFolderThatLeadsToAnotherUsersIsNoTrap) {
-    const fs::path theirs = temporary.path() / "theirs";
-    fs::create_directories(theirs);
-    fs::create_directories(folder.parent_path());
-    fs::create_symlink(theirs, folder);
-    defaults.setData(storedName, "one");
-    EXPECT_EQ(modeOf(theirs / storedName), 0600U);
-    fs::permissions(theirs, fs::perms::owner_read | fs::perms::owner_exec);
-    if (::access(theirs.c_str(), W_OK) == 0)
-        GTEST_SKIP() << "root may write everywhere";
-    defaults.setData(storedName, "two");
-    EXPECT_EQ(reason(), "Permission denied");
-    EXPECT_EQ(defaults.data(storedName), "two") << "in force";
-    EXPECT_EQ(contentsOf(theirs / storedName), "one");
-    fs::permissions(theirs, fs::perms::owner_all);
+    test::asNobody(temporary.path(), [this] {
+        const fs::path theirs = temporary.path() / "theirs";
+        fs::create_directories(theirs);
+        fs::create_directories(folder.parent_path());
+        fs::create_symlink(theirs, folder);
+        defaults.setData(storedName, "one");
+        EXPECT_EQ(modeOf(theirs / storedName), 0600U);
+        fs::permissions(theirs, fs::perms::owner_read | fs::perms::owner_exec);
+        defaults.setData(storedName, "two");
+        EXPECT_EQ(reason(), "Permission denied");
+        EXPECT_EQ(defaults.data(storedName), "two") << "in force";
+        EXPECT_EQ(contentsOf(theirs / storedName), "one");
+        fs::permissions(theirs, fs::perms::owner_all);
+    });
 }
 
 TEST_F(FileUserDefaultsTest, LinksInACircleAreLeft) {
