@@ -320,12 +320,13 @@ Fault WordDatabase::faultOf(int result) const {
     }
 }
 
-/// Of the system. That there is no such file is what reading alone has said of one that writing makes.
+/// Of the system, which says that there is no such file when reading alone was tried of one that writing
+/// makes.
 std::string WordDatabase::lastErrorOf(int result) const {
     const int error = database_ ? sqlite3_system_errno(database_.get()) : 0;
-    if (error == ENOENT)
+    if (error == ENOENT && (result & 0xFF) == SQLITE_CANTOPEN)
         return whyItCannotBeWritten(path_);
-    return error != 0 ? std::generic_category().message(error) : sqlite3_errstr(result);
+    return error != 0 && error != ENOENT ? std::generic_category().message(error) : sqlite3_errstr(result);
 }
 
 template <class Steps>

@@ -67,7 +67,7 @@ TEST_F(WordStoreTroubleTest, ReadOnlyFilesAndFoldersKeepNobodyFromTyping) {
                       SqliteWordStore store(file);
                       store.learn(committed(amma));
                       return !store.flush(longEnough) && has(store, amma) &&
-                             !store.condition().problem.empty();
+                             store.condition().problem == "Permission denied";
                   }),
                   0)
             << folderMode;
