@@ -91,7 +91,7 @@ class Desktop:
     def end(self):
         """What it has said."""
         self.process.send_signal(signal.SIGTERM)
-        said = self.process.communicate()[1].decode()
+        said = self.process.communicate()[1].decode(errors="replace")
         wait_for(lambda: not self.is_there())
         return said
 

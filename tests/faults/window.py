@@ -42,7 +42,8 @@ class Desktop:
     def start(self, environment):
         """Whether it was drawn, its status, and what it has said."""
         environment = {**self.environment, **environment}
-        with subprocess.Popen([self.program], env=environment, stderr=subprocess.PIPE, text=True) as process:
+        with subprocess.Popen([self.program], env=environment, stderr=subprocess.PIPE, text=True,
+                              errors="replace") as process:
             said, is_drawn = [], False
             for line in process.stderr:
                 is_drawn = is_drawn or "rame rendered" in line

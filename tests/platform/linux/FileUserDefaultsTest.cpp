@@ -1,7 +1,7 @@
 #include "FileUserDefaults.h"
 
-#include "AsNobody.h"
 #include "TemporaryFolder.h"
+#include "WithoutPrivileges.h"
 #include "settings/SinglishSettings.h"
 
 #include <csignal>
@@ -389,7 +389,7 @@ TEST_F(FileUserDefaultsTest, AFolderThatCannotBeForcedToTheDiskIsTakenAway) {
 }
 
 TEST_F(FileUserDefaultsTest, AFileThatOthersMayNotReadIsNotWrittenOver) {
-    test::asNobody(temporary.path(), [this] {
+    test::withoutPrivileges([this] {
         FileUserDefaults(folder).setData(storedName, "good");
         ASSERT_EQ(::chmod(file.c_str(), 0), 0);
         EXPECT_EQ(defaults.data(storedName), std::nullopt);
@@ -470,7 +470,7 @@ TEST_F(FileUserDefaultsTest, ALinkOfAnotherUserIsReplaced) {
 /// Where the folder belongs to somebody else, what is written there is this user's, and reason is given when
 /// nothing can be.
 TEST_F(FileUserDefaultsTest, AFolderThatLeadsToAnotherUsersIsNoTrap) {
-    test::asNobody(temporary.path(), [this] {
+    test::withoutPrivileges([this] {
         const fs::path theirs = temporary.path() / "theirs";
         fs::create_directories(theirs);
         fs::create_directories(folder.parent_path());

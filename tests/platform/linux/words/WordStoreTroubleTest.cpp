@@ -1,7 +1,7 @@
 #include "SqliteWordStore.h"
 
-#include "AsNobody.h"
 #include "StoredWords.h"
+#include "WithoutPrivileges.h"
 
 #include <csignal>
 #include <gtest/gtest.h>
@@ -56,14 +56,11 @@ TEST_F(WordStoreTroubleTest, ReadOnlyFilesAndFoldersKeepNobodyFromTyping) {
     for (const mode_t folderMode : {0755U, 0555U}) {
         fs::remove_all(folder);
         ASSERT_FALSE(WordDatabase(file, longEnough).apply(test::learning(gama)));
-        ::chmod(temporary.path().c_str(), 0755);
         ::chmod(folder.c_str(), folderMode);
         ::chmod(file.c_str(), 0444);
-        ::chown(folder.c_str(), ::geteuid() == 0 && folderMode == 0755 ? nobody : ::geteuid(),
-                static_cast<gid_t>(-1));
         const std::string before = test::bytesOf(file);
         EXPECT_EQ(inAnotherProcess([&] {
-                      test::becomeNobody();
+                      test::dropPrivileges();
                       SqliteWordStore store(file);
                       store.learn(committed(amma));
                       return !store.flush(longEnough) && has(store, amma) &&
