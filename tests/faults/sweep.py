@@ -32,7 +32,7 @@ OTHER_WORDS = {
     "it cannot be opened for writing": ("open",),
     "another program keeps it locked, or the system gives no locks": ("fcntl",),
     "out of memory": ("malloc",),
-    "std::bad_alloc": ("malloc",),
+    "terminate called": ("malloc",),  # with no memory for a reason, now and then
 }
 
 
