@@ -73,7 +73,8 @@ class Home:
                             for name, value in faults.items()}
         done = subprocess.run([self.program, *arguments], input=given, env=environment, cwd=self.folder,
                               capture_output=True, timeout=PATIENCE, check=False)
-        return Outcome(done.returncode, done.stdout, done.stderr.decode(errors="replace"), calls_in(log) if faults else [])
+        errors = done.stderr.decode(errors="replace")
+        return Outcome(done.returncode, done.stdout, errors, calls_in(log) if faults else [])
 
     def keys(self):
         """The keys as the program itself reads them: a sorted list of (key, letter)."""
