@@ -25,8 +25,11 @@ std::string readingProblem(const SinglishSettings& settings) {
 
 std::string storingProblem(const SinglishSettings& settings) {
     const auto condition = settings.condition();
-    if (condition.unstored.empty())
+    if (condition.unstored.empty() && condition.unforced.empty())
         return {};
+    if (condition.unstored.empty())
+        return "A loss of power may undo your last change, which is stored" +
+               placed("in", condition.location) + condition.unforced + ".";
     return "Your keys could not be stored" + placed("in", condition.location) + condition.unstored +
            (condition.unreadable.empty() ? "." : wayOut);
 }

@@ -11,7 +11,7 @@ namespace vanoka::StoredKeys {
 /// Why the keys that are stored are not in force.
 std::string readingProblem(const SinglishSettings& settings);
 
-/// Why the keys in force are not stored.
+/// Why the keys in force are not stored, or not for good.
 std::string storingProblem(const SinglishSettings& settings);
 
 /// Where that is kept which could not be read and has made room for the keys in force.

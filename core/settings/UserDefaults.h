@@ -28,6 +28,7 @@ public:
         std::string location;   ///< where it is kept
         std::string unreadable; ///< why what stands there cannot be read
         std::string unstored;   ///< why the value in force is not what stands there
+        std::string unforced;   ///< why a loss of power may undo the last change, which stands there
         std::string setAside;   ///< where this process has put what stood there before
         friend bool operator==(const Condition&, const Condition&) = default;
     };

@@ -1,13 +1,13 @@
 #include "InstalledVersions.h"
 
+#include "AtomicFile.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdlib>
 #include <dlfcn.h>
-#include <fstream>
 #include <ibus.h>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -18,8 +18,9 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view announcement = "ClientCommitPreedit";
-constexpr int firstThatCommitsFirst = 528; // GTK 4's module puts the text in before it resets
-constexpr int firstWithThirdWay = 529;     // XIM's server asks asynchronously, and waits in its event loop
+constexpr std::size_t largestModule = 16UL * 1024 * 1024; // in bytes; it has a hundred thousand
+constexpr int firstThatCommitsFirst = 528;                // GTK 4's module puts the text in before it resets
+constexpr int firstWithThirdWay = 529; // XIM's server asks asynchronously, and waits in its event loop
 
 /// Where distributions keep Qt's module, Qt 6 before Qt 5: where both are there and differ, programs of
 /// today are served right.
@@ -39,12 +40,6 @@ fs::path libraryFile() {
     if (::dladdr(reinterpret_cast<const void*>(&ibus_init), &info) == 0 || !info.dli_fname)
         return {};
     return fs::canonical(info.dli_fname, error);
-}
-
-bool contains(const fs::path& path, std::string_view text) {
-    std::ifstream file(path, std::ios::binary);
-    const std::string bytes(std::istreambuf_iterator<char>(file), {});
-    return bytes.find(text) != std::string::npos;
 }
 
 Versions find() {
@@ -87,7 +82,10 @@ bool commitsUnannounced(std::span<const fs::path> modules) {
         std::error_code error;
         return fs::is_regular_file(path, error);
     });
-    return module != modules.end() && !contains(*module, announcement);
+    if (module == modules.end())
+        return false;
+    const auto bytes = AtomicFile::read(*module, largestModule).bytes;
+    return bytes && bytes->find(announcement) == std::string::npos;
 }
 
 } // namespace vanoka::ibus

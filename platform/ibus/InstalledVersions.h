@@ -21,7 +21,7 @@ std::optional<int> releaseOfLibrary(std::string_view fileName);
 bool ximWaits(const char* setting, int release);
 
 /// True when the first of these modules of Qt that exists does not know the property by which a client tells
-/// the daemon that it puts the marked text in itself. False when none exists.
+/// the daemon that it puts the marked text in itself. False when none exists, or it cannot be read.
 bool commitsUnannounced(std::span<const std::filesystem::path> modules);
 
 } // namespace vanoka::ibus

@@ -45,11 +45,12 @@ fs::path resolved(const fs::path& path) {
     return path;
 }
 
-/// Makes a name that was given or taken beside the file last. Not every file system can: no error.
-void syncFolderOf(const fs::path& file) {
+/// Makes names that were given or taken beside the file last. That not every file system can is no error.
+std::error_code forceFolderOf(const fs::path& file) {
     const Descriptor folder(::open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (folder.isOpen())
-        ::fsync(folder.number());
+    if (folder.isOpen() && (::fsync(folder.number()) == 0 || errno == EINVAL || errno == ENOTSUP))
+        return {};
+    return lastErrorUnlessAbsent();
 }
 
 /// "name.kept", or the first of "name.kept-2" and so on that nothing has.
@@ -71,8 +72,10 @@ std::error_code makeFolder(const fs::path& folder) {
         return error;
     if (::mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
         return lastError();
-    syncFolderOf(folder); // or the power takes it with all that was forced to the disk in it
-    return {};
+    const std::error_code unforced = forceFolderOf(folder);
+    if (unforced)
+        ::rmdir(folder.c_str()); // which fails, and rightly, when others have put something into it
+    return unforced;
 }
 
 Contents read(const fs::path& path, std::size_t most) {
@@ -105,25 +108,22 @@ Contents read(const fs::path& path, std::size_t most) {
     return {.bytes = std::move(bytes), .error = {}};
 }
 
-std::error_code write(const fs::path& path, std::string_view bytes) {
+Outcome write(const fs::path& path, std::string_view bytes) {
     const fs::path target = resolved(path);
     if (const auto error = makeFolder(target.parent_path()))
-        return error;
+        return {.error = error, .unforced = {}};
     UnfinishedFile::removeAbandoned(target);
     UnfinishedFile file(target);
-    const std::error_code error = file.finish(bytes);
-    if (!error)
-        syncFolderOf(target);
-    return error;
+    if (const auto error = file.finish(bytes))
+        return {.error = error, .unforced = {}};
+    return {.error = {}, .unforced = forceFolderOf(target)};
 }
 
-std::error_code remove(const fs::path& path) {
+Outcome remove(const fs::path& path) {
     const fs::path target = resolved(path);
     UnfinishedFile::removeAbandoned(target);
-    if (::unlink(target.c_str()) != 0)
-        return lastErrorUnlessAbsent();
-    syncFolderOf(target);
-    return {};
+    const auto error = ::unlink(target.c_str()) == 0 ? std::error_code() : lastErrorUnlessAbsent();
+    return {.error = error, .unforced = error ? std::error_code() : forceFolderOf(target)};
 }
 
 NewPlace setAside(const fs::path& path) {
@@ -131,7 +131,6 @@ NewPlace setAside(const fs::path& path) {
     const fs::path aside = freeNameBeside(target);
     if (::rename(target.c_str(), aside.c_str()) != 0)
         return {.path = {}, .error = lastErrorUnlessAbsent()};
-    syncFolderOf(target);
     return {.path = aside, .error = {}};
 }
 

@@ -15,7 +15,15 @@ struct Contents {
     std::error_code error;            ///< why what stands there could not be read
 };
 
-/// Makes the folder and those above it that are not there, for their owner only.
+/// What became of a change.
+struct Outcome {
+    std::error_code error;    ///< why it was not made; what stood there still stands
+    std::error_code unforced; ///< why a change that was made may be gone after a loss of power
+};
+
+/// Makes the folder and those above it that are not there, for their owner only. One whose name cannot be
+/// forced to the disk is taken away again, and that is an error: the power would take with it all that was
+/// forced to the disk in it.
 std::error_code makeFolder(const std::filesystem::path& folder);
 
 /// What the regular file at `path` holds. That there is none is no error; anything else at `path`, and a file
@@ -23,17 +31,17 @@ std::error_code makeFolder(const std::filesystem::path& folder);
 Contents read(const std::filesystem::path& path, std::size_t most);
 
 /// Puts a file with `bytes`, readable by its owner only, in the place of whatever stands at `path`, through a
-/// symbolic link if there is one, even to a file that is not there yet; makes the folders above it. On an
-/// error what stood there still stands. A link of another user (not of this one nor of the system) is
-/// replaced.
-std::error_code write(const std::filesystem::path& path, std::string_view bytes);
+/// symbolic link if there is one, even to a file that is not there yet; makes the folders above it. A link of
+/// another user (not of this one nor of the system) is replaced. The bytes are forced to the disk before,
+/// and the name after; a file system that cannot force names is none of `unforced`.
+Outcome write(const std::filesystem::path& path, std::string_view bytes);
 
 /// Removes the file at `path`, or the one behind a symbolic link, which stays. That there is none is no
 /// error.
-std::error_code remove(const std::filesystem::path& path);
+Outcome remove(const std::filesystem::path& path);
 
 /// Gives whatever stands at `path`, or behind a symbolic link there, another name beside it, so that the
-/// place is free and nothing is lost.
+/// place is free and nothing is lost. What is written or removed there afterwards forces this to the disk.
 struct NewPlace {
     std::filesystem::path path; ///< empty when nothing stood there, and after an error
     std::error_code error;

@@ -104,6 +104,8 @@ UserDefaults::Condition FileUserDefaults::condition(std::string_view name) const
         condition.unreadable = last->second.error.message();
     if (const auto unsaved = unsaved_.find(name); unsaved != unsaved_.end())
         condition.unstored = unsaved->second.reason;
+    if (const auto last = unforced_.find(name); last != unforced_.end() && last->second)
+        condition.unforced = last->second.message();
     if (const auto moved = setAside_.find(name); moved != setAside_.end())
         condition.setAside = moved->second;
     return condition;
@@ -126,6 +128,8 @@ std::optional<std::string> FileUserDefaults::given(std::string_view name,
     if (const auto mark = toSetAside_.find(name); mark != toSetAside_.end())
         toSetAside_.erase(mark); // it was for what stood there before
     AtomicFile::Contents& last = seen(name, contents);
+    if (!contents.error && contents.bytes != last.bytes)
+        unforced_.erase(std::string(name)); // whoever has written since has forced this, too
     if (!contents.error)
         last = contents;
     return last.bytes;
@@ -161,8 +165,11 @@ std::string FileUserDefaults::store(std::string_view name, const std::optional<s
         setAside_.insert_or_assign(*mark, moved.path.string());
         toSetAside_.erase(mark);
     }
-    const auto error = value ? AtomicFile::write(pathOf(name), *value) : AtomicFile::remove(pathOf(name));
-    return error ? error.message() : std::string();
+    const auto done = value ? AtomicFile::write(pathOf(name), *value) : AtomicFile::remove(pathOf(name));
+    if (done.error)
+        return done.error.message();
+    unforced_[std::string(name)] = done.unforced;
+    return {};
 }
 
 } // namespace vanoka

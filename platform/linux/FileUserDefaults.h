@@ -21,7 +21,9 @@ namespace vanoka {
 /// reader, or a crash at any instant, finds either the old value or the new one.
 ///
 /// A value that cannot be stored (a full disk, a read-only home) stays in force in this process until it can
-/// be or until somebody else changes the file; what the file held before stays in it.
+/// be or until somebody else changes the file; what the file held before stays in it. One that is in its
+/// place and whose name could not be forced to the disk is stored, and `condition` tells that it may not
+/// last.
 ///
 /// While a file is there and cannot be read, the value last read or written counts. One that this object
 /// could never read is not written over: nobody has seen what would be lost. An edit stays in force in this
@@ -70,6 +72,7 @@ private:
     std::weak_ptr<FolderLock> lock_;                                ///< while an edit is made
     std::map<std::string, AtomicFile::Contents, std::less<>> last_; ///< as handed out or written
     std::map<std::string, Unsaved, std::less<>> unsaved_;
+    std::map<std::string, std::error_code, std::less<>> unforced_; ///< why what was written may be gone
     std::set<std::string, std::less<>> toSetAside_;            ///< names whose file must not be written over
     std::map<std::string, std::string, std::less<>> setAside_; ///< the files that were
 };

@@ -40,6 +40,17 @@ TEST_F(StoredKeysTest, AReasonIsSaidWithThePlaceAndTheWayOut) {
               "Your keys could not be stored: No space left on device.");
 }
 
+TEST_F(StoredKeysTest, WhatMayNotLastIsToldAsStored) {
+    defaults.said.unforced = "Input/output error";
+    EXPECT_EQ(
+        StoredKeys::storingProblem(settings),
+        "A loss of power may undo your last change, which is stored in /home/keys: Input/output error.");
+    EXPECT_EQ(StoredKeys::readingProblem(settings), "");
+    defaults.said.unstored = "No space left on device";
+    EXPECT_EQ(StoredKeys::storingProblem(settings),
+              "Your keys could not be stored in /home/keys: No space left on device.");
+}
+
 TEST_F(StoredKeysTest, DamageIsSaidUntilTheNextEdit) {
     defaults.setData(SinglishSettings::storedName, "{");
     settings.reloadIfChanged();

@@ -1,8 +1,10 @@
 #!/usr/bin/python3
 """Makes each call of the engine's start fail, one after the other: engine.py LIBRARY VANOKA DESCRIPTION.
 
-In a real daemon. After each failure somebody types: either the word comes, or the engine has stopped and said why, and
-the next one types it. Needs IBus for Python.
+In a real daemon, with keys of the user's own, suggestions on, lists, and words learnt. After each failure somebody
+types: either the word comes, or the engine has stopped in its own words, and the next one types it. What is stored is
+as it was. It is not killed: of so many kills one ends the daemon of IBus 1.5.27, by an assertion of its own. Needs IBus
+for Python.
 """
 
 import os
@@ -13,75 +15,109 @@ import sys
 import tempfile
 from pathlib import Path
 
-from starts import AMMA, Faults, sweep, wait_for
+from starts import AMMA, KA, Faults, Stored, sweep, wait_for
 
 NAME = "org.freedesktop.IBus.Vanoka"
+# The last is GLib's: it ends a program that it cannot tell of changed files.
+STOPPED = re.compile("Could not start the Vanoka input method server|GLib-GIO-ERROR.*inotify read")
 
 
 class Daemon:
     def __init__(self, folder, library, program, description):
         self.folder, self.faults, self.program = Path(folder), Faults(library, folder), program
+        self.stored = Stored(f"{folder}/configuration", f"{folder}/data")
         text = Path(description).read_text(encoding="utf-8")
         # It starts no engine by itself.
         (self.folder / "vanoka.xml").write_text(re.sub("<exec>.*?</exec>", "<exec>/bin/false</exec>", text), "utf-8")
         os.environ.update(
-            HOME=folder, XDG_CONFIG_HOME=f"{folder}/configuration", XDG_CACHE_HOME=f"{folder}/cache",
-            XDG_RUNTIME_DIR=folder, IBUS_ADDRESS_FILE=f"{folder}/address", LC_ALL="C.UTF-8",
+            HOME=folder, XDG_CONFIG_HOME=f"{folder}/configuration", XDG_DATA_HOME=f"{folder}/data", LC_ALL="C.UTF-8",
+            XDG_CACHE_HOME=f"{folder}/cache", XDG_RUNTIME_DIR=folder, IBUS_ADDRESS_FILE=f"{folder}/address",
             IBUS_COMPONENT_PATH=f"{folder}:/usr/share/ibus/component", GSETTINGS_BACKEND="memory", NO_AT_BRIDGE="1")
         for name in ("DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "IBUS_ADDRESS"):
             os.environ.pop(name, None)
         self.process = subprocess.Popen(
             ["ibus-daemon", "--panel", "disable", "--emoji-extension", "disable", "--config", "disable", "--cache",
              "none"], stderr=subprocess.DEVNULL)
-        self.bus = IBus.Bus()
+        self.bus, self.fields_left = IBus.Bus(), []
         if not wait_and_settle(self.bus.is_connected):
             sys.exit("There is no daemon")
 
-    def start_engine(self, number, error):
-        engine = subprocess.Popen([self.program], env={**os.environ, **self.faults.environment(number, error)},
-                                  stderr=subprocess.PIPE)
+    def start_engine(self, faults):
+        engine = subprocess.Popen([self.program], env={**os.environ, **faults}, stderr=subprocess.PIPE)
         wait_for(lambda: self.bus.name_has_owner(NAME) or engine.poll() is not None)
         return engine
 
-    def typed(self):
-        """What comes of typing a word, with an engine that is there."""
+    def typed(self, engine, keys):
+        """What comes of them, as long as the engine is there."""
         context, committed = self.bus.create_input_context("fault"), []
         context.connect("commit-text", lambda _, text: committed.append(text.get_text()))
         context.set_capabilities(IBus.Capabilite.PREEDIT_TEXT | IBus.Capabilite.FOCUS)
         context.focus_in()
-        context.set_engine("vanoka")
-        if not wait_and_settle(lambda: context.get_engine() and context.get_engine().get_name() == "vanoka"):
-            return "no engine"
-        taken = [context.process_key_event(ord(key), 0, 0) for key in "amma "]
-        if not taken[-1]:
-            committed.append(" ")
-        wait_and_settle(lambda: "".join(committed) == AMMA)
-        context.destroy()
+
+        def has_engine():
+            return engine.poll() is not None or context.get_engine() and context.get_engine().get_name() == "vanoka"
+
+        # With the focus a field gets the engine of the field before. Who asks for it at once gives it twice, and what
+        # was typed into the first goes with it.
+        if not wait_and_settle(has_engine, patience=0.5):
+            context.set_engine("vanoka")
+            wait_and_settle(has_engine)
+        if engine.poll() is None:
+            # The daemon knows the engine's name before it has one: until then keys pass.
+            wait_and_settle(lambda: engine.poll() is not None or context.process_key_event(ord(keys[0]), 0, 0))
+            for key in keys[1:]:
+                if not context.process_key_event(ord(key), 0, 0):
+                    settle()
+                    committed.append(key)
+            wait_and_settle(lambda: engine.poll() is not None or "".join(committed).endswith(" "))
+        if engine.poll() is None:
+            context.destroy()
+        else:  # a field that goes together with its engine now and then ends the daemon, by an assertion of its own
+            self.fields_left.append(context)
         return "".join(committed)
 
     def end(self, engine):
         engine.send_signal(signal.SIGTERM)
-        errors = engine.communicate()[1].decode()
+        errors = engine.communicate()[1].decode(errors="replace")
         wait_for(lambda: not self.bus.name_has_owner(NAME))
         return errors
 
+    def problem(self, number, how):
+        """What is wrong with a start in which a call goes wrong."""
+        before = self.stored.words()
+        engine = self.start_engine(self.faults.environment(number, how))
+        typed = self.typed(engine, "amma ")
+        briefly = 2  # the lists and words are read meanwhile, and nothing tells that there are no more calls
+        wait_for(lambda: engine.poll() is not None or self.faults.reached(max(number, 1), how), briefly)
+        has_stopped = engine.poll() is not None
+        errors = self.end(engine)
+        wrongs = list(self.stored.wrongs(before, most=1))
+        if not has_stopped and typed != AMMA:
+            wrongs.append(f"typing gave {typed!r}; {errors.strip()}")
+        if has_stopped:
+            wrongs.extend(self.wrongs_of_stop(engine.returncode, errors))
+        return "; ".join(wrongs)
 
-def problem(daemon, number, error):
-    """What is wrong with a start in which a call fails."""
-    engine = daemon.start_engine(number, error)
-    typed = daemon.typed() if engine.poll() is None else None
-    has_stopped = engine.poll() is not None
-    errors = daemon.end(engine)
-    if has_stopped:
-        return "" if errors.strip() else "it stopped, and does not say why"
-    return "" if typed == AMMA else f"typing gave {typed!r}; {errors.strip()}"
+    def wrongs_of_stop(self, status, errors):
+        if status >= 0 or not STOPPED.search(errors):
+            yield f"it ended with {status}: {errors.strip()}"
+        if (typed := self.typed_by_next("amma ")) != AMMA:
+            yield f"typing with the next one gave {typed!r}"
+
+    def typed_by_next(self, keys):
+        engine = self.start_engine({})
+        typed = self.typed(engine, keys)
+        self.end(engine)
+        return typed
 
 
 def main():
     with tempfile.TemporaryDirectory(prefix="vanoka-engine-") as folder:
         daemon = Daemon(folder, *map(os.path.abspath, sys.argv[1:]))
         try:
-            sys.exit(sweep(daemon.faults, lambda number, error: problem(daemon, number, error)))
+            if daemon.typed_by_next("zqa ") != f"{KA} ":
+                sys.exit("The keys are not in force")
+            sys.exit(sweep(daemon.faults, daemon.problem, kills=False))
         finally:
             daemon.process.terminate()
             daemon.process.wait()
@@ -91,7 +127,7 @@ try:
     import gi
     gi.require_version("IBus", "1.0")
     from gi.repository import IBus
-    from loop import wait_and_settle
+    from loop import settle, wait_and_settle
 except (ImportError, ValueError):
     print("SKIPPED: IBus for Python (gir1.2-ibus-1.0, python3-gi) is not there.")
     sys.exit(77)

@@ -1,14 +1,14 @@
 #!/usr/bin/python3
-"""Makes each call of Fcitx5's start fail from where it loads our add-on, one after the other: fcitx5.py LIBRARY
-ADDON-FOLDER DATA-FOLDER.
+"""Makes each call of Fcitx5's start fail from where it loads our add-on, and kills it there, one after the other:
+fcitx5.py LIBRARY ADDON-FOLDER DATA-FOLDER.
 
-With keys of the user's own, suggestions on and words learnt. After each failure somebody types: either the word
-comes, or the add-on could not be loaded and Fcitx5, which goes on, passes the keys. What is stored is as it was. Needs
-GLib for Python.
+With keys of the user's own, suggestions on, lists, and words learnt. After each failure somebody types: either the word
+comes, or Fcitx5 tells why it has not loaded the add-on, goes on and passes the keys; after a kill the next one types
+it. What is stored is as it was. Needs GLib for Python.
 """
 
 import os
-import shutil
+import re
 import signal
 import subprocess
 import sys
@@ -16,13 +16,11 @@ import sysconfig
 import tempfile
 from pathlib import Path
 
-from starts import AMMA, Faults, sweep, wait_for
+from starts import AMMA, KA, PATIENCE, Faults, Stored, sweep, wait_for
 
 NAME, CONTROLLER = "org.fcitx.Fcitx5", "org.fcitx.Fcitx.Controller1"
-KA = "\u0d9a"
-KEYS = '{"addedKeys":[{"key":"zq","letter":"%s"}],"disabledKeys":[]}' % KA
+NOT_LOADED = re.compile(r"(?:Could not load|Failed to load|Failed to create)[^\n]*vanoka")
 SHOWS_MARKED_TEXT = 0x12
-LISTS = Path(__file__).parents[1] / "scenarios/suggestions/lists"
 PROFILE = """[Groups/0]
 Name=Default
 Default Layout=us
@@ -53,10 +51,10 @@ class Desktop:
             "XDG_CONFIG_HOME": f"{folder}/configuration", "XDG_DATA_HOME": f"{folder}/data",
             "XDG_CACHE_HOME": f"{folder}/cache", "DBUS_SESSION_BUS_ADDRESS": address,
             "FCITX_ADDON_DIRS": f"{addons}:{own}", "FCITX_DATA_DIRS": f"{data}:/usr/share/fcitx5"}
-        self.store("configuration/fcitx5/profile", PROFILE)
-        self.store("configuration/vanoka/vanoka.customization.v1", KEYS)
-        self.store("configuration/vanoka/vanoka.suggestions.v1", "suggestions=on\nprivate=off\nrows=6\n")
-        shutil.copytree(LISTS, self.folder / "data/vanoka")
+        self.stored = Stored(f"{folder}/configuration", f"{folder}/data")
+        profile = self.folder / "configuration/fcitx5/profile"
+        profile.parent.mkdir()
+        profile.write_text(PROFILE, encoding="utf-8")
         self.bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--nosyslog", f"--address={address}"],
                                     env=self.environment, stderr=subprocess.DEVNULL)
         wait_for(lambda: (self.folder / "bus").exists())
@@ -70,16 +68,11 @@ class Desktop:
                 process.terminate()
                 process.wait()
 
-    def store(self, name, text):
-        path = self.folder / name
-        path.parent.mkdir(parents=True, exist_ok=True)
-        path.write_text(text, encoding="utf-8")
-
     def call(self, name, path, interface, method, arguments=None):
         """The answer; nothing when there is none."""
         try:
             return self.connection.call_sync(name, path, interface, method, arguments, None,
-                                             Gio.DBusCallFlags.NO_AUTO_START, 5000, None).unpack()
+                                             Gio.DBusCallFlags.NO_AUTO_START, PATIENCE * 1000, None).unpack()
         except GLib.Error:
             return ()
 
@@ -88,17 +81,17 @@ class Desktop:
         bus = "org.freedesktop.DBus"
         return self.call(bus, "/org/freedesktop/DBus", bus, "NameHasOwner", GLib.Variant("(s)", (NAME,)))[0]
 
-    def start(self, number=0, error=0):
+    def start(self, faults):
         self.process = subprocess.Popen(
             ["fcitx5", "--disable=all", "--enable=dbus,dbusfrontend,keyboard,vanoka"], stderr=subprocess.PIPE,
-            env={**self.environment, **self.faults.environment(number, error)})
+            env={**self.environment, **faults})
         wait_for(lambda: self.is_there() or self.process.poll() is not None)
         return self.process.poll() is None
 
     def end(self):
         """What it has said."""
         self.process.send_signal(signal.SIGTERM)
-        said = self.process.communicate()[1].decode()
+        said = self.process.communicate()[1].decode(errors="replace")
         wait_for(lambda: not self.is_there())
         return said
 
@@ -128,45 +121,39 @@ class Desktop:
         self.connection.signal_unsubscribe(watch)
         return "".join(came)
 
-    def stored_otherwise(self):
-        """What is stored in another way than it was, or was set aside."""
-        keys = (self.folder / "configuration/vanoka/vanoka.customization.v1").read_text(encoding="utf-8")
-        aside = [path.name for path in self.folder.rglob("*") if ".damaged" in path.name or ".kept" in path.name]
-        return aside + ([] if keys == KEYS else [keys])
+    def problem(self, number, how):
+        """What is wrong with a start in which a call goes wrong."""
+        before, is_there = self.stored.words(), self.start(self.faults.environment(number, how))
+        typed = [self.typed("amma ")] if is_there else []
+        briefly = 2  # where lists cannot be read nobody opens the store, and nothing tells that there are no more calls
+        wait_for(lambda: any("words.sqlite" in " ".join(call.about) for call in self.faults.calls()), briefly)
+        wait_for(lambda: self.process.poll() is not None or self.faults.reached(max(number, 1), how), briefly)
+        if self.process.poll() is None:
+            typed.append(self.typed("amma "))
+        said = self.end()
+        wrongs = list(self.stored.wrongs(before, most=2))
+        if how == "kill" and self.process.returncode == -signal.SIGKILL:
+            typed = self.typed_by_next("amma ")
+            return "; ".join([*wrongs, *([] if typed == AMMA else [f"typing with the next one gave {typed!r}"])])
+        if self.process.returncode != 0:
+            wrongs.append(f"it ended with {self.process.returncode}")
+        if typed != [AMMA] * 2 and (typed != ["amma "] * 2 or not NOT_LOADED.search(said)):
+            wrongs.append(f"typing gave {typed!r}: {said}")
+        return "; ".join(wrongs)
 
-
-def problem(desktop, number, error):
-    """What is wrong with a start in which a call fails."""
-    if not desktop.start(number, error):
-        return f"fcitx5 has ended: {desktop.end()}"
-    typed = desktop.typed("amma ")
-    briefly = 2  # where the lists cannot be read nobody opens the store, and nothing tells that there are no more calls
-    wait_for(lambda: any("words.sqlite" in call for call in desktop.faults.calls()), briefly)
-    wait_for(lambda: number == 0 or desktop.faults.call(number), briefly)
-    again = desktop.typed("amma ")
-    said, wrongs = desktop.end(), []
-    if desktop.process.returncode != 0:
-        wrongs.append(f"it ended with {desktop.process.returncode}")
-    if (typed, again) != (AMMA, AMMA) and ((typed, again) != ("amma ", "amma ") or "Loaded addon vanoka" in said):
-        wrongs.append(f"typing gave {typed!r} and {again!r}: {said}")
-    wrongs.extend(f"stored: {each}" for each in desktop.stored_otherwise())
-    return "; ".join(wrongs)
-
-
-def knows_the_keys(desktop):
-    desktop.start()
-    typed = desktop.typed("zqa ")
-    desktop.end()
-    return typed == KA + " "
+    def typed_by_next(self, keys):
+        self.start({})
+        typed = self.typed(keys)
+        self.end()
+        return typed
 
 
 def main():
     with tempfile.TemporaryDirectory(prefix="vanoka-fcitx5-") as folder:
         desktop = Desktop(folder, *map(os.path.abspath, sys.argv[1:]))
         try:
-            status = sweep(desktop.faults, lambda number, error: problem(desktop, number, error),
-                           begins=lambda call: "vanoka.so" in call)
-            sys.exit(status if knows_the_keys(desktop) else "The keys are not in force afterwards")
+            status = sweep(desktop.faults, desktop.problem, begins=lambda call: "vanoka.so" in " ".join(call.about))
+            sys.exit(status if desktop.typed_by_next("zqa ") == f"{KA} " else "The keys are not in force afterwards")
         finally:
             desktop.close()
 

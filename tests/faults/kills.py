@@ -2,8 +2,8 @@
 """Kills a program that edits, again and again: kills.py LIBRARY SINGLISH COUNT.
 
 Each edit gives a key to a letter, takes it away, or learns a word. Three of four kills come at a call of the system
-that is drawn by lot, half of those with half of the bytes of a call written; the fourth comes from outside at any
-instant. After each kill what is stored is what was acknowledged, or that and the edit that was being made.
+that is drawn by lot, half of those at one that writes, with half of its bytes written; the fourth comes from outside at
+any instant. After each kill what is stored is what was acknowledged, or that and the edit that was being made.
 """
 
 import json
@@ -14,7 +14,7 @@ import sys
 import time
 from pathlib import Path
 
-from runs import home
+from runs import WRITES, home
 
 KA, AMMA = "\u0d9a", "\u0d85\u0db8\u0dca\u0db8"
 LETTERS = "bcdfghjklm"
@@ -27,6 +27,7 @@ class Edits:
     def __init__(self, place, chance):
         self.place, self.chance = place, chance
         self.keys, self.learnt = frozenset(), 0
+        self.calls = {}  # of each kind of edit, as a whole one makes them
         self.lost = self.acknowledged = self.kills = 0
 
     def kill_one(self):
@@ -39,23 +40,34 @@ class Edits:
         key = "zq" + self.chance.choice(LETTERS)
         wanted = self.keys ^ {key}
         verb = ["add", key, KA] if key in wanted else ["remove", key]
-        status = self.run(["keys", *verb], most_calls=26)
+        status = self.run(["keys", *verb])
         stored = self.stored_keys()
         self.judge(stored, self.keys, wanted, status)
         self.keys = stored
 
     def learn_a_word(self):
-        status = self.run(["words", "add", AMMA], most_calls=150)
+        status = self.run(["words", "add", AMMA])
         line = next((line for line in self.place.words().splitlines() if line.startswith(AMMA)), f"{AMMA}\t0")
         stored = int(line.split("\t")[1])
         self.judge(stored, self.learnt, self.learnt + 1, status)
         self.learnt = stored
 
-    def run(self, command, most_calls):
-        if self.chance.randrange(4) == 0:
+    def run(self, command):
+        """The status of an edit that is killed. The first of a kind is not, and tells which calls there are, as does
+        each that makes fewer calls than the one that was to be its last."""
+        kind = tuple(command[:2])
+        if kind in self.calls and self.chance.randrange(4) == 0:
             return self.killed_from_outside(command)
         how = "kill" if self.chance.randrange(2) else "torn"
-        return self.place.run(command, at=self.chance.randrange(1, most_calls), how=how).status
+        done = self.place.run(command, at=self.call_to_be_the_last(kind, how), how=how)
+        if done.status == 0:
+            self.calls[kind] = [call.name for call in done.calls]
+        return done.status
+
+    def call_to_be_the_last(self, kind, how):
+        """Its number; 0 where nobody knows the calls."""
+        numbers = [number for number, name in enumerate(self.calls.get(kind, ()), 1) if how == "kill" or name in WRITES]
+        return self.chance.choice(numbers) if numbers else 0
 
     def killed_from_outside(self, command):
         with subprocess.Popen([self.place.program, *command], env=self.place.environment, stdout=subprocess.DEVNULL,

@@ -1,7 +1,7 @@
 """What GLib has to tell, while somebody waits for it."""
 
 from gi.repository import GLib
-from starts import wait_for
+from starts import PATIENCE, wait_for
 
 
 def settle():
@@ -10,6 +10,6 @@ def settle():
         pass
 
 
-def wait_and_settle(is_so):
+def wait_and_settle(is_so, patience=PATIENCE):
     """Whether it came to be so."""
-    return wait_for(lambda: settle() or is_so())
+    return wait_for(lambda: settle() or is_so(), patience)

@@ -3,12 +3,15 @@
 [--every N].
 
 The runs' calls are recorded. For each beginning of that record a folder is made of what a disk may hold then: what was
-forced to it, and of the rest nothing, all data, all names, or what the lot draws, torn at any byte. There, an
-acknowledged edit of the keys is stored, the words are whole, and the next edit works. --every looks at one beginning
-of N, and at all that end with an edit.
+forced to it, and of the rest nothing, all data, all names, or what the lot draws, torn at any byte. There, every
+acknowledged edit of the keys and the words is stored, and the next one works. --every looks at one beginning of N, and
+at all that end with an edit. Besides, each call that opens a file or forces it to the disk fails once in an edit of the
+keys, and then the power goes, with the names that were not forced: the edit is there unless it was told as one that
+may not last.
 """
 
 import argparse
+import errno
 import os
 import random
 import sys
@@ -167,23 +170,37 @@ class Loss:
                 (path / name).chmod(0o600)
 
 
+STORED = ("keys", "words")
 EDITS = [(["keys", "add", "zqa", KA], "keys"), (["keys", "add", "zqb", GA], "keys"),
          *((["words", "add", word], "words") for word in WORDS),
          (["keys", "remove", "zqa"], "keys"), (["words", "forget", WORDS[0]], "words"), (["keys", "reset"], "keys")]
+
+
+def stored_in(place):
+    """What is stored of each kind."""
+    return {"keys": place.keys(), "words": place.words()}
 
 
 class PowerLoss:
     def __init__(self, options):
         self.options, self.states, self.failures = options, 0, 0
 
+    def home(self):
+        return home(self.options.library, self.options.singlish)
+
+    def stored_at_first(self):
+        """What is read where nothing is stored: elsewhere, as reading may make files."""
+        with self.home() as place:
+            return stored_in(place)
+
     def recorded(self):
-        """The calls of each edit, and what is stored after it: a list of (calls, keys), and the folder they speak of."""
-        with home(self.options.library, self.options.singlish) as place:
+        """The calls of each edit, and what is stored after it: a list of both, and the folder they speak of."""
+        with self.home() as place:
             edits = []
             for command, _ in EDITS:
                 done = place.run(command, at=0)
                 assert done.status == 0, done
-                edits.append((done.calls, place.keys()))
+                edits.append((done.calls, stored_in(place)))
             return edits, place.folder
 
     def losses(self, number):
@@ -192,39 +209,67 @@ class PowerLoss:
 
     def run(self):
         edits, folder = self.recorded()
-        disk, keys, number = Disk(folder), [], 0
+        disk, before, number = Disk(folder), self.stored_at_first(), 0
         for (calls, after), (command, kind) in zip(edits, EDITS):
+            assert before[kind] != after[kind], command
             for call in calls:
                 if number % self.options.every == 0:
-                    self.look(disk, number, command, (keys, after) if kind == "keys" else (keys,))
+                    self.look(disk, self.losses(number), f"{' '.join(command)}: before call {number}", (before, after))
                 disk.follow(call)
-                disk.opened = disk.opened if call is not calls[-1] else {}
                 number += 1
-            keys = after
-            self.look(disk, number, [*command, "(acknowledged)"], (keys,))
+            disk.opened = {}
+            before = after
+            self.look(disk, self.losses(number), f"{' '.join(command)}: acknowledged", (after,))
 
-    def look(self, disk, number, command, keys):
-        for each, loss in enumerate(self.losses(number)):
-            with home(self.options.library, self.options.singlish) as place:
+    def look(self, disk, losses, when, stored):
+        for each, loss in enumerate(losses):
+            with self.home() as place:
                 loss.make(disk.root, place.folder)
                 self.states += 1
-                problems = list(self.problems(place, keys))
+                problems = list(self.problems(place, stored))
             if problems:
                 self.failures += 1
-                print(f"{' '.join(command)}: before call {number}, loss {each}: {'; '.join(problems)}")
+                print(f"{when}, loss {each}: {'; '.join(problems)}")
 
-    def problems(self, place, keys):
+    def problems(self, place, stored):
         try:
-            if (stored := place.keys()) not in keys:
-                yield f"keys {stored}, and not {' or '.join(map(str, keys))}"
-            words = {line.split("\t")[0] for line in place.words().splitlines() if not line.startswith("#")}
-            if words - set(WORDS):
-                yield f"words that nobody has learnt: {words}"
+            left = stored_in(place)
+            for kind in STORED:
+                if left[kind] not in (wanted := [each[kind] for each in stored]):
+                    yield f"{kind} {left[kind]!r}, and not {' or '.join(map(repr, wanted))}"
             for edit in (["keys", "add", "zqc", KA], ["words", "add", WORDS[2]]):
                 if (done := place.run(edit)).status != 0 or done.errors:
                     yield f"the next edit: {done}"
         except AssertionError as problem:
             yield str(problem)
+
+    def run_unforced(self):
+        """The first edit, which makes folders, and the second, with one call after the other that fails."""
+        edits, _ = self.recorded()
+        before = self.stored_at_first()
+        for number, (calls, after) in enumerate(edits[:2]):
+            for at, call in enumerate(calls, 1):
+                if call.name in ("open", "fsync"):
+                    self.unforced(number, at, (before, after))
+            before = after
+
+    def unforced(self, number, at, values):
+        with self.home() as place:
+            disk = Disk(place.folder)
+            for command, _ in EDITS[:number]:
+                self.follow(disk, place.run(command, at=0))
+            command, _ = EDITS[number]
+            done = self.follow(disk, place.run(command, at=at, how=errno.EIO))
+        call = done.calls[at - 1]
+        assert call.result == -1, call
+        self.look(disk, [Loss(keeps_data=True, keeps_names=False)],
+                  f"{' '.join(command)}: {call.name} failed, status {done.status}", values[done.status == 0:])
+
+    def follow(self, disk, done):
+        for call in done.calls:
+            disk.follow(call)
+        disk.opened = {}
+        return done
 
 
 def main():
@@ -235,6 +280,7 @@ def main():
     parser.add_argument("--every", type=int, default=1)
     loss = PowerLoss(parser.parse_args())
     loss.run()
+    loss.run_unforced()
     print(f"{loss.states} states of a disk, {loss.failures} failures")
     sys.exit(1 if loss.failures or not loss.states else 0)
 

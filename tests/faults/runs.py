@@ -16,6 +16,7 @@ ERRORS = {
     "open": (errno.EMFILE, errno.EACCES, errno.ENOSPC, errno.EIO),
     "fopen": (errno.EMFILE, errno.EACCES, errno.EIO),
     "opendir": (errno.EMFILE, errno.EACCES),
+    "fchown": (errno.EPERM, errno.EIO),
     "mkostemp": (errno.EMFILE, errno.EACCES, errno.ENOSPC),
     "read": (errno.EIO, errno.EINTR),
     "write": (errno.ENOSPC, errno.EIO, errno.EINTR),
@@ -31,7 +32,8 @@ ERRORS = {
     "mknod": (errno.EACCES, errno.ENOSPC),
     "unlink": (errno.EACCES, errno.EIO),
 }
-TRANSFERS = ("read", "pread", "write", "pwrite")
+WRITES = ("write", "pwrite")
+TRANSFERS = ("read", "pread", *WRITES)
 
 
 @dataclass
@@ -54,24 +56,25 @@ class Home:
     """A home folder of nobody else, and the programs that run in it."""
 
     def __init__(self, folder, library, program):
-        self.folder, self.library, self.program = Path(folder), library, program
+        self.folder, self.library, self.program = Path(folder), os.path.abspath(library), os.path.abspath(program)
 
     @property
     def environment(self):
         return {"HOME": str(self.folder), "LC_ALL": "C.UTF-8", "PATH": os.environ["PATH"]}
 
     def run(self, arguments, given=b"", **faults):
-        """Runs the program; `faults` are the library's settings without their VANOKA_FAULT_. Notes the calls where
-        one of them is asked for."""
+        """Runs the program in the folder; `faults` are the library's settings without their VANOKA_FAULT_. Notes the
+        calls where one of them is asked for."""
         environment, log = self.environment, self.folder / "calls.log"
         if faults:
             log.unlink(missing_ok=True)
-            environment |= {"LD_PRELOAD": str(self.library), "VANOKA_FAULT_LOG": str(log)}
+            environment |= {"LD_PRELOAD": self.library, "VANOKA_FAULT_LOG": str(log)}
             environment |= {("VANOKA_FAULT_" + name.upper()).removesuffix("_HOW"): str(value)
                             for name, value in faults.items()}
-        done = subprocess.run([self.program, *arguments], input=given, env=environment, capture_output=True,
-                              timeout=PATIENCE, check=False)
-        return Outcome(done.returncode, done.stdout, done.stderr.decode(), calls_in(log) if faults else [])
+        done = subprocess.run([self.program, *arguments], input=given, env=environment, cwd=self.folder,
+                              capture_output=True, timeout=PATIENCE, check=False)
+        errors = done.stderr.decode(errors="replace")
+        return Outcome(done.returncode, done.stdout, errors, calls_in(log) if faults else [])
 
     def keys(self):
         """The keys as the program itself reads them: a sorted list of (key, letter)."""
@@ -91,7 +94,8 @@ class Home:
 def calls_in(log):
     if not log.exists():
         return []
-    fields = (line.split("\t") for line in log.read_text(encoding="utf-8", errors="replace").splitlines())
+    fields = [line.split("\t") for line in log.read_text(encoding="utf-8", errors="replace").splitlines()]
+    fields.sort(key=lambda each: int(each[0]))  # those of two threads may be written in another order
     return [Call(name, int(result), about) for _, name, result, *about in fields]
 
 

@@ -1,14 +1,22 @@
-"""Starts of programs in which one call of the system fails, each in turn."""
+"""Starts of programs in which one call of the system goes wrong, each in turn."""
 
 import errno
 import os
+import shutil
+import sqlite3
 import time
+from contextlib import closing
 from pathlib import Path
 
+from runs import calls_in, wrongs
+
 PATIENCE = 20  # seconds, for what takes milliseconds
-CALLS = ("open", "fopen", "opendir", "stat", "access", "mkdir", "readlink", "mmap")
-ERRORS = (errno.EIO, errno.EMFILE, errno.EACCES)
-AMMA = "\u0d85\u0db8\u0dca\u0db8 "
+CALLS = ("open", "fopen", "opendir", "readdir", "stat", "access", "mkdir", "mknod", "readlink", "mmap", "read", "pread",
+         "write", "pwrite", "rename", "unlink", "fsync", "fdatasync", "ftruncate", "fcntl", "flock")
+KA, AMMA = "\u0d9a", "\u0d85\u0db8\u0dca\u0db8 "
+TEXTS = {"vanoka.customization.v1": '{"addedKeys":[{"key":"zq","letter":"%s"}],"disabledKeys":[]}' % KA,
+         "vanoka.suggestions.v1": "suggestions=on\nprivate=off\nrows=6\n"}
+LISTS = Path(__file__).parents[1] / "scenarios/suggestions/lists"
 
 
 def wait_for(is_so, patience=PATIENCE):
@@ -21,30 +29,63 @@ def wait_for(is_so, patience=PATIENCE):
     return False
 
 
+class Stored:
+    """Keys of the user's own, choices with suggestions on, lists, and the words that are learnt."""
+
+    def __init__(self, configuration, data):
+        self.configuration, self.data = Path(configuration, "vanoka"), Path(data, "vanoka")
+        self.configuration.mkdir(parents=True)
+        for name, text in TEXTS.items():
+            (self.configuration / name).write_text(text, encoding="utf-8")
+        shutil.copytree(LISTS, self.data)
+
+    def words(self):
+        """How often each was put in, while no program has them open."""
+        path = self.data / "words.sqlite"
+        if not path.exists():
+            return {}
+        with closing(sqlite3.connect(path)) as database:
+            if not database.execute("SELECT 1 FROM sqlite_schema").fetchone():
+                return {}
+            return dict(database.execute("SELECT word, count FROM sinhala"))
+
+    def wrongs(self, before, most):
+        """What is stored in another way than it was, with the words that there were before. Since then one word was
+        put in so many times, or less often where the store failed."""
+        for name, text in TEXTS.items():
+            if (there := (self.configuration / name).read_text(encoding="utf-8")) != text:
+                yield f"{name} is {there!r}"
+        for folder in (self.configuration, self.data):
+            yield from (path.name for path in folder.iterdir() if ".damaged" in path.name or ".kept" in path.name)
+        words, learnt = self.words(), AMMA.strip()
+        expected = before | {learnt: words.get(learnt, 0)} if words.get(learnt) else before
+        if words != expected or not 0 <= words.get(learnt, 0) - before.get(learnt, 0) <= most:
+            yield f"the words were {before} and are {words}"
+
+
 class Faults:
     """The library that makes calls fail, and the log that it writes into a folder."""
 
     def __init__(self, library, folder):
         self.library, self.log = os.path.abspath(library), Path(folder) / "calls.log"
 
-    def environment(self, number, error):
-        """What makes this call fail, of those that count; none for the number 0."""
+    def environment(self, number, how):
+        """What makes this call go wrong, of those that count; none for the number 0."""
         self.log.unlink(missing_ok=True)
         return {"LD_PRELOAD": self.library, "VANOKA_FAULT_LOG": str(self.log), "VANOKA_FAULT_CALLS": ",".join(CALLS),
-                "VANOKA_FAULT_AT": str(number), "VANOKA_FAULT": str(error)}
+                "VANOKA_FAULT_AT": str(number), "VANOKA_FAULT": str(how)}
 
     def calls(self):
-        return self.log.read_text(encoding="utf-8").splitlines() if self.log.exists() else []
+        return calls_in(self.log)
 
-    def call(self, number):
-        """None where there were fewer."""
-        calls = self.calls()
-        return calls[number - 1] if 0 < number <= len(calls) else None
+    def reached(self, number, how):
+        """Whether the program has come to this call: a kill comes before it is noted."""
+        return len(self.calls()) >= number - (how == "kill")
 
 
-def sweep(faults, problem, begins=lambda call: True):
-    """The status to exit with. `problem` starts the program so that a call fails in a way, and tells what is wrong
-    then. The first call that fails is one that `begins`."""
+def sweep(faults, problem, begins=lambda call: True, kills=True):
+    """The status to exit with. `problem` starts the program so that a call goes wrong in a way, and tells what is wrong
+    then. The first call that does is one that `begins`."""
     wrong = problem(0, 0)
     calls = faults.calls()
     if wrong or not calls:
@@ -52,12 +93,16 @@ def sweep(faults, problem, begins=lambda call: True):
         return 1
     first = next(number for number, call in enumerate(calls, 1) if begins(call))
     runs = failures = 0
-    for error in ERRORS:
-        for number in range(first, len(calls) + 1):
-            wrong = problem(number, error)
-            runs += faults.call(number) is not None  # two starts may differ by calls
+    for number, call in enumerate(calls[first - 1:], first):
+        for how in (*wrongs(call.name), *(("kill",) if kills else ())):
+            wrong = problem(number, how)
+            if not faults.reached(number, how):
+                continue  # two starts may differ by calls
+            runs += 1
+            if isinstance(how, int) and faults.calls()[number - 1].result != -1:
+                wrong = f"the call has not failed; {wrong}"
             if wrong:
                 failures += 1
-                print(f"{errno.errorcode[error]} at call {faults.call(number)}: {wrong}")
+                print(f"{errno.errorcode.get(how, how)} at call {number}, {call}: {wrong}", flush=True)
     print(f"{runs} starts, {failures} failures")
     return 1 if failures or not runs else 0

@@ -31,10 +31,19 @@ class Desktop:
             "XDG_CONFIG_HOME": f"{folder}/configuration", "XDG_CACHE_HOME": f"{folder}/cache",
             "DBUS_SESSION_BUS_ADDRESS": "disabled:", "QT_QPA_PLATFORM": "offscreen", "QT_LOGGING_RULES": TELL_FRAMES}
 
-    def problem(self, number, error):
-        """What is wrong with a start in which a call fails."""
-        environment = {**self.environment, **self.faults.environment(number, error)}
-        with subprocess.Popen([self.program], env=environment, stderr=subprocess.PIPE, text=True) as process:
+    def problem(self, number, how):
+        """What is wrong with a start in which a call goes wrong."""
+        is_drawn, *end = self.start(self.faults.environment(number, how))
+        wrongs = list(self.wrongs(is_drawn, *end))
+        if not is_drawn and not self.start({})[0]:
+            wrongs.append("the next one is not drawn")
+        return "; ".join(wrongs)
+
+    def start(self, environment):
+        """Whether it was drawn, its status, and what it has said."""
+        environment = {**self.environment, **environment}
+        with subprocess.Popen([self.program], env=environment, stderr=subprocess.PIPE, text=True,
+                              errors="replace") as process:
             said, is_drawn = [], False
             for line in process.stderr:
                 is_drawn = is_drawn or "rame rendered" in line
@@ -43,7 +52,7 @@ class Desktop:
                     process.send_signal(signal.SIGTERM)
                     break
             process.wait(PATIENCE)
-        return "; ".join(self.wrongs(is_drawn, process.returncode, "".join(said)))
+        return is_drawn, process.returncode, "".join(said)
 
     def wrongs(self, is_drawn, status, said):
         if not is_drawn and (status not in STOPPED or not said.strip()):
@@ -58,7 +67,7 @@ class Desktop:
 def main():
     with tempfile.TemporaryDirectory(prefix="vanoka-window-") as folder:
         desktop = Desktop(folder, *map(os.path.abspath, sys.argv[1:]))
-        sys.exit(sweep(desktop.faults, desktop.problem))
+        sys.exit(sweep(desktop.faults, desktop.problem, kills=False))
 
 
 main()

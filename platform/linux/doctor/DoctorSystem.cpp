@@ -1,5 +1,6 @@
 #include "DoctorCompositor.h"
 
+#include "AtomicFile.h"
 #include "StoredKeys.h"
 #include "WordDatabase.h"
 #include "WordListFiles.h"
@@ -10,9 +11,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <fstream>
 #include <glob.h>
-#include <iterator>
 #include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -23,7 +22,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::chrono::seconds longestWait{5}; // for a command's output
+constexpr std::chrono::seconds longestWait{5};             // for a command's output
+constexpr std::size_t largestLibrary = 64UL * 1024 * 1024; // in bytes
 
 std::string valueOf(std::string_view name) {
     const char* value = std::getenv(std::string(name).c_str());
@@ -45,9 +45,8 @@ bool isFileThere(const std::string& pattern) {
 
 bool doesFileHold(const std::string& pattern, std::string_view text) {
     return std::ranges::any_of(filesLike(pattern), [text](const std::string& path) {
-        std::ifstream file(path, std::ios::binary);
-        const std::string bytes(std::istreambuf_iterator<char>(file), {});
-        return bytes.find(text) != std::string::npos;
+        const auto bytes = AtomicFile::read(path, largestLibrary).bytes;
+        return bytes && bytes->find(text) != std::string::npos;
     });
 }
 

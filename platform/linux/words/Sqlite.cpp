@@ -28,9 +28,13 @@ std::string Statement::text(int column) const {
     return bytes ? std::string(bytes, size) : std::string();
 }
 
-std::int64_t numberOf(sqlite3* database, std::string_view text, std::int64_t fallback) {
+int readNumber(sqlite3* database, std::string_view text, std::int64_t& number) {
     Statement statement(database, text);
-    return statement.step() == SQLITE_ROW ? statement.number(0) : fallback;
+    const int result = statement.step();
+    if (result != SQLITE_ROW)
+        return result;
+    number = statement.number(0);
+    return SQLITE_OK;
 }
 
 } // namespace vanoka::sqlite

@@ -66,7 +66,7 @@ int execute(sqlite3* database, std::string_view text, const Values&... values) {
     return Statement(database, text, values...).finish();
 }
 
-/// The number that a statement gives; `fallback` when it gives none.
-std::int64_t numberOf(sqlite3* database, std::string_view text, std::int64_t fallback);
+/// Reads the number that a statement gives; SQLITE_OK, or why there is none, and then `number` stays.
+int readNumber(sqlite3* database, std::string_view text, std::int64_t& number);
 
 } // namespace vanoka::sqlite

@@ -9,9 +9,11 @@
 
 #include <algorithm>
 #include <array>
+#include <fcntl.h>
 #include <string_view>
 #include <sys/stat.h>
 #include <thread>
+#include <unistd.h>
 
 namespace vanoka {
 
@@ -38,9 +40,14 @@ constexpr const char* settings = "PRAGMA journal_mode = WAL;"
                                  "PRAGMA secure_delete = ON;" // what is forgotten is overwritten
                                  "PRAGMA trusted_schema = OFF;";
 
-/// Makes an empty file without opening it: closing one that SQLite has open would drop SQLite's locks.
-void makeFile(const fs::path& path) {
-    ::mknod(path.c_str(), S_IFREG | S_IRUSR | S_IWUSR, 0); // why there is none, opening tells
+/// Makes an empty file without opening it: closing one that SQLite has open would drop SQLite's locks. No
+/// error where there is one.
+std::error_code makeFile(const fs::path& path) {
+    if (::mknod(path.c_str(), S_IFREG | S_IRUSR | S_IWUSR, 0) == 0 || errno == EEXIST)
+        return {};
+    const std::error_code error = lastError();
+    std::error_code ignored;
+    return fs::exists(path, ignored) ? std::error_code() : error;
 }
 
 /// The files beside get the mode of the database. What its owner may not do either stays so.
@@ -113,22 +120,38 @@ int checkTables(sqlite3* database) {
     return rows == SQLITE_OK && structure == SQLITE_CORRUPT ? checkStructure(database) : rows;
 }
 
-int versionOf(sqlite3* database) {
-    return static_cast<int>(sqlite::numberOf(database, "PRAGMA user_version", 0));
+/// A number that others change by writing.
+int readDataVersion(sqlite3* database, std::int64_t& version) {
+    return sqlite::readNumber(database, "PRAGMA data_version", version);
+}
+
+int readVersion(sqlite3* database, std::int64_t& version) {
+    return sqlite::readNumber(database, "PRAGMA user_version", version);
 }
 
 /// Another program may have made the tables meanwhile.
 int migrateIfOlder(sqlite3* database) {
-    const int version = versionOf(database);
-    return version < WordSchema::version ? WordSchema::migrate(database, version) : SQLITE_OK;
+    std::int64_t version = 0;
+    const int result = readVersion(database, version);
+    return result == SQLITE_OK && version < WordSchema::version
+               ? WordSchema::migrate(database, static_cast<int>(version))
+               : result;
 }
 
 int shrink(sqlite3* database) {
     if (const int result = sqlite::run(database, "VACUUM"); result != SQLITE_OK)
         return result;
-    constexpr std::int64_t busy = 1;
-    return sqlite::numberOf(database, "PRAGMA wal_checkpoint(TRUNCATE)", busy) == busy ? SQLITE_BUSY
-                                                                                       : SQLITE_OK;
+    std::int64_t isBusy = 0;
+    const int result = sqlite::readNumber(database, "PRAGMA wal_checkpoint(TRUNCATE)", isBusy);
+    return result == SQLITE_OK && isBusy != 0 ? SQLITE_BUSY : result;
+}
+
+/// What SQLite cannot write it opens for reading alone, and then knows no reason any more.
+std::string whyItCannotBeWritten(const fs::path& file) {
+    for (const fs::path& path : {file, file.parent_path()})
+        if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0)
+            return lastError().message();
+    return "it cannot be opened for writing";
 }
 
 } // namespace
@@ -167,9 +190,9 @@ Fault WordDatabase::read(WordTally& tally) {
     return perform([&](sqlite3* database) {
         return inTransaction("BEGIN", [&] {
             tally = {};
+            seen_ = -1;
             const int result = WordSchema::read(database, tally);
-            seen_ = sqlite::numberOf(database, "PRAGMA data_version", -1);
-            return result;
+            return result == SQLITE_OK ? readDataVersion(database, seen_) : result;
         });
     });
 }
@@ -188,8 +211,9 @@ Fault WordDatabase::erase() {
 }
 
 bool WordDatabase::hasChanged() {
+    std::int64_t version = 0;
     return !database_ || identityOf(path_) != opened_ ||
-           sqlite::numberOf(database_.get(), "PRAGMA data_version", -1) != seen_;
+           readDataVersion(database_.get(), version) != SQLITE_OK || version != seen_;
 }
 
 std::vector<fs::path> WordDatabase::damagedBeside(const fs::path& path) {
@@ -213,7 +237,10 @@ Fault WordDatabase::perform(const Work& work) {
         std::this_thread::sleep_for(pause);
         fault = attempt(work);
     }
-    return fault;
+    if (fault.kind != FaultKind::busy)
+        return fault;
+    database_.reset(); // a lock of its own that the system has not taken back would keep it busy for good
+    return attempt(work);
 }
 
 Fault WordDatabase::attempt(const Work& work) {
@@ -238,7 +265,8 @@ Fault WordDatabase::openIfNeeded() {
     database_.reset();
     if (const auto error = AtomicFile::makeFolder(path_.parent_path()))
         return {FaultKind::other, error.message()};
-    makeFile(path_);
+    if (const auto error = makeFile(path_))
+        return {FaultKind::other, error.message()};
     if (isOfAnother(path_))
         return {FaultKind::other, "it belongs to another user"};
     opened_ = identityOf(path_); // one that is replaced from here on is opened anew the next time
@@ -254,11 +282,12 @@ Fault WordDatabase::openIfNeeded() {
 /// Nothing is written into a file that turns out not to be ours.
 Fault WordDatabase::prepare() {
     sqlite3* const database = database_.get();
-    if (Fault fault = faultOf(sqlite::run(database, "SELECT count(*) FROM sqlite_schema")))
+    std::int64_t tables = 0, version = 0;
+    if (Fault fault = faultOf(sqlite::readNumber(database, "SELECT count(*) FROM sqlite_schema", tables)))
         return fault;
-    const int version = versionOf(database);
-    const bool isEmpty = sqlite::numberOf(database, "SELECT count(*) FROM sqlite_schema", 0) == 0;
-    if (version < 0 || version > WordSchema::version || (version == 0 && !isEmpty))
+    if (Fault fault = faultOf(readVersion(database, version)))
+        return fault;
+    if (version < 0 || version > WordSchema::version || (version == 0 && tables != 0))
         return later();
     if (Fault fault = faultOf(sqlite::run(database, settings)))
         return fault;
@@ -275,17 +304,29 @@ Fault WordDatabase::faultOf(int result) const {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
     case SQLITE_PROTOCOL: // a race for a lock
-        return {FaultKind::busy, "another program keeps it locked"};
+        return {FaultKind::busy, "another program keeps it locked, or the system gives no locks"};
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
         return {FaultKind::damaged, "it is damaged"};
     case SQLITE_FULL:
         return {FaultKind::other, std::make_error_code(std::errc::no_space_on_device).message()};
+    case SQLITE_READONLY:
+        return {FaultKind::other, whyItCannotBeWritten(path_)};
+    case SQLITE_CANTOPEN:
+    case SQLITE_IOERR:
+        return {FaultKind::other, lastErrorOf(result)};
     default:
-        break;
+        return {FaultKind::other, sqlite3_errstr(result)};
     }
+}
+
+/// Of the system, which says that there is no such file when reading alone was tried of one that writing
+/// makes.
+std::string WordDatabase::lastErrorOf(int result) const {
     const int error = database_ ? sqlite3_system_errno(database_.get()) : 0;
-    return {FaultKind::other, error != 0 ? std::generic_category().message(error) : sqlite3_errstr(result)};
+    if (error == ENOENT && (result & 0xFF) == SQLITE_CANTOPEN)
+        return whyItCannotBeWritten(path_);
+    return error != 0 && error != ENOENT ? std::generic_category().message(error) : sqlite3_errstr(result);
 }
 
 template <class Steps>

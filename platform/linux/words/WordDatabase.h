@@ -86,6 +86,7 @@ private:
     Fault openIfNeeded();
     Fault prepare();
     Fault faultOf(int result) const;
+    std::string lastErrorOf(int result) const;
     template <class Steps>
     int inTransaction(const char* begin, Steps steps);
     std::error_code moveAside();

@@ -42,9 +42,10 @@ int tick(sqlite3* database) {
 /// A table that has grown too large loses its least used words, the longest unused ones first: never the one
 /// that is being learnt, and a twentieth more than it must, or else no new word had room to come to be used.
 int makeRoom(sqlite3* database, const char* count, const char* removeLeastUsed) {
-    const std::int64_t words = sqlite::numberOf(database, count, 0);
-    if (words <= LearntWords::most)
-        return SQLITE_OK;
+    std::int64_t words = 0;
+    const int result = sqlite::readNumber(database, count, words);
+    if (result != SQLITE_OK || words <= LearntWords::most)
+        return result;
     return execute(database, removeLeastUsed, words - LearntWords::most + LearntWords::most / 20);
 }
 

@@ -91,6 +91,17 @@ TEST(InstalledVersions, FindsOutWhetherQtAnnouncesItsCommits) {
     EXPECT_FALSE(commitsUnannounced(Paths{}));
 }
 
+/// Nothing that can be wrong with somebody else's module keeps the engine from starting.
+TEST(InstalledVersions, AModuleThatCannotBeReadTellsNothing) {
+    const test::TemporaryFolder folder;
+    const auto huge = folder.path() / "huge";
+    std::ofstream(huge) << "CommitText";
+    std::filesystem::resize_file(huge, 100UL * 1024 * 1024);
+    EXPECT_FALSE(commitsUnannounced(std::vector{huge}));
+    EXPECT_NO_THROW(commitsUnannounced(std::vector<std::filesystem::path>{"/proc/self/mem"}))
+        << "where reading fails";
+}
+
 } // namespace
 
 } // namespace vanoka::ibus

@@ -1,6 +1,7 @@
 #include "FileUserDefaults.h"
 
 #include "TemporaryFolder.h"
+#include "WithoutPrivileges.h"
 #include "settings/SinglishSettings.h"
 
 #include <csignal>
@@ -36,13 +37,15 @@ std::size_t filesIn(const fs::path& folder) {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
 }
 
-/// No file can be opened while this lives, whoever asks.
+/// No more than so many files can be open at once while this lives, beside those that are, whoever asks.
 class NoMoreFiles {
 public:
-    NoMoreFiles() {
+    explicit NoMoreFiles(rlim_t more = 0) {
         ::getrlimit(RLIMIT_NOFILE, &before_);
-        const rlimit none = {0, before_.rlim_max};
-        ::setrlimit(RLIMIT_NOFILE, &none);
+        const int next = ::dup(STDERR_FILENO);
+        ::close(next);
+        const rlimit few = {static_cast<rlim_t>(next) + more, before_.rlim_max};
+        ::setrlimit(RLIMIT_NOFILE, &few);
     }
     NoMoreFiles(const NoMoreFiles&) = delete;
     NoMoreFiles& operator=(const NoMoreFiles&) = delete;
@@ -172,7 +175,8 @@ TEST_F(FileUserDefaultsTest, WhatIsReadCanBeWrittenAndTheOtherWayRound) {
 
 TEST_F(FileUserDefaultsTest, TellHowAValueIsStored) {
     EXPECT_EQ(defaults.condition(storedName),
-              (UserDefaults::Condition{.location = file, .unreadable = {}, .unstored = {}, .setAside = {}}));
+              (UserDefaults::Condition{
+                  .location = file, .unreadable = {}, .unstored = {}, .unforced = {}, .setAside = {}}));
     fs::create_directories(file);
     defaults.data(storedName);
     EXPECT_EQ(defaults.condition(storedName).unreadable, "Is a directory");
@@ -193,8 +197,11 @@ TEST_F(FileUserDefaultsTest, NothingCanAlwaysBeStored) {
         EXPECT_NE(reason(), "");
         defaults.setData(storedName, std::nullopt);
         EXPECT_EQ(defaults.condition(storedName),
-                  (UserDefaults::Condition{
-                      .location = file, .unreadable = {}, .unstored = {}, .setAside = file.string() + kept}));
+                  (UserDefaults::Condition{.location = file,
+                                           .unreadable = {},
+                                           .unstored = {},
+                                           .unforced = {},
+                                           .setAside = file.string() + kept}));
         EXPECT_FALSE(fs::exists(file));
         EXPECT_TRUE(fs::exists(file.string() + kept));
         std::ofstream(file) << "";
@@ -345,17 +352,53 @@ TEST_F(FileUserDefaultsTest, AFileThatWasNeverReadIsNotWrittenOver) {
     EXPECT_EQ(contentsOf(file), "three") << "written over what was read";
 }
 
-TEST_F(FileUserDefaultsTest, AFileThatOthersMayNotReadIsNotWrittenOver) {
-    FileUserDefaults(folder).setData(storedName, "good");
-    ASSERT_EQ(::chmod(file.c_str(), 0), 0);
-    if (::access(file.c_str(), R_OK) == 0)
-        GTEST_SKIP() << "root may read everything";
-    EXPECT_EQ(defaults.data(storedName), std::nullopt);
-    defaults.setData(storedName, "one");
-    EXPECT_EQ(reason(), "Permission denied");
+/// The file itself can be opened, and then not the folder, whose names are to be forced to the disk.
+TEST_F(FileUserDefaultsTest, WhatALossOfPowerMayUndoIsStoredAndTold) {
+    defaults.setData(storedName, "good");
+    {
+        const NoMoreFiles limit(1);
+        defaults.setData(storedName, "one");
+    }
+    EXPECT_EQ(contentsOf(file), "one");
+    EXPECT_EQ(reason(), "");
+    EXPECT_EQ(defaults.condition(storedName).unforced, "Too many open files");
     EXPECT_EQ(defaults.data(storedName), "one");
-    ASSERT_EQ(::chmod(file.c_str(), 0600), 0);
-    EXPECT_EQ(contentsOf(file), "good");
+    EXPECT_EQ(defaults.condition(storedName).unforced, "Too many open files") << "reading forces nothing";
+    defaults.setData(storedName, "two");
+    EXPECT_EQ(defaults.condition(storedName).unforced, "");
+    {
+        const NoMoreFiles limit(0);
+        defaults.setData(storedName, std::nullopt);
+    }
+    EXPECT_FALSE(fs::exists(file));
+    EXPECT_EQ(defaults.condition(storedName).unforced, "Too many open files");
+    FileUserDefaults(folder).setData(storedName, "another's");
+    EXPECT_EQ(defaults.data(storedName), "another's");
+    EXPECT_EQ(defaults.condition(storedName).unforced, "") << "which has forced all names";
+}
+
+/// Or what is stored in it would go with it, though it was forced to the disk.
+TEST_F(FileUserDefaultsTest, AFolderThatCannotBeForcedToTheDiskIsTakenAway) {
+    {
+        const NoMoreFiles limit;
+        EXPECT_EQ(AtomicFile::write(file, "one").error, std::errc::too_many_files_open);
+        EXPECT_FALSE(fs::exists(temporary.path() / "above"));
+    }
+    EXPECT_FALSE(AtomicFile::write(file, "one").error);
+    EXPECT_EQ(contentsOf(file), "one");
+}
+
+TEST_F(FileUserDefaultsTest, AFileThatOthersMayNotReadIsNotWrittenOver) {
+    test::withoutPrivileges([this] {
+        FileUserDefaults(folder).setData(storedName, "good");
+        ASSERT_EQ(::chmod(file.c_str(), 0), 0);
+        EXPECT_EQ(defaults.data(storedName), std::nullopt);
+        defaults.setData(storedName, "one");
+        EXPECT_EQ(reason(), "Permission denied");
+        EXPECT_EQ(defaults.data(storedName), "one");
+        ASSERT_EQ(::chmod(file.c_str(), 0600), 0);
+        EXPECT_EQ(contentsOf(file), "good");
+    });
 }
 
 TEST_F(FileUserDefaultsTest, WhatCouldNeverBeReadIsNoHindranceWhenItIsGone) {
@@ -410,14 +453,13 @@ TEST_F(FileUserDefaultsTest, ALinkToAFolderThatIsNotThereStaysALink) {
 TEST_F(FileUserDefaultsTest, ALinkOfAnotherUserIsReplaced) {
     if (::geteuid() != 0)
         GTEST_SKIP() << "only root can give links away";
-    constexpr uid_t nobody = 65534;
     const fs::path own = temporary.path() / "profile";
     std::ofstream(own) << "own";
     fs::create_directories(folder);
     for (const char* value : {"one", static_cast<const char*>(nullptr)}) {
         fs::remove(file);
         fs::create_symlink(own, file);
-        ASSERT_EQ(::lchown(file.c_str(), nobody, nobody), 0);
+        ASSERT_EQ(::lchown(file.c_str(), test::nobody, test::nobody), 0);
         defaults.setAside(storedName); // as for what is no document of keys
         defaults.setData(storedName, value ? std::optional<std::string>(value) : std::nullopt);
         EXPECT_FALSE(fs::is_symlink(file));
@@ -428,20 +470,20 @@ TEST_F(FileUserDefaultsTest, ALinkOfAnotherUserIsReplaced) {
 /// Where the folder belongs to somebody else, what is written there is this user's, and reason is given when
 /// nothing can be.
 TEST_F(FileUserDefaultsTest, AFolderThatLeadsToAnotherUsersIsNoTrap) {
-    const fs::path theirs = temporary.path() / "theirs";
-    fs::create_directories(theirs);
-    fs::create_directories(folder.parent_path());
-    fs::create_symlink(theirs, folder);
-    defaults.setData(storedName, "one");
-    EXPECT_EQ(modeOf(theirs / storedName), 0600U);
-    fs::permissions(theirs, fs::perms::owner_read | fs::perms::owner_exec);
-    if (::access(theirs.c_str(), W_OK) == 0)
-        GTEST_SKIP() << "root may write everywhere";
-    defaults.setData(storedName, "two");
-    EXPECT_EQ(reason(), "Permission denied");
-    EXPECT_EQ(defaults.data(storedName), "two") << "in force";
-    EXPECT_EQ(contentsOf(theirs / storedName), "one");
-    fs::permissions(theirs, fs::perms::owner_all);
+    test::withoutPrivileges([this] {
+        const fs::path theirs = temporary.path() / "theirs";
+        fs::create_directories(theirs);
+        fs::create_directories(folder.parent_path());
+        fs::create_symlink(theirs, folder);
+        defaults.setData(storedName, "one");
+        EXPECT_EQ(modeOf(theirs / storedName), 0600U);
+        fs::permissions(theirs, fs::perms::owner_read | fs::perms::owner_exec);
+        defaults.setData(storedName, "two");
+        EXPECT_EQ(reason(), "Permission denied");
+        EXPECT_EQ(defaults.data(storedName), "two") << "in force";
+        EXPECT_EQ(contentsOf(theirs / storedName), "one");
+        fs::permissions(theirs, fs::perms::owner_all);
+    });
 }
 
 TEST_F(FileUserDefaultsTest, LinksInACircleAreLeft) {

@@ -54,10 +54,10 @@ TEST_F(UnfinishedFileTest, TheNextWriterRemovesWhatAKilledOneHasLeft) {
     for (int i = 0; i < 3; ++i)
         leaveUnfinished(target);
     EXPECT_EQ(names().size(), 3U);
-    ASSERT_FALSE(AtomicFile::write(target, "text"));
+    ASSERT_FALSE(AtomicFile::write(target, "text").error);
     EXPECT_EQ(names(), std::set<std::string>{"keys"});
     leaveUnfinished(target);
-    ASSERT_FALSE(AtomicFile::remove(target)) << "who removes the file writes, too";
+    ASSERT_FALSE(AtomicFile::remove(target).error) << "who removes the file writes, too";
     EXPECT_EQ(names().size(), 0U);
 }
 

@@ -1,13 +1,12 @@
 #include "SqliteWordStore.h"
 
 #include "StoredWords.h"
+#include "WithoutPrivileges.h"
 
 #include <csignal>
-#include <functional>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 /// Disks and permissions that fail, in a process of its own, which may be left without rights and limits.
@@ -17,27 +16,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using test::amma, test::committed, test::gama, test::longEnough, test::storedIn;
+using test::amma, test::committed, test::gama, test::inAnotherProcess, test::longEnough, test::nobody,
+    test::storedIn;
 
 bool has(const SqliteWordStore& store, const std::string& word) {
     return store.words()->sinhala.countOfSpelling(word) > 0;
-}
-
-/// Runs a body in a child, which no test's user may be stronger than: 0 when it returns true.
-int inAnotherProcess(const std::function<bool()>& body) {
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(body() ? 0 : 1);
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return status;
-}
-
-/// To whom permissions apply, which they do not to root.
-void becomeNobody() {
-    constexpr uid_t nobody = 65534;
-    if (::geteuid() == 0 && ::setuid(nobody) != 0)
-        ::_exit(3);
 }
 
 class WordStoreTroubleTest : public testing::Test {
@@ -73,18 +56,15 @@ TEST_F(WordStoreTroubleTest, ReadOnlyFilesAndFoldersKeepNobodyFromTyping) {
     for (const mode_t folderMode : {0755U, 0555U}) {
         fs::remove_all(folder);
         ASSERT_FALSE(WordDatabase(file, longEnough).apply(test::learning(gama)));
-        ::chmod(temporary.path().c_str(), 0755);
         ::chmod(folder.c_str(), folderMode);
         ::chmod(file.c_str(), 0444);
-        ::chown(folder.c_str(), ::geteuid() == 0 && folderMode == 0755 ? 65534 : ::geteuid(),
-                static_cast<gid_t>(-1));
         const std::string before = test::bytesOf(file);
         EXPECT_EQ(inAnotherProcess([&] {
-                      becomeNobody();
+                      test::dropPrivileges();
                       SqliteWordStore store(file);
                       store.learn(committed(amma));
                       return !store.flush(longEnough) && has(store, amma) &&
-                             !store.condition().problem.empty();
+                             store.condition().problem == "Permission denied";
                   }),
                   0)
             << folderMode;
@@ -153,7 +133,6 @@ TEST_F(WordStoreTroubleTest, ALaterVersionIsLeftAlone) {
 TEST_F(WordStoreTroubleTest, WhatAnotherUserHasPutThereIsLeftAlone) {
     if (::geteuid() != 0)
         GTEST_SKIP() << "only root can give files away";
-    constexpr uid_t nobody = 65534;
     const fs::path own = temporary.path() / "notes";
     fs::create_directories(folder);
     for (const bool isLink : {false, true}) {
