@@ -117,7 +117,8 @@ void InputContext::disable() {
 
 void InputContext::focusIn() {
     becomesActive();
-    isBeingReplaced_ = environment_.replaceEngine();
+    // A field that is left and entered again in these milliseconds has the same engine still.
+    isBeingReplaced_ = environment_.replaceEngine() || isBeingReplaced_;
     if (!isBeingReplaced_)
         takeKeysForReplacement();
 }
