@@ -51,6 +51,12 @@ class Changes(unittest.TestCase):
         self.assertEqual([], forms("Word word(text);"))
         self.assertEqual([], forms("Word(Text text);"))
 
+    def test_the_last_break_of_a_switch_is_needed_as_little_as_a_last_return(self):
+        text = ("switch (a) {\ncase 1:\n    f();\n    break;\ncase 2: {\n    break;\n}\ndefault:\n    g();\n    break;\n}\n"
+                "while (a) {\n    if (b)\n        break;\n}\n")
+        self.assertEqual([4, 6, 14], [number for number, _, form in mutations.of_text(text) if form.strip() == ";" and
+                                      "break" in text.split("\n")[number - 1]])
+
     def test_returns(self):
         self.assertEqual(["return {};"], forms("return words;"))
         self.assertEqual(["return true;"], forms("return false;"))
