@@ -7,6 +7,7 @@ import sys
 import tempfile
 import unittest
 from collections import Counter
+from dataclasses import replace
 from pathlib import Path
 
 import mutants
@@ -87,20 +88,31 @@ class Listing(unittest.TestCase):
 
     def test_one_is_found_by_its_text(self):
         listed = mutants.Equivalents("# said once\n\nc/Library.cpp\n- return 1;\n+ return 2;\nBoth are\nthe same.\n")
-        key = self.BY_FILE["c/Library.cpp"][0].key
-        self.assertEqual({key: "Both are the same."}, listed.reasons)
+        mutant = self.BY_FILE["c/Library.cpp"][0]
+        self.assertEqual(["Both are the same."], list(listed.reasons.values()))
+        self.assertTrue(listed.hold(mutant))
+        self.assertFalse(listed.hold(replace(mutant, form="  return 0;")))
         self.assertEqual([], listed.stale(self.BY_FILE))
+
+    def test_one_is_found_by_the_line_after_it_too(self):
+        here = mutants.Mutant("c/Library.cpp", 7, "f();", ";", after="  g();")
+        elsewhere = replace(here, number=9, after="  h();")
+        listed = mutants.Equivalents("c/Library.cpp\n- f();\n- g();\n+ ;\nNobody reads it there.\n")
+        self.assertTrue(listed.hold(here))
+        self.assertFalse(listed.hold(elsewhere))
+        self.assertEqual([], listed.stale({"c/Library.cpp": [here]}))
+        self.assertEqual(1, len(listed.stale({"c/Library.cpp": [elsewhere]})))
 
     def test_several_of_a_line_for_one_reason(self):
         listed = mutants.Equivalents("c/Library.cpp\n- return 1;\n+ return 2;\n+ return 0;\nAll the same.\n")
         self.assertEqual({"All the same."}, set(listed.reasons.values()))
-        self.assertEqual(["return 2;", "return 0;"], [became for _, _, became in listed.reasons])
+        self.assertEqual(["return 2;", "return 0;"], [became for _, _, became, _ in listed.reasons])
 
     def test_one_that_matches_nothing_is_stale(self):
         listed = mutants.Equivalents("c/Library.cpp\n- return 3;\n+ return 2;\nReason.\n\n"
                                      "c/Gone.cpp\n- return 3;\n+ return 2;\nReason.\n")
-        self.assertEqual([("c/Library.cpp", "return 3;", "return 2;")], listed.stale(self.BY_FILE))
-        self.assertEqual([("c/Gone.cpp", "return 3;", "return 2;")], listed.of_no_file())
+        self.assertEqual([("c/Library.cpp", "return 3;", "return 2;", "")], listed.stale(self.BY_FILE))
+        self.assertEqual([("c/Gone.cpp", "return 3;", "return 2;", "")], listed.of_no_file())
 
     def test_a_reason_is_asked_for(self):
         with self.assertRaises(SystemExit):

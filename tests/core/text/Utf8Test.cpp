@@ -20,6 +20,9 @@ TEST(Utf8, ReadsScalarsOfEveryLength) {
     EXPECT_EQ(values("a\u00E9\u0D9A\U0001F600"), (std::vector<char32_t>{'a', 0xE9, 0xD9A, 0x1F600}));
     EXPECT_EQ(values("\0a"s), (std::vector<char32_t>{0, 'a'}));
     EXPECT_EQ(values("").size(), 0U);
+    EXPECT_EQ(firstScalar("").value, 0U);
+    EXPECT_EQ(firstScalar("").length, 0U);
+    EXPECT_FALSE(firstScalar("").wellFormed);
 }
 
 TEST(Utf8, CountsEveryIllFormedByteByItself) {
@@ -43,6 +46,7 @@ TEST(Utf8, CountsEveryIllFormedByteByItself) {
         EXPECT_FALSE(isWellFormed(row.text)) << testing::PrintToString(row.text);
     }
     EXPECT_TRUE(isWellFormed("k\u0D9A\u200D\0"s));
+    EXPECT_EQ(values("\xFFk"), (std::vector<char32_t>{0xFFFD, 'k'}));
 }
 
 TEST(Utf8, FindsTheLastScalar) {
@@ -52,6 +56,7 @@ TEST(Utf8, FindsTheLastScalar) {
     EXPECT_EQ(lastScalar("a\U0001F600").length, 4U);
     EXPECT_FALSE(lastScalar("a\x80").wellFormed);
     EXPECT_EQ(lastScalar("a\x80").length, 1U);
+    EXPECT_EQ(lastScalar("a\x80").value, U'\uFFFD');
     EXPECT_FALSE(lastScalar("\u0D9A\x80").wellFormed);
     EXPECT_FALSE(lastScalar("\xB6\x9A\x80\x80\x80").wellFormed);
 }
@@ -102,6 +107,7 @@ TEST(Utf8, TellsAscii) {
         const std::string ascii(length, '\x7F');
         EXPECT_EQ(asciiLength(ascii), length);
         EXPECT_EQ(asciiLength(ascii + "\u0080" + ascii), length);
+        EXPECT_EQ(asciiLength(ascii + "\x80" + ascii), length);
     }
     EXPECT_TRUE(isAscii(""));
     EXPECT_TRUE(isAscii("a\x7F"));
