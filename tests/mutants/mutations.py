@@ -39,7 +39,7 @@ SAME_AS_DEFAULT = {"{}", "false", "true", "0", "nullptr", "std::nullopt", "*this
 STATEMENT = re.compile(r"^(\s*)(?:(?:\+\+|--)?[\w:.>\[\]()*-]+(?:\([^;]*\))?|[\w.>\[\]()*&-]+ [-+*/|&^%]?=(?!=) [^;]+);$")
 TWO_ARGUMENTS = re.compile(r"(?<=[\w>])\((\w+(?:\.\w+)*), (\w+(?:\.\w+)*)\)")
 # Those for which the order of two arguments makes no difference.
-SYMMETRIC = re.compile(r"\b(?:min|max|swap|equal)(?:<[\w:]+>)?$")
+SYMMETRIC = re.compile(r"\b(?:min|max|swap|equal\w*)(?:<[\w:]+>)?$")
 # Where a statement may begin: after one, at a brace, after a condition, a label.
 BEFORE_STATEMENT = re.compile(r"(?:[;{}:)]|else|do|^)$")
 

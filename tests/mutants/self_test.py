@@ -66,6 +66,7 @@ class Changes(unittest.TestCase):
     def test_arguments(self):
         self.assertEqual(["auto x = f(b, a);"], forms("auto x = f(a, b);"))
         self.assertEqual([], forms("auto x = f(a, a);"))
+        self.assertEqual([], forms("auto x = equalKeys(a, b);"))
         self.assertEqual(["auto x = std::min<int>(a, b);"], forms("auto x = std::max<int>(a, b);"))
 
     def test_what_is_asserted_while_compiling_is_left(self):
