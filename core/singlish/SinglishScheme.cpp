@@ -299,7 +299,6 @@ std::size_t std::hash<Letter>::operator()(const Letter& letter) const {
     hasher.feed(letter.id);
     hasher.feed(rawValue(letter.group));
     hasher.feedEach(letter.keys);
-    hasher.feed(std::size_t(letter.sign ? 1 : 0));
     if (letter.sign)
         hasher.feed(*letter.sign);
     return hasher.value();

@@ -82,6 +82,11 @@ TEST(SinglishTransducer, DoesWhatTheReaderDoesWithEntangledKeys) {
     }
 }
 
+TEST(SinglishTransducer, DoesWhatTheReaderDoesWithKeysThatAreAllJoined) {
+    const SinglishToken ra = SinglishToken::consonant("\u0DBB");
+    expectThePlainTable(Keys({{"r", ra}, {"rr", ra}}));
+}
+
 /// Every key of this text writes the most that one may, a virama, a joiner and a letter, over many stretches.
 TEST(SinglishTransducer, HasRoomForTheLongestTexts) {
     const std::size_t pairs = 10'000;
