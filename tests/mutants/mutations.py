@@ -35,7 +35,8 @@ CONDITION = re.compile(r"\b(?:if|while) \((.*)\)(?: \{)?$")
 SIMPLE = re.compile(r" [=!]= |;| = |^!(?!.*(?: && | \|\| ))")
 DECLARED = re.compile(r"^\s*~?[A-Z]\w*\(.*\);$")
 RETURN = re.compile(r"^(\s*return) (.+);$")
-SAME_AS_DEFAULT = {"{}", "false", "true", "0", "nullptr", "std::nullopt", "*this"}
+# `none` is the first of every enumeration that has it.
+SAME_AS_DEFAULT = re.compile(r"\{\}|false|true|0|nullptr|std::nullopt|\*this|[\w:]+::none")
 STATEMENT = re.compile(r"^(\s*)(?:(?:\+\+|--)?[\w:.>\[\]()*-]+(?:\([^;]*\))?|[\w.>\[\]()*&-]+ [-+*/|&^%]?=(?!=) [^;]+);$")
 TWO_ARGUMENTS = re.compile(r"(?<=[\w>])\((\w+(?:\.\w+)*), (\w+(?:\.\w+)*)\)")
 # Those for which the order of two arguments makes no difference.
@@ -116,7 +117,7 @@ def removed(line, code, before):
             not code.strip().startswith("return"):
         yield statement[1] + ";"
     returning = RETURN.match(code)
-    if returning and balanced(code) and line[returning.start(2):returning.end(2)] not in SAME_AS_DEFAULT:
+    if returning and balanced(code) and not SAME_AS_DEFAULT.fullmatch(line[returning.start(2):returning.end(2)]):
         yield returning[1] + " {};"
 
 

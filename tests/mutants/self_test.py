@@ -62,6 +62,7 @@ class Changes(unittest.TestCase):
         self.assertEqual(["return {};"], forms("return words;"))
         self.assertEqual(["return true;"], forms("return false;"))
         self.assertEqual([], forms("return {};"))
+        self.assertEqual([], forms("return Part::none;"))
 
     def test_arguments(self):
         self.assertEqual(["auto x = f(b, a);"], forms("auto x = f(a, b);"))
