@@ -71,6 +71,14 @@ TEST(Candidates, AreThreeToNine) {
     EXPECT_EQ(rowsOf("gas", lists, nullptr, 4), "ගස් ගස 🌳 (gas)");
 }
 
+TEST(Candidates, EmojiHaveThePlacesThatNoWordNeeds) {
+    const SuggestionLists lists = readSuggestionLists(
+        {.sinhala = {}, .english = {}, .emoji = "මල\t🌸 🌼\nගස\t🌳 🌳\nහා\tහා 👍\n", .neverOffered = "👍\n"});
+    EXPECT_EQ(rowsOf("mala", lists, nullptr, 3), "මල 🌸 🌼");
+    EXPECT_EQ(rowsOf("gasa", lists), "ගස 🌳") << "none twice";
+    EXPECT_EQ(rowsOf("haa", lists), "හා") << "what is typed, and what nobody wants offered";
+}
+
 TEST(Candidates, ThatWereLearntComeFirst) {
     const SuggestionLists lists = someLists();
     test::MemoryWordStore store;
@@ -117,6 +125,11 @@ TEST(Candidates, AreNeverThoseThatNobodyWantsOffered) {
     lists.neverOffered = NeverOffered("ගෙදර\nගෙදරට\nHello\nමල\ncat\nගෙදරඅ\n");
     EXPECT_EQ(rowsOf("gedr", lists), "ගෙඩ්\u200Dර් ගෙදරදි ගෙදරින් ගෙදරම ගෙදරක ගෙදරයි") << "others take their place";
     EXPECT_EQ(rowsOf("hello", lists), "හෙල්ලො");
+    lists.english = EnglishWordList("gedr\t3000\n");
+    lists.neverOffered = NeverOffered("gedr\n");
+    EXPECT_EQ(rowsOf("gedr", lists, nullptr, 3), "ගෙඩ්\u200Dර් ගෙදර ගෙදරට") << "no place is kept for it";
+    lists = someLists();
+    lists.neverOffered = NeverOffered("ගෙදර\nගෙදරට\nHello\nමල\ncat\nගෙදරඅ\n");
     EXPECT_EQ(rowsOf("mala", lists), "මල මල්") << "typed as ever, and no emoji for it";
     EXPECT_EQ(rowsOf("cat", lists), "චට්");
     test::MemoryWordStore store;

@@ -13,7 +13,7 @@ using Use = LearntWord::Use;
 const std::string gedara = "\u0D9C\u0DD9\u0DAF\u0DBB";
 
 TEST(LearntWord, IsTheTextTheKeysBothOrNothing) {
-    const std::string longest(LearntWords::longest, 'a');
+    const std::string longest(256, 'a');
     struct Row {
         std::string keys, text, sinhala, english;
         Use use = Use::typedInSinhala;
