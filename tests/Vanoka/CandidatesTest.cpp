@@ -95,6 +95,16 @@ TEST(Candidates, OfOneWordThatMayBeASlipComeAfterTheOthers) {
     store.learn({"gedaraka", "ගෙදරඇ"});
     store.learn({"gedhaka", "ගෙදරයි"});
     EXPECT_TRUE(rowsOf("gedr", lists, store.words().get()).starts_with("ගෙඩ්\u200Dර් ගෙදරයි* ගෙදරඇ* ගෙදර "));
+    EXPECT_EQ(rowsOf("gedr", lists, store.words().get(), 3), "ගෙඩ්\u200Dර් ගෙදරයි* ගෙදර");
+}
+
+TEST(Candidates, OfOneWordAreNoSlipOnceItWasTypedTwiceOrIsListed) {
+    const SuggestionLists lists =
+        readSuggestionLists({.sinhala = "ගෙදරයි\t1\n", .english = {}, .emoji = {}, .neverOffered = {}});
+    test::MemoryWordStore store;
+    for (const char* word : {"ගෙදරඇ", "ගෙදරයි", "ගෙදරආ", "ගෙදරආ"})
+        store.learn({"x", word});
+    EXPECT_EQ(rowsOf("gedr", lists, store.words().get()), "ගෙඩ්\u200Dර් ගෙදරආ* ගෙදරයි* ගෙදරඇ*");
 }
 
 TEST(Candidates, OfThisPersonLeaveRoomForTheLanguage) {
@@ -106,6 +116,8 @@ TEST(Candidates, OfThisPersonLeaveRoomForTheLanguage) {
     ASSERT_EQ(rows.size(), 6U);
     EXPECT_EQ(std::ranges::count(rows, true, &Candidate::isLearnt), 3);
     EXPECT_EQ(rows[4].text, "ගෙදර");
+    const auto fewer = candidatesFor(typed("gedr"), lists, store.words().get(), 5);
+    EXPECT_EQ(std::ranges::count(fewer, true, &Candidate::isLearnt), 2);
 }
 
 TEST(Candidates, KeepEnglishAsThisPersonDoes) {
@@ -161,6 +173,8 @@ TEST(Candidates, AreWhatTheKeysAreReadAs) {
              {"g", "ග් ගෙදර ගෙදරට ගමන ගෙඩර ගනන"}, // or begin
          })
         EXPECT_EQ(rowsOf(row.keys, lists), row.rows) << row.keys;
+    EXPECT_EQ(rowsOf("gnana", lists, nullptr, 4), "ඥන ඥාන ඥානය ගනන")
+        << "the place that is kept, and nobody takes";
 }
 
 TEST(Candidates, KeepAPlaceForWhatIsAbbreviatedSo) {
@@ -187,6 +201,10 @@ TEST(Candidates, ThatWereLearntAreReadToo) {
     test::MemoryWordStore store;
     store.learn({"gnana", "ඥානය"});
     EXPECT_EQ(rowsOf("gnana", lists, store.words().get()), "ඥන ඥානය* ඥාන ගනන") << "first for the same keys";
+    test::MemoryWordStore other;
+    other.learn({"gnana", "ගනන"});
+    EXPECT_EQ(rowsOf("gnana", lists, other.words().get()), "ඥන ගනන* ඥාන ඥානය")
+        << "though it is spelled otherwise";
     store.learn({"gnanaya", "ගනනය"});
     EXPECT_EQ(rowsOf("gnanaya", lists, store.words().get()), "ඥනය ඥානය* ගනනය*") << "in no list";
 }

@@ -4,8 +4,10 @@
 #include "LetterRow.h"
 #include "Suggestions.h"
 #include "TextInputClient.h"
+#include "WindowToolkit.h"
 #include "WordsDocument.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
 
 // Content names what is special and leaves the rest to the values' own beginnings. They are part of what is
@@ -41,6 +43,11 @@ TEST(Controls, ASwitchIsOff) {
     EXPECT_FALSE(Switch().isOn);
 }
 
+TEST(WindowToolkit, AWindowHasNoSize) {
+    EXPECT_EQ(WindowDescription().width, 0);
+    EXPECT_EQ(WindowDescription().height, 0);
+}
+
 TEST(KeyEdit, ABuiltInKeyIsSwitchedOn) {
     EXPECT_TRUE(SetBuiltIn().on);
 }
@@ -52,7 +59,9 @@ TEST(LetterRow, ADotHasNoSize) {
 TEST(TextInputClient, ARangeIsEmptyAtTheStart) {
     EXPECT_EQ(TextRange().location, 0);
     EXPECT_EQ(TextRange().length, 0);
+    EXPECT_EQ(TextRange::notFound, INT64_MAX);
     EXPECT_EQ(MarkedText().underline, MarkedText::Underline::single);
+    EXPECT_NE(MarkedText::Underline::none, MarkedText::Underline::single);
 }
 
 TEST(Suggestions, AreOffAndNotPrivate) {
