@@ -35,12 +35,12 @@ CONDITION = re.compile(r"\b(?:if|while) \((.*)\)(?: \{)?$")
 SIMPLE = re.compile(r" [=!]= |;| = |^!(?!.*(?: && | \|\| ))")
 DECLARED = re.compile(r"^\s*~?[A-Z]\w*\(.*\);$")
 RETURN = re.compile(r"^(\s*return) (.+);$")
-# `none` is the first of every enumeration that has it.
-SAME_AS_DEFAULT = re.compile(r"\{\}|false|true|0|nullptr|std::nullopt|\*this|[\w:]+::none")
+# `none` is the first of every enumeration that has it, and VANOKA_OK is 0.
+SAME_AS_DEFAULT = re.compile(r"\{\}|false|true|0|nullptr|std::nullopt|\*this|VANOKA_OK|[\w:]+::none")
 STATEMENT = re.compile(r"^(\s*)(?:(?:\+\+|--)?[\w:.>\[\]()*-]+(?:\([^;]*\))?|[\w.>\[\]()*&-]+ [-+*/|&^%]?=(?!=) [^;]+);$")
 TWO_ARGUMENTS = re.compile(r"(?<=[\w>])\((\w+(?:\.\w+)*), (\w+(?:\.\w+)*)\)")
-# Those for which the order of two arguments makes no difference.
-SYMMETRIC = re.compile(r"\b(?:min|max|swap|equal\w*)(?:<[\w:]+>)?$")
+# Those for which the order of two arguments makes no difference; of two problems either may be told.
+SYMMETRIC = re.compile(r"\b(?:min|max|swap|equal\w*|firstProblem)(?:<[\w:]+>)?$")
 # Where a statement may begin: after one, at a brace, after a condition, a label.
 BEFORE_STATEMENT = re.compile(r"(?:[;{}:)]|else|do|^)$")
 

@@ -63,6 +63,7 @@ class Changes(unittest.TestCase):
         self.assertEqual(["return true;"], forms("return false;"))
         self.assertEqual([], forms("return {};"))
         self.assertEqual([], forms("return Part::none;"))
+        self.assertEqual([], forms("return VANOKA_OK;"))
 
     def test_arguments(self):
         self.assertEqual(["auto x = f(b, a);"], forms("auto x = f(a, b);"))
