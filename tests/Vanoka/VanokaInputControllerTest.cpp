@@ -416,7 +416,7 @@ protected:
 
 TEST_F(SuggestingControllerTest, AKeyThatMovesTheHighlightFindsTheCandidatesItself) {
     type("gedr<down>");
-    EXPECT_EQ(controller.candidates().highlighted, 1U);
+    ASSERT_EQ(controller.candidates().highlighted, 1U);
     EXPECT_EQ(field.screen(), "[" + controller.candidates().rows[1].text + "]");
 }
 
