@@ -261,7 +261,8 @@ def main():
     def known(mutant):
         if equivalents.hold(mutant):
             return "listed"
-        return outcomes.known(mutant) if options.resume or options.known else None
+        outcome = outcomes.known(mutant)
+        return outcome if options.resume or options.known else None
 
     if options.known:
         for mutant in chosen:

@@ -247,6 +247,14 @@ class Keeping(unittest.TestCase):
         self.write("core/sum.cpp", "return 1 + 1;")
         self.assertIsNone(self.outcomes().known(self.MUTANT))
 
+    def test_what_is_told_while_the_file_is_changed_is_of_the_file_as_it_was(self):
+        outcomes = self.outcomes()
+        self.assertIsNone(outcomes.known(self.MUTANT))
+        self.write("core/sum.cpp", "return 2;")
+        outcomes.add(self.MUTANT, "alive", "")
+        self.write("core/sum.cpp", "return 1;")
+        self.assertEqual("alive", self.outcomes().known(self.MUTANT))
+
     def test_one_killed_is_tried_again_when_the_suite_changes(self):
         self.outcomes().add(self.MUTANT, "killed", "Every/Sum/0")
         self.write("tests/OtherTest.cpp", "TEST(Other, Two) {}")
