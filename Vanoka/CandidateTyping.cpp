@@ -102,8 +102,6 @@ bool CandidateTyping::needsCandidates(const KeyEvent& event) const {
 TypingStep CandidateTyping::press(const KeyEvent& event, const SinglishTransliterator& transliterator) {
     if (event.type != KeyEvent::keyDown)
         return {};
-    if (!isSuggesting_ && !isLearning_ && !line_.isShown())
-        return {typing_.press(event, transliterator), {}};
     std::optional<Lesson> undone = this->undone(event);
     TypingStep step;
     if (line_.isShown())
@@ -225,13 +223,10 @@ TypingStep CandidateTyping::highlight(std::size_t row) {
 
 /// What Delete takes back as the very next key.
 std::optional<Lesson> CandidateTyping::undone(const KeyEvent& event) {
-    if (!last_)
+    const auto last = std::exchange(last_, std::nullopt);
+    if (!last || event.keyCode != KeyEvent::deleteBackward)
         return std::nullopt;
-    CommittedWord word = std::move(*last_);
-    last_.reset();
-    if (event.keyCode != KeyEvent::deleteBackward)
-        return std::nullopt;
-    return Lesson{Lesson::Kind::unlearn, std::move(word)};
+    return Lesson{Lesson::Kind::unlearn, *last};
 }
 
 std::optional<Lesson> CandidateTyping::learnt(std::string keys, const Candidate& row) {

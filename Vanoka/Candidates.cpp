@@ -18,8 +18,8 @@ constexpr std::size_t mostEmoji = 2;
 
 /// The keys as an English word that is known, and whether it stays English.
 struct LatinWord {
-    bool isLearnt = false;
-    bool staysEnglish = false;
+    bool isLearnt;
+    bool staysEnglish;
 };
 
 /// Collects rows, each text once.
@@ -34,10 +34,7 @@ public:
             rows_.push_back({std::move(text), kind, isLearnt});
     }
     std::size_t size() const noexcept { return rows_.size(); }
-    std::vector<Candidate> take(std::size_t limit) {
-        rows_.resize(std::min(rows_.size(), limit));
-        return std::move(rows_);
-    }
+    std::vector<Candidate> take() { return std::move(rows_); }
 
 private:
     const NeverOffered& never_;
@@ -106,7 +103,7 @@ std::vector<Candidate> candidatesFor(const TypedWord& word, const SuggestionList
         rows.add(emoji[at], Kind::emoji, false);
     if (latin && !latin->staysEnglish)
         rows.add(word.keys, Kind::latin, latin->isLearnt);
-    return rows.take(limit);
+    return rows.take();
 }
 
 } // namespace vanoka

@@ -45,9 +45,8 @@ LearntWord learntFrom(const CommittedWord& word) {
     LearntWord learnt = formOf(word.text);
     std::string keys = formOf(word.keys).english;
     const bool isKept = !keys.empty() && learnt.english == keys;
-    learnt.english.clear();
     if (!isKept && !text::holdsSinhala(word.text))
-        return learnt;
+        return {};
     learnt.english = std::move(keys);
     learnt.use = isKept ? LearntWord::Use::kept : LearntWord::Use::typedInSinhala;
     return learnt;

@@ -107,11 +107,12 @@ std::vector<std::string> rankedWords(const TypedWord& word, const SuggestionList
                                      const LetterReadings& readings, ReadingMemory* memory) {
     if (limit == 0)
         return {};
-    const std::size_t ownMost = personal ? (limit + 1) / 2 : 0;
     Words read = readSo(lists, personal, word, limit, readings, memory);
     Offer offer(word, lists.neverOffered);
-    if (personal)
-        offer.add(ownWords(word, lists, *personal, read, ownMost), ownMost);
+    if (personal) {
+        const std::size_t most = (limit + 1) / 2;
+        offer.add(ownWords(word, lists, *personal, read, most), most);
+    }
     const Found found = inOrder(
         word, std::move(read),
         spelledSo(lists.sinhala, personal ? &personal->sinhala : nullptr, word, lists.neverOffered, limit));

@@ -169,8 +169,7 @@ constexpr Part partOf(Kind kind) noexcept {
     return Part::none;
 }
 
-namespace detail {
-
+/// A value for each scalar of the block, by its distance from the first.
 template <class Value>
 using ByScalar = std::array<Value, blockLast - blockFirst + 1>;
 
@@ -179,6 +178,8 @@ template <class Value>
 constexpr Value valueOf(const ByScalar<Value>& values, char32_t scalar) noexcept {
     return isSinhala(scalar) ? values[scalar - blockFirst] : Value{};
 }
+
+namespace detail {
 
 /// A scalar that is not assigned yet counts as what stands on both sides of it.
 inline constexpr auto parts = [] {
@@ -214,22 +215,22 @@ inline constexpr auto beginsComposition = [] {
 
 /// True for the letters of the block: its vowels and consonants.
 constexpr bool isLetter(char32_t scalar) noexcept {
-    return detail::valueOf(detail::parts, scalar) == Part::letter;
+    return valueOf(detail::parts, scalar) == Part::letter;
 }
 
 /// True for the signs of the block: candrabindu, anusvara, visarga, the virama and the dependent vowel signs.
 constexpr bool isSign(char32_t scalar) noexcept {
-    return detail::valueOf(detail::parts, scalar) == Part::sign;
+    return valueOf(detail::parts, scalar) == Part::sign;
 }
 
 /// How the consonant `scalar` is joined; none for all others.
 constexpr JoinedForm joinedForm(char32_t scalar) noexcept {
-    return detail::valueOf(detail::joinedForms, scalar);
+    return valueOf(detail::joinedForms, scalar);
 }
 
 /// True when some sign becomes one with `scalar` before it.
 constexpr bool beginsComposition(char32_t scalar) noexcept {
-    return detail::valueOf(detail::beginsComposition, scalar);
+    return valueOf(detail::beginsComposition, scalar);
 }
 
 /// True when canonical composition makes one sign of `first` and `second`.

@@ -200,7 +200,6 @@ std::size_t std::hash<vanoka::SinglishKeyState>::operator()(const vanoka::Singli
     hasher.feed(state.key);
     hasher.feed(static_cast<std::size_t>(state.kind));
     hasher.feed(static_cast<std::size_t>(state.isOn));
-    hasher.feed(static_cast<std::size_t>(state.takenBy.has_value()));
     if (state.takenBy)
         hasher.feed(*state.takenBy);
     return hasher.value();

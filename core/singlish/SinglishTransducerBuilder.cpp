@@ -86,8 +86,9 @@ void SinglishTransducer::Builder::findStates() {
 }
 
 void SinglishTransducer::Builder::fillPassing(Row& row) {
-    for (std::size_t byte = 0; byte < row.size(); ++byte)
-        row[byte] = step(std::string(1, static_cast<char>(byte)), firstState);
+    char byte = 0;
+    for (Step& each : row)
+        each = step(std::string(1, byte++), firstState);
 }
 
 void SinglishTransducer::Builder::fillRow(Row& row, const State& state) {

@@ -32,9 +32,9 @@ constexpr std::array writtenTable = [] {
 
 constexpr const WrittenLetter& joiner = writtenTable.back();
 
-/// The letters by their place in the block; null where none is.
-constexpr std::array byPlace = [] {
-    std::array<const WrittenLetter*, script::blockLast - script::blockFirst + 1> all{};
+/// Null where no letter is written.
+constexpr auto byScalar = [] {
+    script::ByScalar<const WrittenLetter*> all{};
     for (const WrittenLetter& letter : writtenTable)
         if (script::isSinhala(letter.scalar))
             all[letter.scalar - script::blockFirst] = &letter;
@@ -48,7 +48,7 @@ constexpr bool noScalarTwice(std::span<const WrittenLetter> letters) {
 }
 
 static_assert(withoutSign == 1 && noScalarTwice(writtenTable));
-static_assert(!noScalarTwice(std::array{joiner, joiner}));
+static_assert(!noScalarTwice(std::array{writtenTable.front(), joiner, joiner}));
 static_assert(joiner.kind == Kind::joiner);
 
 constexpr const WrittenLetter& inherent =
@@ -62,9 +62,7 @@ std::span<const WrittenLetter> writtenLetters() noexcept {
 }
 
 const WrittenLetter* writtenLetter(char32_t scalar) noexcept {
-    if (script::isSinhala(scalar))
-        return byPlace[scalar - script::blockFirst];
-    return scalar == joiner.scalar ? &joiner : nullptr;
+    return scalar == joiner.scalar ? &joiner : script::valueOf(byScalar, scalar);
 }
 
 const WrittenLetter& inherentVowel() noexcept {

@@ -2,6 +2,7 @@
 
 #include "text/Utf8.h"
 
+#include <algorithm>
 #include <utf8proc.h>
 
 namespace vanoka::text {
@@ -11,9 +12,7 @@ namespace {
 /// Two neighbouring ASCII bytes are two characters, CR LF alone excepted.
 bool startsWithPlainAscii(std::string_view text) noexcept {
     const auto isPlain = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
-    if (!isPlain(text[0]))
-        return false;
-    return text.size() == 1 || (isPlain(text[1]) && !(text[0] == '\r' && text[1] == '\n'));
+    return std::ranges::all_of(text.substr(0, 2), isPlain) && !text.starts_with("\r\n");
 }
 
 } // namespace

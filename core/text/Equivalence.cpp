@@ -19,7 +19,7 @@ void appendComposed(std::string& result, std::string_view wellFormed) {
     const utf8proc_ssize_t needed = utf8proc_decompose(bytes, size, nullptr, 0, options);
     if (needed < 0) // out of reach: the text is well-formed, and shorter than what is counted
         fatal("A text could not be normalised");
-    std::vector<utf8proc_int32_t> scalars(static_cast<std::size_t>(needed) + 1);
+    std::vector<utf8proc_int32_t> scalars(static_cast<std::size_t>(needed));
     utf8proc_decompose(bytes, size, scalars.data(), needed, options);
     const utf8proc_ssize_t count = utf8proc_normalize_utf32(scalars.data(), needed, options);
     for (utf8proc_ssize_t i = 0; i < count; ++i)
@@ -31,9 +31,8 @@ void appendComposed(std::string& result, std::string_view wellFormed) {
 /// What stands below U+0300 never composes with anything before it, and in Sinhala only the split vowel signs
 /// do.
 bool isKnownComposed(std::string_view text) noexcept {
-    const std::size_t ascii = asciiLength(text); // composes with nothing among itself
-    char32_t before = ascii == 0 ? 0 : static_cast<char32_t>(text[ascii - 1]);
-    text.remove_prefix(ascii);
+    text.remove_prefix(asciiLength(text)); // composes with nothing that is known
+    char32_t before = 0;
     while (!text.empty()) {
         const Scalar scalar = firstScalar(text);
         const bool isKnown =

@@ -138,6 +138,7 @@ TEST(CandidateTyping, DropsWhatIsOfAnOlderKey) {
     typing.press({.characters = "e"}, standardKeys());
     const auto second = typing.request();
     ASSERT_TRUE(second.has_value());
+    EXPECT_GT(second->generation, first->generation);
     const std::vector<Candidate> rows = candidatesFor(second->word, homeLists(), nullptr);
     EXPECT_FALSE(typing.take(first->generation, rows));
     EXPECT_FALSE(typing.line().isShown());
@@ -193,8 +194,10 @@ TEST(CandidateTyping, PutsInWhatIsMarkedWhereTheClientIsLost) {
     field.apply(field.typing.end());
     EXPECT_EQ(field.screen(), "ගෙදර");
     EXPECT_FALSE(field.typing.composer().isComposing());
+    EXPECT_FALSE(field.typing.line().isShown());
     field.type("gedr<down>");
     EXPECT_EQ(field.typing.forget(), "ගෙදර") << "which others have put in";
+    EXPECT_FALSE(field.typing.line().isShown());
     field.marked.clear();
     field.type("gedr");
     EXPECT_EQ(field.typing.forget(), "ගෙඩ්\u200Dර්");
@@ -257,6 +260,25 @@ TEST(CandidateTyping, LearnsNothingWhereItShallNot) {
     EXPECT_EQ(field.lessons, 1);
 }
 
+TEST(CandidateTyping, TakesBackWhatTheKeyBeforeTaught) {
+    LinedField field;
+    field.type("gedhara<space><left><delete>");
+    EXPECT_EQ(field.lessons, 1) << "another key came between";
+    field.type("gedhara<space>");
+    field.typing.end();
+    field.type("<delete>");
+    EXPECT_EQ(field.lessons, 2) << "the client was lost";
+    field.type("gedhara<space>");
+    field.typing.forget();
+    field.type("<delete>");
+    EXPECT_EQ(field.lessons, 3) << "the client took the text";
+    field.type("gedhara<space>");
+    field.typing.setSuggesting(false);
+    field.type("<delete>");
+    EXPECT_EQ(field.lessons, 5) << "suggestions are off, and learning is not";
+    EXPECT_EQ(field.store.countOf("ගෙදර"), 3);
+}
+
 TEST(CandidateTyping, FindsWhatWasTakenFirst) {
     LinedField field;
     field.type("gedr<down><down><space>gedr<down>");
@@ -276,10 +298,27 @@ TEST(CandidateTyping, ForgetsALearntRow) {
     EXPECT_TRUE(field.store.words()->forgotten.contains("ගෙදරකට"));
 }
 
+TEST(CandidateTyping, ShowsNoLineOfWhatWasTypedAloneOnceTheRestIsForgotten) {
+    LinedField field;
+    field.store.learn({"babaa", "\u0DB6\u0DB6\u0DCF"});
+    field.type("bab<down>");
+    ASSERT_EQ(field.screen(), "[\u0DB6\u0DB6\u0DCF]");
+    ASSERT_EQ(field.typing.line().rows.size(), 2U);
+    field.type("<S-forwarddelete>");
+    EXPECT_EQ(field.screen(), "[\u0DB6\u0DB6\u0DCA]");
+    EXPECT_FALSE(field.typing.line().isShown());
+}
+
 TEST(CandidateTyping, GoesOnWhereSuggestionsAreSwitched) {
     LinedField field;
-    field.type("gedr<down>");
+    field.type("gedr");
     field.typing.setSuggesting(false);
+    EXPECT_FALSE(field.typing.line().isShown());
+    field.typing.setSuggesting(true);
+    field.answer();
+    field.type("<down>");
+    field.typing.setSuggesting(false);
+    field.typing.setLearning(false);
     field.type("<space>");
     EXPECT_EQ(field.screen(), "ගෙදර ") << "what was marked, to the end of the word";
     field.type("gedr<down>");

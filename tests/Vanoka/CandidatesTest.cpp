@@ -71,6 +71,14 @@ TEST(Candidates, AreThreeToNine) {
     EXPECT_EQ(rowsOf("gas", lists, nullptr, 4), "ගස් ගස 🌳 (gas)");
 }
 
+TEST(Candidates, EmojiHaveThePlacesThatNoWordNeeds) {
+    const SuggestionLists lists = readSuggestionLists(
+        {.sinhala = {}, .english = {}, .emoji = "මල\t🌸 🌼\nගස\t🌳 🌳\nහා\tහා 👍\n", .neverOffered = "👍\n"});
+    EXPECT_EQ(rowsOf("mala", lists, nullptr, 3), "මල 🌸 🌼");
+    EXPECT_EQ(rowsOf("gasa", lists), "ගස 🌳") << "none twice";
+    EXPECT_EQ(rowsOf("haa", lists), "හා") << "what is typed, and what nobody wants offered";
+}
+
 TEST(Candidates, ThatWereLearntComeFirst) {
     const SuggestionLists lists = someLists();
     test::MemoryWordStore store;
@@ -87,6 +95,16 @@ TEST(Candidates, OfOneWordThatMayBeASlipComeAfterTheOthers) {
     store.learn({"gedaraka", "ගෙදරඇ"});
     store.learn({"gedhaka", "ගෙදරයි"});
     EXPECT_TRUE(rowsOf("gedr", lists, store.words().get()).starts_with("ගෙඩ්\u200Dර් ගෙදරයි* ගෙදරඇ* ගෙදර "));
+    EXPECT_EQ(rowsOf("gedr", lists, store.words().get(), 3), "ගෙඩ්\u200Dර් ගෙදරයි* ගෙදර");
+}
+
+TEST(Candidates, OfOneWordAreNoSlipOnceItWasTypedTwiceOrIsListed) {
+    const SuggestionLists lists =
+        readSuggestionLists({.sinhala = "ගෙදරයි\t1\n", .english = {}, .emoji = {}, .neverOffered = {}});
+    test::MemoryWordStore store;
+    for (const char* word : {"ගෙදරඇ", "ගෙදරයි", "ගෙදරආ", "ගෙදරආ"})
+        store.learn({"x", word});
+    EXPECT_EQ(rowsOf("gedr", lists, store.words().get()), "ගෙඩ්\u200Dර් ගෙදරආ* ගෙදරයි* ගෙදරඇ*");
 }
 
 TEST(Candidates, OfThisPersonLeaveRoomForTheLanguage) {
@@ -98,6 +116,8 @@ TEST(Candidates, OfThisPersonLeaveRoomForTheLanguage) {
     ASSERT_EQ(rows.size(), 6U);
     EXPECT_EQ(std::ranges::count(rows, true, &Candidate::isLearnt), 3);
     EXPECT_EQ(rows[4].text, "ගෙදර");
+    const auto fewer = candidatesFor(typed("gedr"), lists, store.words().get(), 5);
+    EXPECT_EQ(std::ranges::count(fewer, true, &Candidate::isLearnt), 2);
 }
 
 TEST(Candidates, KeepEnglishAsThisPersonDoes) {
@@ -117,6 +137,11 @@ TEST(Candidates, AreNeverThoseThatNobodyWantsOffered) {
     lists.neverOffered = NeverOffered("ගෙදර\nගෙදරට\nHello\nමල\ncat\nගෙදරඅ\n");
     EXPECT_EQ(rowsOf("gedr", lists), "ගෙඩ්\u200Dර් ගෙදරදි ගෙදරින් ගෙදරම ගෙදරක ගෙදරයි") << "others take their place";
     EXPECT_EQ(rowsOf("hello", lists), "හෙල්ලො");
+    lists.english = EnglishWordList("gedr\t3000\n");
+    lists.neverOffered = NeverOffered("gedr\n");
+    EXPECT_EQ(rowsOf("gedr", lists, nullptr, 3), "ගෙඩ්\u200Dර් ගෙදර ගෙදරට") << "no place is kept for it";
+    lists = someLists();
+    lists.neverOffered = NeverOffered("ගෙදර\nගෙදරට\nHello\nමල\ncat\nගෙදරඅ\n");
     EXPECT_EQ(rowsOf("mala", lists), "මල මල්") << "typed as ever, and no emoji for it";
     EXPECT_EQ(rowsOf("cat", lists), "චට්");
     test::MemoryWordStore store;
@@ -148,6 +173,8 @@ TEST(Candidates, AreWhatTheKeysAreReadAs) {
              {"g", "ග් ගෙදර ගෙදරට ගමන ගෙඩර ගනන"}, // or begin
          })
         EXPECT_EQ(rowsOf(row.keys, lists), row.rows) << row.keys;
+    EXPECT_EQ(rowsOf("gnana", lists, nullptr, 4), "ඥන ඥාන ඥානය ගනන")
+        << "the place that is kept, and nobody takes";
 }
 
 TEST(Candidates, KeepAPlaceForWhatIsAbbreviatedSo) {
@@ -174,6 +201,10 @@ TEST(Candidates, ThatWereLearntAreReadToo) {
     test::MemoryWordStore store;
     store.learn({"gnana", "ඥානය"});
     EXPECT_EQ(rowsOf("gnana", lists, store.words().get()), "ඥන ඥානය* ඥාන ගනන") << "first for the same keys";
+    test::MemoryWordStore other;
+    other.learn({"gnana", "ගනන"});
+    EXPECT_EQ(rowsOf("gnana", lists, other.words().get()), "ඥන ගනන* ඥාන ඥානය")
+        << "though it is spelled otherwise";
     store.learn({"gnanaya", "ගනනය"});
     EXPECT_EQ(rowsOf("gnanaya", lists, store.words().get()), "ඥනය ඥානය* ගනනය*") << "in no list";
 }

@@ -13,7 +13,7 @@ using Use = LearntWord::Use;
 const std::string gedara = "\u0D9C\u0DD9\u0DAF\u0DBB";
 
 TEST(LearntWord, IsTheTextTheKeysBothOrNothing) {
-    const std::string longest(LearntWords::longest, 'a');
+    const std::string longest(256, 'a');
     struct Row {
         std::string keys, text, sinhala, english;
         Use use = Use::typedInSinhala;
@@ -60,7 +60,10 @@ TEST(WordTally, CountsAndTakesBackNoMoreThanThereIs) {
     apply({WordChange::Kind::learn, kept}, tally);
     EXPECT_EQ(tally.sinhala[gedara], 2);
     EXPECT_EQ(tally.english["gedara"], (PersonalWords::EnglishUse{1, 2}));
-    for (int i = 0; i < 3; ++i)
+    apply({WordChange::Kind::unlearn, word}, tally);
+    EXPECT_EQ(tally.sinhala[gedara], 1);
+    EXPECT_EQ(tally.english["gedara"], (PersonalWords::EnglishUse{1, 1}));
+    for (int i = 0; i < 2; ++i)
         apply({WordChange::Kind::unlearn, word}, tally);
     EXPECT_TRUE(tally.sinhala.empty());
     EXPECT_EQ(tally.english["gedara"], (PersonalWords::EnglishUse{1, 0}));

@@ -128,6 +128,23 @@ TEST_F(VanokaInputControllerTest, ShiftAndCapsLockOnlyChangeTheCharacters) {
     EXPECT_EQ(field.screen(), "[\u0D88]");
 }
 
+/// A client that nothing is to be told.
+class LeftAlone final : public TextInputClient {
+public:
+    std::optional<std::string> bundleIdentifier() const override { return "com.example.editor"; }
+    void insertText(std::string_view text, TextRange /*replacement*/) override { ADD_FAILURE() << text; }
+    void setMarkedText(const MarkedText& text, TextRange /*selection*/, TextRange /*replacement*/) override {
+        ADD_FAILURE() << "[" << text.text << "]";
+    }
+};
+
+TEST_F(VanokaInputControllerTest, ForAKeyThatIsTheClientsItIsToldNothing) {
+    LeftAlone client;
+    for (const KeyEvent& key : test::keys("1.<space><return><left><delete><escape><C-c>"))
+        EXPECT_FALSE(controller.handle(&key, &client));
+    controller.commitComposition(&client);
+}
+
 TEST_F(VanokaInputControllerTest, SeveralCharactersAtOnceAreNoLetter) {
     EXPECT_FALSE(press({.characters = "ab"})) << "idle: the client's";
     press({.characters = "k"});
@@ -396,6 +413,12 @@ protected:
     test::MemoryWordStore store;
     Suggestions suggestions;
 };
+
+TEST_F(SuggestingControllerTest, AKeyThatMovesTheHighlightFindsTheCandidatesItself) {
+    type("gedr<down>");
+    ASSERT_EQ(controller.candidates().highlighted, 1U);
+    EXPECT_EQ(field.screen(), "[" + controller.candidates().rows[1].text + "]");
+}
 
 TEST_F(SuggestingControllerTest, ThePreviewGoesOutBeforeCandidatesAreFound) {
     type("gedr");

@@ -26,6 +26,14 @@ TEST(WordTally, MergingTakesTheLargerCountsAndAllThatIsForgotten) {
     EXPECT_EQ(tally, expected);
 }
 
+TEST(WordTally, IsTheSameAsPersonalWords) {
+    WordTally tally;
+    tally.sinhala = {{talliedGama, 2}, {talliedAmma, 9}};
+    tally.english = {{"hello", {3, 1}}};
+    tally.forgotten = {"kiri"};
+    EXPECT_EQ(WordTally(WordTally(tally).words()), tally);
+}
+
 TEST(WordTally, TheLeastUsedWordsMakeRoom) {
     WordTally tally;
     for (std::int64_t word = 0; word < LearntWords::most + 3; ++word)
@@ -34,6 +42,17 @@ TEST(WordTally, TheLeastUsedWordsMakeRoom) {
     EXPECT_EQ(tally.english.size(), static_cast<std::size_t>(LearntWords::most));
     EXPECT_TRUE(tally.english.contains("word7")) << "one use is as good as another's";
     EXPECT_TRUE(tally.english.contains("word1"));
+    EXPECT_TRUE(tally.english.contains("word9999")) << "used twice";
+
+    WordTally full;
+    for (std::int64_t word = 0; word < LearntWords::most; ++word)
+        full.sinhala["word" + std::to_string(word)] = 1;
+    WordTally merged;
+    merged.sinhala = {{"words", 2}};
+    merge(full, merged);
+    EXPECT_EQ(merged.sinhala.size(), static_cast<std::size_t>(LearntWords::most));
+    EXPECT_TRUE(merged.sinhala.contains("words")) << "used twice";
+    EXPECT_FALSE(merged.sinhala.contains("word9999"));
 
     WordTally few;
     few.sinhala = {{talliedGama, 1}};

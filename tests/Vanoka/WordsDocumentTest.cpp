@@ -36,6 +36,12 @@ TEST(WordsDocument, IsAWordListOfItsSinhalaWords) {
     EXPECT_EQ(list.words(), (std::vector<WordCount>{{gama, 2}, {gedara, 30}}));
 }
 
+TEST(WordsDocument, CountsToALimit) {
+    const auto read = WordsDocument::read(gama + "\t2147483647\n");
+    ASSERT_TRUE(std::holds_alternative<WordTally>(read));
+    EXPECT_EQ(std::get<WordTally>(read).sinhala.at(gama), 2147483647);
+}
+
 TEST(WordsDocument, NamesTheFirstLineThatIsWrong) {
     const std::string noWord = "it does not begin with a word";
     const std::string noRow = "it is no row of a word";

@@ -456,7 +456,11 @@ TEST_F(BadStrokes, Strokes) {
            10.0, 5, counts.get());
     expect(VANOKA_BAD_ARGUMENT, vanoka_decoder_decode, decoder.get(), nullptr, stroke.data(), std::size_t{2},
            10.0, 5, counts.get());
+    EXPECT_EQ(decode(nullptr, 1), VANOKA_BAD_ARGUMENT);
     EXPECT_EQ(decode(nullptr, 2), VANOKA_BAD_ARGUMENT);
+    const std::vector<double> many(2 * std::size_t{VANOKA_MOST_POINTS});
+    EXPECT_EQ(decode(many.data(), VANOKA_MOST_POINTS), VANOKA_OK);
+    EXPECT_EQ(decode(many.data(), VANOKA_MOST_POINTS + 1), VANOKA_TOO_LARGE);
     EXPECT_EQ(decode(stroke.data(), huge), VANOKA_TOO_LARGE);
     for (const double bad : {infinity, -infinity, notANumber}) {
         const std::array<double, 6> points = {10, 0, bad, 0, 0, 0};

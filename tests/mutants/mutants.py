@@ -47,10 +47,13 @@ class Mutant:
     number: int
     line: str
     form: str
+    after: str = ""  # the line after it
 
     @property
-    def key(self):
-        return self.path, self.line.strip(), self.form.strip()
+    def keys(self):
+        """By what the list knows it: the line alone, or with the one after it."""
+        key = self.path, self.line.strip(), self.form.strip()
+        return (*key, ""), (*key, self.after.strip())
 
     def __str__(self):
         return f"{self.path}:{self.number}\n  - {self.line.strip()}\n  + {self.form.strip() or '(nothing)'}"
@@ -71,7 +74,9 @@ def files(paths):
 
 def mutants_of(path):
     text = (TOP / path).read_text(encoding="utf-8")
-    return [Mutant(path, *each) for each in mutations.of_text(text)]
+    lines = text.split("\n")
+    return [Mutant(path, number, line, form, lines[number] if number < len(lines) else "")
+            for number, line, form in mutations.of_text(text)]
 
 
 def sample(by_file, count, seed):
@@ -91,7 +96,8 @@ def sample(by_file, count, seed):
 
 class Equivalents:
     """The changes that nobody could notice: paragraphs of a path, the line, each that it became and the reason. They
-    are found by their text, so that lines may move."""
+    are found by their text, so that lines may move. Where the same line stands elsewhere too and the change is noticed
+    there, the line after it is named as well."""
 
     def __init__(self, text):
         self.reasons = {}
@@ -99,17 +105,22 @@ class Equivalents:
             lines = [line for line in paragraph.splitlines() if not line.startswith("#")]
             if not lines:
                 continue
-            path, was, *rest = lines
-            becomes = list(itertools.takewhile(lambda line: line.startswith("+ "), rest))
-            reason = " ".join(rest[len(becomes):])
-            if not (was.startswith("- ") and becomes and reason):
+            path, *rest = lines
+            known = [line[2:].strip() for line in itertools.takewhile(lambda line: line.startswith("- "), rest)]
+            becomes = list(itertools.takewhile(lambda line: line.startswith("+ "), rest[len(known):]))
+            reason = " ".join(rest[len(known) + len(becomes):])
+            if not (len(known) in (1, 2) and becomes and reason):
                 sys.exit(f"A path, - a line, + what it became and the reason are expected:\n{paragraph}")
+            was, after = [*known, ""][:2]
             for became in becomes:
-                self.reasons[path, was[2:].strip(), became[2:].strip()] = reason
+                self.reasons[path, was, became[2:].strip(), after] = reason
+
+    def hold(self, mutant):
+        return any(key in self.reasons for key in mutant.keys)
 
     def stale(self, by_file):
         """Those that match no mutant any more, of the files that were looked at."""
-        keys = {each.key for mutants in by_file.values() for each in mutants}
+        keys = {key for mutants in by_file.values() for each in mutants for key in each.keys}
         return [key for key in self.reasons if key[0] in by_file and key not in keys]
 
     def of_no_file(self):
@@ -239,8 +250,8 @@ def main():
         return 0
     equivalents = Equivalents(EQUIVALENT.read_text(encoding="utf-8"))
     stale = equivalents.stale(by_file) + equivalents.of_no_file()
-    for path, was, became in stale:
-        print(f"stale: {path} has no longer\n  - {was}\n  + {became}")
+    for path, was, became, after in stale:
+        print(f"stale: {path} has no longer\n  - {was}\n  + {became}{after and f' (before {after})'}")
 
     folder, report = Path(options.within).resolve(), Report()
     folders = None if options.known else Folders(folder, options.jobs)
@@ -248,9 +259,10 @@ def main():
     outcomes = Outcomes(folder / "outcomes", TOP if options.known else folder / "tree")
 
     def known(mutant):
-        if mutant.key in equivalents.reasons:
+        if equivalents.hold(mutant):
             return "listed"
-        return outcomes.known(mutant) if options.resume or options.known else None
+        outcome = outcomes.known(mutant)
+        return outcome if options.resume or options.known else None
 
     if options.known:
         for mutant in chosen:

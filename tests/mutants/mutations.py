@@ -35,13 +35,17 @@ CONDITION = re.compile(r"\b(?:if|while) \((.*)\)(?: \{)?$")
 SIMPLE = re.compile(r" [=!]= |;| = |^!(?!.*(?: && | \|\| ))")
 DECLARED = re.compile(r"^\s*~?[A-Z]\w*\(.*\);$")
 RETURN = re.compile(r"^(\s*return) (.+);$")
-SAME_AS_DEFAULT = {"{}", "false", "true", "0", "nullptr", "std::nullopt", "*this"}
+# `none` is the first of every enumeration that has it, and VANOKA_OK is 0.
+SAME_AS_DEFAULT = re.compile(r"\{\}|false|true|0|nullptr|std::nullopt|\*this|VANOKA_OK|[\w:]+::none")
 STATEMENT = re.compile(r"^(\s*)(?:(?:\+\+|--)?[\w:.>\[\]()*-]+(?:\([^;]*\))?|[\w.>\[\]()*&-]+ [-+*/|&^%]?=(?!=) [^;]+);$")
 TWO_ARGUMENTS = re.compile(r"(?<=[\w>])\((\w+(?:\.\w+)*), (\w+(?:\.\w+)*)\)")
-# Those for which the order of two arguments makes no difference.
-SYMMETRIC = re.compile(r"\b(?:min|max|swap|equal)(?:<[\w:]+>)?$")
+# Those for which the order of two arguments makes no difference; of two problems either may be told.
+SYMMETRIC = re.compile(r"\b(?:min|max|swap|equal\w*|firstProblem)(?:<[\w:]+>)?$")
 # Where a statement may begin: after one, at a brace, after a condition, a label.
 BEFORE_STATEMENT = re.compile(r"(?:[;{}:)]|else|do|^)$")
+
+# The end of a switch, by its layout: what a case holds stands deeper than the case and the brace.
+LAST_BREAK = re.compile(r"^( *)(?:case\b.*|default):\n(?:\1 +.*\n)*?\1 +(break;)\n\1\}$", re.MULTILINE)
 
 # Left as they are. What is asserted while compiling refuses every change that it notices; room that is asked for
 # beforehand changes no result.
@@ -113,7 +117,7 @@ def removed(line, code, before):
             not code.strip().startswith("return"):
         yield statement[1] + ";"
     returning = RETURN.match(code)
-    if returning and balanced(code) and line[returning.start(2):returning.end(2)] not in SAME_AS_DEFAULT:
+    if returning and balanced(code) and not SAME_AS_DEFAULT.fullmatch(line[returning.start(2):returning.end(2)]):
         yield returning[1] + " {};"
 
 
@@ -139,14 +143,20 @@ def without_comments(text):
     return zip(text.split("\n"), blotted.split("\n"))
 
 
+def last_breaks(text):
+    """The numbers of the lines whose `break;` ends a switch, which ends without it as well."""
+    return {text.count("\n", 0, found.start(2)) + 1 for found in LAST_BREAK.finditer(text)}
+
+
 def of_text(text):
     """(number of the line from 1, the line, the changed line) for each change of a file."""
-    before, asserting = "", False
+    before, asserting, needless = "", False, last_breaks(text)
     for number, (line, outside) in enumerate(without_comments(text), 1):
         code = code_of(outside).replace("\0", " ").rstrip()
         asserting = asserting or code.lstrip().startswith("static_assert")
         if not asserting:
             for form in of_line(line, before) if code.strip() else []:
-                yield number, line, form
+                if form.strip() != ";" or number not in needless:
+                    yield number, line, form
         asserting = asserting and not code.endswith(";")
         before = code.strip() or before

@@ -25,9 +25,11 @@ class Outcomes:
                 self.entries[tuple(entry["mutant"])] = entry
 
     def known(self, mutant):
-        """The outcome, or None where it is not known or holds no longer."""
+        """The outcome, or None where it is not known or holds no longer. To be asked before the mutant is tried."""
+        # First of all, since the file is another one while its mutants are tried.
+        digest = self._digest(mutant.path)
         entry = self.entries.get(self._key(mutant))
-        holds = entry and entry["of"] == self._digest(mutant.path) and \
+        holds = entry and entry["of"] == digest and \
             (entry["outcome"] == "refused" or entry["tests"] == self._tests(entry["by"]))
         return entry["outcome"] if holds else None
 

@@ -1,6 +1,7 @@
 """Builds mutants in a copy of the tree and lets the suites that come past them run."""
 
 import contextlib
+import functools
 import os
 import re
 import subprocess
@@ -51,6 +52,10 @@ class Runner:
     def outcomes(self, mutants, suites):
         """What becomes of each of a file's mutants, as it comes: the mutant, the outcome, and the name of the suite
         that killed it, or an empty one."""
+        for mutant, outcome, suite in self._each(mutants, suites):
+            yield mutant, outcome, suite.name if suite else ""
+
+    def _each(self, mutants, suites):
         told = set()
         for mutant, *outcome in self._together(mutants, suites):
             told.add(mutant)
@@ -72,11 +77,7 @@ class Runner:
             with self._written(path, str(together)):
                 refusal = self._refusal(*{suite.program for suite in passing})
                 if refusal is None:
-                    failing = [suite for suite in passing if self._status(suite, 0) != 0]
-                    if failing:
-                        print(f"{path}: each is built alone, since together {failing[0]} fails.", file=sys.stderr)
-                    else:
-                        yield from self._chosen(together, suites)
+                    yield from self._chosen(together, suites)
                     return
             # What the compiler refuses there may be refused for being there.
             refused = {together.number_at(int(line)) for line in
@@ -87,10 +88,15 @@ class Runner:
             together.leave(refused)
 
     def _chosen(self, together, suites):
+        # Only those that kill are asked, and late, since all of them take minutes.
+        fails = functools.cache(lambda suite: self._status(suite, 0) != 0)
         for number, mutant in together.numbers.items():
-            outcome, by = self._met(mutant, suites, number)
+            outcome, suite = self._met(mutant, suites, number)
+            if suite and fails(suite):
+                print(f"{mutant.path}: each is built alone, since together {suite} fails.", file=sys.stderr)
+                return
             if outcome != "alive" or together.is_certain(mutant):
-                yield mutant, outcome, by
+                yield mutant, outcome, suite
 
     def _text(self, path):
         return (self.copy / path).read_text(encoding="utf-8")
@@ -106,16 +112,16 @@ class Runner:
             (self.copy / path).write_text(own, encoding="utf-8")
 
     def _met(self, mutant, suites, number=0):
-        """The outcome of one that is built, or chosen, and the suite that killed it."""
+        """The outcome of one that is built, or chosen, and the suite that killed it, or None."""
         kills = self.kills[mutant.path]
         for suite in ordered(mutant, suites, kills):
             if number == 0 and self._refusal(suite.program) is not None:
-                return "refused", ""
+                return "refused", None
             status = self._status(suite, number)
             if status != 0:
                 kills[suite] += 1
-                return "endless" if status is None else "killed", suite.name
-        return "alive", ""
+                return "endless" if status is None else "killed", suite
+        return "alive", None
 
     def _status(self, suite, number):
         return self.programs.status(suite, 1 + 5 * suite.seconds, {VARIABLE: str(number)})

@@ -7,6 +7,7 @@ import sys
 import tempfile
 import unittest
 from collections import Counter
+from dataclasses import replace
 from pathlib import Path
 
 import mutants
@@ -51,14 +52,23 @@ class Changes(unittest.TestCase):
         self.assertEqual([], forms("Word word(text);"))
         self.assertEqual([], forms("Word(Text text);"))
 
+    def test_the_last_break_of_a_switch_is_needed_as_little_as_a_last_return(self):
+        text = ("switch (a) {\ncase 1:\n    f();\n    break;\ncase 2: {\n    break;\n}\ndefault:\n    g();\n    break;\n}\n"
+                "while (a) {\n    if (b)\n        break;\n}\n")
+        self.assertEqual([4, 6, 14], [number for number, _, form in mutations.of_text(text) if form.strip() == ";" and
+                                      "break" in text.split("\n")[number - 1]])
+
     def test_returns(self):
         self.assertEqual(["return {};"], forms("return words;"))
         self.assertEqual(["return true;"], forms("return false;"))
         self.assertEqual([], forms("return {};"))
+        self.assertEqual([], forms("return Part::none;"))
+        self.assertEqual([], forms("return VANOKA_OK;"))
 
     def test_arguments(self):
         self.assertEqual(["auto x = f(b, a);"], forms("auto x = f(a, b);"))
         self.assertEqual([], forms("auto x = f(a, a);"))
+        self.assertEqual([], forms("auto x = equalKeys(a, b);"))
         self.assertEqual(["auto x = std::min<int>(a, b);"], forms("auto x = std::max<int>(a, b);"))
 
     def test_what_is_asserted_while_compiling_is_left(self):
@@ -81,20 +91,31 @@ class Listing(unittest.TestCase):
 
     def test_one_is_found_by_its_text(self):
         listed = mutants.Equivalents("# said once\n\nc/Library.cpp\n- return 1;\n+ return 2;\nBoth are\nthe same.\n")
-        key = self.BY_FILE["c/Library.cpp"][0].key
-        self.assertEqual({key: "Both are the same."}, listed.reasons)
+        mutant = self.BY_FILE["c/Library.cpp"][0]
+        self.assertEqual(["Both are the same."], list(listed.reasons.values()))
+        self.assertTrue(listed.hold(mutant))
+        self.assertFalse(listed.hold(replace(mutant, form="  return 0;")))
         self.assertEqual([], listed.stale(self.BY_FILE))
+
+    def test_one_is_found_by_the_line_after_it_too(self):
+        here = mutants.Mutant("c/Library.cpp", 7, "f();", ";", after="  g();")
+        elsewhere = replace(here, number=9, after="  h();")
+        listed = mutants.Equivalents("c/Library.cpp\n- f();\n- g();\n+ ;\nNobody reads it there.\n")
+        self.assertTrue(listed.hold(here))
+        self.assertFalse(listed.hold(elsewhere))
+        self.assertEqual([], listed.stale({"c/Library.cpp": [here]}))
+        self.assertEqual(1, len(listed.stale({"c/Library.cpp": [elsewhere]})))
 
     def test_several_of_a_line_for_one_reason(self):
         listed = mutants.Equivalents("c/Library.cpp\n- return 1;\n+ return 2;\n+ return 0;\nAll the same.\n")
         self.assertEqual({"All the same."}, set(listed.reasons.values()))
-        self.assertEqual(["return 2;", "return 0;"], [became for _, _, became in listed.reasons])
+        self.assertEqual(["return 2;", "return 0;"], [became for _, _, became, _ in listed.reasons])
 
     def test_one_that_matches_nothing_is_stale(self):
         listed = mutants.Equivalents("c/Library.cpp\n- return 3;\n+ return 2;\nReason.\n\n"
                                      "c/Gone.cpp\n- return 3;\n+ return 2;\nReason.\n")
-        self.assertEqual([("c/Library.cpp", "return 3;", "return 2;")], listed.stale(self.BY_FILE))
-        self.assertEqual([("c/Gone.cpp", "return 3;", "return 2;")], listed.of_no_file())
+        self.assertEqual([("c/Library.cpp", "return 3;", "return 2;", "")], listed.stale(self.BY_FILE))
+        self.assertEqual([("c/Gone.cpp", "return 3;", "return 2;", "")], listed.of_no_file())
 
     def test_a_reason_is_asked_for(self):
         with self.assertRaises(SystemExit):
@@ -225,6 +246,14 @@ class Keeping(unittest.TestCase):
         self.assertEqual("killed", self.outcomes().known(self.MUTANT))
         self.write("core/sum.cpp", "return 1 + 1;")
         self.assertIsNone(self.outcomes().known(self.MUTANT))
+
+    def test_what_is_told_while_the_file_is_changed_is_of_the_file_as_it_was(self):
+        outcomes = self.outcomes()
+        self.assertIsNone(outcomes.known(self.MUTANT))
+        self.write("core/sum.cpp", "return 2;")
+        outcomes.add(self.MUTANT, "alive", "")
+        self.write("core/sum.cpp", "return 1;")
+        self.assertEqual("alive", self.outcomes().known(self.MUTANT))
 
     def test_one_killed_is_tried_again_when_the_suite_changes(self):
         self.outcomes().add(self.MUTANT, "killed", "Every/Sum/0")

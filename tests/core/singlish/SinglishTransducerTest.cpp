@@ -82,6 +82,23 @@ TEST(SinglishTransducer, DoesWhatTheReaderDoesWithEntangledKeys) {
     }
 }
 
+TEST(SinglishTransducer, DoesWhatTheReaderDoesWithKeysThatAreAllJoined) {
+    const SinglishToken ra = SinglishToken::consonant("\u0DBB");
+    expectThePlainTable(Keys({{"r", ra}, {"rr", ra}}));
+}
+
+/// Every key of this text writes the most that one may, a virama, a joiner and a letter, over many stretches.
+TEST(SinglishTransducer, HasRoomForTheLongestTexts) {
+    const std::size_t pairs = 10'000;
+    std::string keys, expected;
+    for (std::size_t pair = 0; pair < pairs; ++pair) {
+        keys += "yr";
+        expected += "\u0DBA\u0DCA\u200D\u0DBB\u0DCA\u200D";
+    }
+    expected.resize(expected.size() - std::string_view("\u200D").size());
+    EXPECT_EQ(transliterate(keys), expected);
+}
+
 TEST(SinglishTransducer, LeavesKeysThatAreNotOfLettersToTheReader) {
     for (const char* key : {"k1", "\u00E9", "k\u0301", "abcdefghi"}) {
         const Keys keys({{key, SinglishToken::consonant("\u0D9A")}});

@@ -21,6 +21,7 @@ const std::vector<EquivalenceRow> equivalenceRows = {
     {"kaa", "kaa"},
     {"\u00E9", "\u00E9"},
     {"e\u0301", "\u00E9"},
+    {"a\u0300", "\u00E0"},
     {"\u212A", "K"},
     {"\u2126", "\u03A9"},
     {"\u0D9A\u0DD9\u0DCA", "\u0D9A\u0DDA"},
@@ -53,6 +54,13 @@ TEST(Equivalence, ATextEqualsItsComposition) {
         EXPECT_FALSE(CanonicalLess()(row.composed, row.text)) << testing::PrintToString(row.text);
         EXPECT_FALSE(equal(row.text, row.composed + "x")) << testing::PrintToString(row.text);
     }
+}
+
+TEST(Equivalence, IsKnownOfSinhalaAndLatinLetters) {
+    for (const char* text : {"", "kaa", "caf\u00E9", "\u02FE", "\u0D9A\u0DCA\u200D\u0DBB\u0DD2 a", "\u200C"})
+        EXPECT_TRUE(isKnownComposed(text)) << text;
+    for (const char* text : {"a\u0300", "\u212A", "\u0D9A\u0DD9\u0DCA", "a \u0DD9\u0DCF"})
+        EXPECT_FALSE(isKnownComposed(text)) << text;
 }
 
 TEST(Equivalence, JoinersAndCaseCount) {

@@ -62,6 +62,13 @@ TEST(LetterCase, ScalarsAreUpperCaseWhereTheUnicodeConsortiumSaysSo) {
     }
 }
 
+TEST(Category, TellsControlScalars) {
+    for (const char32_t scalar : {0x00U, 0x1FU, 0x7FU, 0x80U, 0x9FU})
+        EXPECT_TRUE(isControl(scalar)) << std::hex << static_cast<std::uint32_t>(scalar);
+    for (const char32_t scalar : {0x20U, 0x7EU, 0xA0U, 0x200DU})
+        EXPECT_FALSE(isControl(scalar)) << std::hex << static_cast<std::uint32_t>(scalar);
+}
+
 TEST(Category, TellsControlAndFormatScalars) {
     for (const char32_t scalar :
          {0x00U, 0x0DU, 0x1FU, 0x7FU, 0x9FU, 0xADU, 0x200CU, 0x200DU, 0x2060U, 0xFEFFU, 0xE0001U})

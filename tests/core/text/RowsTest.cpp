@@ -11,6 +11,7 @@ namespace vanoka::text {
 namespace {
 
 using namespace std::string_literals;
+using namespace std::string_view_literals;
 using Kind = Row::Kind;
 
 std::vector<std::string> linesOf(std::string_view text) {
@@ -31,6 +32,7 @@ TEST(Rows, ALineFeedEndsALineUnlessACarriageReturnStandsBeforeIt) {
     EXPECT_EQ(linesOf("\n\r\n\n"), (Lines{"", "\r\n"}));
     EXPECT_EQ(linesOf("a\n\u0301b"), (Lines{"a", "\u0301b"})) << "nothing combines with a line feed";
     EXPECT_EQ(linesOf("a\0b\nc"s), (Lines{"a\0b"s, "c"}));
+    EXPECT_EQ(linesOf("\r\na"sv.substr(1)), (Lines{"", "a"})) << "what stands before the text";
 }
 
 TEST(Rows, ARowHasTwoFields) {

@@ -8,6 +8,7 @@ namespace vanoka::text {
 namespace {
 
 using namespace std::string_literals;
+using namespace std::string_view_literals;
 
 std::vector<char32_t> values(std::string_view text) {
     std::vector<char32_t> result;
@@ -20,6 +21,9 @@ TEST(Utf8, ReadsScalarsOfEveryLength) {
     EXPECT_EQ(values("a\u00E9\u0D9A\U0001F600"), (std::vector<char32_t>{'a', 0xE9, 0xD9A, 0x1F600}));
     EXPECT_EQ(values("\0a"s), (std::vector<char32_t>{0, 'a'}));
     EXPECT_EQ(values("").size(), 0U);
+    EXPECT_EQ(firstScalar("").value, 0U);
+    EXPECT_EQ(firstScalar("").length, 0U);
+    EXPECT_FALSE(firstScalar("").wellFormed);
 }
 
 TEST(Utf8, CountsEveryIllFormedByteByItself) {
@@ -33,6 +37,9 @@ TEST(Utf8, CountsEveryIllFormedByteByItself) {
         {"\xE0\xB6k", 3},        // cut short by another
         {"\xC0\xAF", 2},         // too long a form
         {"\xE0\x80\xAF", 3},     // the same in three bytes
+        {"\xE0\x9F\xBF", 3},     // the longest of them
+        {"\xE1k\x80", 3},        // interrupted
+        {"\xE0\xB6k\x80", 4},    // cut short, and a continuation after it
         {"\xED\xA0\x80", 3},     // a surrogate
         {"\xF4\x90\x80\x80", 4}, // beyond U+10FFFF
         {"\xFF\xFE", 2},
@@ -43,15 +50,18 @@ TEST(Utf8, CountsEveryIllFormedByteByItself) {
         EXPECT_FALSE(isWellFormed(row.text)) << testing::PrintToString(row.text);
     }
     EXPECT_TRUE(isWellFormed("k\u0D9A\u200D\0"s));
+    EXPECT_EQ(values("\xFFk"), (std::vector<char32_t>{0xFFFD, 'k'}));
 }
 
 TEST(Utf8, FindsTheLastScalar) {
     EXPECT_EQ(lastScalar("").length, 0U);
     EXPECT_EQ(lastScalar("ab").value, U'b');
     EXPECT_EQ(lastScalar("a\u0D9A").value, 0xD9AU);
+    EXPECT_EQ(lastScalar("\u0D9A").value, 0xD9AU);
     EXPECT_EQ(lastScalar("a\U0001F600").length, 4U);
     EXPECT_FALSE(lastScalar("a\x80").wellFormed);
     EXPECT_EQ(lastScalar("a\x80").length, 1U);
+    EXPECT_EQ(lastScalar("a\x80").value, U'\uFFFD');
     EXPECT_FALSE(lastScalar("\u0D9A\x80").wellFormed);
     EXPECT_FALSE(lastScalar("\xB6\x9A\x80\x80\x80").wellFormed);
 }
@@ -72,6 +82,8 @@ TEST(Utf8, CountsUtf16Units) {
     EXPECT_EQ(utf16Length(""), 0U);
     EXPECT_EQ(utf16Length("\u0DC1\u0DCA\u200D\u0DBB\u0DD3"), 5U);
     EXPECT_EQ(utf16Length("a\U0001F600"), 3U);
+    EXPECT_EQ(utf16Length("\uFFFF"), 1U);
+    EXPECT_EQ(utf16Length("\U00010000"), 2U);
     EXPECT_EQ(utf16Length("\xFFz"), 2U);
 }
 
@@ -89,12 +101,20 @@ TEST(Utf8, TellsAnUnfinishedScalarFromOneThatCannotBeFinished) {
         {"\x80", 0},
         {"\x80\x80", 0},
         {"\xC0", 0},
+        {"\xC1", 0},
+        {"\xC2", 1},
+        {"\xDF", 1},
+        {"\xDF\xBF", 0},
+        {"\xEF\xBF", 2},
+        {"\xEF\xBF\xBD", 0},
+        {"\xF4\x80\x80", 3},
         {"\xF5", 0},
         {"\xFF", 0},
         {"a\x80\x80\x80\x80", 0},
     };
     for (const auto& [text, length] : rows)
         EXPECT_EQ(unfinishedLength(text), length) << testing::PrintToString(text);
+    EXPECT_EQ(unfinishedLength("\xF0\x80\x80"sv.substr(2)), 0U) << "what stands before the text";
 }
 
 TEST(Utf8, TellsAscii) {
@@ -102,6 +122,7 @@ TEST(Utf8, TellsAscii) {
         const std::string ascii(length, '\x7F');
         EXPECT_EQ(asciiLength(ascii), length);
         EXPECT_EQ(asciiLength(ascii + "\u0080" + ascii), length);
+        EXPECT_EQ(asciiLength(ascii + "\x80" + ascii), length);
     }
     EXPECT_TRUE(isAscii(""));
     EXPECT_TRUE(isAscii("a\x7F"));

@@ -24,6 +24,8 @@ const std::vector<VisibleRow> visibleRows = {
     {"\x1B]0;title\x07", "\\u{1B}]0;title\\u{7}", ""},
     {"a\0b"s, "a\\u{0}b", ""},
     {"\x7F\u0080\u009B31m\u009D\u009F\u00A0", "\\u{7F}\\u{80}\\u{9B}31m\\u{9D}\\u{9F}\u00A0", ""},
+    {" \x1F~", " \\u{1F}~", ""},
+    {"\u2029\u202A\u202F\u2065\u206A", "\u2029\\u{202A}\u202F\u2065\u206A", ""},
     {"\x9B\xE0\xB6", "\\x9B\\xE0\\xB6", ""},
     {"\u202Ea\u202C \u2066b\u2069 \u200F", "\\u{202E}a\\u{202C} \\u{2066}b\\u{2069} \u200F", ""},
     {"a\tb\nc\r\nd", "a\\tb\\nc\\r\\nd", "a\tb\nc\r\nd"},

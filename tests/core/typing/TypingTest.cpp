@@ -2,6 +2,7 @@
 
 #include "Keys.h"
 #include "Randoms.h"
+#include "typing/FunctionKey.h"
 
 #include <gtest/gtest.h>
 
@@ -122,6 +123,44 @@ TEST(Typing, PutsInWhatWasShownThoughTheKeysHaveChanged) {
     EXPECT_EQ(typing.end().text, "\u0D9A\u0DCA") << "the next key alone brings other keys";
     typing.press({.characters = "k"}, changed);
     EXPECT_EQ(typing.end().text, "\u0D9B\u0DCA");
+}
+
+// Adapters pass on what their platform sends: the numbers are the platform's, and none may move.
+
+TEST(KeyEvent, HasTheNumbersThatThePlatformSends) {
+    EXPECT_EQ(KeyEvent::keyDown, 10U);
+    EXPECT_EQ(KeyEvent::shift, 0x20000U);
+    EXPECT_EQ(KeyEvent::control, 0x40000U);
+    EXPECT_EQ(KeyEvent::option, 0x80000U);
+    EXPECT_EQ(KeyEvent::command, 0x100000U);
+    EXPECT_EQ(KeyEvent::shortcutModifiers, 0x1C0000U);
+    EXPECT_EQ(KeyEvent::space, 49U);
+    EXPECT_EQ(KeyEvent::deleteBackward, 51U);
+    EXPECT_EQ(KeyEvent::escape, 53U);
+    EXPECT_EQ(KeyEvent::otherKey, 0xFFFFU);
+    EXPECT_EQ(KeyEvent().modifierFlags, 0U);
+}
+
+TEST(FunctionKey, HasTheScalarThatThePlatformSends) {
+    EXPECT_EQ(FunctionKey::upArrow, 0xF700U);
+    EXPECT_EQ(FunctionKey::downArrow, 0xF701U);
+    EXPECT_EQ(FunctionKey::leftArrow, 0xF702U);
+    EXPECT_EQ(FunctionKey::rightArrow, 0xF703U);
+    EXPECT_EQ(FunctionKey::f1, 0xF704U);
+    EXPECT_EQ(FunctionKey::insert, 0xF727U);
+    EXPECT_EQ(FunctionKey::deleteForward, 0xF728U);
+    EXPECT_EQ(FunctionKey::home, 0xF729U);
+    EXPECT_EQ(FunctionKey::end, 0xF72BU);
+    EXPECT_EQ(FunctionKey::pageUp, 0xF72CU);
+    EXPECT_EQ(FunctionKey::pageDown, 0xF72DU);
+    EXPECT_EQ(FunctionKey::other, 0xF8FFU);
+}
+
+TEST(FunctionKey, ContainsTheScalarsOfAll) {
+    EXPECT_FALSE(FunctionKey::contains(0xF6FF));
+    EXPECT_TRUE(FunctionKey::contains(0xF700));
+    EXPECT_TRUE(FunctionKey::contains(0xF8FF));
+    EXPECT_FALSE(FunctionKey::contains(0xF900));
 }
 
 /// Whatever is pressed: what is put in was shown before, and a key that is the client's leaves nothing

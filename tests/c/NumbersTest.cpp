@@ -1,0 +1,159 @@
+#include "Handles.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <limits>
+#include <string>
+
+/// The numbers that go with texts, and how much is taken.
+namespace vanoka {
+
+namespace {
+
+const std::string letterKha = "\u0D9B", letterKa = "\u0D9A";
+
+/// The number of the first item of this kind that has this text, or any where it is null; -1 when there is
+/// none.
+std::int64_t numberOf(const vanoka_answer* answer, std::int32_t kind, const char* text = nullptr) {
+    const vanoka_item* items = vanoka_answer_items(answer);
+    const vanoka_item* end = items + vanoka_answer_count(answer);
+    const auto* found = std::find_if(items, end, [&](const vanoka_item& item) {
+        return item.kind == kind && (!text || test::textOf(item) == text);
+    });
+    return found == end ? -1 : found->number;
+}
+
+class Numbers : public testing::Test {
+protected:
+    test::AnswerHandle answer = test::created<test::AnswerHandle>(vanoka_answer_create);
+    test::SettingsHandle settings = test::created<test::SettingsHandle>(vanoka_settings_create);
+};
+
+TEST_F(Numbers, TellWhichLettersAndKeysWereChanged) {
+    EXPECT_EQ(vanoka_settings_set_built_in(settings.get(), "kh", 2, 0), VANOKA_OK);
+    EXPECT_EQ(vanoka_settings_letters(settings.get(), answer.get()), VANOKA_OK);
+    EXPECT_EQ(numberOf(answer.get(), VANOKA_CONSONANT, letterKha.c_str()), 1);
+    EXPECT_EQ(numberOf(answer.get(), VANOKA_CONSONANT, letterKa.c_str()), 0);
+    EXPECT_EQ(vanoka_settings_keys(settings.get(), letterKha.data(), letterKha.size(), answer.get()),
+              VANOKA_OK);
+    EXPECT_EQ(numberOf(answer.get(), VANOKA_BUILT_IN, "kh"), 0);
+    EXPECT_EQ(numberOf(answer.get(), VANOKA_BUILT_IN, "K"), 1);
+    EXPECT_EQ(vanoka_settings_long_press(settings.get(), "K", 1, answer.get()), VANOKA_OK);
+    EXPECT_EQ(numberOf(answer.get(), VANOKA_CONSONANT, letterKha.c_str()), 0) << "says nothing there";
+}
+
+TEST_F(Numbers, TellWhetherAnExampleCanBeTyped) {
+    const auto example = [&] {
+        EXPECT_EQ(
+            vanoka_settings_editor(settings.get(), letterKa.data(), letterKa.size(), "", 0, answer.get()),
+            VANOKA_OK);
+        return numberOf(answer.get(), VANOKA_EXAMPLE);
+    };
+    EXPECT_EQ(example(), 1);
+    EXPECT_EQ(vanoka_settings_set_built_in(settings.get(), "k", 1, 0), VANOKA_OK);
+    EXPECT_EQ(example(), 0);
+}
+
+TEST_F(Numbers, ADocumentOfOneByteIsADocument) {
+    EXPECT_EQ(vanoka_settings_load(settings.get(), "x", 1), VANOKA_ILL_FORMED);
+    EXPECT_EQ(vanoka_settings_load(settings.get(), "", 0), VANOKA_OK);
+}
+
+TEST_F(Numbers, ATextMayBeAsLongAsTheHeaderSays) {
+    const std::string longest(VANOKA_LARGEST_TEXT, '.');
+    EXPECT_EQ(vanoka_settings_load(settings.get(), longest.data(), longest.size()), VANOKA_ILL_FORMED);
+    EXPECT_EQ(vanoka_settings_load(settings.get(), longest.data(), longest.size() + 1), VANOKA_TOO_LARGE);
+}
+
+TEST_F(Numbers, OfWaysInWhichAnEnglishWordWasMeantDecide) {
+    const std::string once = "hello\t1\n", often = "hello\t9\n";
+    const auto isEnglishSecond = [&](const std::string& kept, const std::string& typed) {
+        const auto own = test::created<test::PersonalHandle>(vanoka_personal_create, nullptr, kept.data(),
+                                                             kept.size(), typed.data(), typed.size());
+        const std::string list = "\u0DC4\u0DD9\u0DBD\u0DCA\u0DBD\u0DDC\u0DBA\t5\n";
+        const auto sinhala = test::created<test::WordsHandle>(vanoka_words_create, list.data(), list.size());
+        const auto all = test::created<test::CandidatesHandle>(vanoka_candidates_create, sinhala.get(),
+                                                               nullptr, nullptr, "", std::size_t{0});
+        const std::string preview = "\u0DC4\u0DD9\u0DBD\u0DCA\u0DBD\u0DDC";
+        EXPECT_EQ(vanoka_candidates_find(all.get(), own.get(), "hello", 5, preview.data(), preview.size(), 6,
+                                         answer.get()),
+                  VANOKA_OK);
+        EXPECT_EQ(vanoka_answer_count(answer.get()), 3U);
+        return vanoka_answer_items(answer.get())[1].text == std::string("hello");
+    };
+    EXPECT_TRUE(isEnglishSecond(often, once));
+    EXPECT_FALSE(isEnglishSecond(once, often));
+}
+
+class SuggestingNumbers : public Numbers {
+protected:
+    std::int32_t press(const char* characters) {
+        std::int32_t consumed = 7;
+        EXPECT_EQ(vanoka_suggesting_press(suggesting.get(), VANOKA_OTHER_KEY, 0, characters, 1, &consumed,
+                                          answer.get()),
+                  VANOKA_OK);
+        return consumed;
+    }
+    vanoka_status take(const vanoka_item* rows, std::size_t count) {
+        EXPECT_EQ(vanoka_suggesting_request(suggesting.get(), answer.get()), VANOKA_OK);
+        return vanoka_suggesting_take(suggesting.get(), numberOf(answer.get(), VANOKA_KEYS), rows, count,
+                                      &taken);
+    }
+
+    test::SuggestingHandle suggesting =
+        test::created<test::SuggestingHandle>(vanoka_suggesting_create, settings.get());
+    std::int32_t taken = 7;
+};
+
+TEST_F(SuggestingNumbers, AsManyRowsAreTakenAsALineHolds) {
+    EXPECT_EQ(vanoka_suggesting_switch(suggesting.get(), 1, 1), VANOKA_OK);
+    EXPECT_EQ(press("k"), 1);
+    std::array<vanoka_item, 10> rows = {};
+    rows.fill({.text = "k", .size = 1, .kind = VANOKA_WORD});
+    EXPECT_EQ(take(rows.data(), 10), VANOKA_TOO_LARGE);
+    rows[8].size = 0;
+    EXPECT_EQ(take(rows.data(), 9), VANOKA_BAD_ARGUMENT) << "the last one is empty";
+    EXPECT_EQ(taken, 0);
+    rows[8].size = 1;
+    EXPECT_EQ(take(rows.data(), 9), VANOKA_OK);
+    EXPECT_EQ(taken, 1);
+    EXPECT_EQ(vanoka_suggesting_forget_row(suggesting.get(), 9, answer.get()), VANOKA_OK);
+    EXPECT_EQ(vanoka_answer_count(answer.get()), 0U) << "there is none";
+    EXPECT_EQ(press("a"), 1);
+    EXPECT_EQ(take(nullptr, 0), VANOKA_OK) << "there are none";
+    EXPECT_EQ(taken, 1);
+}
+
+TEST_F(SuggestingNumbers, ACallThatFailsConsumesNothing) {
+    std::int32_t consumed = 7;
+    EXPECT_EQ(
+        vanoka_suggesting_press(suggesting.get(), VANOKA_OTHER_KEY, 0, nullptr, 1, &consumed, answer.get()),
+        VANOKA_BAD_ARGUMENT);
+    EXPECT_EQ(consumed, 0);
+}
+
+TEST_F(SuggestingNumbers, OnlyKeysThatMoveTheHighlightNeedCandidates) {
+    EXPECT_EQ(vanoka_suggesting_switch(suggesting.get(), 1, 1), VANOKA_OK);
+    EXPECT_EQ(press("k"), 1);
+    std::int32_t needs = 7;
+    EXPECT_EQ(vanoka_suggesting_needs(suggesting.get(), VANOKA_OTHER_KEY, 0, "a", 1, &needs), VANOKA_OK);
+    EXPECT_EQ(needs, 0);
+    EXPECT_EQ(vanoka_suggesting_needs(suggesting.get(), VANOKA_OTHER_KEY, 0, "\t", 1, &needs), VANOKA_OK);
+    EXPECT_EQ(needs, 1);
+}
+
+TEST(DecoderNumbers, AsManyListsAreTakenAsTheHeaderSays) {
+    std::array<const char*, VANOKA_MOST_LISTS + 1> lists = {};
+    std::array<std::size_t, VANOKA_MOST_LISTS + 1> sizes = {};
+    vanoka_decoder* decoder = nullptr;
+    EXPECT_EQ(vanoka_decoder_create(lists.data(), sizes.data(), VANOKA_MOST_LISTS + 1, &decoder),
+              VANOKA_TOO_LARGE);
+    EXPECT_EQ(vanoka_decoder_create(nullptr, nullptr, 1, &decoder), VANOKA_BAD_ARGUMENT);
+    EXPECT_EQ(vanoka_decoder_create(lists.data(), sizes.data(), VANOKA_MOST_LISTS, &decoder), VANOKA_OK);
+    vanoka_decoder_release(decoder);
+}
+
+} // namespace
+
+} // namespace vanoka
