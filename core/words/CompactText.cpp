@@ -51,14 +51,14 @@ std::string expanded(std::string_view bytes) {
         const std::string_view unit = firstUnit(bytes);
         bytes.remove_prefix(unit.size());
         const auto first = static_cast<unsigned char>(unit[0]);
-        if (unit.size() > 1) {
-            text += unit.substr(1);
-        } else if (first < 0x80) {
+        if (first < 0x80) {
             text += unit;
-        } else {
+        } else if (unit.size() == 1) {
             text += '\xE0';
             text += first < 0xC0 ? '\xB6' : '\xB7';
             text += static_cast<char>(first < 0xC0 ? first : first - 0x40);
+        } else {
+            text += unit.substr(1);
         }
     }
     return text;

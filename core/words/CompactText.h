@@ -49,6 +49,11 @@ inline std::string_view firstUnit(std::string_view bytes) noexcept {
     return bytes.substr(0, lead < 0xE0 ? 3 : lead < 0xF0 ? 4 : 5);
 }
 
+/// True for a unit that is one of the joiners.
+constexpr bool isJoiner(std::string_view unit) noexcept {
+    return unit == "\xFF\u200D" || unit == "\xFF\u200C";
+}
+
 /// True for the first byte of a unit that is a Sinhala sign (see `script::isSign`). All signs are units of
 /// one byte.
 bool isSign(char unit) noexcept;

@@ -72,10 +72,6 @@ constexpr std::array replacements = [] {
     return all;
 }();
 
-bool isJoiner(std::string_view unit) {
-    return unit == "\xFF\u200D" || unit == "\xFF\u200C";
-}
-
 void assignFolded(std::string_view composed, std::string& key) {
     key.clear();
     while (!composed.empty()) {
@@ -84,7 +80,7 @@ void assignFolded(std::string_view composed, std::string& key) {
         if (unit.size() == 1) {
             const Replacement& replacement = replacements[static_cast<unsigned char>(unit[0])];
             key.append(replacement.units.data(), replacement.length);
-        } else if (!isJoiner(unit)) {
+        } else if (!CompactText::isJoiner(unit)) {
             key += unit;
         }
     }
@@ -105,7 +101,7 @@ bool isKnownComposed(std::string_view compact) {
         const std::string_view unit = CompactText::firstUnit(compact);
         compact.remove_prefix(unit.size());
         const bool composes = beginsComposition[static_cast<unsigned char>(unit[0])];
-        if (unit.size() > 1 ? !isJoiner(unit)
+        if (unit.size() > 1 ? !CompactText::isJoiner(unit)
                             : composes && !compact.empty() && CompactText::isSign(compact[0]))
             return false;
     }

@@ -3,8 +3,7 @@
 #include "PlainReading.h"
 #include "Randoms.h"
 #include "Rounds.h"
-#include "words/SinhalaWordIndex.h"
-#include "words/WordTrie.h"
+#include "WordLists.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,12 +13,7 @@ namespace vanoka {
 
 namespace {
 
-WordTrie trieOf(const std::vector<WordCount>& words) {
-    SinhalaWordIndex::Builder builder;
-    for (const auto& [word, count] : words)
-        builder.add(word, count);
-    return WordTrie(Shared<SinhalaWordIndex>(std::make_shared<const SinhalaWordIndex>(builder.finish())));
-}
+using test::trieOf;
 
 std::string bytesOf(std::string_view word) {
     std::string bytes;
