@@ -2,6 +2,7 @@
 """Tests of scripts/mutants' own parts, and of the whole of it with a program of two lines: self_test.py."""
 
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -11,6 +12,7 @@ from pathlib import Path
 
 import mutants
 import mutations
+import suites
 from outcomes import Outcomes
 from runner import Runner, ordered
 from suites import Suite
@@ -243,6 +245,20 @@ class Keeping(unittest.TestCase):
         self.assertEqual("alive", self.outcomes().known(self.MUTANT))
         self.write("tests/OtherTest.cpp", "TEST(Other, Two) {}")
         self.assertIsNone(self.outcomes().known(self.MUTANT))
+
+
+class Waiting(unittest.TestCase):
+    def waited_for(self, command):
+        run = subprocess.Popen(command, start_new_session=True, preexec_fn=suites.limits(1))
+        self.addCleanup(run.wait)
+        self.addCleanup(run.kill)
+        return suites.waited_for(run, 0.2)
+
+    def test_one_that_only_waits_is_not_waited_for(self):
+        self.assertIsNone(self.waited_for(["sleep", "60"]))
+
+    def test_one_that_works_is_waited_for_until_its_own_time_is_over(self):
+        self.assertEqual(-signal.SIGXCPU, self.waited_for(["sh", "-c", "while :; do :; done"]))
 
 
 LINES = """\

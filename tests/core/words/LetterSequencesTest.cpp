@@ -99,6 +99,13 @@ TEST(LetterSequences, TakeHugeAndNegativeCounts) {
     EXPECT_EQ(costOf(0x0D89), costOf(0x0D8B));
 }
 
+TEST(LetterSequences, TakeThreeBytesASequenceAndFourToFindTheLongerOnes) {
+    const LetterSequences sequences(trieOf({{"\u0D85", 1}}),
+                                    2); // the letter and both ends; two pairs of them
+    EXPECT_EQ(sequences.size(), 5U);
+    EXPECT_EQ(sequences.memory(), 3 * 3 + 4 * (3 + 1) + 2 * 2 + 2 * 4 * sizeof(std::vector<char>));
+}
+
 } // namespace
 
 } // namespace vanoka

@@ -192,6 +192,17 @@ TEST(TypedWords, BadInputGivesNothing) {
     }
 }
 
+TEST(TypedWords, TheLongestThatIsReadHas96Letters) {
+    std::string word, typed;
+    for (int i = 0; i < 48; ++i) {
+        word += "ක";
+        typed += "ka";
+    }
+    const TypedWords words(SinhalaWordList(std::vector<WordCount>{{word, 5}, {word + "ක", 5}}));
+    EXPECT_EQ(words.wordsTyped(typed, 1), Words{word});
+    EXPECT_EQ(words.wordsTyped(typed + "k", 1), Words());
+}
+
 TEST(TypedWords, OfAnEmptyList) {
     const TypedWords nothing = read("", TypedWords::Unlisted::sixLetters);
     const TypedWords own = read(small);
