@@ -92,7 +92,7 @@ TEST(TypedWordTwins, OfALanguage) {
 TEST(TypedWordTwins, GuessesOfALanguage) {
     Randoms randoms(9);
     std::size_t found = 0;
-    for (std::size_t round = 0; round < test::rounds(14); ++round) {
+    for (int round = 0; round < 12; ++round) {
         const auto all = test::sinhalaLikeWords(5 + randoms.below(300));
         const SinhalaWordList list(all), own(test::strangeWords(randoms, 12));
         const auto unlisted =
@@ -116,7 +116,7 @@ TEST(TypedWordTwins, GuessesOfALanguage) {
             found += expected.size();
         }
     }
-    EXPECT_GT(found, test::rounds(150));
+    EXPECT_GT(found, 100U);
 }
 
 /// A word as it changes while somebody types: the next letter of what is meant, letters more, letters less,
