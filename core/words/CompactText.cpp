@@ -4,8 +4,6 @@
 #include "support/Fatal.h"
 #include "text/Utf8.h"
 
-#include <array>
-
 namespace vanoka::CompactText {
 
 namespace {
@@ -13,12 +11,7 @@ namespace {
 static_assert(below == '\x80' && above == '\xFF'); // so that ASCII and the rest of the block lie between
 static_assert(sinhalaOf(below) == script::blockFirst && sinhalaOf(above) == script::blockLast);
 
-constexpr std::array signUnits = [] {
-    std::array<bool, 256> all{};
-    for (std::size_t unit = 0; unit < all.size(); ++unit)
-        all[unit] = script::isSign(sinhalaOf(static_cast<char>(unit)));
-    return all;
-}();
+constexpr std::array signUnits = byUnit([](char unit) { return script::isSign(sinhalaOf(unit)); });
 
 } // namespace
 

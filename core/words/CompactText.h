@@ -2,6 +2,7 @@
 
 #include "script/SinhalaBlock.h"
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -26,6 +27,16 @@ constexpr char unitOf(char32_t sinhala) noexcept {
 /// The Sinhala scalar whose unit this is; some scalar outside the block for an ASCII unit.
 constexpr char32_t sinhalaOf(char unit) noexcept {
     return (script::blockFirst & ~char32_t{0xFF}) | static_cast<unsigned char>(unit);
+}
+
+/// A table of what `of(unit)` gives for each unit of one byte, by its bits as an unsigned number.
+template <class Of>
+constexpr auto byUnit(Of of) noexcept {
+    std::array<decltype(of(char())), 256> all{};
+    for (std::size_t unit = 0; unit < all.size(); ++unit)
+        all[unit] = of(static_cast<char>(unit));
+    static_assert(all.size() == 256);
+    return all;
 }
 
 /// What the units of scalars outside the block begin with: units of its ends, which stand for no scalar.

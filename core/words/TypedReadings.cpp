@@ -86,7 +86,7 @@ double TypedReadings::likelihood(std::string_view letters) const {
 void TypedReadings::foresee() {
     const std::size_t width = length_ + 1;
     hopes_.resize(WordLetters::count * width);
-    std::vector<double> best(width, 1.0);
+    std::vector<double> best(width);
     for (std::size_t at = width; at-- > 0;) {
         double most = at == length_ ? 1 : 0;
         for (std::size_t each = 0; each < WordLetters::count; ++each) {

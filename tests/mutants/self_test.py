@@ -63,9 +63,13 @@ class Changes(unittest.TestCase):
         self.assertEqual([], forms("auto x = f(a, a);"))
         self.assertEqual(["auto x = std::min<int>(a, b);"], forms("auto x = std::max<int>(a, b);"))
 
+    def test_what_a_size_is_asked_of_is_not_looked_at(self):
+        self.assertEqual(["return count / sizeof(a[0]);", "return {};"], forms("return count * sizeof(a[0]);"))
+
     def test_what_is_asserted_while_compiling_is_left(self):
         self.assertEqual([], list(mutations.of_text("static_assert(a <\n              1 + 2);\n")))
-        self.assertEqual([], list(mutations.of_text("#if X > 1\nusing Y = Z<1>;\nwords.reserve(2);\n")))
+        self.assertEqual([], list(mutations.of_text("#if X > 1\nusing Y = Z<1>;\nwords.reserve(2);\n"
+                                                    "makeRoom(all.words, 2);\n")))
 
 
 class Sampling(unittest.TestCase):

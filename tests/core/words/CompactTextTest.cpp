@@ -138,6 +138,7 @@ TEST(CompactText, TheSignsThatAreDemandedTellTheFirstFourLettersApart) {
                 EXPECT_EQ(mayStart(before + ka + signs, before + ka + typed),
                           typed == virama || typed == signs)
                     << letter << signs << typed;
+    EXPECT_FALSE(mayStart(ka + ka + "\u0DD0", sign));
     for (const std::string& signs : kinds) {
         EXPECT_EQ(signsOf(compact(before + ka + signs)), signsOf(compact(before))) << "the fifth";
         EXPECT_FALSE(mayStart(ka + signs, sign + signs)) << "a sign that has no letter before it";

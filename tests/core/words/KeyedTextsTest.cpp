@@ -66,7 +66,8 @@ TEST(KeyedTexts, TakeSixBytesBesideTheirOwn) {
     KeyedTexts::Builder builder;
     builder.add("key", "text");
     builder.add("same", "same");
-    EXPECT_EQ(builder.finish().memory(), 6U + 3 + 4 + 6 + 4);
+    builder.add(std::string(127, 'k'), "");
+    EXPECT_EQ(builder.finish().memory(), 3 * 6U + 3 + 4 + 4 + 127);
 }
 
 } // namespace
