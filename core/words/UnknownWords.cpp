@@ -69,8 +69,7 @@ void UnknownWords::keepBest(Beginnings& beginnings) const {
     sortRange(merged, [](const Beginning& left, const Beginning& right) {
         return left.worth != right.worth ? left.worth > right.worth : left.letters < right.letters;
     });
-    if (merged.size() > beam)
-        merged.resize(beam);
+    merged.resize(std::min(merged.size(), beam));
     beginnings = std::move(merged);
 }
 
