@@ -176,7 +176,12 @@ static_assert(!rowsSumToOne(std::array{Row{U'අ', {{"a", 999}}}}) &&
 static_assert(!allAreShortAndSmall(std::array{Row{U'අ', {{"A", 1000}}}}) &&
               !allAreShortAndSmall(std::array{Row{U'අ', {{"aaaaa", 1000}}}}));
 static_assert(hasKeys({U'අ', {{"a", 50}}}, {"a"}) && !hasKeys({U'අ', {{"a", 49}}}, {"a"}) &&
-              !hasKeys({U'අ', {{"a", 50}}}, {"aa"}));
+              !hasKeys({U'අ', {{"a", 50}}}, {"a", "aa"}) && !hasKeys({U'අ', {{"a", 50}}}, {"aa"}));
+static_assert([] {
+    auto bad = table;
+    std::ranges::find(bad, U'අ', &Row::letter)->ways = {{"e", leastForKeys}};
+    return !everyKeyIsThere(bad);
+}());
 static_assert(isSameInAnyCase("azaz", "azAZ"));
 
 using Reading = LetterReadings::Reading;

@@ -41,11 +41,13 @@ TEST(LetterReadings, ListsAllReadingsOfAPiece) {
 }
 
 TEST(LetterReadings, TheUsersOwnKeysAreSureWays) {
-    const LetterReadings readings({{{"Q", "\u0D86"}, {"kk", "\u0D9A"}, {"c", "\u0D9A"}}, {}});
+    const LetterReadings readings(
+        {{{"Q", "\u0D86"}, {"kk", "\u0D9A"}, {"c", "\u0D9A"}, {"zzzz", "\u0D9A"}}, {}});
     EXPECT_EQ(readings.probability(aa, "q"), 1);
     EXPECT_EQ(readings.probability(aaSign, "q"), 1);
     EXPECT_EQ(readings.probability(ka, "kk"), 1);
     EXPECT_EQ(readings.probability(ka, "c"), 1);
+    EXPECT_EQ(readings.probability(ka, "zzzz"), 1) << "after all that the table has";
     EXPECT_DOUBLE_EQ(readings.probability(ka, "k"), 0.982);
     EXPECT_DOUBLE_EQ(LetterReadings().probability(ka, "c"), 0.018) << "others keep theirs";
 }
@@ -63,10 +65,12 @@ TEST(LetterReadings, StrangeKeysArePassedOver) {
                                    {"\xFF", "\u0D9A"},
                                    {"q", "x"},
                                    {"q", ""},
-                                   {"q", "\xFF"}},
+                                   {"q", "\xFF"},
+                                   {"kk", "\u0D9A"}},
                                   {}});
     EXPECT_TRUE(strange.of("q").empty() && strange.of("1").empty() && strange.of("kkkkk").empty());
     EXPECT_DOUBLE_EQ(strange.probability(ka, ""), 2e-4);
+    EXPECT_EQ(strange.probability(ka, "kk"), 1) << "those after them are not";
 }
 
 } // namespace
