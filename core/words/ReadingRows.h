@@ -36,7 +36,7 @@ struct Row {
 };
 
 /// The scalar of the inherent vowel, which none writes.
-inline constexpr char32_t ofInherentVowel = 0;
+inline constexpr char32_t ofInherentVowel = WordLetters::scalar(WordLetters::inherent);
 
 /// True when every row is that of a letter of words, and no letter has two.
 constexpr bool noLetterTwice(std::span<const Row> rows) {

@@ -58,6 +58,20 @@ TEST(LetterReadings, AKeyOfTheInherentVowelIsOneOfTheLetterToo) {
     EXPECT_EQ(readings.probability(WordLetters::letter(char32_t{0x0D85}), "q"), 1);
 }
 
+TEST(LetterReadings, OfEnglishHaveWaysOfTheirOwnForTheLettersOfItsWords) {
+    const LetterReadings readings, english = LetterReadings::ofEnglish();
+    const auto probability = [&english](char32_t scalar, std::string_view typed) {
+        return english.probability(WordLetters::letter(scalar), typed);
+    };
+    EXPECT_DOUBLE_EQ(probability(0x0D82, "ng"), 0.34);
+    EXPECT_DOUBLE_EQ(probability(0x0DDA, "ay"), 0.11);
+    EXPECT_DOUBLE_EQ(probability(0x0DDC, "oa"), 0.01);
+    EXPECT_DOUBLE_EQ(probability(0x0DDE, "ow"), 0.38);
+    for (const char32_t scalar : {0x0D81, 0x0D83, 0x0DDB, 0x0DDF}) // such words have none of these
+        for (const char* typed : {"m", "h", "i", "lu", "l"})
+            EXPECT_EQ(probability(scalar, typed), readings.probability(WordLetters::letter(scalar), typed));
+}
+
 TEST(LetterReadings, StrangeKeysArePassedOver) {
     const LetterReadings strange({{{"", "\u0D9A"},
                                    {"kkkkk", "\u0D9A"},
