@@ -1,6 +1,6 @@
 #include "PlainReading.h"
 
-#include "singlish/WrittenLetters.h"
+#include "PlainGuesses.h"
 #include "text/Equivalence.h"
 #include "text/Utf8.h"
 
@@ -15,8 +15,6 @@ namespace vanoka::test::plain {
 namespace {
 
 constexpr std::size_t longestPiece = 4, longestWord = 250;
-
-using Letters = std::vector<WordLetter>;
 
 struct Listed {
     double count = 0;
@@ -104,79 +102,14 @@ double offered(const Likelihood& likely, double least) {
     return most >= least ? most : 0;
 }
 
-LetterSequences::Cost costOf(const Letters& letters, const LetterSequences& sequences, bool isWhole) {
-    LetterSequences::Context context = sequences.begin();
-    LetterSequences::Cost cost = 0;
-    for (const WordLetter letter : letters)
-        cost += sequences.advance(context, letter);
-    return isWhole ? cost + sequences.end(context) : cost;
-}
-
-double guessedPrior(LetterSequences::Cost cost) {
-    return std::pow(0.2 * std::exp(cost / -16.0), 0.8);
-}
-
-bool mayGoOn(const Letters& letters, WordLetter next) {
-    if (next != WordLetters::inherent && !writtenLetter(WordLetters::scalar(next)))
-        return false;
-    return letters.empty() ? WordLetters::mayBegin(next) : WordLetters::mayFollow(letters.back(), next);
-}
-
-/// Guesses, and how likely they are to be written with what was typed.
-using Guesses = std::map<Letters, double>;
-
-void goOn(const Letters& letters, double likely, std::string_view piece, int silent,
-          const LetterReadings& readings, Guesses& guesses) {
-    const auto with = [&letters](WordLetter next) {
-        Letters longer = letters;
-        longer.push_back(next);
-        return longer;
-    };
-    for (const auto& reading : readings.of(piece))
-        if (mayGoOn(letters, reading.letter))
-            guesses[with(reading.letter)] += likely * reading.probability;
-    if (silent > 0)
-        for (const auto& reading : readings.of(""))
-            if (mayGoOn(letters, reading.letter))
-                goOn(with(reading.letter), likely * reading.probability, piece, silent - 1, readings,
-                     guesses);
-}
-
-Guesses bestOf(const Guesses& guesses, const LetterSequences& sequences) {
-    std::vector<std::pair<double, Letters>> ranked;
-    for (const auto& [letters, likely] : guesses)
-        ranked.emplace_back(-likely * guessedPrior(costOf(letters, sequences, false)), letters);
-    std::ranges::sort(ranked);
-    Guesses best;
-    for (std::size_t i = 0; i < std::min<std::size_t>(ranked.size(), 10); ++i)
-        best.insert(*guesses.find(ranked[i].second));
-    return best;
-}
-
-/// The ten best beginnings for each number of typed letters go on with what the next ones may be read as.
-Guesses guessesFor(std::string_view typed, const LetterReadings& readings, const LetterSequences& sequences) {
-    std::vector<Guesses> best = {{{Letters(), 1.0}}};
-    for (std::size_t end = 1; end <= typed.size(); ++end) {
-        Guesses guesses;
-        for (std::size_t length = 1; length <= std::min(longestPiece, end); ++length)
-            for (const auto& [letters, likely] : best[end - length])
-                goOn(letters, likely, typed.substr(end - length, length), 2, readings, guesses);
-        best.push_back(bestOf(guesses, sequences));
-    }
-    return best.back();
-}
-
 /// Those that no list holds.
 std::vector<Ranked> guessed(const Table& listed, std::string_view typed, const LetterReadings& readings,
                             const LetterSequences& sequences) {
     std::vector<Ranked> ranked;
-    for (const auto& [begun, likely] : guessesFor(typed, readings, sequences)) {
-        Letters letters = begun;
-        if (!WordLetters::mayEnd(letters.back()))
-            letters.push_back(WordLetters::letter(script::virama));
-        const double whole = likelihood(letters, typed, readings).asWhole;
-        if (whole >= leastLikely(typed) && !listed.contains(letters))
-            ranked.push_back({whole * guessedPrior(costOf(letters, sequences, true)), whole, {}, letters});
+    for (const auto& [letters, cost] : guessesFor(typed, readings, sequences)) {
+        const double likely = likelihood(letters, typed, readings).asWhole;
+        if (likely >= leastLikely(typed) && !listed.contains(letters))
+            ranked.push_back({likely * guessedPrior(cost), likely, {}, letters});
     }
     return ranked;
 }

@@ -59,6 +59,20 @@ TEST(TypedReadings, ForeseeTheMostThatTheRestCanBe) {
     }
 }
 
+TEST(TypedReadings, NoLettersAreWrittenWithNothing) {
+    const TypedReadings read("ka", LetterReadings());
+    std::vector<double> row(read.length() + 2, 7);
+    read.begin(row.data());
+    EXPECT_EQ(row, (std::vector<double>{1, 0, 0, 7}));
+}
+
+TEST(TypedReadings, ALetterMayBeWrittenWithFourAndNotWithThree) {
+    const LetterReadings readings({{{"zzzz", "\u0D9A"}}, {}});
+    const std::string ka(1, WordLetters::byte(WordLetters::letter(char32_t{0x0D9A})));
+    EXPECT_DOUBLE_EQ(TypedReadings("zzzz", readings).likelihood(ka), 1);
+    EXPECT_DOUBLE_EQ(TypedReadings("zzz", readings).likelihood(ka), 0);
+}
+
 TEST(TypedReadings, OneNumberOfARowIsThatOfTheWholeRow) {
     const LetterReadings readings;
     const TypedReadings read("nndhathaa", readings);
