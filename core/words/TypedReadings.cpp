@@ -112,7 +112,8 @@ double TypedReadings::mostLikely(const double* row, WordLetter next) const noexc
             sums[i] += row[at + i] * hopes[at + i];
     for (; at < width; ++at)
         sums[0] += row[at] * hopes[at];
-    return (sums[0] + sums[1]) + (sums[2] + sums[3]);
+    const auto& [first, second, third, fourth] = sums;
+    return (first + second) + (third + fourth);
 }
 
 } // namespace vanoka

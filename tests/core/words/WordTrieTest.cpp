@@ -57,6 +57,13 @@ TEST(WordTrie, HoldsEachWordOnceInTheOrderOfItsLetters) {
     });
 }
 
+TEST(WordTrie, TheMostFrequentSpellingStandsForAllAndTheFirstAmongEquals) {
+    const std::string plain = "\u0DC1\u0DCA\u0DBB\u0DD3", joined = "\u0DC1\u0DCA\u200D\u0DBB\u0DD3";
+    EXPECT_EQ(test::trieOf({{plain, 5}, {joined, 5}}).word(0), plain);
+    EXPECT_EQ(test::trieOf({{joined, 5}, {plain, 5}}).word(0), joined);
+    EXPECT_EQ(test::trieOf({{plain, 5}, {joined, 6}}).word(0), joined);
+}
+
 TEST(WordTrie, NoWordOfARangeOccursMuchMoreOftenThanItsMost) {
     test::Randoms randoms(21);
     for (const std::size_t size : {1U, 7U, 8U, 9U, 64U, 65U, 600U}) {
