@@ -4,8 +4,6 @@
 #include "support/Fatal.h"
 #include "text/Utf8.h"
 
-#include <array>
-
 namespace vanoka::CompactText {
 
 namespace {
@@ -13,12 +11,7 @@ namespace {
 static_assert(below == '\x80' && above == '\xFF'); // so that ASCII and the rest of the block lie between
 static_assert(sinhalaOf(below) == script::blockFirst && sinhalaOf(above) == script::blockLast);
 
-constexpr std::array signUnits = [] {
-    std::array<bool, 256> all{};
-    for (std::size_t unit = 0; unit < all.size(); ++unit)
-        all[unit] = script::isSign(sinhalaOf(static_cast<char>(unit)));
-    return all;
-}();
+constexpr std::array signUnits = byUnit([](char unit) { return script::isSign(sinhalaOf(unit)); });
 
 } // namespace
 
@@ -51,14 +44,14 @@ std::string expanded(std::string_view bytes) {
         const std::string_view unit = firstUnit(bytes);
         bytes.remove_prefix(unit.size());
         const auto first = static_cast<unsigned char>(unit[0]);
-        if (unit.size() > 1) {
-            text += unit.substr(1);
-        } else if (first < 0x80) {
+        if (first < 0x80) {
             text += unit;
-        } else {
+        } else if (unit.size() == 1) {
             text += '\xE0';
             text += first < 0xC0 ? '\xB6' : '\xB7';
             text += static_cast<char>(first < 0xC0 ? first : first - 0x40);
+        } else {
+            text += unit.substr(1);
         }
     }
     return text;

@@ -2,6 +2,7 @@
 
 #include "script/SinhalaBlock.h"
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -28,6 +29,16 @@ constexpr char32_t sinhalaOf(char unit) noexcept {
     return (script::blockFirst & ~char32_t{0xFF}) | static_cast<unsigned char>(unit);
 }
 
+/// A table of what `of(unit)` gives for each unit of one byte, by its bits as an unsigned number.
+template <class Of>
+constexpr auto byUnit(Of of) noexcept {
+    std::array<decltype(of(char())), 256> all{};
+    for (std::size_t unit = 0; unit < all.size(); ++unit)
+        all[unit] = of(static_cast<char>(unit));
+    static_assert(all.size() == 256);
+    return all;
+}
+
 /// What the units of scalars outside the block begin with: units of its ends, which stand for no scalar.
 inline constexpr char below = unitOf(script::blockFirst), above = unitOf(script::blockLast);
 
@@ -47,6 +58,11 @@ inline std::string_view firstUnit(std::string_view bytes) noexcept {
         return bytes.substr(0, 1);
     const auto lead = static_cast<unsigned char>(bytes[1]);
     return bytes.substr(0, lead < 0xE0 ? 3 : lead < 0xF0 ? 4 : 5);
+}
+
+/// True for a unit that is one of the joiners.
+constexpr bool isJoiner(std::string_view unit) noexcept {
+    return unit == "\xFF\u200D" || unit == "\xFF\u200C";
 }
 
 /// True for the first byte of a unit that is a Sinhala sign (see `script::isSign`). All signs are units of

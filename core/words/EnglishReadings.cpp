@@ -82,7 +82,8 @@ constexpr auto english = std::to_array<Row>({
 
 // clang-format on
 
-static_assert(noWayTwice(english) && rowsSumToOne(english) && allAreShortAndSmall(english));
+static_assert(noLetterTwice(english) && noWayTwice(english) && rowsSumToOne(english));
+static_assert(allAreShortAndSmall(english));
 
 } // namespace
 

@@ -4,6 +4,7 @@
 #include "words/CompactText.h"
 #include "words/SortedOrder.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace vanoka {
@@ -31,8 +32,8 @@ std::size_t takeLength(const char*& at) noexcept {
 
 } // namespace
 
-KeyedTexts::Entry KeyedTexts::entry(std::uint32_t number) const noexcept {
-    const char* at = pool_.data() + starts_[number];
+KeyedTexts::Entry KeyedTexts::entryAt(std::uint32_t start) const noexcept {
+    const char* at = pool_.data() + start;
     const std::size_t keyLength = takeLength(at);
     const std::size_t textLength = takeLength(at);
     const std::string_view key(at, keyLength);
@@ -51,17 +52,10 @@ std::string KeyedTexts::text(std::uint32_t number) const {
 /// The first text from `from` on whose key is not before; all that are stand before all that are not.
 template <class IsBefore>
 std::uint32_t KeyedTexts::firstNot(std::uint32_t from, IsBefore isBefore) const noexcept {
-    std::uint32_t count = size() - from;
-    while (count > 0) {
-        const std::uint32_t half = count / 2;
-        if (isBefore(key(from + half))) {
-            from += half + 1;
-            count -= half + 1;
-        } else {
-            count = half;
-        }
-    }
-    return from;
+    const auto found = std::partition_point(starts_.begin() + from, starts_.end(), [&](std::uint32_t start) {
+        return isBefore(entryAt(start).key);
+    });
+    return static_cast<std::uint32_t>(found - starts_.begin());
 }
 
 KeyedTexts::Range KeyedTexts::equalTo(std::string_view key) const noexcept {

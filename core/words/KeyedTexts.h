@@ -51,7 +51,8 @@ private:
         std::string_view key, text;
     };
 
-    Entry entry(std::uint32_t number) const noexcept;
+    Entry entryAt(std::uint32_t start) const noexcept;
+    Entry entry(std::uint32_t number) const noexcept { return entryAt(starts_[number]); }
     template <class IsBefore>
     std::uint32_t firstNot(std::uint32_t from, IsBefore isBefore) const noexcept;
 

@@ -167,14 +167,24 @@ constexpr bool everyKeyIsThere(std::span<const Row> rows) {
 static_assert(everyLetterHasARow(table) && noWayTwice(table) && rowsSumToOne(table));
 static_assert(allAreShortAndSmall(table) && everyKeyIsThere(table));
 
-constexpr auto badTable = std::to_array<Row>({
-    {U'අ', {{"a", 600}, {"a", 500}, {"A", 1}}},
-    {U'අ', {{"aaaaa", 1000}}},
-});
-static_assert(!everyLetterHasARow(badTable) && !noWayTwice(badTable) && !rowsSumToOne(badTable));
-static_assert(!allAreShortAndSmall(badTable));
-static_assert(!hasKeys(badTable[1], SinglishScheme::Keys{"a"}) && hasKeys(badTable[0], {"a"}));
-static_assert(!hasKeys({U'අ', {{"a", 49}}}, {"a"}));
+// Each is noticed beside what is as it should be.
+constexpr const Row& goodRow = *std::ranges::find(table, U'ආ', &Row::letter);
+static_assert(!everyLetterHasARow(std::array<Row, WordLetters::count>{}) && !everyLetterHasARow({}));
+static_assert(!noLetterTwice(std::array{goodRow, Row{U'අ', {}}, Row{U'අ', {}}}) &&
+              !noLetterTwice(std::array{goodRow, Row{U'a', {}}}));
+static_assert(!noWayTwice(std::array{goodRow, Row{U'අ', {{"a", 500}, {"a", 400}, {"b", 100}}}}));
+static_assert(!rowsSumToOne(std::array{goodRow, Row{U'අ', {{"a", 999}}}}) &&
+              !rowsSumToOne(std::array{goodRow, Row{script::virama, {{"", 1000}}}}));
+static_assert(!allAreShortAndSmall(std::array{goodRow, Row{U'අ', {{"aA", 500}, {"a", 500}}}}) &&
+              !allAreShortAndSmall(std::array{goodRow, Row{U'අ', {{"aaaaa", 1000}}}}));
+static_assert(hasKeys({U'අ', {{"a", 50}}}, {"a"}) && !hasKeys({U'අ', {{"a", 49}}}, {"a"}) &&
+              !hasKeys({U'අ', {{"a", 50}}}, {"a", "aa"}) && !hasKeys({U'අ', {{"a", 50}}}, {"aa"}));
+static_assert([] {
+    auto bad = table;
+    std::ranges::find(bad, U'අ', &Row::letter)->ways = {{"e", leastForKeys}};
+    return !everyKeyIsThere(bad);
+}());
+static_assert(isSameInAnyCase("azaz", "azAZ"));
 
 using Reading = LetterReadings::Reading;
 using Readings = std::vector<Reading>;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <utility>
 
 namespace vanoka {
@@ -35,7 +36,6 @@ public:
             level.symbols.shrink_to_fit();
             level.children.shrink_to_fit();
         }
-        levels_.back().children = {};
         result.levels_ = std::move(levels_);
     }
 
@@ -58,8 +58,9 @@ private:
 
     void collect(const WordTrie& words) {
         std::size_t windows = 0;
-        for (WordTrie::Position position = 0; position < words.all().end; ++position)
-            windows += words.length(position) + 2; // both ends
+        words.forEach([&windows](std::string_view letters, double) {
+            windows += letters.size() + 2; // both ends
+        });
         windows_.reserve(windows);
         std::string word;
         words.forEach([&](std::string_view letters, double count) {
@@ -89,11 +90,10 @@ private:
             const auto digit = [shift](Window window) {
                 return static_cast<std::size_t>(window >> shift & (digits - 1));
             };
-            std::vector<std::uint32_t> starts(digits + 1);
+            std::vector<std::uint32_t> starts(digits);
             for (const Window window : windows_)
-                ++starts[digit(window) + 1];
-            for (std::size_t i = 0; i < digits; ++i)
-                starts[i + 1] += starts[i];
+                ++starts[digit(window)];
+            std::exclusive_scan(starts.begin(), starts.end(), starts.begin(), std::uint32_t{0});
             for (const Window window : windows_)
                 sorted[starts[digit(window)]++] = window;
             windows_.swap(sorted);

@@ -36,13 +36,19 @@ struct Row {
 };
 
 /// The scalar of the inherent vowel, which none writes.
-inline constexpr char32_t ofInherentVowel = 0;
+inline constexpr char32_t ofInherentVowel = WordLetters::scalar(WordLetters::inherent);
+
+/// True when every row is that of a letter of words, and no letter has two.
+constexpr bool noLetterTwice(std::span<const Row> rows) {
+    return std::ranges::all_of(rows, [rows](const Row& row) {
+        const bool isLetter =
+            row.letter == ofInherentVowel || WordLetters::letter(row.letter) != WordLetters::inherent;
+        return isLetter && std::ranges::count(rows, row.letter, &Row::letter) == 1;
+    });
+}
 
 constexpr bool everyLetterHasARow(std::span<const Row> rows) {
-    for (std::size_t each = 0; each < WordLetters::count; ++each)
-        if (std::ranges::count(rows, WordLetters::scalar(static_cast<WordLetter>(each)), &Row::letter) != 1)
-            return false;
-    return rows.size() == WordLetters::count;
+    return rows.size() == WordLetters::count && noLetterTwice(rows);
 }
 
 constexpr bool noWayTwice(std::span<const Row> rows) {
@@ -53,13 +59,13 @@ constexpr bool noWayTwice(std::span<const Row> rows) {
     });
 }
 
-/// Less than one remains for what no row knows; the virama alone comes near it.
+/// A thousandth of the virama remains for what no row knows: nothing goes unwritten for certain.
 constexpr bool rowsSumToOne(std::span<const Row> rows) {
     return std::ranges::all_of(rows, [](const Row& row) {
-        int sum = 0;
+        int sum = row.letter == script::virama ? 1 : 0;
         for (const Way& way : row.ways)
             sum += way.thousandths;
-        return sum >= 999 && sum <= 1000;
+        return sum == 1000;
     });
 }
 

@@ -89,17 +89,15 @@ void ReadingSearch::addPromises(std::uint32_t opened, double completion) {
 /// False for more than one word. One alone is read to its end at once.
 bool ReadingSearch::readAlone(std::uint32_t number, double completion) {
     const ReadingTree::Beginning& beginning = tree_.beginning(number);
-    for (std::size_t list = 0; list < ReadingTree::lists; ++list) {
-        if (!beginning.words[list].isSingle() || !beginning.words[1 - list].isEmpty())
-            continue;
-        const std::string_view rest =
-            tree_.trie(list)->rest(beginning.words[list].first, std::size_t{beginning.length} - 1, letters_);
-        ReadingTree::Ranges ends;
-        ends[list] = beginning.words[list];
-        addWord(ends, likelihood(tree_.row(beginning.before), completion, rest, tree_.mostPrior(number)));
-        return true;
-    }
-    return false;
+    const std::size_t list = beginning.words[0].isEmpty() ? 1 : 0;
+    if (!beginning.words[list].isSingle() || (list == 0 && !beginning.words[1].isEmpty()))
+        return false;
+    const std::string_view rest =
+        tree_.trie(list)->rest(beginning.words[list].first, std::size_t{beginning.length} - 1, letters_);
+    ReadingTree::Ranges ends;
+    ends[list] = beginning.words[list];
+    addWord(ends, likelihood(tree_.row(beginning.before), completion, rest, tree_.mostPrior(number)));
+    return true;
 }
 
 /// How likely a word is to be typed so, or to go on after it, from the row of its first letters and what it

@@ -42,7 +42,6 @@ void ReadingTree::forgetAll(std::size_t numbers) {
     width_ = std::bit_ceil(std::max(numbers, leastWidth));
     beginnings_.assign(1, {{tries_[0]->all(), tries_[1] ? tries_[1]->all() : WordTrie::Range()}});
     opened_.clear();
-    rows_.clear();
     add(nothing);
 }
 
@@ -75,7 +74,7 @@ std::uint32_t ReadingTree::add(std::uint32_t beginning) {
     }
     opened.longer = static_cast<std::uint32_t>(beginnings_.size()) - opened.firstLonger;
     opened_.push_back(opened);
-    rows_.resize(rows_.size() + width_);
+    rows_.resize(opened_.size() * width_);
     return number;
 }
 

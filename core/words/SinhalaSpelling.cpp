@@ -58,23 +58,15 @@ struct Replacement {
 };
 
 /// The table by compact unit, for those of one byte.
-constexpr std::array replacements = [] {
-    std::array<Replacement, 256> all{};
-    for (std::size_t unit = 0; unit < all.size(); ++unit)
-        all[unit] = {{static_cast<char>(unit)}, 1};
-    for (const LooseLetter& row : looseTable) {
-        if (!script::isSinhala(row.scalar))
-            continue;
-        Replacement& replacement = all[static_cast<unsigned char>(CompactText::unitOf(row.scalar))] = {};
-        for (std::string_view rest = row.replacement; !rest.empty(); rest.remove_prefix(3))
-            replacement.units[replacement.length++] = CompactText::unitOf(text::threeByteScalar(rest));
-    }
-    return all;
-}();
-
-bool isJoiner(std::string_view unit) {
-    return unit == "\xFF\u200D" || unit == "\xFF\u200C";
-}
+constexpr std::array replacements = CompactText::byUnit([](char unit) {
+    const auto row = std::ranges::find(looseTable, CompactText::sinhalaOf(unit), &LooseLetter::scalar);
+    if (row == looseTable.end())
+        return Replacement{{unit}, 1};
+    Replacement replacement;
+    for (std::string_view rest = row->replacement; !rest.empty(); rest.remove_prefix(3))
+        replacement.units[replacement.length++] = CompactText::unitOf(text::threeByteScalar(rest));
+    return replacement;
+});
 
 void assignFolded(std::string_view composed, std::string& key) {
     key.clear();
@@ -84,19 +76,15 @@ void assignFolded(std::string_view composed, std::string& key) {
         if (unit.size() == 1) {
             const Replacement& replacement = replacements[static_cast<unsigned char>(unit[0])];
             key.append(replacement.units.data(), replacement.length);
-        } else if (!isJoiner(unit)) {
+        } else if (!CompactText::isJoiner(unit)) {
             key += unit;
         }
     }
 }
 
 /// The units that may become one with the unit after them.
-constexpr std::array beginsComposition = [] {
-    std::array<bool, 256> all{};
-    for (std::size_t unit = 0; unit < all.size(); ++unit)
-        all[unit] = script::beginsComposition(CompactText::sinhalaOf(static_cast<char>(unit)));
-    return all;
-}();
+constexpr std::array beginsComposition =
+    CompactText::byUnit([](char unit) { return script::beginsComposition(CompactText::sinhalaOf(unit)); });
 
 /// True only for what is its own canonical composition: a few signs are all that composes in Sinhala, and
 /// nothing in ASCII does.
@@ -105,7 +93,7 @@ bool isKnownComposed(std::string_view compact) {
         const std::string_view unit = CompactText::firstUnit(compact);
         compact.remove_prefix(unit.size());
         const bool composes = beginsComposition[static_cast<unsigned char>(unit[0])];
-        if (unit.size() > 1 ? !isJoiner(unit)
+        if (unit.size() > 1 ? !CompactText::isJoiner(unit)
                             : composes && !compact.empty() && CompactText::isSign(compact[0]))
             return false;
     }

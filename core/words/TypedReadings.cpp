@@ -1,6 +1,7 @@
 #include "words/TypedReadings.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace vanoka {
 
@@ -15,8 +16,7 @@ TypedReadings::TypedReadings(std::string_view typed, const LetterReadings& readi
     for (std::size_t pieceLength = 0; pieceLength <= longest; ++pieceLength)
         probabilities_.insert(probabilities_.end(), length_ + 1, LetterReadings::unknown(pieceLength));
     for (Lengths& places : places_)
-        for (std::size_t pieceLength = 0; pieceLength <= longest; ++pieceLength)
-            places[pieceLength] = pieceLength;
+        std::iota(places.begin(), places.end(), std::size_t{0});
     findReadings(typed, readings);
     foresee();
 }
@@ -25,16 +25,16 @@ void TypedReadings::findReadings(std::string_view typed, const LetterReadings& r
     unwritten_.fill(LetterReadings::unknown(0));
     for (const LetterReadings::Reading& reading : readings.of(""))
         unwritten_[WordLetters::number(reading.letter)] = reading.probability;
-    for (std::size_t end = 1; end <= length_; ++end)
-        for (std::size_t pieceLength = 1; pieceLength <= std::min(longest, end); ++pieceLength)
-            for (const auto& reading : readings.of(typed.substr(end - pieceLength, pieceLength))) {
+    for (std::size_t start = 0; start < length_; ++start)
+        for (std::size_t pieceLength = 1; pieceLength <= std::min(longest, length_ - start); ++pieceLength)
+            for (const auto& reading : readings.of(typed.substr(start, pieceLength))) {
                 std::size_t& place = places_[WordLetters::number(reading.letter)][pieceLength];
                 if (place == pieceLength) {
                     place = probabilities_.size() / (length_ + 1);
                     probabilities_.insert(probabilities_.end(), length_ + 1,
                                           LetterReadings::unknown(pieceLength));
                 }
-                probabilities_[place * (length_ + 1) + end] = reading.probability;
+                probabilities_[place * (length_ + 1) + start + pieceLength] = reading.probability;
             }
 }
 
@@ -86,7 +86,7 @@ double TypedReadings::likelihood(std::string_view letters) const {
 void TypedReadings::foresee() {
     const std::size_t width = length_ + 1;
     hopes_.resize(WordLetters::count * width);
-    std::vector<double> best(width, 1.0);
+    std::vector<double> best(width);
     for (std::size_t at = width; at-- > 0;) {
         double most = at == length_ ? 1 : 0;
         for (std::size_t each = 0; each < WordLetters::count; ++each) {
@@ -112,7 +112,8 @@ double TypedReadings::mostLikely(const double* row, WordLetter next) const noexc
             sums[i] += row[at + i] * hopes[at + i];
     for (; at < width; ++at)
         sums[0] += row[at] * hopes[at];
-    return (sums[0] + sums[1]) + (sums[2] + sums[3]);
+    const auto& [first, second, third, fourth] = sums;
+    return (first + second) + (third + fourth);
 }
 
 } // namespace vanoka

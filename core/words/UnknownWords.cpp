@@ -39,7 +39,6 @@ UnknownWords::Beginning UnknownWords::goneOn(const Beginning& beginning, WordLet
     longer.letters += WordLetters::byte(next);
     longer.likely *= likely;
     longer.cost += sequences_.advance(longer.context, next);
-    longer.worth = longer.likely * ReadingScore::unknownPrior(longer.cost);
     return longer;
 }
 
@@ -60,18 +59,17 @@ void UnknownWords::keepBest(Beginnings& beginnings) const {
     sortRange(beginnings, {}, &Beginning::letters);
     Beginnings merged;
     for (Beginning& each : beginnings) {
-        if (!merged.empty() && merged.back().letters == each.letters) {
+        if (!merged.empty() && merged.back().letters == each.letters)
             merged.back().likely += each.likely;
-            merged.back().worth += each.worth;
-        } else {
+        else
             merged.push_back(std::move(each));
-        }
     }
+    for (Beginning& each : merged)
+        each.worth = each.likely * ReadingScore::unknownPrior(each.cost);
     sortRange(merged, [](const Beginning& left, const Beginning& right) {
         return left.worth != right.worth ? left.worth > right.worth : left.letters < right.letters;
     });
-    if (merged.size() > beam)
-        merged.resize(beam);
+    merged.resize(std::min(merged.size(), beam));
     beginnings = std::move(merged);
 }
 

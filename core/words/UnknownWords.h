@@ -41,7 +41,7 @@ private:
         double likely = 1; ///< to be written with what was typed so far
         LetterSequences::Cost cost = 0;
         LetterSequences::Context context;
-        double worth = 1;
+        double worth = 0; ///< known of those that are kept
     };
     using Beginnings = std::vector<Beginning>;
 

@@ -6,16 +6,14 @@
 #include "text/Utf8.h"
 #include "words/CompactText.h"
 
+#include <algorithm>
+
 namespace vanoka::WordLetters {
 
 namespace {
 
 static_assert(count == 81 && letter(script::blockFirst) == inherent && letter(U'a') == inherent);
 static_assert(scalar(letter(U'ක')) == U'ක' && kind(letter(script::virama)) == Kind::virama);
-
-bool isJoiner(std::string_view unit) noexcept {
-    return unit.size() > 1 && script::isJoiner(text::firstScalar(unit.substr(1)).value);
-}
 
 /// Inherent vowels are owed by a consonant until the letter after it is known.
 class Reading {
@@ -32,7 +30,6 @@ public:
     void payVowel() {
         if (isVowelOwed_)
             letters_ += byte(inherent);
-        isVowelOwed_ = false;
     }
 
 private:
@@ -45,9 +42,9 @@ bool assignComposed(std::string_view compact, std::string& letters) {
     while (!compact.empty()) {
         const std::string_view unit = CompactText::firstUnit(compact);
         compact.remove_prefix(unit.size());
-        if (isJoiner(unit))
+        if (CompactText::isJoiner(unit))
             continue;
-        const WordLetter next = unit.size() == 1 ? letter(CompactText::sinhalaOf(unit[0])) : inherent;
+        const WordLetter next = letter(CompactText::sinhalaOf(unit[0]));
         if (next == inherent)
             return false;
         reading.add(next);
@@ -58,10 +55,10 @@ bool assignComposed(std::string_view compact, std::string& letters) {
 
 /// Two signs that are one in the canonical composition stand side by side in it.
 bool isComposed(std::string_view compact) noexcept {
-    for (std::size_t i = 1; i < compact.size(); ++i)
-        if (script::composes(CompactText::sinhalaOf(compact[i - 1]), CompactText::sinhalaOf(compact[i])))
-            return false;
-    return true;
+    const auto composes = [](char first, char second) {
+        return script::composes(CompactText::sinhalaOf(first), CompactText::sinhalaOf(second));
+    };
+    return std::ranges::adjacent_find(compact, composes) == compact.end();
 }
 
 /// How each letter is written after an open consonant, and where there is none.

@@ -17,8 +17,7 @@ void keepBest(std::vector<ReadWord>& found, std::size_t limit) {
     std::erase_if(found, [best = found.empty() ? 0 : found.front().score](const ReadWord& each) {
         return each.score < best * (each.word.empty() ? ReadingScore::leastGuess : ReadingScore::leastListed);
     });
-    if (found.size() > limit)
-        found.resize(limit);
+    found.resize(std::min(found.size(), limit));
 }
 
 /// Not as any Sinhala word that people would write so.

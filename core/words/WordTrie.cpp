@@ -6,9 +6,9 @@
 
 namespace vanoka {
 
-void WordTrie::assignLetters(Position position, std::string& letters) const {
+void WordTrie::assignLettersOf(std::uint32_t number, std::string& letters) const {
     // Only words that can be read are kept.
-    static_cast<void>(WordLetters::assign(index_->words().compactText(numbers_[position]), letters));
+    static_cast<void>(WordLetters::assign(index_->words().compactText(number), letters));
 }
 
 namespace {
@@ -90,19 +90,11 @@ void WordTrie::measure() {
 
 bool WordTrie::contains(std::string_view letters) const {
     std::string other;
-    const auto lettersOf = [&](Position position) -> std::string_view {
-        assignLetters(position, other);
+    const auto lettersOf = [&](std::uint32_t number) -> std::string_view {
+        assignLettersOf(number, other);
         return other;
     };
-    Position first = 0, end = all().end;
-    while (first < end) {
-        const Position middle = first + (end - first) / 2;
-        if (lettersOf(middle) < letters)
-            first = middle + 1;
-        else
-            end = middle;
-    }
-    return first < all().end && lettersOf(first) == letters;
+    return std::ranges::binary_search(numbers_, letters, {}, lettersOf);
 }
 
 /// Whole summaries as soon as the range's ends stand between two.

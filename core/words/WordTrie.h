@@ -39,7 +39,9 @@ public:
     Range all() const noexcept { return {0, static_cast<Position>(numbers_.size())}; }
 
     /// Replaces what is in `letters` by those of a word.
-    void assignLetters(Position position, std::string& letters) const;
+    void assignLetters(Position position, std::string& letters) const {
+        assignLettersOf(numbers_[position], letters);
+    }
     /// The word as the list has it.
     std::string word(Position position) const { return index_->words().text(numbers_[position]); }
     /// True when the word with these letters is one of them.
@@ -149,6 +151,7 @@ private:
         return depth == parting ? parting_[first] : WordLetters::fromByte(tail(first)[depth - parting - 1]);
     }
 
+    void assignLettersOf(std::uint32_t number, std::string& letters) const;
     void append(std::string_view letters, std::string_view before);
     void measure();
 

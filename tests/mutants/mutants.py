@@ -8,7 +8,7 @@ most likely first. It is
     endless   when one takes five times as long as it did without the change, and a second, which kills it too,
     refused   when the compiler or the linker does,
     listed    when equivalent.txt says why nobody could notice it,
-    alive     otherwise; then the status is 1.
+    alive     otherwise; then the status is 1, as it is when --known knows nothing of one.
 With --sample, N of the mutants are taken, as many of one file as of another. Without a PATH, all files are meant.
 What became of each is kept: a run that was interrupted goes on with --resume, and --known tells it without a run. It
 holds until the mutant's file or the tests that decided change; what else they are built from is not looked at.
@@ -270,7 +270,8 @@ def main():
     else:
         try_each(chosen, folders, known, outcomes, report)
     print(f"Of {count} mutants:")
-    return 1 if report.sum()["alive"] or stale else 0
+    sums = report.sum()
+    return 1 if sums["alive"] or sums["not run"] or stale else 0
 
 
 if __name__ == "__main__":

@@ -5,8 +5,9 @@ operator of two sides stands between spaces, a template's brackets do not.
 
 import re
 
-# A comment, a text, a character: what is no code in a line.
-NO_CODE = re.compile(r'//.*|/\*.*?\*/|R"\((?:.*?)\)"|"(?:\\.|[^"\\])*"|(?<![\w])[uU8L]*\'(?:\\.|[^\'\\])+\'')
+# A comment, a text, a character, what a size is asked of: what is no code in a line.
+NO_CODE = re.compile(r'//.*|/\*.*?\*/|R"\((?:.*?)\)"|"(?:\\.|[^"\\])*"|(?<![\w])[uU8L]*\'(?:\\.|[^\'\\])+\'|'
+                     r'\bsizeof\([^()]*\)')
 
 LONG_COMMENT = re.compile(r"^ */\*.*?\*/", re.DOTALL | re.MULTILINE)
 
@@ -50,7 +51,7 @@ LAST_BREAK = re.compile(r"^( *)(?:case\b.*|default):\n(?:\1 +.*\n)*?\1 +(break;)
 # Left as they are. What is asserted while compiling refuses every change that it notices; room that is asked for
 # beforehand changes no result.
 LEFT_ALONE = re.compile(r"^\s*(?:#|using\b|namespace\b|template\b|static_assert\b|typedef\b|friend\b|extern\b)|\breserve\(|"
-                        r"\bmakeRoom\(values|\) (?:const )?(?:noexcept )?= 0;")
+                        r"\bmakeRoom\([\w.]+, |\) (?:const )?(?:noexcept )?= 0;")
 
 
 def code_of(line):

@@ -2,6 +2,7 @@
 """Tests of scripts/mutants' own parts, and of the whole of it with a program of two lines: self_test.py."""
 
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -12,6 +13,7 @@ from pathlib import Path
 
 import mutants
 import mutations
+import suites
 from outcomes import Outcomes
 from runner import Runner, ordered
 from suites import Suite
@@ -71,9 +73,13 @@ class Changes(unittest.TestCase):
         self.assertEqual([], forms("auto x = equalKeys(a, b);"))
         self.assertEqual(["auto x = std::min<int>(a, b);"], forms("auto x = std::max<int>(a, b);"))
 
+    def test_what_a_size_is_asked_of_is_not_looked_at(self):
+        self.assertEqual(["return count / sizeof(a[0]);", "return {};"], forms("return count * sizeof(a[0]);"))
+
     def test_what_is_asserted_while_compiling_is_left(self):
         self.assertEqual([], list(mutations.of_text("static_assert(a <\n              1 + 2);\n")))
-        self.assertEqual([], list(mutations.of_text("#if X > 1\nusing Y = Z<1>;\nwords.reserve(2);\n")))
+        self.assertEqual([], list(mutations.of_text("#if X > 1\nusing Y = Z<1>;\nwords.reserve(2);\n"
+                                                    "makeRoom(all.words, 2);\n")))
 
 
 class Sampling(unittest.TestCase):
@@ -272,6 +278,20 @@ class Keeping(unittest.TestCase):
         self.assertEqual("alive", self.outcomes().known(self.MUTANT))
         self.write("tests/OtherTest.cpp", "TEST(Other, Two) {}")
         self.assertIsNone(self.outcomes().known(self.MUTANT))
+
+
+class Waiting(unittest.TestCase):
+    def waited_for(self, command):
+        run = subprocess.Popen(command, start_new_session=True, preexec_fn=suites.limits(1))
+        self.addCleanup(run.wait)
+        self.addCleanup(run.kill)
+        return suites.waited_for(run, 0.2)
+
+    def test_one_that_only_waits_is_not_waited_for(self):
+        self.assertIsNone(self.waited_for(["sleep", "60"]))
+
+    def test_one_that_works_is_waited_for_until_its_own_time_is_over(self):
+        self.assertEqual(-signal.SIGXCPU, self.waited_for(["sh", "-c", "while :; do :; done"]))
 
 
 LINES = """\

@@ -2,6 +2,7 @@
 tells; what it told is kept beside the programs for as long as they stay the same.
 """
 
+import contextlib
 import hashlib
 import json
 import math
@@ -11,6 +12,7 @@ import signal
 import subprocess
 from collections import defaultdict
 from dataclasses import dataclass, field
+from pathlib import Path
 from pathlib import Path
 
 # What a suite may take without a mutant, in seconds of the processor, and any in bytes.
@@ -40,6 +42,26 @@ def limits(seconds):
     return limit
 
 
+def is_busy(group):
+    """True while anything of a process group wants the processor, which others may have all the while."""
+    for path in Path("/proc").glob("[0-9]*/task/*/stat"):
+        with contextlib.suppress(OSError):  # it may have ended
+            state, _, its_group = path.read_text(errors="replace").rpartition(")")[2].split()[:3]
+            if state == "R" and int(its_group) == group:
+                return True
+    return False
+
+
+def waited_for(run, seconds):
+    """What a program ends with that leads its group; None when so many seconds are over and it only waits itself."""
+    while True:
+        try:
+            return run.wait(seconds)
+        except subprocess.TimeoutExpired:
+            if not is_busy(run.pid):
+                return None
+
+
 class Programs:
     """The test programs of a build."""
 
@@ -49,16 +71,15 @@ class Programs:
 
     def status(self, suite, seconds, variables):
         """What a suite ends with after at most so many seconds of the processor; None when they are over, or when it
-        waits for ten times as long."""
+        does nothing but wait after ten times as many."""
         command = [str(self.build / "bin" / suite.program)]
         if suite.name:
             command += ["--gtest_brief", "--gtest_fail_fast", f"--gtest_filter={suite.name}.*"]
         run = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True,
                                cwd=self.build, preexec_fn=limits(math.ceil(seconds)),
                                env={**os.environ, "RC_PARAMS": "seed=1", "LLVM_PROFILE_FILE": "/dev/null", **variables})
-        try:
-            status = run.wait(30 + 10 * seconds)
-        except subprocess.TimeoutExpired:
+        status = waited_for(run, 30 + 10 * seconds)
+        if status is None:
             os.killpg(run.pid, signal.SIGKILL)
             run.wait()
             return None

@@ -1,10 +1,12 @@
 #include "PlainReading.h"
 
+#include "PlainGuesses.h"
 #include "text/Equivalence.h"
 #include "text/Utf8.h"
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <map>
 #include <set>
 
@@ -19,7 +21,7 @@ struct Listed {
     std::int64_t bestCount = 0;
     std::string word;
 };
-using Table = std::map<std::vector<WordLetter>, Listed>;
+using Table = std::map<Letters, Listed>;
 
 Table tableOf(const std::vector<WordCount>& words) {
     Table table;
@@ -34,9 +36,12 @@ Table tableOf(const std::vector<WordCount>& words) {
     return table;
 }
 
-/// What a word is worth: read as a whole, or as one that goes on after what was typed.
-double likelihood(const std::vector<WordLetter>& letters, std::string_view typed,
-                  const LetterReadings& readings) {
+struct Likelihood {
+    double asWhole = 0;
+    double goingOn = 0; ///< after what was typed
+};
+
+Likelihood likelihood(const Letters& letters, std::string_view typed, const LetterReadings& readings) {
     std::vector<double> row(typed.size() + 1);
     row[0] = 1;
     double goingOn = 0;
@@ -49,7 +54,7 @@ double likelihood(const std::vector<WordLetter>& letters, std::string_view typed
                     row[end - length] * readings.probability(letter, typed.substr(end - length, length));
         row = next;
     }
-    return std::max(row.back(), goingOn);
+    return {row.back(), goingOn};
 }
 
 Table bothOf(Table all, const Table& added) {
@@ -67,6 +72,7 @@ Table bothOf(Table all, const Table& added) {
 struct Ranked {
     double score = 0, likely = 0;
     std::string word;
+    Letters letters;
 };
 
 /// The words that `likelihoodOf` holds possible, best first.
@@ -78,8 +84,8 @@ std::vector<Ranked> rankedBy(const Table& all, LikelihoodOf likelihoodOf) {
     std::vector<Ranked> ranked;
     for (const auto& [letters, word] : all)
         if (const double likely = likelihoodOf(letters); likely > 0)
-            ranked.push_back(
-                {likely * std::pow((word.count + 0.5) / std::max(total, 1.0), 0.8), likely, word.word});
+            ranked.push_back({likely * std::pow((word.count + 0.5) / std::max(total, 1.0), 0.8), likely,
+                              word.word, letters});
     std::ranges::stable_sort(ranked, std::ranges::greater(), &Ranked::score);
     return ranked;
 }
@@ -91,14 +97,34 @@ double leastLikely(std::string_view typed) {
     return found == ofShortWords.end() ? 1e-8 : found->second;
 }
 
-double offered(double likely, double least) {
-    return likely >= least ? likely : 0;
+double offered(const Likelihood& likely, double least) {
+    const double most = std::max(likely.asWhole, likely.goingOn);
+    return most >= least ? most : 0;
+}
+
+/// Those that no list holds.
+std::vector<Ranked> guessed(const Table& listed, std::string_view typed, const LetterReadings& readings,
+                            const LetterSequences& sequences) {
+    std::vector<Ranked> ranked;
+    for (const auto& [letters, cost] : guessesFor(typed, readings, sequences)) {
+        const double likely = likelihood(letters, typed, readings).asWhole;
+        if (likely >= leastLikely(typed) && !listed.contains(letters))
+            ranked.push_back({likely * guessedPrior(cost), likely, {}, letters});
+    }
+    return ranked;
+}
+
+std::string wordOf(const Ranked& ranked) {
+    std::string bytes;
+    for (const WordLetter letter : ranked.letters)
+        bytes += WordLetters::byte(letter);
+    return ranked.word.empty() ? WordLetters::text(bytes) : ranked.word;
 }
 
 } // namespace
 
-std::vector<WordLetter> lettersOf(std::string_view word) {
-    std::vector<WordLetter> letters;
+Letters lettersOf(std::string_view word) {
+    Letters letters;
     const std::string composed = text::nfc(word);
     bool isOwed = false;
     for (const text::Scalar& scalar : text::Scalars(composed)) {
@@ -118,8 +144,7 @@ std::vector<WordLetter> lettersOf(std::string_view word) {
     return letters;
 }
 
-double sumOverAllCuts(const std::vector<WordLetter>& letters, std::string_view typed,
-                      const LetterReadings& readings) {
+double sumOverAllCuts(const Letters& letters, std::string_view typed, const LetterReadings& readings) {
     if (letters.empty())
         return typed.empty() ? 1 : 0;
     double sum = 0;
@@ -131,7 +156,8 @@ double sumOverAllCuts(const std::vector<WordLetter>& letters, std::string_view t
 
 std::vector<std::string> wordsTyped(const std::vector<WordCount>& words, const std::vector<WordCount>& own,
                                     const std::string& typed, std::size_t limit,
-                                    const LetterReadings& readings, bool mayBeEnglish) {
+                                    const LetterReadings& readings, bool mayBeEnglish,
+                                    const LetterSequences* sequences) {
     const Table all = bothOf(tableOf(words), tableOf(own));
     const auto asSinhala = [&](const auto& letters) {
         return offered(likelihood(letters, typed, readings), leastLikely(typed));
@@ -145,10 +171,15 @@ std::vector<std::string> wordsTyped(const std::vector<WordCount>& words, const s
         ranked.front().likely < std::pow(0.25, static_cast<double>(typed.size())))
         ranked = rankedBy(
             all, [&](const auto& letters) { return std::max(asSinhala(letters), 0.1 * asEnglish(letters)); });
+    if (sequences)
+        std::ranges::copy(guessed(all, typed, readings, *sequences), std::back_inserter(ranked));
+    std::ranges::sort(ranked, [](const Ranked& left, const Ranked& right) {
+        return left.score != right.score ? left.score > right.score : left.letters < right.letters;
+    });
     std::vector<std::string> best;
     for (const Ranked& each : ranked)
-        if (best.size() < limit && each.score >= ranked.front().score * 1e-5)
-            best.push_back(each.word);
+        if (best.size() < limit && each.score >= ranked.front().score * (each.word.empty() ? 0.003 : 1e-5))
+            best.push_back(wordOf(each));
     return best;
 }
 

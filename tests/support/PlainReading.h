@@ -1,6 +1,7 @@
 #pragma once
 
 #include "words/LetterReadings.h"
+#include "words/LetterSequences.h"
 #include "words/WordCount.h"
 
 #include <cstddef>
@@ -20,10 +21,11 @@ double sumOverAllCuts(const std::vector<WordLetter>& letters, std::string_view t
                       const LetterReadings& readings);
 
 /// The best words for what was typed, which may be English; `words` and `own` in the order in which a list
-/// gives its words.
+/// gives its words. With `sequences`, words that neither holds are guessed.
 std::vector<std::string> wordsTyped(const std::vector<WordCount>& words, const std::vector<WordCount>& own,
                                     const std::string& typed, std::size_t limit,
-                                    const LetterReadings& readings, bool mayBeEnglish = false);
+                                    const LetterReadings& readings, bool mayBeEnglish = false,
+                                    const LetterSequences* sequences = nullptr);
 
 /// P(letter | the letters before it) after Witten and Bell, over sequences of up to `order` letters of the
 /// words, which have '^' before their letters and '$' after them.

@@ -1,6 +1,7 @@
 #include "WordLists.h"
 
 #include "text/Utf8.h"
+#include "words/SinhalaWordIndex.h"
 
 #include <algorithm>
 #include <cmath>
@@ -63,6 +64,13 @@ std::vector<WordCount> sinhalaLikeWords(std::size_t count) {
         words.push_back({std::move(word), 1 + static_cast<std::int64_t>(2e7 / rank)});
     }
     return words;
+}
+
+WordTrie trieOf(const std::vector<WordCount>& words) {
+    SinhalaWordIndex::Builder builder;
+    for (const auto& [word, count] : words)
+        builder.add(word, count);
+    return WordTrie(Shared<SinhalaWordIndex>(std::make_shared<const SinhalaWordIndex>(builder.finish())));
 }
 
 std::string tsvOf(const std::vector<WordCount>& words) {

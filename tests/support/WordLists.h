@@ -2,6 +2,7 @@
 
 #include "Randoms.h"
 #include "words/WordCount.h"
+#include "words/WordTrie.h"
 
 #include <cstddef>
 #include <string>
@@ -13,6 +14,8 @@ namespace vanoka::test {
 /// So many different words that are built like Sinhala ones, the commonest first, with counts that fall as
 /// those of a language do. The same words every time.
 std::vector<WordCount> sinhalaLikeWords(std::size_t count);
+
+WordTrie trieOf(const std::vector<WordCount>& words);
 
 /// The lines of a word list.
 std::string tsvOf(const std::vector<WordCount>& words);

@@ -120,6 +120,31 @@ TEST(CompactText, AWordThatStartsAsTypedHasTheSignsThatAreDemanded) {
     EXPECT_GT(matches, 1000);
 }
 
+/// A search passes most words by without a look at them.
+TEST(CompactText, TheSignsThatAreDemandedTellTheFirstFourLettersApart) {
+    const auto mayStart = [](const std::string& word, const std::string& typed) {
+        const std::string compactTyped = compact(typed);
+        const auto demanded = signsDemandedBy(syllablesOf(compactTyped));
+        return (signsOf(compact(word)) & demanded) == demanded;
+    };
+    const std::string ka = "\u0D9A", sign = "\u0DD2", virama = "\u0DCA";
+    const std::vector<std::string> kinds = {"",       virama,   "\u0DD0",      sign,     "\u0DD4",
+                                            "\u0DD8", "\u0DD9", "\u0DDB",      "\u0DDC", "\u0DDE",
+                                            "\u0DDF", "\u0D83", "\u0DD2\u0D83"};
+    std::string before;
+    for (int letter = 0; letter < 4; ++letter, before += ka)
+        for (const std::string& signs : kinds)
+            for (const std::string& typed : kinds)
+                EXPECT_EQ(mayStart(before + ka + signs, before + ka + typed),
+                          typed == virama || typed == signs)
+                    << letter << signs << typed;
+    EXPECT_FALSE(mayStart(ka + ka + "\u0DD0", sign));
+    for (const std::string& signs : kinds) {
+        EXPECT_EQ(signsOf(compact(before + ka + signs)), signsOf(compact(before))) << "the fifth";
+        EXPECT_FALSE(mayStart(ka + signs, sign + signs)) << "a sign that has no letter before it";
+    }
+}
+
 } // namespace
 
 } // namespace vanoka::CompactText

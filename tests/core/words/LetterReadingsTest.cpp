@@ -41,11 +41,13 @@ TEST(LetterReadings, ListsAllReadingsOfAPiece) {
 }
 
 TEST(LetterReadings, TheUsersOwnKeysAreSureWays) {
-    const LetterReadings readings({{{"Q", "\u0D86"}, {"kk", "\u0D9A"}, {"c", "\u0D9A"}}, {}});
+    const LetterReadings readings(
+        {{{"Q", "\u0D86"}, {"kk", "\u0D9A"}, {"c", "\u0D9A"}, {"zzzz", "\u0D9A"}}, {}});
     EXPECT_EQ(readings.probability(aa, "q"), 1);
     EXPECT_EQ(readings.probability(aaSign, "q"), 1);
     EXPECT_EQ(readings.probability(ka, "kk"), 1);
     EXPECT_EQ(readings.probability(ka, "c"), 1);
+    EXPECT_EQ(readings.probability(ka, "zzzz"), 1) << "after all that the table has";
     EXPECT_DOUBLE_EQ(readings.probability(ka, "k"), 0.982);
     EXPECT_DOUBLE_EQ(LetterReadings().probability(ka, "c"), 0.018) << "others keep theirs";
 }
@@ -56,6 +58,20 @@ TEST(LetterReadings, AKeyOfTheInherentVowelIsOneOfTheLetterToo) {
     EXPECT_EQ(readings.probability(WordLetters::letter(char32_t{0x0D85}), "q"), 1);
 }
 
+TEST(LetterReadings, OfEnglishHaveWaysOfTheirOwnForTheLettersOfItsWords) {
+    const LetterReadings readings, english = LetterReadings::ofEnglish();
+    const auto probability = [&english](char32_t scalar, std::string_view typed) {
+        return english.probability(WordLetters::letter(scalar), typed);
+    };
+    EXPECT_DOUBLE_EQ(probability(0x0D82, "ng"), 0.34);
+    EXPECT_DOUBLE_EQ(probability(0x0DDA, "ay"), 0.11);
+    EXPECT_DOUBLE_EQ(probability(0x0DDC, "oa"), 0.01);
+    EXPECT_DOUBLE_EQ(probability(0x0DDE, "ow"), 0.38);
+    for (const char32_t scalar : {0x0D81, 0x0D83, 0x0DDB, 0x0DDF}) // such words have none of these
+        for (const char* typed : {"m", "h", "i", "lu", "l"})
+            EXPECT_EQ(probability(scalar, typed), readings.probability(WordLetters::letter(scalar), typed));
+}
+
 TEST(LetterReadings, StrangeKeysArePassedOver) {
     const LetterReadings strange({{{"", "\u0D9A"},
                                    {"kkkkk", "\u0D9A"},
@@ -63,10 +79,12 @@ TEST(LetterReadings, StrangeKeysArePassedOver) {
                                    {"\xFF", "\u0D9A"},
                                    {"q", "x"},
                                    {"q", ""},
-                                   {"q", "\xFF"}},
+                                   {"q", "\xFF"},
+                                   {"kk", "\u0D9A"}},
                                   {}});
     EXPECT_TRUE(strange.of("q").empty() && strange.of("1").empty() && strange.of("kkkkk").empty());
     EXPECT_DOUBLE_EQ(strange.probability(ka, ""), 2e-4);
+    EXPECT_EQ(strange.probability(ka, "kk"), 1) << "those after them are not";
 }
 
 } // namespace

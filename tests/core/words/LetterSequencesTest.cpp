@@ -3,8 +3,8 @@
 #include "PlainReading.h"
 #include "Randoms.h"
 #include "Rounds.h"
-#include "words/SinhalaWordIndex.h"
-#include "words/WordTrie.h"
+#include "WordLists.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,12 +14,7 @@ namespace vanoka {
 
 namespace {
 
-WordTrie trieOf(const std::vector<WordCount>& words) {
-    SinhalaWordIndex::Builder builder;
-    for (const auto& [word, count] : words)
-        builder.add(word, count);
-    return WordTrie(Shared<SinhalaWordIndex>(std::make_shared<const SinhalaWordIndex>(builder.finish())));
-}
+using test::trieOf;
 
 std::string bytesOf(std::string_view word) {
     std::string bytes;
@@ -77,6 +72,7 @@ TEST(LetterSequences, OfNothingKnowNothing) {
         const auto cost = sequences.advance(context, WordLetters::letter(char32_t{0x0D9A}));
         EXPECT_EQ(sequences.advance(context, WordLetters::letter(char32_t{0x0DCA})), cost);
         EXPECT_EQ(sequences.end(context), cost);
+        EXPECT_EQ(cost, 71U) << "one of 82: the letters, and the end of a word";
     }
     LetterSequences nothing;
     LetterSequences::Context context = nothing.begin();
@@ -103,6 +99,24 @@ TEST(LetterSequences, TakeHugeAndNegativeCounts) {
     EXPECT_LT(costOf(0x0D85), costOf(0x0D86));
     EXPECT_EQ(costOf(0x0D86), costOf(0x0D89));
     EXPECT_EQ(costOf(0x0D89), costOf(0x0D8B));
+}
+
+TEST(LetterSequences, NoCostIsGreaterThanAByteHolds) {
+    std::vector<WordCount> words = {{"\u0DB8", 1}};
+    for (char32_t first = 0x0D9A; first < 0x0DB0; ++first)
+        for (char32_t second = 0x0D9A; second < 0x0DA4; ++second)
+            words.push_back({text::utf8(first) + text::utf8(second), INT64_MAX});
+    const LetterSequences sequences(trieOf(words), 6);
+    LetterSequences::Context context = sequences.begin();
+    EXPECT_EQ(sequences.advance(context, WordLetters::letter(char32_t{0x0DB8})), 255U);
+}
+
+TEST(LetterSequences, TakeThreeBytesASequenceAndFourToFindTheLongerOnes) {
+    const LetterSequences sequences(trieOf({{"\u0D85", 1}, {"\u0D89", 1}, {"\u0D8B", 1}}), 2);
+    constexpr std::size_t single = 5, pairs = 6; // three letters and both ends; each letter with either end
+    EXPECT_EQ(sequences.size(), single + pairs);
+    EXPECT_EQ(sequences.memory(),
+              3 * single + 4 * (single + 1) + 2 * pairs + 2 * 4 * sizeof(std::vector<char>));
 }
 
 } // namespace

@@ -89,6 +89,36 @@ TEST(TypedWordTwins, OfALanguage) {
     }
 }
 
+TEST(TypedWordTwins, GuessesOfALanguage) {
+    Randoms randoms(9);
+    std::size_t found = 0;
+    for (int round = 0; round < 12; ++round) {
+        const auto all = test::sinhalaLikeWords(5 + randoms.below(300));
+        const SinhalaWordList list(all), own(test::strangeWords(randoms, 12));
+        const auto unlisted =
+            randoms.oneIn(2) ? TypedWords::Unlisted::fourLetters : TypedWords::Unlisted::sixLetters;
+        const TypedWords words(list, unlisted), personal(own);
+        const LetterSequences sequences(test::trieOf(all), static_cast<std::size_t>(unlisted));
+        const LetterReadings readings =
+            randoms.oneIn(3) ? LetterReadings(randoms.customization()) : LetterReadings();
+        for (int query = 0; query < 5; ++query) {
+            std::string typed = someLetters(randoms, 7);
+            if (!randoms.oneIn(3))
+                typed = written(randoms, randoms.of(all).word, readings).substr(0, 9) + "a";
+            const std::size_t limit = randoms.oneIn(3) ? 1000 : 1 + randoms.below(6);
+            const bool mayBeEnglish = randoms.oneIn(4);
+            const auto expected = test::plain::wordsTyped(list.words(), own.words(), typed, limit, readings,
+                                                          mayBeEnglish, &sequences);
+            ASSERT_EQ(words.wordsTyped(typed, static_cast<std::int64_t>(limit), &personal, readings, nullptr,
+                                       mayBeEnglish ? Spelling::sinhalaOrEnglish : Spelling::sinhala),
+                      expected)
+                << typed;
+            found += expected.size();
+        }
+    }
+    EXPECT_GT(found, 100U);
+}
+
 /// A word as it changes while somebody types: the next letter of what is meant, letters more, letters less,
 /// another beginning.
 std::string edited(Randoms& randoms, std::string typed, const std::string& meant) {

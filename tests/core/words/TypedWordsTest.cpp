@@ -102,6 +102,20 @@ TEST(TypedWords, EnglishWordsAreTakenForWhatTheyAreInSinhala) {
     EXPECT_EQ(words.wordsTyped("time", 5), Words{"ටයිම්"}) << "no word sounds so";
 }
 
+TEST(TypedWords, TheSameLettersAreReadAnewWhenMoreIsAsked) {
+    const TypedWords words = read("පොත\t60\nපොට\t40\nසයිට්\t400\nසිතේ\t700\n");
+    ReadingMemory memory;
+    const auto typed = [&](const char* letters, std::int64_t limit, TypedWords::Spelling spelling) {
+        return words.wordsTyped(letters, limit, nullptr, {}, &memory, spelling);
+    };
+    EXPECT_EQ(typed("pota", 1, TypedWords::Spelling::sinhala), Words{"පොට"});
+    EXPECT_EQ(typed("pota", 2, TypedWords::Spelling::sinhala), (Words{"පොට", "පොත"}));
+    EXPECT_EQ(typed("pota", 1, TypedWords::Spelling::sinhala), Words{"පොට"});
+    EXPECT_EQ(typed("site", 5, TypedWords::Spelling::sinhala), Words{"සිතේ"});
+    EXPECT_EQ(typed("site", 5, TypedWords::Spelling::sinhalaOrEnglish), (Words{"සිතේ", "සයිට්"}));
+    EXPECT_EQ(typed("site", 5, TypedWords::Spelling::sinhala), Words{"සිතේ"});
+}
+
 TEST(TypedWords, GuessWordsThatNoListHolds) {
     for (const auto unlisted : {TypedWords::Unlisted::fourLetters, TypedWords::Unlisted::sixLetters}) {
         const TypedWords words = read(small, unlisted);
@@ -190,6 +204,17 @@ TEST(TypedWords, BadInputGivesNothing) {
         words.wordsTyped(std::string(96, 'a'), INT64_MAX);
         words.wordsTyped(std::string(96, 't'), 5);
     }
+}
+
+TEST(TypedWords, TheLongestThatIsReadHas96Letters) {
+    std::string word, typed;
+    for (int i = 0; i < 48; ++i) {
+        word += "ක";
+        typed += "ka";
+    }
+    const TypedWords words(SinhalaWordList(std::vector<WordCount>{{word, 5}, {word + "ක", 5}}));
+    EXPECT_EQ(words.wordsTyped(typed, 1), Words{word});
+    EXPECT_EQ(words.wordsTyped(typed + "k", 1), Words());
 }
 
 TEST(TypedWords, OfAnEmptyList) {

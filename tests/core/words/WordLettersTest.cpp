@@ -41,6 +41,7 @@ TEST(WordLetters, LeavesJoinersOut) {
 TEST(WordLetters, ReadsTheCanonicalComposition) {
     EXPECT_EQ(lettersOf("\u0D9A\u0DD9\u0DCF\u0DCA"), lettersOf("\u0D9A\u0DDD"));
     EXPECT_EQ(lettersOf("\u0D9A\u0DD9\u0DCA"), lettersOf("\u0D9A\u0DDA"));
+    EXPECT_EQ(lettersOf("\u0DD9\u0DCA"), letters({0x0DDA})) << "at the beginning, too";
 }
 
 TEST(WordLetters, OnlyTheInherentVowelIsWrittenWithNothing) {

@@ -182,6 +182,7 @@ TEST(WordLists, AMillionWordsLoad) {
     for (const WordCount& word : words)
         own += word.word.size();
     EXPECT_LT(list.memory(), own + 40 * words.size());
+    EXPECT_GT(list.memory(), own / 3 + 20 * words.size());
     // The commonest word is the first one that any of its beginnings suggests.
     const std::string& commonest = words[0].word;
     EXPECT_EQ(list.suggestionsFor(commonest.substr(0, 3), 1), std::vector<std::string>{commonest});
