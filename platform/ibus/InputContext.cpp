@@ -132,7 +132,8 @@ void InputContext::focusIn(const std::string& field, std::string client) {
     becomesActive();
     if (!dropped.empty())
         client_.insertText(dropped, VanokaInputController::noReplacement);
-    if (holder == Holder::field)
+    // IBus 1.5.32 tells the first engine its client after all, a moment before the other engine comes.
+    if (holder == Holder::field && !isBeingReplaced_)
         takeKeysForReplacement();
 }
 
