@@ -300,8 +300,8 @@ TEST_F(EngineTest, ServesTheDaemonThatComesAfterACrash) {
     ASSERT_TRUE(process.has_value());
     replaceDaemon();
     const auto after = newField("test:after");
-    after->type("ka.");
-    EXPECT_EQ(after->field().screen(), "\u0D9A.");
+    after->type("ka."); // the first keys wait for the engine that a daemon makes again
+    EXPECT_TRUE(waitUntil([&] { return after->field().screen() == "\u0D9A."; })) << after->field().screen();
     EXPECT_EQ(daemon.engineProcess(), process) << "the same process";
 }
 
@@ -320,8 +320,8 @@ TEST_F(EngineTest, KeepsNoWordForTheFieldThatHasItsNameWithTheNextDaemon) {
     while (!after || pathOf(*after) != path)
         after = std::make_unique<IBusField>("xim");
     ASSERT_TRUE(after->choose(ourEngine));
-    after->type("1");
-    EXPECT_EQ(after->field().text(), "1");
+    after->type("1"); // which waits for the engine that a daemon makes again
+    EXPECT_TRUE(waitUntil([&] { return after->field().text() == "1"; })) << after->field().text();
 }
 
 } // namespace
