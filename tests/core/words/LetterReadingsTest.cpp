@@ -67,7 +67,8 @@ TEST(LetterReadings, OfEnglishHaveWaysOfTheirOwnForTheLettersOfItsWords) {
     EXPECT_DOUBLE_EQ(probability(0x0DDA, "ay"), 0.11);
     EXPECT_DOUBLE_EQ(probability(0x0DDC, "oa"), 0.01);
     EXPECT_DOUBLE_EQ(probability(0x0DDE, "ow"), 0.38);
-    for (const char32_t scalar : {0x0D81, 0x0D83, 0x0DDB, 0x0DDF}) // such words have none of these
+    for (const char32_t scalar :
+         {U'\u0D81', U'\u0D83', U'\u0DDB', U'\u0DDF'}) // such words have none of these
         for (const char* typed : {"m", "h", "i", "lu", "l"})
             EXPECT_EQ(probability(scalar, typed), readings.probability(WordLetters::letter(scalar), typed));
 }

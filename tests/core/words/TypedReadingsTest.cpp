@@ -78,7 +78,7 @@ TEST(TypedReadings, OneNumberOfARowIsThatOfTheWholeRow) {
     const TypedReadings read("nndhathaa", readings);
     std::vector<double> row(read.length() + 1), advanced(row.size());
     read.begin(row.data());
-    for (const char32_t scalar : {0x0DB3, 0x0D9A, 0x0DAD, 0x0DCF, 0x0DCA}) {
+    for (const char32_t scalar : {U'\u0DB3', U'\u0D9A', U'\u0DAD', U'\u0DCF', U'\u0DCA'}) {
         const WordLetter letter = WordLetters::letter(scalar);
         read.advance(row.data(), letter, advanced.data());
         for (std::size_t end = 0; end < row.size(); ++end)
