@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <span>
 
 namespace vanoka {
 
@@ -52,10 +53,10 @@ std::string KeyedTexts::text(std::uint32_t number) const {
 /// The first text from `from` on whose key is not before; all that are stand before all that are not.
 template <class IsBefore>
 std::uint32_t KeyedTexts::firstNot(std::uint32_t from, IsBefore isBefore) const noexcept {
-    const auto found = std::partition_point(starts_.begin() + from, starts_.end(), [&](std::uint32_t start) {
-        return isBefore(entryAt(start).key);
-    });
-    return static_cast<std::uint32_t>(found - starts_.begin());
+    const auto later = std::span(starts_).subspan(from);
+    const auto found = std::ranges::partition_point(later, isBefore,
+                                                    [&](std::uint32_t start) { return entryAt(start).key; });
+    return from + static_cast<std::uint32_t>(found - later.begin());
 }
 
 KeyedTexts::Range KeyedTexts::equalTo(std::string_view key) const noexcept {

@@ -1,5 +1,6 @@
 #include "words/KeyedTexts.h"
 
+#include "Memory.h"
 #include "Randoms.h"
 
 #include <algorithm>
@@ -67,7 +68,7 @@ TEST(KeyedTexts, TakeSixBytesBesideTheirOwn) {
     builder.add("key", "text");
     builder.add("same", "same");
     builder.add(std::string(127, 'k'), "");
-    EXPECT_EQ(builder.finish().memory(), 3 * 6U + 3 + 4 + 4 + 127);
+    test::expectMemory(builder.finish().memory(), 3 * 6U + 3 + 4 + 4 + 127);
 }
 
 } // namespace

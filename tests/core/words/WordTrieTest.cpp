@@ -1,5 +1,6 @@
 #include "words/WordTrie.h"
 
+#include "Memory.h"
 #include "PlainReading.h"
 #include "WordLists.h"
 
@@ -106,7 +107,7 @@ TEST(WordTrie, TakesTenBytesAWord) {
     std::size_t steps = 0; // of each eight words, each eight of those, and so on
     for (std::size_t width = words; width > 1; steps += width)
         width = (width + 7) / 8;
-    EXPECT_EQ(trie.memory(), 8 * words + 4 * ((words + 7) / 8) + tails + steps);
+    test::expectMemory(trie.memory(), 8 * words + 4 * ((words + 7) / 8) + tails + steps);
 }
 
 } // namespace
