@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -32,10 +33,9 @@ constexpr char32_t sinhalaOf(char unit) noexcept {
 /// A table of what `of(unit)` gives for each unit of one byte, by its bits as an unsigned number.
 template <class Of>
 constexpr auto byUnit(Of of) noexcept {
-    std::array<decltype(of(char())), 256> all{};
+    std::array<decltype(of(char())), std::numeric_limits<unsigned char>::max() + 1> all{};
     for (std::size_t unit = 0; unit < all.size(); ++unit)
         all[unit] = of(static_cast<char>(unit));
-    static_assert(all.size() == 256);
     return all;
 }
 

@@ -127,7 +127,9 @@ void Server::onConnected() {
 
 void Server::onDisconnected() {
     withdrawEngine();
-    environment_.droppedTexts.clear(); // the next daemon gives the paths of their fields to others
+    // The next daemon gives the paths of their fields to others, and what was typed is for none of its fields.
+    environment_.droppedTexts.clear();
+    environment_.keysForReplacement.clear();
     hasReplacedEngine_ = false;
     if (waiting_ == 0)
         waiting_ = g_timeout_add_seconds(patience, callServer<&Server::onWaitedLongEnough>, this);

@@ -10,7 +10,7 @@
 //
 // A line of the log: number, name, result, what it was about; bytes in hexadecimal.
 //
-// Not seen: what the C library asks by itself, such as the reads and writes of its streams getrandom, and
+// Not seen: what the C library asks by itself, such as the reads and writes of its streams and getrandom, and
 // whatever a program asks without that library. Of fcntl only locks count, of mmap only files; and no
 // reads and writes by which a program's threads wake each other, which cannot fail.
 #include <algorithm>
