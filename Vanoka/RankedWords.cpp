@@ -5,6 +5,7 @@
 #include "words/WordLetters.h"
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 
 namespace vanoka {
@@ -84,16 +85,14 @@ Found inOrder(const TypedWord& word, Words read, Words spelled) {
     return {std::move(read), std::move(spelled)};
 }
 
-/// This person's own words: those that may be slips go last.
+/// This person's own words, some of them twice: those that may be slips go last.
 Words ownWords(const TypedWord& word, const SuggestionLists& lists, const PersonalWords& personal, Words read,
                std::size_t limit) {
     std::erase_if(read, [&](const std::string& each) { return !personal.sinhala.contains(each); });
-    const Found found = inOrder(word, std::move(read),
-                                spelledSo(personal.sinhala, nullptr, word, lists.neverOffered, 2 * limit));
-    Offer own(word, lists.neverOffered);
-    own.add(found.first, 2 * limit);
-    own.add(found.second, 2 * limit);
-    Words words = own.words();
+    Found found = inOrder(word, std::move(read),
+                          spelledSo(personal.sinhala, nullptr, word, lists.neverOffered, 2 * limit));
+    Words words = std::move(found.first);
+    std::ranges::move(found.second, std::back_inserter(words));
     std::stable_partition(words.begin(), words.end(), [&](const std::string& each) {
         return personal.sinhala.countOfSpelling(each) > 1 || lists.sinhala.countOfSpelling(each) > 0;
     });

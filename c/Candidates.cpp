@@ -19,7 +19,7 @@ using namespace vanoka::c;
 
 struct vanoka_candidates {
     SuggestionLists lists;
-    std::int32_t letters = 0; ///< of the reading, if there is one
+    std::optional<std::int32_t> letters; ///< of the reading, if there is one
     LetterReadings readings;
 };
 
@@ -89,7 +89,7 @@ vanoka_status vanoka_candidates_reading(const vanoka_candidates* candidates, std
         reading, [&] { return unlisted ? firstProblem(candidates) : vanoka_status{VANOKA_BAD_ARGUMENT}; },
         [&] {
             vanoka_candidates read = *candidates;
-            if (!read.lists.reading || read.letters != letters)
+            if (read.letters != letters) // else only the keys are others
                 read.lists = withReading(std::move(read.lists), *unlisted);
             read.letters = letters;
             read.readings =

@@ -24,8 +24,7 @@ vanoka_status apply(vanoka_learnt* learnt, WordChange::Kind kind, const Text& ke
             return problem;
         const CommittedWord word = {std::string(keys.view()), std::string(text.view())};
         vanoka::apply({kind, LearntWords::learntFrom(word)}, learnt->tally);
-        if (kind == WordChange::Kind::learn)
-            makeRoom(learnt->tally);
+        makeRoom(learnt->tally);
         return vanoka_status{VANOKA_OK};
     });
 }

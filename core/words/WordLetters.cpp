@@ -13,7 +13,8 @@ namespace vanoka::WordLetters {
 namespace {
 
 static_assert(count == 81 && letter(U'a') == inherent);
-static_assert(letter(script::blockFirst) == inherent && letter(script::blockLast) == inherent); // longer units
+static_assert(letter(script::blockFirst) == inherent &&
+              letter(script::blockLast) == inherent); // longer units
 static_assert(scalar(letter(U'ක')) == U'ක' && kind(letter(script::virama)) == Kind::virama);
 
 /// Inherent vowels are owed by a consonant until the letter after it is known.

@@ -127,7 +127,8 @@ void Server::onConnected() {
 
 void Server::onDisconnected() {
     withdrawEngine();
-    // The next daemon gives the paths of their fields to others, and what was typed is for none of its fields.
+    // The next daemon gives the paths of their fields to others, and what was typed is for none of its
+    // fields.
     environment_.droppedTexts.clear();
     environment_.keysForReplacement.clear();
     hasReplacedEngine_ = false;

@@ -107,6 +107,17 @@ TEST(Candidates, OfOneWordAreNoSlipOnceItWasTypedTwiceOrIsListed) {
     EXPECT_EQ(rowsOf("gedr", lists, store.words().get()), "ගෙඩ්\u200Dර් ගෙදරආ* ගෙදරයි* ගෙදරඇ*");
 }
 
+TEST(Candidates, OfWordsThatMayBeSlipsTwiceAsManyAreLookedAtAsAreOffered) {
+    const SuggestionLists lists =
+        readSuggestionLists({.sinhala = "ගෙදරයි\t1\n", .english = {}, .emoji = {}, .neverOffered = {}});
+    test::MemoryWordStore store;
+    for (const char* word : {"ගෙදරයි", "ගෙදරඅ", "ගෙදරආ", "ගෙදරඇ", "ගෙදරඈ", "ගෙදරඉ"})
+        store.learn({"x", word});
+    EXPECT_TRUE(rowsOf("gedr", lists, store.words().get()).starts_with("ගෙඩ්\u200Dර් ගෙදරයි* ගෙදරඅ* "));
+    store.learn({"x", "ගෙදරඊ"});
+    EXPECT_TRUE(rowsOf("gedr", lists, store.words().get()).starts_with("ගෙඩ්\u200Dර් ගෙදරඅ* "));
+}
+
 TEST(Candidates, OfThisPersonLeaveRoomForTheLanguage) {
     const SuggestionLists lists = someLists();
     test::MemoryWordStore store;

@@ -86,6 +86,30 @@ TEST_F(Numbers, OfWaysInWhichAnEnglishWordWasMeantDecide) {
     EXPECT_FALSE(isEnglishSecond(once, often));
 }
 
+/// Four consonants, others for each number below 65,536.
+std::string wordOf(std::size_t number) {
+    std::string word;
+    for (int digits = 0; digits < 4; ++digits, number /= 16) {
+        word += letterKa;
+        word.back() = static_cast<char>(letterKa.back() + static_cast<char>(number % 16));
+    }
+    return word;
+}
+
+TEST_F(Numbers, NoMoreWordsAreLearntThanAreKept) {
+    constexpr std::size_t most = 20'000;
+    const auto learnt = test::created<test::LearntHandle>(vanoka_learnt_create);
+    for (std::size_t number = 0; number <= most; ++number) {
+        const std::string word = wordOf(number);
+        ASSERT_EQ(vanoka_learnt_learn(learnt.get(), "x", 1, word.data(), word.size()), VANOKA_OK);
+    }
+    EXPECT_EQ(vanoka_learnt_document(learnt.get(), answer.get()), VANOKA_OK);
+    const std::string_view document = test::textOf(vanoka_answer_items(answer.get())[0]);
+    constexpr std::ptrdiff_t comments = 3;
+    EXPECT_EQ(std::count(document.begin(), document.end(), '\n'),
+              comments + static_cast<std::ptrdiff_t>(most));
+}
+
 class SuggestingNumbers : public Numbers {
 protected:
     std::int32_t press(const char* characters) {
@@ -141,17 +165,6 @@ TEST_F(SuggestingNumbers, OnlyKeysThatMoveTheHighlightNeedCandidates) {
     EXPECT_EQ(needs, 0);
     EXPECT_EQ(vanoka_suggesting_needs(suggesting.get(), VANOKA_OTHER_KEY, 0, "\t", 1, &needs), VANOKA_OK);
     EXPECT_EQ(needs, 1);
-}
-
-TEST(DecoderNumbers, AsManyListsAreTakenAsTheHeaderSays) {
-    std::array<const char*, VANOKA_MOST_LISTS + 1> lists = {};
-    std::array<std::size_t, VANOKA_MOST_LISTS + 1> sizes = {};
-    vanoka_decoder* decoder = nullptr;
-    EXPECT_EQ(vanoka_decoder_create(lists.data(), sizes.data(), VANOKA_MOST_LISTS + 1, &decoder),
-              VANOKA_TOO_LARGE);
-    EXPECT_EQ(vanoka_decoder_create(nullptr, nullptr, 1, &decoder), VANOKA_BAD_ARGUMENT);
-    EXPECT_EQ(vanoka_decoder_create(lists.data(), sizes.data(), VANOKA_MOST_LISTS, &decoder), VANOKA_OK);
-    vanoka_decoder_release(decoder);
 }
 
 } // namespace
