@@ -90,8 +90,7 @@ double SwipeComparison::distance(std::string_view spelling, double atMost) const
                 ++end;
             const SwipePoint from = path[end - 1], to = path[end];
             const double segment = arcs[end] - arcs[end - 1];
-            double fraction = segment > 0 ? (along - arcs[end - 1]) / segment : 0;
-            fraction = fraction <= 0 ? 0 : fraction > 1 ? 1 : fraction;
+            const double fraction = segment > 0 ? std::min((along - arcs[end - 1]) / segment, 1.0) : 0;
             x[i] = from.x + fraction * (to.x - from.x);
             y[i] = from.y + fraction * (to.y - from.y);
         }

@@ -33,13 +33,6 @@ std::vector<double> arcLengths(std::span<const SwipePoint> path) {
     return lengths;
 }
 
-/// Into 0 to 1; what is not a number stays so.
-double clamped(double fraction) {
-    if (fraction <= 0)
-        return 0;
-    return fraction > 1 ? 1 : fraction;
-}
-
 } // namespace
 
 double distance(SwipePoint first, SwipePoint second) {
@@ -72,7 +65,7 @@ std::vector<SwipePoint> resample(std::span<const SwipePoint> path, std::int64_t 
             ++end;
         const SwipePoint from = path[end - 1], to = path[end];
         const double segment = arcs[end] - arcs[end - 1];
-        const double fraction = segment > 0 ? clamped((target - arcs[end - 1]) / segment) : 0;
+        const double fraction = segment > 0 ? std::min((target - arcs[end - 1]) / segment, 1.0) : 0;
         points[k] = {from.x + fraction * (to.x - from.x), from.y + fraction * (to.y - from.y)};
     }
     return points;
@@ -114,7 +107,7 @@ double meanDistance(std::span<const SwipePoint> first, std::span<const SwipePoin
     double sum = 0;
     for (std::size_t i = 0; i < std::min(first.size(), second.size()); ++i)
         sum += distance(first[i], second[i]);
-    return sum / (first.empty() ? 1 : static_cast<double>(first.size()));
+    return first.empty() ? 0 : sum / static_cast<double>(first.size());
 }
 
 } // namespace vanoka::SwipeGeometry

@@ -65,7 +65,7 @@ std::string respelled(std::string_view key) {
 
 std::string shortened(std::string key) {
     for (const Replacement& row : shortenings)
-        for (std::size_t at = 0; (at = key.find(row.from, at)) != std::string::npos; at += row.to.size())
+        if (const auto at = key.find(row.from); at != std::string::npos)
             key.replace(at, row.from.size(), row.to);
     return key;
 }

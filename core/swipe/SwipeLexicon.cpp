@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 #include <optional>
 #include <tuple>
 #include <unordered_set>
@@ -46,10 +47,10 @@ std::uint32_t offset(std::size_t size) {
 struct SwipeLexicon::Draft {
     EndKeys home;
     std::optional<EndKeys> visits; ///< the chat spelling's ends, where they are others
-    std::uint32_t start = 0;       ///< of its spellings among those of all drafts
-    std::uint32_t count = 0;
-    std::uint32_t order = 0;
-    std::uint8_t fullLength = 0, chatLength = 0;
+    std::uint32_t start;           ///< of its spellings among those of all drafts
+    std::uint32_t count;
+    std::uint32_t order;
+    std::uint8_t fullLength, chatLength;
     std::string_view word;
 };
 
@@ -88,8 +89,7 @@ SwipeLexicon::SwipeLexicon(std::span<const Word> words) {
         ++homes_[draft.home.index() + 1U];
     }
     candidates_.push_back({offset(pool_.size())});
-    for (std::size_t group = 0; group < EndKeys::count; ++group)
-        homes_[group + 1] += homes_[group];
+    std::partial_sum(homes_.begin(), homes_.end(), homes_.begin());
     addGuests(drafts);
 }
 
@@ -113,8 +113,7 @@ void SwipeLexicon::addGuests(const std::vector<Draft>& drafts) {
     });
     for (const Index index : visiting)
         ++guestStarts_[drafts[index].visits->index() + 1U];
-    for (std::size_t group = 0; group < EndKeys::count; ++group)
-        guestStarts_[group + 1] += guestStarts_[group];
+    std::partial_sum(guestStarts_.begin(), guestStarts_.end(), guestStarts_.begin());
     guests_.assign(visiting.begin(), visiting.end());
 }
 

@@ -26,13 +26,16 @@ constexpr auto blockEnds = [] {
     return ends;
 }();
 
-/// The blocks' point numbers added up: 0 + 1 + 2 + 3, 4 + 5 + 6 + 7, …
+/// The blocks' point numbers added up: 0 + 1 + 2 + 3, 4 + 5 + 6 + 7, … Their middle times as many as there
+/// are.
 constexpr auto blockIndices = [] {
-    std::array<float, SwipePathSums::blocks> sums{};
-    for (std::size_t point = 0; point < SwipeCost::comparedPoints; ++point)
-        sums[point / SwipePathSums::pointsOfBlock] += static_cast<float>(point);
+    constexpr auto points = static_cast<float>(SwipePathSums::pointsOfBlock);
+    std::array<float, SwipePathSums::blocks> sums = blockEnds;
+    for (float& sum : sums)
+        sum = (sum - points / 2) * points;
     return sums;
 }();
+static_assert(blockIndices.front() == 0 + 1 + 2 + 3 && blockIndices.back() == 28 + 29 + 30 + 31);
 
 /// The nearest whole number of one that is small: adding this drops what stands behind the point.
 float nearestWhole(float number) {

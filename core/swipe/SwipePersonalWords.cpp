@@ -16,8 +16,7 @@ std::size_t fingerprint(std::string_view spelling) {
         return static_cast<std::size_t>(static_cast<unsigned char>(spelling[at]) % 32);
     };
     const std::size_t size = spelling.size();
-    return (key(size / 2) + 32 * key(size / 4) + 32 * 32 * (key(size / 3 * 2) ^ (size % 32))) %
-           (32 * 32 * 32);
+    return key(size / 2) + 32 * key(size / 4) + 32 * 32 * (key(size / 3 * 2) ^ (size % 32));
 }
 using Fingerprints = std::bitset<std::size_t{32} * 32 * 32>;
 
@@ -49,6 +48,7 @@ SwipePersonalWords::SwipePersonalWords(const SwipeLexicon& lexicon, const SwipeE
         words_.push_back({word, count, order, std::move(spellings), home, isSpelled});
     }
     sortRange(words_, {}, [](const SwipePersonalWord& each) { return each.home.index(); });
+    // Home by home, as the lexicon has them, so that their indices rise.
     for (auto rest = std::span(words_); !rest.empty();) {
         const auto other = std::ranges::find_if(
             rest, [home = rest.front().home](const SwipePersonalWord& each) { return each.home != home; });
@@ -56,7 +56,6 @@ SwipePersonalWords::SwipePersonalWords(const SwipeLexicon& lexicon, const SwipeE
         findListed(lexicon, rest.first(size));
         rest = rest.subspan(size);
     }
-    sortRange(listed_);
 }
 
 void SwipePersonalWords::findListed(const SwipeLexicon& lexicon, std::span<SwipePersonalWord> sameHome) {

@@ -52,8 +52,6 @@ std::vector<Scored> SwipeRanking::insertedInTurn() const {
     for (const Scored& scored : all) {
         const auto worse =
             std::ranges::find_if(best, [&scored](const Scored& each) { return each.score < scored.score; });
-        if (static_cast<std::size_t>(worse - best.begin()) >= limit_)
-            continue;
         best.insert(worse, scored);
         if (best.size() > limit_)
             best.pop_back();

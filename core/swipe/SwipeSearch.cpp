@@ -106,10 +106,11 @@ bool SwipeSearch::consider(Index index) {
     return true;
 }
 
-// Solves score(occurrences, d) = floor for d. What is added covers the roundings of that and of the score.
+// Solves score(occurrences, d) = floor for d. What is added covers the roundings where these two are about
+// the same; elsewhere they are in proportion to d, and the comparison allows for those.
 double SwipeSearch::reach(std::int64_t occurrences) const {
     const double spare = SwipeCost::bestScore(occurrences) - ranking_->floor();
-    return std::sqrt(SwipeCost::strayVariance * spare * (1 + 1e-9) + 1e-9) * keyWidth_;
+    return std::sqrt(SwipeCost::strayVariance * spare + 1e-9) * keyWidth_;
 }
 
 std::uint32_t SwipeSearch::firstGroup(std::string_view full, std::string_view chat) const {

@@ -46,13 +46,13 @@ SwipeSpellings swipeSpellings(std::string_view word) {
 }
 
 SwipeEnds swipeEndsAtAGlance(std::string_view word) {
-    SwipeEnds ends;
     if (word.empty())
-        return ends;
+        return {};
     if (text::isAscii(word))
         return {text::lowercased(word.substr(0, 1))[0], text::lowercased(word.substr(word.size() - 1))[0]};
     const SwipeLetter* first = swipeLetter(text::firstScalar(word).value);
     const SwipeLetter* last = swipeLetter(text::lastScalar(word).value);
+    SwipeEnds ends;
     // Signs may compose with what stands beside them; consonants and standalone letters never do.
     if (first && isUnchanging(*first))
         ends.first = first->full.front(); // which chat never leaves out

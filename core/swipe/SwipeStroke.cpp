@@ -63,8 +63,6 @@ SwipeStroke::SwipeStroke(std::span<const SwipePoint> stroke, const SwipeLayout& 
 void SwipeStroke::measurePace(std::span<const SwipePoint> stroke) {
     std::array<double, points> times{}; // of the even points, as a share of all
     const double all = length_ * keyWidth_;
-    if (!(all > 0))
-        return;
     double passed = 0;
     std::size_t end = 1;
     double segment = SwipeGeometry::distance(stroke[0], stroke[1]);
@@ -75,7 +73,7 @@ void SwipeStroke::measurePace(std::span<const SwipePoint> stroke) {
             ++end;
             segment = SwipeGeometry::distance(stroke[end - 1], stroke[end]);
         }
-        const double within = segment > 0 ? std::clamp((target - passed) / segment, 0.0, 1.0) : 0;
+        const double within = segment > 0 ? std::min((target - passed) / segment, 1.0) : 0;
         times[i] = (static_cast<double>(end - 1) + within) / static_cast<double>(stroke.size() - 1);
     }
     for (std::size_t i = 0; i < points; ++i) {
@@ -103,16 +101,15 @@ double SwipeStroke::endsCost(char first, char last) const {
 /// of `SwipeGeometry::resample`.
 class SwipeStroke::Path {
 public:
-    Path(const SwipeStroke& stroke, std::string_view spelling) {
+    Path(const SwipeStroke& stroke, std::string_view spelling) : last_(spelling.size() - 1) {
         if (spelling.size() > few_.size())
-            more_.resize(2 * spelling.size());
-        keys_ = more_.empty() ? few_ : std::span(more_).first(spelling.size());
+            more_.resize(spelling.size());
+        keys_ = more_.empty() ? std::span<Key>(few_) : more_;
         for (std::size_t i = 0; i < spelling.size(); ++i) {
             Key& now = keys_[i];
             now.at = stroke.key(spelling[i]);
             now.along = i == 0 ? 0 : keys_[i - 1].along + SwipeGeometry::distance(keys_[i - 1].at, now.at);
         }
-        last_ = spelling.size() - 1;
     }
 
     double length() const { return keys_[last_].along; }
@@ -126,7 +123,7 @@ public:
             ++end_;
         const Key &from = keys_[end_ - 1], &to = keys_[end_];
         const double segment = to.along - from.along;
-        const double fraction = segment > 0 ? std::clamp((target - from.along) / segment, 0.0, 1.0) : 0;
+        const double fraction = segment > 0 ? std::min((target - from.along) / segment, 1.0) : 0;
         return {from.at.x + fraction * (to.at.x - from.at.x), from.at.y + fraction * (to.at.y - from.at.y)};
     }
 
@@ -139,7 +136,7 @@ private:
     std::array<Key, 64> few_; // more are rare
     std::vector<Key> more_;
     std::span<Key> keys_;
-    std::size_t last_ = 0, end_ = 1;
+    std::size_t last_, end_ = 1;
 };
 
 double SwipeStroke::meanDistance(std::string_view spelling) const {

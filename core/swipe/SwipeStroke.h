@@ -19,7 +19,7 @@ namespace vanoka {
 /// stroke or a layout that has no size.
 class SwipeStroke {
 public:
-    /// The stroke has a point, the key width is greater than 0.
+    /// The stroke has two points, the key width is greater than 0.
     SwipeStroke(std::span<const SwipePoint> stroke, const SwipeLayout& layout, double keyWidth);
 
     /// What the stroke's ends cost a word that begins and ends with these keys: 0 or more.

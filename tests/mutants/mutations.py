@@ -41,7 +41,7 @@ SAME_AS_DEFAULT = re.compile(r"\{\}|false|true|0|nullptr|std::nullopt|\*this|VAN
 STATEMENT = re.compile(r"^(\s*)(?:(?:\+\+|--)?[\w:.>\[\]()*-]+(?:\([^;]*\))?|[\w.>\[\]()*&-]+ [-+*/|&^%]?=(?!=) [^;]+);$")
 TWO_ARGUMENTS = re.compile(r"(?<=[\w>])\((\w+(?:\.\w+)*), (\w+(?:\.\w+)*)\)")
 # Those for which the order of two arguments makes no difference; of two problems either may be told.
-SYMMETRIC = re.compile(r"\b(?:min|max|swap|equal\w*|firstProblem)(?:<[\w:]+>)?$")
+SYMMETRIC = re.compile(r"\b(?:min|max|swap|equal\w*|distance|squaredDistance|firstProblem)(?:<[\w:]+>)?$")
 # Where a statement may begin: after one, at a brace, after a condition, a label.
 BEFORE_STATEMENT = re.compile(r"(?:[;{}:)]|else|do|^)$")
 

@@ -268,6 +268,15 @@ std::set<char> nearKeys(SwipePoint point, const SwipeGeometry::Centers& centers,
 
 } // namespace
 
+PeoplesScores peoplesScores(const std::vector<SwipePoint>& stroke, std::vector<SwipePoint> path,
+                            double keyWidth, std::int64_t occurrences) {
+    for (SwipePoint& key : path)
+        key = {key.x / keyWidth, key.y / keyWidth};
+    const People people(stroke, keyWidth);
+    const auto count = static_cast<double>(std::max<std::int64_t>(occurrences, 1));
+    return {people.firstScore(path, count), people.score(path, count)};
+}
+
 std::vector<std::string> SwipeDecoder::wordsByPeople(const std::vector<SwipePoint>& stroke,
                                                      const SwipeKeys& keys, double keyWidth,
                                                      std::int64_t limit,

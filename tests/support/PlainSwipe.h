@@ -39,4 +39,12 @@ private:
     std::map<std::pair<char, char>, std::vector<std::size_t>> byEnds_;
 };
 
+/// What the people's weights make of a spelling, at first sight and at a close look.
+struct PeoplesScores {
+    double first, close;
+};
+/// `path` is the way over the spelling's keys.
+PeoplesScores peoplesScores(const std::vector<SwipePoint>& stroke, std::vector<SwipePoint> path,
+                            double keyWidth, std::int64_t occurrences);
+
 } // namespace vanoka::test::plain

@@ -100,6 +100,9 @@ SwipeKeys SwipeRandoms::layout() {
     if (oneIn(10))
         for (auto& [label, center] : keys)
             center = {between(0, 100), between(0, 100)};
+    if (oneIn(10) && keys.contains("t"))
+        for (const char* label : {"d", "h", "s"})
+            keys[label] = keys.at("t");
     keys["\u0D9A"] = {1, 1};
     keys["\r\n"] = {100 * scale + away, 30 * scale - away};
     return keys;
@@ -112,6 +115,10 @@ std::vector<SwipePoint> SwipeRandoms::stroke(const SwipeKeys& keys) {
         const double size = keys.at("l").x - keys.at("a").x;
         for (SwipePoint& point : stroke)
             point = {point.x + size * between(-0.06, 0.06), point.y + size * between(-0.06, 0.06)};
+    }
+    if (oneIn(3) && !stroke.empty()) { // the finger rests
+        const std::size_t at = oneIn(2) ? 0 : below(stroke.size());
+        stroke.insert(stroke.begin() + static_cast<std::ptrdiff_t>(at), 1 + below(4), SwipePoint(stroke[at]));
     }
     if (oneIn(20) && !stroke.empty())
         stroke[below(stroke.size())] = {oddNumber(), oddNumber()};

@@ -75,6 +75,7 @@ TEST(SwipeGeometry, ResamplesEvenly) {
              {"a doubled end", {{0, 0}, {4, 0}, {4, 0}}, 3, {{0, 0}, {2, 0}, {4, 0}}},
              {"a corner", {{0, 0}, {2, 0}, {2, 2}}, 5, {{0, 0}, {1, 0}, {2, 0}, {2, 1}, {2, 2}}},
              {"there and back", {{0, 0}, {3, 4}, {0, 0}}, 3, {{0, 0}, {3, 4}, {0, 0}}},
+             {"a start too close to have a square", {{0, 0}, {1e-200, 0}, {1, 0}}, 2, {{0, 0}, {1, 0}}},
              {"a point", {{1, 2}}, 3, {{1, 2}, {1, 2}, {1, 2}}},
              {"equal points", {{1, 2}, {1, 2}}, 2, {{1, 2}, {1, 2}}},
              {"a point once", {{1, 2}}, 1, {{1, 2}}},
@@ -107,6 +108,13 @@ TEST(SwipeGeometry, KeepsBothEnds) {
     EXPECT_NEAR(points.back().x, path.back().x, 1e-12);
     EXPECT_NEAR(points.back().y, path.back().y, 1e-12);
     EXPECT_EQ(resample(Path{{1, 2}}, 32), Path(32, {1, 2}));
+}
+
+TEST(SwipeGeometry, RoundingTakesNoPointPastTheEnd) {
+    for (int tenths = 1; tenths < 100; ++tenths) { // a third of 0.1, three times, is more than 0.1
+        const SwipePoint end{tenths / 10.0, 0};
+        EXPECT_LE(resample(Path{{0, 0}, end}, 4).back().x, end.x);
+    }
 }
 
 TEST(SwipeGeometry, OnePointOfALongPathIsNowhere) {
@@ -154,6 +162,33 @@ TEST(SwipeGeometry, KeysAtNoFiniteDistance) {
         << "an infinite width makes every key near whose distance is a number";
     EXPECT_EQ(codes(keysNear({nan, 0}, odd, 10)), std::vector<int>());
     EXPECT_EQ(codes(keysNear({infinity, 0}, {{'a', {0, 0}}}, 10)), std::vector<int>());
+}
+
+TEST(SwipeGeometry, TheNearestKeysAreSoManyAndSoFar) {
+    const Centers row = {{'a', {0, 0}}, {'b', {10, 0}}, {'c', {0, -10}}, {'d', {30, 0}}, {'e', {30.01, 0}}};
+    struct Row {
+        SwipePoint point;
+        std::size_t most;
+        std::vector<int> near;
+    };
+    for (const auto& [point, most, near] : std::vector<Row>{
+             {{0, 0}, 0, {}},
+             {{0, 0}, 1, {'a'}},
+             {{0, 0}, 2, {'a', 'b'}}, // c is as near
+             {{0, 0}, 8, {'a', 'b', 'c', 'd'}},
+             {{0, 100}, 8, {'a'}}, // the nearest one, wherever it is
+             {{100, 0}, 8, {'e'}},
+             {{nan, 0}, 8, {}},
+             {{infinity, 0}, 8, {}},
+         })
+        EXPECT_EQ(codes(nearestKeys(point, row, 10, most, 3)), near)
+            << point.x << ", " << point.y << ", " << most;
+}
+
+TEST(SwipeGeometry, NoKeyAtNoFiniteDistanceIsAmongTheNearest) {
+    const Centers odd = {{'a', {nan, 0}}, {'b', {infinity, 0}}, {'c', {300, 0}}, {'d', {900, 0}}};
+    EXPECT_EQ(codes(nearestKeys({0, 0}, odd, 10, 8, 3)), std::vector<int>{'c'});
+    EXPECT_EQ(codes(nearestKeys({0, 0}, odd, infinity, 8, 3)), (std::vector<int>{'c', 'd'}));
 }
 
 TEST(SwipeGeometry, TheMeanDistanceDividesByTheFirstPath) {

@@ -45,6 +45,15 @@ TEST_P(SwipeOddPlacesTest, TwoKeysMayBeInOnePlace) {
     EXPECT_EQ(wordsOver(keys_, "ama"), asama_);
 }
 
+TEST_P(SwipeOddPlacesTest, EveryKeyMayBeginAndEndAWord) {
+    for (char key = 'a'; key <= 'z'; ++key) {
+        const std::string word = std::string(1, key) + (key == 'm' ? 'a' : 'm') + key;
+        const std::vector<SwipeDecoder::Word> words = {{word, 9}};
+        EXPECT_EQ(SwipeDecoder(words, GetParam()).wordsFor(test::strokeOver(keys_, word), keys_, 10, 1, {}),
+                  std::vector{word});
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Weights, SwipeOddPlacesTest,
                          testing::Values(SwipeWeights::specified, SwipeWeights::people));
 

@@ -105,6 +105,7 @@ TEST(SwipeSpellings, TheEndsAreSeenWhereTheyAreCertain) {
     EXPECT_EQ(seen("Hello"), std::pair('h', 'o'));
     EXPECT_EQ(seen("\u0DAD\u0DB8"), std::pair('t', 'a')) << "a consonant at the end has its vowel";
     EXPECT_EQ(seen("\u0D89\u0D89"), std::pair('i', 'i'));
+    EXPECT_EQ(seen("\u0D93\u0D93"), std::pair('a', 'i')) << "ai in chat, too";
     EXPECT_EQ(seen("\u0D87\u0D87"), std::pair('a', '\0')) << "ae, or a in chat";
     EXPECT_EQ(seen("\u0DCF\u0DCF"), std::pair('\0', '\0')) << "signs may compose";
     EXPECT_EQ(seen("\u00E9\u00E9"), std::pair('\0', '\0'));

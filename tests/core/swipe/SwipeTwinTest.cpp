@@ -97,15 +97,20 @@ TEST(SwipeTwin, ManyWordsByThePeoplesWeights) {
     const auto words = views(list);
     const SwipeDecoder decoder(words, SwipeWeights::people);
     const test::plain::SwipeDecoder twin(words);
-    const SwipeKeys keys = test::qwerty();
-    const SwipeLayout layout(keys);
-    SwipeMemory memory;
-    for (std::size_t query = 0; query < test::rounds(60); ++query) {
-        const auto stroke = randoms.stroke(keys);
-        const auto personal = randoms.personal(list);
-        const auto expected = twin.wordsByPeople(stroke, keys, 10, 80, personal);
-        ASSERT_EQ(decoder.wordsFor(stroke, keys, 10, 80, personal), expected) << "query " << query;
-        ASSERT_EQ(decoder.wordsFor(stroke, layout, 10, 80, personal, &memory), expected) << "query " << query;
+    SwipeKeys inOnePlace = test::qwerty();
+    for (const char* label : {"d", "h", "s"}) // th and t, dh and d, sh and s are the same strokes then
+        inOnePlace[label] = inOnePlace.at("t");
+    for (const SwipeKeys& keys : {test::qwerty(), inOnePlace}) {
+        const SwipeLayout layout(keys);
+        SwipeMemory memory;
+        for (std::size_t query = 0; query < test::rounds(60); ++query) {
+            const auto stroke = randoms.stroke(keys);
+            const auto personal = randoms.personal(list);
+            const auto expected = twin.wordsByPeople(stroke, keys, 10, 80, personal);
+            ASSERT_EQ(decoder.wordsFor(stroke, keys, 10, 80, personal), expected) << "query " << query;
+            ASSERT_EQ(decoder.wordsFor(stroke, layout, 10, 80, personal, &memory), expected)
+                << "query " << query;
+        }
     }
 }
 
@@ -183,6 +188,16 @@ TEST(SwipeTwin, ADistanceIsThatOfTheResampledPathToTheLastBit) {
         ASSERT_FALSE(comparison.lowerBound(outline) > plain) << round << " " << spelling;
         EXPECT_TRUE(std::isnan(plain) || comparison.distance(spelling, plain) == plain);
     }
+}
+
+/// How far a path has gone is the same before and behind two keys that are so close.
+TEST(SwipeTwin, ADistanceOverKeysTooCloseToTellApart) {
+    const SwipeKeys keys = {{"m", {62.31870896729026, 0}}, {"a", {0, 0}}, {"s", {1e-17, 0}}};
+    const SwipeLayout layout(keys);
+    const auto path = test::strokeOver(keys, "mas");
+    const auto points = SwipeGeometry::resample(path, 32);
+    EXPECT_EQ(SwipeComparison(path, layout).distance("mas", std::numeric_limits<double>::infinity()),
+              SwipeGeometry::meanDistance(points, points));
 }
 
 TEST(SwipeTwin, TheLowerBoundsAreNearTheDistance) {
