@@ -71,7 +71,7 @@ TEST(SwipeStroke, OfAFingerThatGoesStepByStep) {
 TEST(SwipeStroke, OfSpellingsOfManyKeys) {
     const SwipeKeys keys = test::qwerty();
     const Path stroke = test::strokeOver(keys, "qpamzlqpamzl");
-    for (const std::size_t keyCount : {32, 33, 34, 63, 64, 65, 255}) {
+    for (const std::size_t keyCount : {32U, 33U, 34U, 63U, 64U, 65U, 255U}) {
         const std::string spelling = test::repeated("qpamzl", 50).substr(0, keyCount);
         expectPlainScores(keys, stroke, spelling, 10, 7);
         EXPECT_EQ(std::isfinite(SwipeStroke(stroke, SwipeLayout(keys), 10).score(spelling, 7, anyScore)),
