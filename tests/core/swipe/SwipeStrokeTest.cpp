@@ -87,6 +87,12 @@ TEST(SwipeStroke, OfKeysTooCloseToTellApart) {
     expectPlainScores(keys, test::strokeOver(keys, "asm"), "asm", 1, 1);
 }
 
+/// One of the points that are compared is at b, to the last bit, and belongs to the way to it.
+TEST(SwipeStroke, OfAKeyThatAPointMeets) {
+    const SwipeKeys keys = {{"a", {3.4, 0}}, {"b", {7.8, 0}}, {"c", {9.6, 0}}};
+    expectPlainScores(keys, test::strokeOver(keys, "abc"), "abc", 1, 1);
+}
+
 /// Up to a millionth below the usual pace a finger is not slow.
 TEST(SwipeStroke, OfAPaceThatIsNearlyEven) {
     const SwipeKeys keys = test::qwerty();
