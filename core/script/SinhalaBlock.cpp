@@ -64,8 +64,8 @@ constexpr Row sign(char32_t scalar, Pieces pieces = {}) {
 static_assert(ascend(std::array{sign(0x0DD8), sign(0x0DD9)}));
 static_assert(!ascend(std::array{sign(0x0DD9), sign(0x0DD9)}) &&
               !ascend(std::array{sign(0x0DD9), sign(0x0DD8)}));
-static_assert(!standWithinTheBlock(std::array{sign(blockFirst)}) &&
-              !standWithinTheBlock(std::array{sign(blockLast)}));
+static_assert(!standWithinTheBlock(std::array{sign(blockFirst), sign(0x0DD9)}) &&
+              !standWithinTheBlock(std::array{sign(0x0DD9), sign(blockLast)}));
 static_assert(piecesAreSigns(std::array{sign(0x0DCF), sign(0x0DD9), sign(0x0DDC, {0x0DD9, 0x0DCF})}));
 static_assert(!piecesAreSigns(std::array{sign(0x0DCF), sign(0x0DDC, {0x0DD9, 0x0DCF})}));
 static_assert(!piecesAreSigns(std::array{sign(0x0DD9), sign(0x0DDC, {0x0DD9, 0x0DCF})}));
@@ -73,8 +73,10 @@ static_assert(!piecesAreSigns(std::array{sign(0x0DCF), sign(0x0DD9),
                                          Row{0x0DDC, Kind::vowel, {}, {0x0DD9, 0x0DCF}}}));
 static_assert(!piecesAreSigns(std::array{Row{0x0DCF, Kind::vowel}, sign(0x0DD9),
                                          sign(0x0DDC, {0x0DD9, 0x0DCF})}));
-static_assert(!noPiecesTwice(std::array{sign(0x0DDC, {0x0DD9, 0x0DCF}), sign(0x0DDD, {0x0DD9, 0x0DCF})}));
-static_assert(!onlyConsonantsAreJoined(std::array{Row{0x0D85, Kind::vowel, {}, {}, JoinedForm::yansaya}}));
+static_assert(!noPiecesTwice(std::array{sign(0x0DD9), sign(0x0DDC, {0x0DD9, 0x0DCF}),
+                                        sign(0x0DDD, {0x0DD9, 0x0DCF})}));
+static_assert(!onlyConsonantsAreJoined(std::array{sign(0x0DD9),
+                                                  Row{0x0D85, Kind::vowel, {}, {}, JoinedForm::yansaya}}));
 
 // What is derived, where the block has gaps.
 static_assert(isSinhala(blockFirst) && isSinhala(blockLast));
