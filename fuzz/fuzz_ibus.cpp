@@ -80,9 +80,9 @@ public:
           stored_("/nowhere/vanoka"),
           files_(process().folder.path()),
           suggestions_(files_, [] {}),
-          environment_{settings_,           stored_,     suggestions_,
-                       kind.versions,       [](auto) {}, [] {},
-                       [] { return true; }, {},          {}},
+          environment_{settings_,   stored_, suggestions_,        kind.versions,
+                       [](auto) {}, [] {},   [] { return true; }, [this] { isAsked_ = true; },
+                       {},          {}},
           places_{Place((settings_.replace(customization), settings_.transliterator())),
                   Place(settings_.transliterator())} {
         Suggestions& inForce = suggestions_.inForce();
@@ -103,6 +103,8 @@ public:
 
     void one(fuzz::Input& input) {
         told_.doWhatWasPutOff(isLate(input) ? G_PRIORITY_DEFAULT : G_PRIORITY_DEFAULT_IDLE);
+        if (input.byte() % 2 == 0)
+            tellFocus();
         switch (input.byte() % 20) {
         case 0:
             return leaveAndReturn(input.byte() % 2);
@@ -128,12 +130,14 @@ public:
     /// All is shown as it shall be, at the latest when nothing else is to be done.
     void expectShown() {
         told_.doWhatWasPutOff(G_PRIORITY_DEFAULT);
-        place().model.expectShown(place().text, told_.preedit.text, line());
+        if (!place().isWaiting)
+            place().model.expectShown(place().text, told_.preedit.text, line());
         const Place& other = places_[1 - active_];
         fuzz::expect(other.isWaiting || other.text == other.model.text(), "the other field holds its text");
     }
 
     void end() {
+        tellFocus();
         engine_->finish();
         place().model.end(line());
         fuzz::expect(place().text == place().model.text(), "the end of the process puts the text in");
@@ -149,7 +153,17 @@ private:
 
     void focusIn(std::size_t which) {
         active_ = which;
+        isAsked_ = false;
         engine_->focusIn(path(), kind_.name);
+        fuzz::expect(!isAsked_ || place().isWaiting, "nobody asks without a need");
+        place().isWaiting = isAsked_;
+    }
+
+    /// The answer to the engine's question.
+    void tellFocus() {
+        if (!std::exchange(isAsked_, false))
+            return;
+        engine_->hasFocus(path());
         place().isWaiting = false;
     }
 
@@ -199,7 +213,7 @@ private:
             return;
         place().model.end(line());
         sequences_.end();
-        place().isWaiting = kind_.losesTextToOthers;
+        place().isWaiting = place().isWaiting || kind_.losesTextToOthers;
         if (!kind_.losesTextToOthers)
             loseMarkedText(false, true);
         told_.preedit = {};
@@ -266,6 +280,7 @@ private:
     void press(const DesktopKey& key, std::uint32_t state) {
         constexpr guint someKeyCode = 30;
         pressModel(key);
+        place().isWaiting = false;
         if (!engine_->processKeyEvent(key.keysym, someKeyCode, state))
             applyPassed(key.keysym, state);
         if (suggestions_.inForce().areOn)
@@ -313,6 +328,7 @@ private:
     std::array<Place, 2> places_;
     std::size_t active_ = 0;
     bool isPassword_ = false;
+    bool isAsked_ = false; ///< the daemon, which field has the focus
     fuzz::PlainSequences sequences_;
     std::optional<ibus::InputContext> engine_;
 };

@@ -102,10 +102,8 @@ private:
     }
 
     /// The value that stands here is not one that belongs here. A list with such a value in it is as good as
-    /// missing, unless its field comes once more.
+    /// missing, unless its field comes once more; what else such a value holds changes nothing.
     bool misplaced() {
-        if (foreignDepth_ > 0)
-            return true;
         if (level_ == Level::addedKey && name_ == keyName)
             entry_.key.reset();
         else if (level_ == Level::addedKey && name_ == letterName)

@@ -26,7 +26,7 @@ constexpr std::array writtenTable = [] {
             *next++ = {text::threeByteScalar(*letter.sign), Kind::sign, letter.keys.front()};
     }
     *next++ = {script::virama, Kind::virama, {}};
-    *next++ = {script::zeroWidthJoiner, Kind::joiner, {}};
+    *next = {script::zeroWidthJoiner, Kind::joiner, {}};
     return all;
 }();
 

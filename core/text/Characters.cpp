@@ -9,7 +9,7 @@ namespace vanoka::text {
 
 namespace {
 
-/// Two neighbouring ASCII bytes are two characters, CR LF alone excepted.
+/// Two neighbouring ASCII bytes are two characters, CR LF alone excepted. True for an empty text as well.
 bool startsWithPlainAscii(std::string_view text) noexcept {
     const auto isPlain = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
     return std::ranges::all_of(text.substr(0, 2), isPlain) && !text.starts_with("\r\n");
@@ -18,7 +18,7 @@ bool startsWithPlainAscii(std::string_view text) noexcept {
 } // namespace
 
 std::string_view firstCharacter(std::string_view text) noexcept {
-    if (text.empty() || startsWithPlainAscii(text))
+    if (startsWithPlainAscii(text))
         return text.substr(0, 1);
     Scalar left = firstScalar(text);
     std::size_t length = left.length;
@@ -36,10 +36,10 @@ std::string_view firstCharacter(std::string_view text) noexcept {
 }
 
 std::string_view withoutLastCharacter(std::string_view text) noexcept {
-    std::size_t last = 0;
+    std::string_view last;
     for (const std::string_view character : Characters(text))
-        last = character.size();
-    return text.substr(0, text.size() - last);
+        last = character;
+    return text.substr(0, text.size() - last.size());
 }
 
 std::size_t characterCount(std::string_view text) noexcept {

@@ -23,11 +23,9 @@ std::size_t plainLength(std::string_view text) noexcept {
     return scalar.wellFormed && !contains(spelledOut, scalar.value) ? scalar.length : 0;
 }
 
-/// How many bytes at the start of `text` lay out lines.
+/// The length of the first scalar of `text` when it lays out lines, otherwise 0. CR does before LF alone.
 std::size_t layoutLength(std::string_view text) noexcept {
-    if (text.starts_with("\r\n"))
-        return 2;
-    return text.starts_with('\n') || text.starts_with('\t') ? 1 : 0;
+    return text.starts_with('\n') || text.starts_with('\t') || text.starts_with("\r\n") ? 1 : 0;
 }
 
 std::string hexadecimal(std::uint32_t value) {

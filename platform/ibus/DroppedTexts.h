@@ -22,11 +22,14 @@ public:
     /// Whether the daemon itself holds the focus, or a field does.
     enum class Holder : bool { daemon, field };
 
-    /// The field gets the focus. Returns what is to be put in, which may be empty, and forgets it.
+    /// The field gets the focus. True when something waits for it.
     ///
     /// A daemon that is told that a field loses the focus puts the text in and takes the focus itself. One
     /// that is told only which field gets it drops the text.
-    std::string enter(const std::string& field, Holder holder);
+    bool enter(const std::string& field, Holder holder);
+
+    /// What is to be put into the field, which may be empty. Forgets it.
+    std::string take(const std::string& field);
 
 private:
     struct Left {

@@ -131,6 +131,11 @@ void keepAllEngines() {
         context->stays();
 }
 
+void tellFocus(std::string_view field) {
+    for (InputContext* context : contexts())
+        context->hasFocus(field);
+}
+
 void finishAllEngines() {
     for (InputContext* context : contexts())
         context->finish();

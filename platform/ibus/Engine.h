@@ -4,6 +4,7 @@
 
 #include <gio/gio.h>
 #include <ibus.h>
+#include <string_view>
 
 namespace vanoka::ibus {
 
@@ -17,6 +18,9 @@ void showSuggestionsInAllEngines();
 
 /// The daemon makes no other engine in the place of one of them any more.
 void keepAllEngines();
+
+/// This field has the focus, as the daemon says.
+void tellFocus(std::string_view field);
 
 /// Ends the compositions of all engines: the process is about to end.
 void finishAllEngines();

@@ -72,6 +72,7 @@ bool InputContext::processKeyEvent(guint keysym, guint keyCode, guint state) {
         environment_.keysForReplacement.push_back({keysym, keyCode, state});
         return true;
     }
+    putDroppedTextIn(); // keys come from the field that has the focus
     const bool isConsumed = answers(keysym, keyCode, state);
     updateCandidatesLater();
     return isConsumed;
@@ -126,15 +127,28 @@ void InputContext::focusIn() {
 void InputContext::focusIn(const std::string& field, std::string client) {
     using Holder = DroppedTexts::Holder;
     const Holder holder = client == daemonItself ? Holder::daemon : Holder::field;
-    const std::string dropped = droppedTexts_.enter(field, holder);
+    const bool isAwaited = droppedTexts_.enter(field, holder);
+    field_ = field;
     client_.setName(std::move(client));
     updatePolicy();
     becomesActive();
-    if (!dropped.empty())
-        client_.insertText(dropped, VanokaInputController::noReplacement);
+    // Windows that change hand the focus on within milliseconds, and the daemon gives a text to whoever has
+    // it when the text comes: it would go to another program, or nowhere.
+    if (isAwaited)
+        environment_.askForFocus();
     // IBus 1.5.32 tells the first engine its client after all, a moment before the other engine comes.
     if (holder == Holder::field && !isBeingReplaced_)
         takeKeysForReplacement();
+}
+
+void InputContext::hasFocus(std::string_view field) {
+    if (field == field_)
+        putDroppedTextIn();
+}
+
+void InputContext::putDroppedTextIn() {
+    if (const std::string dropped = droppedTexts_.take(field_); !dropped.empty())
+        client_.insertText(dropped, VanokaInputController::noReplacement);
 }
 
 void InputContext::stays() {
@@ -158,6 +172,7 @@ void InputContext::focusOut() {
 void InputContext::focusOut(std::string field) {
     const std::string text = forget();
     forgetCandidates();
+    field_.clear();
     if (policy_.losesTextToOthers)
         droppedTexts_.leave(std::move(field), text);
 }

@@ -31,7 +31,9 @@ struct EngineEnvironment {
     /// Asks the daemon for another engine in place of the one that has the focus; false when it was asked
     /// before. The one in whose place none comes hears `InputContext::stays`.
     std::function<bool()> replaceEngine;
-    std::vector<PressedKey> keysForReplacement; ///< pressed since then
+    /// Asks the daemon which field has the focus; the engine hears `InputContext::hasFocus`.
+    std::function<void()> askForFocus;
+    std::vector<PressedKey> keysForReplacement; ///< pressed since an engine was asked for
     DroppedTexts::Waiting droppedTexts;
 };
 
@@ -57,6 +59,8 @@ public:
     void focusIn(const std::string& field, std::string client);
     void focusOut();
     void focusOut(std::string field);
+    /// The daemon has answered that this field has the focus.
+    void hasFocus(std::string_view field);
     void reset();
     void setContentType(guint purpose, guint hints);
     void activateProperty(std::string_view name);
@@ -82,6 +86,7 @@ private:
     void commit();
     std::string forget();
     void becomesActive();
+    void putDroppedTextIn();
     void takeKeysForReplacement();
     void updatePolicy();
     void showMenu();
@@ -98,6 +103,7 @@ private:
     CandidateTable table_;
     CommitPolicy policy_;
     DroppedTexts droppedTexts_;
+    std::string field_; ///< that has the focus; empty where none has, or it is not told
     ComposeSequence sequence_;
     guint purpose_ = IBUS_INPUT_PURPOSE_FREE_FORM;
     bool isBeingReplaced_ = false;

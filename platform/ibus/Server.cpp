@@ -18,6 +18,7 @@ namespace {
 
 constexpr guint patience = 10;            // for another daemon, in seconds
 constexpr gint longestReplacement = 1000; // of an engine, in milliseconds, which takes some
+constexpr gint usualTime = -1;            // in which a daemon that works answers
 
 /// A program of its own, so that no window toolkit is ever loaded here. It says itself why it cannot start.
 void activate(VanokaInputController::MenuAction action) {
@@ -54,6 +55,7 @@ Server::Server(std::string connectionName)
                    activate,
                    showSuggestionsInAllEngines,
                    [this] { return replaceEngine(); },
+                   [this] { askForFocus(); },
                    {},
                    {}},
       loop_(g_main_loop_new(nullptr, FALSE)) {}
@@ -114,6 +116,17 @@ bool Server::replaceEngine() {
     ibus_bus_set_global_engine_async(bus_, Component::engineName, longestReplacement, nullptr, onAnswer,
                                      nullptr);
     return true;
+}
+
+/// Without an answer, the first key tells.
+void Server::askForFocus() {
+    const auto onAnswer = [](GObject* bus, GAsyncResult* answer, gpointer) {
+        if (gchar* field = ibus_bus_current_input_context_async_finish(IBUS_BUS(bus), answer, nullptr)) {
+            tellFocus(field);
+            g_free(field);
+        }
+    };
+    ibus_bus_current_input_context_async(bus_, usualTime, nullptr, onAnswer, nullptr);
 }
 
 void Server::onConnected() {

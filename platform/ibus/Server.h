@@ -28,6 +28,7 @@ private:
     bool offerEngine();
     IBusEngine* createEngine(const char* name);
     bool replaceEngine();
+    void askForFocus();
     void onConnected();
     void onDisconnected();
     gboolean onWaitedLongEnough();

@@ -475,8 +475,12 @@ TEST(SinglishKeyState, EqualityAndHashTakeAllFields) {
     EXPECT_EQ(base.id(), "kh");
     EXPECT_TRUE(base.isActive());
     std::unordered_set<SinglishKeyState> all(others.begin(), others.end());
-    for (const SinglishKeyState& other : others)
+    std::unordered_set<std::size_t> hashes{std::hash<SinglishKeyState>()(base)};
+    for (const SinglishKeyState& other : others) {
         EXPECT_NE(base, other);
+        hashes.insert(std::hash<SinglishKeyState>()(other));
+    }
+    EXPECT_EQ(hashes.size(), 6U);
     all.insert(base);
     all.insert(base);
     EXPECT_EQ(all.size(), 6U);

@@ -29,6 +29,7 @@ const std::vector<VisibleRow> visibleRows = {
     {"\x9B\xE0\xB6", "\\x9B\\xE0\\xB6", ""},
     {"\u202Ea\u202C \u2066b\u2069 \u200F", "\\u{202E}a\\u{202C} \\u{2066}b\\u{2069} \u200F", ""},
     {"a\tb\nc\r\nd", "a\\tb\\nc\\r\\nd", "a\tb\nc\r\nd"},
+    {"\t\x1B\n\x07\r\n\r\t", "\\t\\u{1B}\\n\\u{7}\\r\\n\\r\\t", "\t\\u{1B}\n\\u{7}\r\n\\r\t"},
     {"over\rwritten\r", "over\\rwritten\\r", ""},
 };
 

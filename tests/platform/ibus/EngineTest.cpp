@@ -248,6 +248,24 @@ TEST_F(EngineTest, KeepsAWordThatTheDaemonDropsWhileAnotherEngineIsInForce) {
     EXPECT_TRUE(waitUntil([&] { return from->field().screen() == "\u0D9A"; })) << from->field().screen();
 }
 
+TEST_F(EngineTest, KeepsAWordThatTheDaemonDropsWhereTheFocusOnlyPasses) {
+    const auto from = newXim();
+    from->focusOut();
+    const auto to = newXim();
+    to->leaveFor(*from);
+    from->type("ka");
+    to->focusIn();
+    from->focusOut(); // which the daemon is told too late
+    ibus_input_context_focus_in(from->context());
+    ibus_input_context_focus_in(to->context()); // before the engine has heard of the first
+    ibus_input_context_focus_out(from->context());
+    to->type("ma.");
+    EXPECT_EQ(to->field().screen(), "\u0DB8.");
+    EXPECT_EQ(from->field().screen(), "");
+    to->leaveFor(*from);
+    EXPECT_TRUE(waitUntil([&] { return from->field().screen() == "\u0D9A"; })) << from->field().screen();
+}
+
 TEST_F(EngineTest, KeepsAWordThatTheDaemonTakesFromQtUntilQtHasTheFocusAgain) {
     if (!ibus::installedVersions().qtCommitsUnannounced)
         GTEST_SKIP() << "The Qt that is installed tells the daemon that it puts the word in.";
