@@ -210,6 +210,18 @@ TEST(SwipeDecoder, AWordThatIsBetterByAHairIsNotGivenUp) {
     EXPECT_EQ(decoder.wordsFor(test::strokeOver(keys, "al"), keys, 1, 1, {}), Words{"am"});
 }
 
+/// The first of these is met after the second, since its full spelling ends elsewhere.
+TEST(SwipeDecoder, OfTwoWordsOfOneScoreTheFirstOfTheListIsTheBest) {
+    const std::string mat = "\u0DB8\u0DAD\u0DCA"; // math, or mat
+    const std::vector<SwipeDecoder::Word> list = {{mat, 10}, {"mat", 10}};
+    const SwipeKeys keys = test::qwerty();
+    Path stroke = test::strokeOver(keys, "mat");
+    for (SwipePoint& point : stroke)
+        point.y += 2; // neither is met exactly
+    for (const SwipeWeights weights : {SwipeWeights::specified, SwipeWeights::people})
+        EXPECT_EQ(SwipeDecoder(list, weights).wordsFor(stroke, keys, 10, 1, {}), Words{mat});
+}
+
 TEST(SwipeDecoder, EveryPersonalWordIsFoundInTheList) {
     std::vector<std::string> words;
     for (char key = 'b'; key <= 'z'; ++key)
