@@ -68,8 +68,8 @@ TEST(LetterReadings, OfEnglishHaveWaysOfTheirOwnForTheLettersOfItsWords) {
     EXPECT_DOUBLE_EQ(probability(0x0DDC, "oa"), 0.01);
     EXPECT_DOUBLE_EQ(probability(0x0DDE, "ow"), 0.38);
     for (const char32_t scalar :
-         {U'\u0D81', U'\u0D83', U'\u0DDB', U'\u0DDF'}) // such words have none of these
-        for (const char* typed : {"m", "h", "i", "lu", "l"})
+         {U'\u0D81', U'\u0D83', U'\u0DD8', U'\u0DDB', U'\u0DDF'}) // such words have none of these
+        for (const char* typed : {"m", "h", "r", "i", "lu", "l"})
             EXPECT_EQ(probability(scalar, typed), readings.probability(WordLetters::letter(scalar), typed));
 }
 
