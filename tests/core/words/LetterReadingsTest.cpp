@@ -50,6 +50,7 @@ TEST(LetterReadings, TheUsersOwnKeysAreSureWays) {
     EXPECT_EQ(readings.probability(ka, "zzzz"), 1) << "after all that the table has";
     EXPECT_DOUBLE_EQ(readings.probability(ka, "k"), 0.982);
     EXPECT_DOUBLE_EQ(LetterReadings().probability(ka, "c"), 0.018) << "others keep theirs";
+    EXPECT_EQ(readings.of("c").size(), LetterReadings().of("c").size()) << "one that was known is there once";
 }
 
 TEST(LetterReadings, AKeyOfTheInherentVowelIsOneOfTheLetterToo) {

@@ -89,6 +89,30 @@ TEST(TypedWordTwins, OfALanguage) {
     }
 }
 
+/// Letters that are written alike make words that are worth the same, to the last digit.
+TEST(TypedWordTwins, OfWordsThatAreWorthTheSame) {
+    Randoms randoms(8);
+    const std::vector<std::string> alike = {"\u0DB1", "\u0DAB",       "\u0DBD",
+                                            "\u0DC5", "\u0DBD\u0DD2", "\u0DC5\u0DD2"};
+    const LetterReadings readings;
+    for (std::size_t round = 0; round < test::rounds(300); ++round) {
+        std::vector<WordCount> all;
+        for (std::size_t count = 4 + randoms.below(12); count > 0; --count) {
+            std::string word;
+            for (std::size_t length = 1 + randoms.below(4); length > 0; --length)
+                word += randoms.of(alike);
+            all.push_back({word, std::int64_t{1} << 3 * randoms.below(3)});
+        }
+        const SinhalaWordList list(all);
+        const TypedWords words(list);
+        for (const char* typed : {"n", "na", "l", "la", "li", "nala", "nali", "lana"})
+            for (const std::size_t limit : {1, 2, 3, 5})
+                ASSERT_EQ(words.wordsTyped(typed, static_cast<std::int64_t>(limit)),
+                          test::plain::wordsTyped(list.words(), {}, typed, limit, readings))
+                    << typed;
+    }
+}
+
 TEST(TypedWordTwins, GuessesOfALanguage) {
     Randoms randoms(9);
     std::size_t found = 0;
