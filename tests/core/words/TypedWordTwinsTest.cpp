@@ -95,18 +95,18 @@ TEST(TypedWordTwins, OfWordsThatAreWorthTheSame) {
     const std::vector<std::string> alike = {"\u0DB1", "\u0DAB",       "\u0DBD",
                                             "\u0DC5", "\u0DBD\u0DD2", "\u0DC5\u0DD2"};
     const LetterReadings readings;
-    for (std::size_t round = 0; round < test::rounds(300); ++round) {
+    for (std::size_t round = 0; round < test::rounds(4000); ++round) {
         std::vector<WordCount> all;
-        for (std::size_t count = 4 + randoms.below(12); count > 0; --count) {
+        for (std::size_t count = 3 + randoms.below(6); count > 0; --count) {
             std::string word;
-            for (std::size_t length = 1 + randoms.below(4); length > 0; --length)
+            for (std::size_t length = 1 + randoms.below(3); length > 0; --length)
                 word += randoms.of(alike);
             all.push_back({word, std::int64_t{1} << 3 * randoms.below(3)});
         }
         const SinhalaWordList list(all);
         const TypedWords words(list);
-        for (const char* typed : {"n", "na", "l", "la", "li", "nala", "nali", "lana"})
-            for (const std::size_t limit : {1, 2, 3, 5})
+        for (const char* typed : {"n", "l", "li"})
+            for (const std::size_t limit : {1, 2, 3})
                 ASSERT_EQ(words.wordsTyped(typed, static_cast<std::int64_t>(limit)),
                           test::plain::wordsTyped(list.words(), {}, typed, limit, readings))
                     << typed;
