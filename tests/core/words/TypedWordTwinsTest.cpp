@@ -106,9 +106,10 @@ TEST(TypedWordTwins, OfWordsThatAreWorthTheSame) {
         const SinhalaWordList list(all);
         const TypedWords words(list);
         for (const char* typed : {"n", "l", "li"})
-            for (const std::size_t limit : {1, 2, 3})
-                ASSERT_EQ(words.wordsTyped(typed, static_cast<std::int64_t>(limit)),
-                          test::plain::wordsTyped(list.words(), {}, typed, limit, readings))
+            for (const std::int64_t limit : {1, 2, 3})
+                ASSERT_EQ(words.wordsTyped(typed, limit),
+                          test::plain::wordsTyped(list.words(), {}, typed, static_cast<std::size_t>(limit),
+                                                  readings))
                     << typed;
     }
 }
