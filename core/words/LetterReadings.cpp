@@ -230,11 +230,9 @@ std::shared_ptr<const Readings> ofEnglishWords() {
 /// The reading becomes a sure one, whether it is known or not.
 void makeSure(std::string typed, WordLetter letter, Readings& readings) {
     const Reading sure = {std::move(typed), letter, 1};
-    const auto place = std::ranges::lower_bound(readings, placeOf(sure), {}, placeOf);
-    if (place != readings.end() && placeOf(*place) == placeOf(sure))
-        place->probability = 1;
-    else
-        readings.insert(place, sure);
+    const auto known = std::ranges::lower_bound(readings, placeOf(sure), {}, placeOf);
+    const auto end = std::ranges::upper_bound(known, readings.end(), placeOf(sure), {}, placeOf);
+    readings.insert(readings.erase(known, end), sure);
 }
 
 std::shared_ptr<const Readings> withKeys(const std::vector<SinglishCustomization::AddedKey>& keys) {

@@ -104,7 +104,7 @@ bool ReadingSearch::readAlone(std::uint32_t number, double completion) {
 /// is worth for their sake; 0 as soon as it is known not to be among the best. Its prior is no greater.
 double ReadingSearch::likelihood(const double* row, double completion, std::string_view letters,
                                  double prior) {
-    double *now = scratch_.data(), *next = now + typed_.length() + 1;
+    double *now = scratch_.data(), *next = now + scratch_.size() / 2;
     for (const char each : letters) {
         const WordLetter letter = WordLetters::fromByte(each);
         completion = goingOn(completion, row);

@@ -52,13 +52,12 @@ std::uint32_t ReadingTree::open(std::uint32_t beginning) {
         beginnings_[beginning].opened = add(beginning);
     const Beginning& from = beginnings_[beginning];
     std::uint32_t& known = opened_[from.opened].known;
-    const auto numbers = static_cast<std::uint32_t>(typed_->length() + 1);
     if (known == 0)
         typed_->advance(row(from.before), from.last, rowToWrite(from.opened));
     else
-        for (std::uint32_t end = known; end < numbers; ++end)
+        for (std::size_t end = known; end <= typed_->length(); ++end)
             rowToWrite(from.opened)[end] = typed_->advanced(row(from.before), from.last, end);
-    known = numbers;
+    known = static_cast<std::uint32_t>(typed_->length() + 1);
     return from.opened;
 }
 
@@ -110,8 +109,6 @@ double ReadingTree::mostPrior(std::uint32_t beginning) {
 double ReadingTree::mostPriorOf(const Ranges& words) const {
     if (words[1].isEmpty())
         return priors_[tries_[0]->mostLevel(words[0])];
-    if (words[0].isEmpty())
-        return priors_[tries_[1]->mostLevel(words[1])];
     return prior(tries_[0]->mostCount(words[0]) + tries_[1]->mostCount(words[1]));
 }
 

@@ -24,7 +24,7 @@ constexpr std::array looseTable = [] {
         if (row.loose)
             *next++ = {row.scalar, *row.loose};
     *next++ = {script::zeroWidthJoiner, ""};
-    *next++ = {script::zeroWidthNonJoiner, ""};
+    *next = {script::zeroWidthNonJoiner, ""};
     return all;
 }();
 

@@ -25,9 +25,8 @@ std::int64_t typicalCountOf(std::vector<std::int64_t> counts) {
     return *place;
 }
 
-bool isTooLargeToTriple(std::int64_t count) {
-    using Limits = std::numeric_limits<std::int64_t>;
-    return count > Limits::max() / wholeWordWeight || count < Limits::min() / wholeWordWeight;
+bool isTooLowToTriple(std::int64_t count) {
+    return count < std::numeric_limits<std::int64_t>::min() / wholeWordWeight;
 }
 
 } // namespace
@@ -64,7 +63,7 @@ SinhalaWordIndex SinhalaWordIndex::Builder::finish() {
         return MostWithSigns{index.counts_[number], CompactText::signsOf(key(number))};
     });
     index.typicalCount_ = typicalCountOf(index.counts_);
-    index.mayOverflow_ = std::ranges::any_of(index.counts_, isTooLargeToTriple);
+    index.isAnyTooLow_ = std::ranges::any_of(index.counts_, isTooLowToTriple);
     return index;
 }
 
@@ -88,7 +87,8 @@ template <class Summary, class NumberAt, class Admits, class Accepts>
 std::vector<SinhalaWordIndex::Match>
 SinhalaWordIndex::best(const SummaryTree<Summary>& tree, WeightedRange range, std::int64_t limit,
                        NumberAt numberAt, Admits admits, Accepts accepts) const {
-    if (mayOverflow_)
+    // The greatest is tripled in any case, but those that are too low might never be come to.
+    if (isAnyTooLow_)
         for (std::uint32_t position = range.first; position < range.tripledEnd; ++position)
             if (const std::uint32_t number = numberAt(position); accepts(number))
                 checked::product(counts_[number], wholeWordWeight);

@@ -81,7 +81,7 @@ private:
     SummaryTree<Most> mostByKey_;
     SummaryTree<MostWithSigns> mostBySkeleton_;
     std::int64_t typicalCount_ = 1;
-    bool mayOverflow_ = false; ///< some count is too large to be tripled
+    bool isAnyTooLow_ = false; ///< some count is too low to be tripled
 };
 
 /// Collects words in any order.

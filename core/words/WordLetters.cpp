@@ -66,13 +66,13 @@ bool isComposed(std::string_view compact) noexcept {
 /// How each letter is written after an open consonant, and where there is none.
 void write(WordLetter letter, Syllables& syllables) {
     switch (kind(letter)) {
+    case Kind::virama: // the consonant after it, or the end, kills the one before
+        break;
     case Kind::consonant:
         syllables.write(SinglishToken::consonant(text::utf8(scalar(letter))));
         break;
     case Kind::vowelSign:
         syllables.write(SinglishToken::vowel({}, letter == inherent ? "" : text::utf8(scalar(letter))));
-        break;
-    case Kind::virama: // the consonant after it, or the end, kills the one before
         break;
     default:
         syllables.pass(text::utf8(scalar(letter)));

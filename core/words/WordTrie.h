@@ -51,7 +51,7 @@ public:
     /// The sum of all counts.
     double total() const noexcept { return total_; }
 
-    /// No word of the range, which is not empty, occurs more often; at most a fifth above the truth.
+    /// No word of the range occurs more often; at most a fifth above the truth, and 0 for no words.
     double mostCount(Range range) const noexcept { return levelCounts[mostLevel(range)]; }
     /// The same as one of so many steps, for tables of what depends on it.
     static constexpr std::size_t levels = 256;

@@ -121,6 +121,41 @@ std::string wordOf(const Ranked& ranked) {
     return ranked.word.empty() ? WordLetters::text(bytes) : ranked.word;
 }
 
+using WeighedWords = std::vector<std::pair<std::string, double>>;
+
+/// What stands after some letters in the words.
+struct Following {
+    double seen = 0, seenNext = 0, kinds = 0;
+};
+
+Following followingOf(const WeighedWords& words, const std::string& context, char next) {
+    Following following;
+    std::set<char> kinds;
+    for (const auto& [word, weight] : words) {
+        const std::string whole = '^' + word + '$';
+        for (std::size_t at = 1; at < whole.size(); ++at) {
+            if (at < context.size() || whole.compare(at - context.size(), context.size(), context) != 0)
+                continue;
+            following.seen += weight;
+            following.seenNext += whole[at] == next ? weight : 0;
+            kinds.insert(whole[at]);
+        }
+    }
+    following.kinds = static_cast<double>(kinds.size());
+    return following;
+}
+
+double probabilityAfter(const WeighedWords& words, const std::string& context, char next) {
+    constexpr double alike = 1.0 / 82;
+    const double shorter = context.empty() ? alike : probabilityAfter(words, context.substr(1), next);
+    const auto [seen, seenNext, kinds] = followingOf(words, context, next);
+    return kinds > 0 ? (seenNext + kinds * shorter) / (seen + kinds) : shorter;
+}
+
+unsigned costOf(double probability) {
+    return static_cast<unsigned>(std::min(255.0, std::round(-16 * std::log(probability))));
+}
+
 } // namespace
 
 Letters lettersOf(std::string_view word) {
@@ -183,26 +218,17 @@ std::vector<std::string> wordsTyped(const std::vector<WordCount>& words, const s
     return best;
 }
 
-double sequenceProbability(const std::vector<std::pair<std::string, double>>& words, std::size_t order,
-                           const std::string& before, char next) {
-    const std::string context = before.size() >= order ? before.substr(before.size() - order + 1) : before;
-    double seen = 0, seenNext = 0;
-    std::set<char> kinds;
-    for (const auto& [word, weight] : words) {
-        const std::string whole = '^' + word + '$';
-        for (std::size_t at = 1; at < whole.size(); ++at) {
-            if (at < context.size() || whole.substr(at - context.size(), context.size()) != context)
-                continue;
-            seen += weight;
-            seenNext += whole[at] == next ? weight : 0;
-            kinds.insert(whole[at]);
-        }
+unsigned sequenceCost(const WeighedWords& words, std::size_t order, const std::string& before, char next) {
+    std::string context = before.size() >= order ? before.substr(before.size() - order + 1) : before;
+    unsigned cost = 0;
+    for (; !context.empty(); context.erase(0, 1)) {
+        const Following following = followingOf(words, context, next);
+        if (following.seenNext > 0)
+            break;
+        if (following.kinds > 0)
+            cost += costOf(following.kinds / (following.seen + following.kinds));
     }
-    constexpr double alike = 1.0 / 82;
-    const double shorter =
-        context.empty() ? alike : sequenceProbability(words, order, context.substr(1), next);
-    const auto kind = static_cast<double>(kinds.size());
-    return kinds.empty() ? shorter : (seenNext + kind * shorter) / (seen + kind);
+    return cost + costOf(probabilityAfter(words, context, next));
 }
 
 } // namespace vanoka::test::plain

@@ -27,9 +27,10 @@ std::vector<std::string> wordsTyped(const std::vector<WordCount>& words, const s
                                     const LetterReadings& readings, bool mayBeEnglish = false,
                                     const LetterSequences* sequences = nullptr);
 
-/// P(letter | the letters before it) after Witten and Bell, over sequences of up to `order` letters of the
-/// words, which have '^' before their letters and '$' after them.
-double sequenceProbability(const std::vector<std::pair<std::string, double>>& words, std::size_t order,
-                           const std::string& before, char next);
+/// What a letter costs after the letters before it: −16 ln P, rounded, after Witten and Bell, over sequences
+/// of up to `order` letters of the words, which have '^' before their letters and '$' after them. Each longer
+/// sequence that was not seen costs what all that was not seen after those letters does.
+unsigned sequenceCost(const std::vector<std::pair<std::string, double>>& words, std::size_t order,
+                      const std::string& before, char next);
 
 } // namespace vanoka::test::plain

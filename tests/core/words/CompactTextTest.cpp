@@ -140,7 +140,9 @@ TEST(CompactText, TheSignsThatAreDemandedTellTheFirstFourLettersApart) {
                     << letter << signs << typed;
     EXPECT_FALSE(mayStart(ka + ka + "\u0DD0", sign));
     for (const std::string& signs : kinds) {
-        EXPECT_EQ(signsOf(compact(before + ka + signs)), signsOf(compact(before))) << "the fifth";
+        const std::string four = compact(before), five = compact(before + ka + signs);
+        EXPECT_EQ(signsOf(five), signsOf(four)) << "the fifth";
+        EXPECT_EQ(signsDemandedBy(syllablesOf(five)), signsDemandedBy(syllablesOf(four))) << "the fifth";
         EXPECT_FALSE(mayStart(ka + signs, sign + signs)) << "a sign that has no letter before it";
     }
 }

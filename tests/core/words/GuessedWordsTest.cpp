@@ -1,7 +1,13 @@
 #include "words/TypedWords.h"
 
+#include "PlainGuesses.h"
+#include "Randoms.h"
+#include "WordLists.h"
+#include "words/UnknownWords.h"
+
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <set>
 
 namespace vanoka {
 
@@ -27,6 +33,41 @@ TEST(GuessedWords, OneThatIsAPersonalWordIsOneWord) {
         const TypedWords personal(SinhalaWordList(std::vector<WordCount>{{guess, 1}}),
                                   TypedWords::Unlisted::none);
         EXPECT_EQ(std::ranges::count(words.wordsTyped("kamalata", 20, &personal), guess), 1) << guess;
+    }
+}
+
+using Guesses = std::set<std::pair<std::string, LetterSequences::Cost>>;
+
+Guesses plainGuesses(std::string_view typed, const LetterReadings& readings,
+                     const LetterSequences& sequences) {
+    Guesses guesses;
+    for (const auto& [letters, cost] : test::plain::guessesFor(typed, readings, sequences)) {
+        std::string bytes;
+        for (const WordLetter letter : letters)
+            bytes += WordLetters::byte(letter);
+        guesses.emplace(bytes, cost);
+    }
+    return guesses;
+}
+
+/// Where no letter is likelier than another, many guesses are worth the same; letters with keys such as k and
+/// kk are one guess that can be typed in several ways.
+TEST(GuessedWords, LetterByLetterTheyAreThoseOfThePlainRule) {
+    test::Randoms randoms(21);
+    const LetterReadings readings({{{"kk", "\u0D9A"}, {"nn", "\u0DB1"}}, {}});
+    const LetterSequences nothing, learnt(test::trieOf(test::sinhalaLikeWords(50)), 4);
+    for (int round = 0; round < 20; ++round) {
+        const LetterSequences& sequences = round % 2 == 0 ? nothing : learnt;
+        UnknownWords unknown(readings, sequences);
+        std::string typed;
+        for (std::size_t length = 1; length <= 7; ++length) {
+            typed += "aeikkknnnthr"[randoms.below(12)];
+            unknown.read(typed, length - 1);
+            Guesses guesses;
+            for (const auto& [letters, cost] : unknown.words())
+                EXPECT_TRUE(guesses.emplace(letters, cost).second) << typed << ": one comes twice";
+            ASSERT_EQ(guesses, plainGuesses(typed, readings, sequences)) << typed;
+        }
     }
 }
 

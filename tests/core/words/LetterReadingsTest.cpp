@@ -50,6 +50,7 @@ TEST(LetterReadings, TheUsersOwnKeysAreSureWays) {
     EXPECT_EQ(readings.probability(ka, "zzzz"), 1) << "after all that the table has";
     EXPECT_DOUBLE_EQ(readings.probability(ka, "k"), 0.982);
     EXPECT_DOUBLE_EQ(LetterReadings().probability(ka, "c"), 0.018) << "others keep theirs";
+    EXPECT_EQ(readings.of("c").size(), LetterReadings().of("c").size()) << "one that was known is there once";
 }
 
 TEST(LetterReadings, AKeyOfTheInherentVowelIsOneOfTheLetterToo) {
@@ -68,8 +69,8 @@ TEST(LetterReadings, OfEnglishHaveWaysOfTheirOwnForTheLettersOfItsWords) {
     EXPECT_DOUBLE_EQ(probability(0x0DDC, "oa"), 0.01);
     EXPECT_DOUBLE_EQ(probability(0x0DDE, "ow"), 0.38);
     for (const char32_t scalar :
-         {U'\u0D81', U'\u0D83', U'\u0DDB', U'\u0DDF'}) // such words have none of these
-        for (const char* typed : {"m", "h", "i", "lu", "l"})
+         {U'\u0D81', U'\u0D83', U'\u0DD8', U'\u0DDB', U'\u0DDF'}) // such words have none of these
+        for (const char* typed : {"m", "h", "r", "i", "lu", "l"})
             EXPECT_EQ(probability(scalar, typed), readings.probability(WordLetters::letter(scalar), typed));
 }
 

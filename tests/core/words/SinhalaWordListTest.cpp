@@ -1,5 +1,10 @@
 #include "words/SinhalaWordList.h"
 
+#include "Memory.h"
+#include "words/CompactText.h"
+#include "words/KeyedTexts.h"
+#include "words/SinhalaSpelling.h"
+
 #include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
@@ -90,6 +95,18 @@ TEST(SinhalaWordList, TheTypicalCountIsTheOneInThe1001stPlace) {
         EXPECT_EQ(SinhalaWordList(words).typicalCount(),
                   counts[static_cast<std::size_t>(std::min<std::int64_t>(size, 1001) - 1)]);
     }
+}
+
+TEST(SinhalaWordList, TakesTwelveBytesAWordBesideItsTextsAndSummaries) {
+    KeyedTexts::Builder texts;
+    Counts words;
+    for (const char* letter :
+         {"\u0D9A", "\u0D9C", "\u0DA0", "\u0DA2", "\u0DA7", "\u0DAD", "\u0DAF", "\u0DB1", "\u0DB4"}) {
+        words.push_back({letter, 1});
+        texts.add(CompactText::compact(SinhalaSpelling::looseKey(letter)), CompactText::compact(letter));
+    }
+    // Nine words have two summaries and one of those, by the key and, with the signs, by the skeleton.
+    test::expectMemory(SinhalaWordList(words).memory(), texts.finish().memory() + 9 * (8 + 4) + 3 * (8 + 16));
 }
 
 TEST(SinhalaWordList, CountsASpellingLoosely) {
@@ -193,6 +210,10 @@ TEST(SinhalaWordList, ConsonantsWithViramaAbbreviateWords) {
                           {"\u0D9A\u0DCA\u0DB8\u0DCA\u0DBD\u0DCA", 5, {kamala, kmala}},
                           {"\u0D9A\u0DCA\u0DBD", 5, {}},
                       });
+    // of equals, what is spelled so comes first
+    const std::string kmara = "\u0D9A\u0DCA\u0DB8\u0DBB";
+    expectSuggestions(SinhalaWordList(Counts{{kmala, 9}, {kamala, 5}, {kmara, 5}}), nullptr,
+                      {{"\u0D9A\u0DCA\u0DB8", 5, {kmala, kmara, kamala}}});
 }
 
 TEST(SinhalaWordList, AnAnusvaraIsAnAbbreviationToo) {
@@ -265,6 +286,9 @@ TEST(SinhalaWordListDeathTest, ACountThatOverflowsWhenTripledStops) {
     const SinhalaWordList fits(Counts{{gama, third}, {gaama, smallest / 3}});
     EXPECT_EQ(fits.suggestionsFor("\u0D9D\u0DB8", 5), (Words{gama, gaama}));
     const std::string other = "\u0D9D\u0DB8";
+    const SinhalaWordList low(Counts{{gama, smallest / 3}, {gaama, smallest / 3 - 1}});
+    EXPECT_DEATH(low.suggestionsFor(other, 1), "A multiple of a count is too large");
+    EXPECT_EQ(low.suggestionsFor(other, 0), Words{}) << "nothing is tripled";
     for (const std::int64_t count : {third + 1, largest, smallest / 3 - 1, smallest}) {
         // The one that overflows need not be among the best, nor be found first.
         const SinhalaWordList list(Counts{{gama, third}, {gaama, count}, {gamana, largest}});

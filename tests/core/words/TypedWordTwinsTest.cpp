@@ -89,6 +89,31 @@ TEST(TypedWordTwins, OfALanguage) {
     }
 }
 
+/// Letters that are written alike make words that are worth the same, to the last digit.
+TEST(TypedWordTwins, OfWordsThatAreWorthTheSame) {
+    Randoms randoms(8);
+    const std::vector<std::string> alike = {"\u0DB1", "\u0DAB",       "\u0DBD",
+                                            "\u0DC5", "\u0DBD\u0DD2", "\u0DC5\u0DD2"};
+    const LetterReadings readings;
+    for (std::size_t round = 0; round < test::rounds(4000); ++round) {
+        std::vector<WordCount> all;
+        for (std::size_t count = 3 + randoms.below(6); count > 0; --count) {
+            std::string word;
+            for (std::size_t length = 1 + randoms.below(3); length > 0; --length)
+                word += randoms.of(alike);
+            all.push_back({word, std::int64_t{1} << 3 * randoms.below(3)});
+        }
+        const SinhalaWordList list(all);
+        const TypedWords words(list);
+        for (const char* typed : {"n", "l", "li"})
+            for (const std::int64_t limit : {1, 2, 3})
+                ASSERT_EQ(words.wordsTyped(typed, limit),
+                          test::plain::wordsTyped(list.words(), {}, typed, static_cast<std::size_t>(limit),
+                                                  readings))
+                    << typed;
+    }
+}
+
 TEST(TypedWordTwins, GuessesOfALanguage) {
     Randoms randoms(9);
     std::size_t found = 0;
