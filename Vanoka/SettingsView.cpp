@@ -106,7 +106,6 @@ void SettingsView::addDraft() {
         return;
     const auto edit = settings_.beginEdit();
     editor_->add();
-    changes_.announce();
 }
 
 void SettingsView::perform(const KeyEdit& edit) {

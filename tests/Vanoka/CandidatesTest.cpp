@@ -235,6 +235,11 @@ TEST(Candidates, ThatAreReadAreNeverThoseThatNobodyWantsOffered) {
     EXPECT_EQ(rowsOf("gedara", lists), "ගෙඩර ගෙදරට");
 }
 
+TEST(Candidates, NeedKeysAndWhatTheyAreReadAs) {
+    EXPECT_TRUE(candidatesFor({"gedara", ""}, someLists(), nullptr).empty());
+    EXPECT_TRUE(candidatesFor({"", "ගෙදර"}, someLists(), nullptr).empty());
+}
+
 TEST(Candidates, ComeOfNothingWhereNothingIsKnown) {
     EXPECT_EQ(rowsOf("gedr", SuggestionLists()), "ගෙඩ්\u200Dර්");
     test::MemoryWordStore store;

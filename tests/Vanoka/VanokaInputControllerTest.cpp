@@ -502,6 +502,13 @@ TEST_F(SuggestingControllerTest, LearnsNothingWhereTheyAreOff) {
     EXPECT_EQ(field.screen(), "ගෙදර ගෙඩ්\u200Dර්");
 }
 
+TEST_F(SuggestingControllerTest, AreOffFromTheNextKeyOn) {
+    type("gedr");
+    suggestions.areOn = false;
+    type("<tab>");
+    EXPECT_EQ(field.screen(), "ගෙඩ්\u200Dර්\t");
+}
+
 TEST_F(SuggestingControllerTest, DoesWithoutListsAndWithoutAStore) {
     suggestions.lists = nullptr;
     store.learn({"gedhara", "ගෙදර"});

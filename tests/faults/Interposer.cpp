@@ -12,7 +12,7 @@
 //
 // Not seen: what the C library asks by itself, such as the reads and writes of its streams and getrandom, and
 // whatever a program asks without that library. Of fcntl only locks count, of mmap only files; and no
-// reads and writes by which a program's threads wake each other, which cannot fail.
+// reads and writes by which a program's threads and its own timers wake it, which cannot fail.
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
@@ -165,7 +165,8 @@ std::string pathOf(int file) {
 }
 
 bool wakesAThread(int file) {
-    return pathOf(file) == "anon_inode:[eventfd]";
+    const std::string path = pathOf(file);
+    return path == "anon_inode:[eventfd]" || path == "anon_inode:[timerfd]";
 }
 
 /// Reading and writing, which may also stop half way.

@@ -98,11 +98,14 @@ def sweep(faults, problem, begins=lambda call: True, kills=True):
             wrong = problem(number, how)
             if not faults.reached(number, how):
                 continue  # two starts may differ by calls
+            failed = faults.calls()[number - 1] if isinstance(how, int) else call
+            if failed.name != call.name:
+                continue  # and by their order
             runs += 1
-            if isinstance(how, int) and faults.calls()[number - 1].result != -1:
+            if isinstance(how, int) and failed.result != -1:
                 wrong = f"the call has not failed; {wrong}"
             if wrong:
                 failures += 1
-                print(f"{errno.errorcode.get(how, how)} at call {number}, {call}: {wrong}", flush=True)
+                print(f"{errno.errorcode.get(how, how)} at call {number}, {failed}: {wrong}", flush=True)
     print(f"{runs} starts, {failures} failures")
     return 1 if failures or not runs else 0
