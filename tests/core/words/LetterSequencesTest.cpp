@@ -28,7 +28,7 @@ TEST(LetterSequences, CostWhatThePlainRuleSays) {
     test::Randoms randoms(5);
     const std::vector<std::string> pieces = {"\u0D9A", "\u0DB8", "\u0DCA", "\u0DD2", "\u0D85", "\u0D82"};
     const std::string neverSeen = "\u0D86";
-    for (std::size_t round = 0; round < test::rounds(240); ++round) {
+    for (std::size_t round = 0; round < test::rounds(800); ++round) {
         std::vector<WordCount> words;
         std::vector<std::pair<std::string, double>> weighed;
         for (std::size_t count = 1 + randoms.below(12); count > 0; --count) {

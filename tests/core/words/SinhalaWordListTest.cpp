@@ -211,9 +211,9 @@ TEST(SinhalaWordList, ConsonantsWithViramaAbbreviateWords) {
                           {"\u0D9A\u0DCA\u0DBD", 5, {}},
                       });
     // of equals, what is spelled so comes first
-    const std::string kmara = "\u0D9A\u0DCA\u0DB8\u0DBB";
-    expectSuggestions(SinhalaWordList(Counts{{kmala, 9}, {kamala, 5}, {kmara, 5}}), nullptr,
-                      {{"\u0D9A\u0DCA\u0DB8", 5, {kmala, kmara, kamala}}});
+    const std::string kmava = "\u0D9A\u0DCA\u0DB8\u0DC0";
+    expectSuggestions(SinhalaWordList(Counts{{kmala, 9}, {kamala, 5}, {kmava, 5}}), nullptr,
+                      {{"\u0D9A\u0DCA\u0DB8", 5, {kmala, kmava, kamala}}});
 }
 
 TEST(SinhalaWordList, AnAnusvaraIsAnAbbreviationToo) {
