@@ -79,7 +79,7 @@ class Model:
 
     def compose(self, key):
         self.broken = [(text, keys + key) for text, keys in self.broken]
-        if self.risk and self.risk.is_raw and not self.keys:
+        if self.risk and self.risk.is_raw and not self.keys and not self.broken:
             self.broken = [(key, "")]
         elif self.risk and not self.risk.is_raw and self.keys:
             self.broken += [("", key), (self.read(self.keys), key)]

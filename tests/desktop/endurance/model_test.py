@@ -82,7 +82,7 @@ class ModelTest(unittest.TestCase):
         self.assertEqual((self.texts(), self.texts(1)), ([KA], [MA + "."]))
 
     def test_what_was_not_composed_of_a_word_that_is_taken_back_is_the_programs(self):
-        for keys, left in (("aa", ["\x7f", "a\x7f"]), ("kam", [KA + MA, "k\u0d85" + MA])):
+        for keys, left in (("aa", ["\x7f", "a\x7f"]), ("kam", [KA + MA, "k\u0d85" + MA]), ("ka", ["", "k"])):
             self.setUp()
             self.model.go(1, astray="why")
             self.press(*keys, *["BackSpace"] * (2 if keys == "aa" else 1), *"ma", "space")
