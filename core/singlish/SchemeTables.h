@@ -57,6 +57,8 @@ struct TheKeysOf {
 constexpr char hexadecimalDigit(char32_t value, unsigned digit) {
     return "0123456789ABCDEF"[(value >> (4 * digit)) & 0xFU];
 }
+static_assert(hexadecimalDigit(0x1D9B, 3) == '1' && hexadecimalDigit(0x1D9B, 2) == 'D');
+static_assert(hexadecimalDigit(0x1D9B, 1) == '9' && hexadecimalDigit(0x1D9B, 0) == 'B');
 
 template <char32_t letter>
 struct Crowded : TheKeysOf<'U', '+', hexadecimalDigit(letter, 3), hexadecimalDigit(letter, 2),

@@ -1,5 +1,6 @@
 #include "singlish/SinglishScheme.h"
 
+#include "singlish/SchemeTables.h"
 #include "text/Utf8.h"
 
 #include <gtest/gtest.h>
@@ -221,6 +222,23 @@ TEST(SinglishScheme, ALetterHasAsManyKeysAsItIsGiven) {
     EXPECT_NE(own, other);
     EXPECT_NE(std::hash<Letter>()(own), std::hash<Letter>()(other));
     EXPECT_EQ(Letter(own), own);
+}
+
+template <class Row, std::size_t count>
+void expectCrowded(const Row (&rows)[count], std::string_view letter) {
+    const auto table = detail::tableOf(rows);
+    EXPECT_EQ(table.crowded, scalarOf(letter));
+    EXPECT_EQ(table.rows[0].keys.size(), Keys::usualSize) << "the first of them";
+}
+
+TEST(SinglishScheme, NamesTheLetterThatHasMoreKeysThanThereIsRoomFor) {
+    const std::vector<std::string_view> names(Keys::usualSize + 1, "x");
+    const Keys many{std::span<const std::string_view>(names)};
+    expectCrowded<Vowel, 1>({{many, "\u0D85", ""}}, "\u0D85");
+    expectCrowded<Consonant, 1>({{many, "\u0D9A"}}, "\u0D9A");
+    expectCrowded<Mark, 1>({{many, "\u0D82"}}, "\u0D82");
+    const Vowel few[] = {{{"a"}, "\u0D85", ""}};
+    EXPECT_EQ(detail::tableOf(few).crowded, U'\0');
 }
 
 TEST(SinglishScheme, HashesAgreeWithEquality) {

@@ -16,6 +16,8 @@ std::vector<int> valuesOf(const List& list) {
 constexpr List inAConstant = {1, 2, 3};
 static_assert(inAConstant.size() == 3 && inAConstant.front() == 1 && inAConstant[2] == 3);
 
+static_assert(List().empty());
+
 TEST(ShortList, HoldsAsManyValuesAsItIsGiven) {
     std::vector<int> values;
     for (int next = 0; next < 9; ++next) {

@@ -256,9 +256,14 @@ TEST_F(EngineTest, KeepsAWordThatTheDaemonDropsWhereTheFocusOnlyPasses) {
     from->type("ka");
     to->focusIn();
     from->focusOut(); // which the daemon is told too late
+    const auto engine = daemon.engineProcess();
+    ASSERT_TRUE(engine.has_value());
+    ::kill(*engine, SIGSTOP); // so that it hears of the first when the second is true already
     ibus_input_context_focus_in(from->context());
-    ibus_input_context_focus_in(to->context()); // before the engine has heard of the first
+    ibus_input_context_focus_in(to->context());
     ibus_input_context_focus_out(from->context());
+    EXPECT_FALSE(to->chosen().empty()); // the daemon answers when it has heard all of it
+    ::kill(*engine, SIGCONT);
     to->type("ma.");
     EXPECT_EQ(to->field().screen(), "\u0DB8.");
     EXPECT_EQ(from->field().screen(), "");

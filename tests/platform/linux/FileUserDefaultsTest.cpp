@@ -155,6 +155,7 @@ TEST_F(FileUserDefaultsTest, WhatIsNoFileIsNoValue) {
     EXPECT_EQ(defaults.data(storedName), std::nullopt);
     fs::remove(file);
     std::ofstream(file) << "";
+    static_assert(UserDefaults::largestValue == 16'777'216); // 16 MiB
     fs::resize_file(file, UserDefaults::largestValue + 1);
     EXPECT_EQ(defaults.data(storedName), std::nullopt) << "no customization is as large as this";
 }
