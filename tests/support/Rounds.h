@@ -4,12 +4,12 @@
 
 namespace vanoka::test {
 
-/// How often a test goes round that compares random values by the thousand: an eighth as often where every
+/// How often a test goes round that compares random values by the thousand: a sixteenth as often where every
 /// step is watched or counted. That takes ten times as long, and each round shows as much of what it looks
 /// for.
 constexpr std::size_t rounds(std::size_t all) {
 #ifdef VANOKA_INSTRUMENTED
-    return (all + 7) / 8;
+    return (all + 15) / 16;
 #else
     return all;
 #endif

@@ -117,7 +117,7 @@ TEST(TypedWordTwins, OfWordsThatAreWorthTheSame) {
 TEST(TypedWordTwins, GuessesOfALanguage) {
     Randoms randoms(9);
     std::size_t found = 0;
-    for (int round = 0; round < 12; ++round) {
+    for (std::size_t round = 0; round < test::rounds(24); ++round) {
         const auto all = test::sinhalaLikeWords(5 + randoms.below(300));
         const SinhalaWordList list(all), own(test::strangeWords(randoms, 12));
         const auto unlisted =
@@ -141,7 +141,7 @@ TEST(TypedWordTwins, GuessesOfALanguage) {
             found += expected.size();
         }
     }
-    EXPECT_GT(found, 100U);
+    EXPECT_GT(found, test::rounds(200));
 }
 
 /// A word as it changes while somebody types: the next letter of what is meant, letters more, letters less,
@@ -207,7 +207,7 @@ TEST(TypedWordTwins, MoreThanIsKeptIsFoundAnew) {
     const LetterReadings readings;
     ReadingMemory memory;
     std::string typed(90, 'a');
-    for (std::size_t round = 0; round < 60; ++round) {
+    for (std::size_t round = 0; round < test::rounds(60); ++round) {
         ASSERT_EQ(words.wordsTyped(typed, 100, nullptr, readings, &memory),
                   words.wordsTyped(typed, 100, nullptr, readings))
             << typed;

@@ -1,5 +1,6 @@
 #include "words/TypedWords.h"
 
+#include "Rounds.h"
 #include "WordLists.h"
 #include "singlish/SinglishTransliterator.h"
 #include "singlish/WrittenLetters.h"
@@ -170,7 +171,7 @@ TEST(TypedWords, GuessesAreWellFormed) {
         listed.insert(each.word);
     std::size_t guesses = 0;
     const std::string latin = "aeioukgcjtdnpbmyrlvshffhyr";
-    for (int round = 0; round < 400; ++round) {
+    for (std::size_t round = 0; round < test::rounds(400); ++round) {
         std::string typed;
         for (std::size_t length = 1 + randoms.below(12); length > 0; --length)
             typed += latin[randoms.below(latin.size())];
@@ -180,7 +181,7 @@ TEST(TypedWords, GuessesAreWellFormed) {
                 EXPECT_TRUE(looksTyped(word)) << word;
             }
     }
-    EXPECT_GT(guesses, 1000U);
+    EXPECT_GT(guesses, test::rounds(1000));
 }
 
 TEST(TypedWords, AGuessIsNoWordOfTheList) {
@@ -269,7 +270,7 @@ TEST(TypedWords, TheKeysOfAWordGiveIt) {
     const TypedWords words(list);
     const auto all = list.words();
     std::size_t typed = 0, outranked = 0;
-    for (std::size_t i = 0; i < all.size(); i += 40) {
+    for (std::size_t i = 0; i < all.size(); i += all.size() / test::rounds(2000)) {
         std::string keys;
         if (!forEachTypedLetter(all[i].word, [&keys](const WrittenLetter& each) { keys += each.key; }))
             continue;
@@ -282,7 +283,7 @@ TEST(TypedWords, TheKeysOfAWordGiveIt) {
         EXPECT_EQ(first.size(), 3U) << keys;
         EXPECT_LT(all[i].count, 300) << keys << ", of " << list.typicalCount() << " for a typical word";
     }
-    EXPECT_GT(typed, 1000U);
+    EXPECT_GT(typed, test::rounds(1000));
     EXPECT_LT(outranked, typed / 50);
 }
 

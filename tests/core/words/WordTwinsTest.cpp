@@ -36,7 +36,7 @@ std::string someQuery(Randoms& randoms, const std::vector<WordCount>& words) {
 TEST(WordTwins, SuggestionsOfStrangeLists) {
     Randoms randoms(11);
     std::size_t suggested = 0;
-    for (int i = 0; i < 3000; ++i) {
+    for (std::size_t i = 0; i < test::rounds(3000); ++i) {
         const auto words = test::strangeWords(randoms, randoms.oneIn(10) ? 120 : 25);
         const auto own = randoms.oneIn(6) ? std::vector<WordCount>() : test::strangeWords(randoms, 12);
         const SinhalaWordList list(words), personal(own);
@@ -55,7 +55,7 @@ TEST(WordTwins, SuggestionsOfStrangeLists) {
             suggested += expected.size();
         }
     }
-    EXPECT_GT(suggested, 10000U);
+    EXPECT_GT(suggested, test::rounds(10000));
 }
 
 TEST(WordTwins, SuggestionsOfALanguage) {
@@ -66,7 +66,7 @@ TEST(WordTwins, SuggestionsOfALanguage) {
     const auto plainList = test::plain::SinhalaWords::read(test::tsvOf(words));
     const test::plain::SinhalaWords plainPersonal(own);
     ASSERT_EQ(list.words(), plainList.words());
-    for (int i = 0; i < 1500; ++i) {
+    for (std::size_t i = 0; i < test::rounds(1500); ++i) {
         std::string query;
         if (randoms.oneIn(2)) {
             const std::string& word = randoms.of(words).word;
@@ -100,7 +100,7 @@ TEST(WordTwins, ManyRowsUnderOneKey) {
 
 TEST(WordTwins, DamagedSinhalaLists) {
     Randoms randoms(14);
-    for (int i = 0; i < 2000; ++i) {
+    for (std::size_t i = 0; i < test::rounds(2000); ++i) {
         const std::string tsv = test::strangeTsv(randoms, 15);
         ASSERT_EQ(SinhalaWordList(tsv).words(), test::plain::SinhalaWords::read(tsv).words())
             << testing::PrintToString(tsv);
@@ -109,7 +109,7 @@ TEST(WordTwins, DamagedSinhalaLists) {
 
 TEST(WordTwins, EnglishWords) {
     Randoms randoms(15);
-    for (int i = 0; i < 1500; ++i) {
+    for (std::size_t i = 0; i < test::rounds(1500); ++i) {
         const std::string tsv = test::strangeTsv(randoms, 20);
         const auto sinhalaWords = test::strangeWords(randoms, 20);
         const EnglishWordList list(tsv);
@@ -132,7 +132,7 @@ TEST(WordTwins, EnglishWords) {
 
 TEST(WordTwins, Emoji) {
     Randoms randoms(16);
-    for (int i = 0; i < 2000; ++i) {
+    for (std::size_t i = 0; i < test::rounds(2000); ++i) {
         const std::string tsv = test::strangeTsv(randoms, 20);
         const EmojiWords table(tsv);
         const auto plainTable = test::plain::EmojiTable::read(tsv);
