@@ -281,11 +281,11 @@ TEST(SinglishTransliterator, AgreesWithThePlainRulesOnEveryShortText) {
     const std::string letters = "aAeEiRknNgdhtTzZqmbyrxHQ";
     const auto& standard = SinglishTransliterator::standard();
     const test::plain::Keys plainKeys(standard);
-    for (const char a : letters.substr(0, test::rounds(letters.size())))
-        for (const char b : letters)
-            for (const char c : letters)
-                for (const char d : letters + "h") {
-                    const std::string text = {a, b, c, d};
+    for (const char first : letters.substr(0, test::rounds(letters.size())))
+        for (const char second : letters)
+            for (const char third : letters)
+                for (const char last : letters + "h") {
+                    const std::string text = {first, second, third, last};
                     ASSERT_EQ(standard.transliterate(text), test::plain::transliterate(plainKeys, text))
                         << text;
                 }

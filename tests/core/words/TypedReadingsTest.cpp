@@ -68,9 +68,9 @@ TEST(TypedReadings, NoLettersAreWrittenWithNothing) {
 
 TEST(TypedReadings, ALetterMayBeWrittenWithFourAndNotWithThree) {
     const LetterReadings readings({{{"zzzz", "\u0D9A"}}, {}});
-    const std::string ka(1, WordLetters::byte(WordLetters::letter(char32_t{0x0D9A})));
-    EXPECT_DOUBLE_EQ(TypedReadings("zzzz", readings).likelihood(ka), 1);
-    EXPECT_DOUBLE_EQ(TypedReadings("zzz", readings).likelihood(ka), 0);
+    const std::string letter(1, WordLetters::byte(WordLetters::letter(char32_t{0x0D9A})));
+    EXPECT_DOUBLE_EQ(TypedReadings("zzzz", readings).likelihood(letter), 1);
+    EXPECT_DOUBLE_EQ(TypedReadings("zzz", readings).likelihood(letter), 0);
 }
 
 TEST(TypedReadings, OneNumberOfARowIsThatOfTheWholeRow) {
