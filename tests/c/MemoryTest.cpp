@@ -160,7 +160,6 @@ TEST_F(ShortMemory, Creations) {
         const std::size_t sizes[] = {list.size()};
         return vanoka_decoder_create(lists, sizes, 1, handle);
     });
-    const auto settings = test::created<test::SettingsHandle>(vanoka_settings_create);
     expectCreationToSurvive<test::SuggestingHandle>(
         [&](auto** handle) { return vanoka_suggesting_create(settings.get(), handle); });
     expectCreationToSurvive<test::LearntHandle>([](auto** handle) { return vanoka_learnt_create(handle); });
@@ -189,7 +188,6 @@ TEST_F(ShortMemory, Lists) {
     expectAnsweringToSurvive([&](vanoka_answer* own) {
         return vanoka_candidates_find(candidates.get(), nullptr, "mama", 4, "\u0DB8\u0DB8", 6, 6, own);
     });
-    const auto settings = test::created<test::SettingsHandle>(vanoka_settings_create);
     expectAnsweringToSurvive([&](vanoka_answer* own) {
         return vanoka_settings_editor(settings.get(), "\u0D9A", 3, "zq", 2, own);
     });
