@@ -117,6 +117,31 @@ TEST(SwipeTwin, ManyWordsByThePeoplesWeights) {
     }
 }
 
+/// Where t and h are one key, both spellings of a word are the same stroke, and one of them may be the last
+/// of those that are looked at closely. Rarer words of other shapes come between.
+TEST(SwipeTwin, OfTwoSpellingsThatAreEquallyNearTheFirstIsLookedAt) {
+    SwipeRandoms randoms(8);
+    const SwipeKeys keys = {{"a", {0, 0}}, {"h", {10, 0}}, {"k", {10, 0}}, {"m", {10, 0}}, {"t", {10, 0}}};
+    const std::array<std::string, 3> letters = {"\u0D9A", "\u0DAD", "\u0DB8"};
+    std::vector<std::pair<std::string, std::int64_t>> list = {
+        {"thakakakakatha", 990}, {"takakakata", 800}, {"takakata", 700}};
+    for (std::size_t i = 0; i < 81; ++i)
+        list.emplace_back("\u0DAD" + letters[i % 3] + letters[i / 3 % 3] + letters[i / 9 % 3] +
+                              letters[i / 27] + "\u0DAD",
+                          1000 - static_cast<std::int64_t>(i));
+    SwipeDecoder::Personal often;
+    for (const auto& [word, count] : list)
+        often.emplace(word, 1);
+    const auto words = views(list);
+    for (int query = 0; query < 20; ++query) {
+        const auto stroke = randoms.stroke(keys);
+        for (const SwipeDecoder::Personal& personal : {SwipeDecoder::Personal(), often})
+            ASSERT_EQ(SwipeDecoder(words, SwipeWeights::people).wordsFor(stroke, keys, 10, 80, personal),
+                      test::plain::SwipeDecoder(words).wordsByPeople(stroke, keys, 10, 80, personal))
+                << "query " << query;
+    }
+}
+
 TEST(SwipeTwin, ManyWordsOnOneKeyboard) {
     SwipeRandoms randoms(2);
     std::vector<std::pair<std::string, std::int64_t>> list;
