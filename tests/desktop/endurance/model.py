@@ -168,8 +168,8 @@ class Model:
         word = self.keys
         endings = [ending for count in range(len(word), len(word) - typed_late - 1, -1)
                    for ending in self.endings_of_kill(word[:count], word[count:])]
-        endings += [Ending(text, UNANSWERED) for count in range(len(word), len(word) - typed_late, -1)
-                    for text in (self.read(word[:count]) + word[count - 1:], word[count - 1:] + self.read(word[:count]))]
+        endings += [Ending(text, UNANSWERED) for count in range(len(word), max(len(word) - typed_late - 1, 0), -1)
+                    for text in self.unanswered(word[:count - 1], word[count - 1:])]
         self.keys, self.row, self.is_ours, self.is_dead = "", 0, False, True
         self.allowed = [[*allowed, *(Ending(each.text, HELD_BY_KILLED) for each in allowed if each.held)]
                         for allowed in self.allowed]
@@ -187,6 +187,11 @@ class Model:
         if not shown:
             return [Ending(late)]
         return [Ending(shown + late), Ending(late, COMPOSED), *([Ending(late + shown, KEY_FIRST)] if late else [])]
+
+    def unanswered(self, keys, late):
+        """The first of the late keys had been shown, and what was shown may be lost."""
+        shown = self.read(keys + late[0])
+        return [shown + late, late + shown, late]
 
     def clear(self, field):
         """All of it was deleted by a person."""
