@@ -201,8 +201,9 @@ class Model:
     # What is there.
 
     def found(self, field, text):
-        """The endings that a text may be; none where it is none."""
-        found = [each for each in self.allowed[field] if each.is_as(text)]
+        """The endings that a text may be; none where it is none. What is on its way may have come by now."""
+        come = [each.as_it_comes() for each in self.allowed[field] if each.held]
+        found = [each for each in self.allowed[field] + come if each.is_as(text)]
         if found:
             return found
         return [dataclasses.replace(each, text=text, reason=reason) for each in self.allowed[field]

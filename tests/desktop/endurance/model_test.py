@@ -190,6 +190,13 @@ class ModelTest(unittest.TestCase):
         self.press("1")
         self.assertEqual((self.texts(), self.reasons()), ([KA + "1"], [""]))
 
+    def test_a_word_that_is_held_may_come_before_the_focus_does(self):
+        self.press(*"ka")
+        self.model.go(1, held="why")
+        self.model.see(["", ""])
+        self.assertEqual(self.model.see([KA, ""]), ([], []))
+        self.assertFalse(self.model.holds(0))
+
     def test_a_word_that_is_held_comes_once(self):
         self.press(*"ka")
         self.model.go(1, held="why")

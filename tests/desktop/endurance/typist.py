@@ -23,7 +23,7 @@ ENDED = "xterm ends with an error of X when XIM's server was killed while one of
 HURRIED = "Qt takes IBus's answer to Tab, if it is there at once, before the word that the engine sent before it"
 LATE = "IBus's daemon hears of the next program's focus first and takes the word from a GTK program that is late"
 DISCARDED = "GNOME Shell in a window of X says itself that it has thrown a text or a key away"
-WAITING = "what Fcitx5's server for XIM sends to a window that is left may come only when the window has the focus again"
+WAITING = "what Fcitx5's server for XIM sends to a window that is left may come late, or only when that has the focus again"
 TWICE = "where Qt 6 announces that it puts the word in, Qt 5, which does not, looks the same to an engine"
 
 
