@@ -475,6 +475,14 @@ TEST_F(SuggestingControllerTest, AClickOnTheLineOfAnOlderKeyDoesNothing) {
     EXPECT_FALSE(controller.chooseCandidate(0, &field));
 }
 
+TEST_F(SuggestingControllerTest, TheLineGoesWhereTheFieldProvesPrivateInAWord) {
+    type("gedr");
+    EXPECT_TRUE(controller.updateCandidates());
+    controller.setFieldPrivacy(FieldPrivacy::notSuggested);
+    EXPECT_TRUE(controller.updateCandidates());
+    EXPECT_FALSE(controller.candidates().isShown());
+}
+
 TEST_F(SuggestingControllerTest, LearnsInOpenFieldsAlone) {
     type("gedhara<space>");
     EXPECT_EQ(store.countOf("ගෙදර"), 1);
