@@ -9,6 +9,7 @@
 #include <optional>
 #include <span>
 #include <string_view>
+#include <type_traits>
 
 /// The scheme's letters as constants, for what is derived from them when the program is compiled.
 namespace vanoka::SinglishScheme {
@@ -46,25 +47,31 @@ constexpr Table<Row, count> tableOf(const Row (&rows)[count]) {
     return table;
 }
 
-/// What the compiler shows when a letter has a key too many: `TheKeysOf<'U', '+', '0', 'D', '9', 'B'>`.
-template <char... codePoint>
-struct TheKeysOf {
-    static_assert(sizeof...(codePoint) == 0,
-                  "This letter of the scheme has more keys than `Keys` has room for");
-    static constexpr bool haveRoom = true;
-};
-
 constexpr char hexadecimalDigit(char32_t value, unsigned digit) {
     return "0123456789ABCDEF"[(value >> (4 * digit)) & 0xFU];
 }
-static_assert(hexadecimalDigit(0x1D9B, 3) == '1' && hexadecimalDigit(0x1D9B, 2) == 'D');
-static_assert(hexadecimalDigit(0x1D9B, 1) == '9' && hexadecimalDigit(0x1D9B, 0) == 'B');
+
+/// A code point that the compiler can show.
+template <char... digits>
+struct CodePoint {};
+
+template <char32_t scalar>
+using CodePointOf = CodePoint<'U', '+', hexadecimalDigit(scalar, 3), hexadecimalDigit(scalar, 2),
+                              hexadecimalDigit(scalar, 1), hexadecimalDigit(scalar, 0)>;
+static_assert(std::is_same_v<CodePointOf<0x1D9B>, CodePoint<'U', '+', '1', 'D', '9', 'B'>>);
+
+/// What the compiler shows when a letter has a key too many:
+/// `TheKeysOf<CodePoint<'U', '+', '0', 'D', '9', 'B'>>`.
+template <class Letter>
+struct TheKeysOf {
+    static_assert(std::is_void_v<Letter>, "This letter of the scheme has more keys than `Keys` has room for");
+    static constexpr bool haveRoom = true;
+};
 
 template <char32_t letter>
-struct Crowded : TheKeysOf<'U', '+', hexadecimalDigit(letter, 3), hexadecimalDigit(letter, 2),
-                           hexadecimalDigit(letter, 1), hexadecimalDigit(letter, 0)> {};
+struct Crowded : TheKeysOf<CodePointOf<letter>> {};
 template <>
-struct Crowded<0> : TheKeysOf<> {};
+struct Crowded<0> : TheKeysOf<void> {};
 
 // clang-format off
 
