@@ -22,11 +22,10 @@ public:
         std::memcpy(quads_.data(), numbers.data(), sizeof numbers);
     }
     explicit Lanes(const std::array<std::uint8_t, size>& bytes) noexcept {
-        for (std::size_t i = 0; i < size / 4; ++i) {
-            ByteQuad four;
-            std::memcpy(&four, bytes.data() + 4 * i, sizeof four);
-            quads_[i] = __builtin_convertvector(four, Quad);
-        }
+        std::array<ByteQuad, size / 4> quads;
+        static_assert(sizeof quads == sizeof bytes);
+        std::memcpy(quads.data(), bytes.data(), sizeof bytes);
+        *this = each([&](Quad& quad, std::size_t i) { quad = __builtin_convertvector(quads[i], Quad); });
     }
 
     Numbers numbers() const noexcept {
@@ -83,12 +82,13 @@ private:
     template <class Operation>
     static Lanes each(Operation operation) noexcept {
         Lanes result;
-        for (std::size_t i = 0; i < size / 4; ++i)
+        for (std::size_t i = 0; i < result.quads_.size(); ++i)
             operation(result.quads_[i], i);
         return result;
     }
 
     std::array<Quad, size / 4> quads_{};
+    static_assert(sizeof quads_ == sizeof(Numbers));
 };
 
 } // namespace vanoka

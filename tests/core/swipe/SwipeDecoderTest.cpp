@@ -316,6 +316,8 @@ TEST(SwipeDecoder, CopiesAreIndependent) {
     EXPECT_EQ(copy.count(), 2U);
 }
 
+static_assert(SwipeDecoder::Memory().pool == 0 && SwipeDecoder::Memory().overhead == 0);
+
 /// Nothing but the tables, and so many bytes: libraries round what they take up by a few.
 void expectOverhead(std::size_t overhead, std::size_t ofWords) {
     const std::size_t ofNone = SwipeDecoder(std::vector<SwipeDecoder::Word>()).memory().overhead;

@@ -228,6 +228,20 @@ TEST(SwipeTwin, ADistanceOverKeysTooCloseToTellApart) {
               SwipeGeometry::meanDistance(points, points));
 }
 
+/// A finger that stays in a corner for long and ends far away: single precision does not reach there.
+TEST(SwipeTwin, NoLowerBoundIsAboveTheDistanceOfAStrokeThatEndsFarAway) {
+    const SwipeKeys keys = test::qwerty();
+    const SwipeLayout layout(keys);
+    std::vector<SwipePoint> stroke;
+    for (int times = 0; times < 3000; ++times)
+        stroke.insert(stroke.end(), {keys.at("p"), keys.at("o")});
+    stroke.push_back({keys.at("p").x + 17 * *layout.size(), 0});
+    const SwipeComparison comparison(stroke, layout);
+    const double distance = comparison.distance("po", std::numeric_limits<double>::infinity());
+    EXPECT_LE(comparison.lowerBound("po"), distance);
+    EXPECT_LE(comparison.lowerBound(SwipeOutline("po", layout)), distance);
+}
+
 TEST(SwipeTwin, TheLowerBoundsAreNearTheDistance) {
     SwipeRandoms randoms(4);
     const SwipeKeys keys = test::qwerty();
