@@ -30,18 +30,16 @@ public:
     /// Of a spelling with keys from a to z.
     SwipeOutline(std::string_view spelling, const SwipeLayout& layout) noexcept;
 
-    bool isKnown() const noexcept {
-        return std::bit_cast<std::uint32_t>(x_) != nothing || std::bit_cast<std::uint32_t>(y_) != nothing;
-    }
+    bool isKnown() const noexcept { return std::bit_cast<std::uint32_t>(x_) != nothing; }
     Lanes<quarters> x() const noexcept { return Lanes<quarters>(x_); }
     Lanes<quarters> y() const noexcept { return Lanes<quarters>(y_); }
 
 private:
     using Numbers = std::array<std::uint8_t, quarters>;
-    /// Of a path that stays in a corner, too.
+    /// Of a path that stays at the right edge, too.
     static constexpr std::uint32_t nothing = ~std::uint32_t{0};
 
-    Numbers x_ = std::bit_cast<Numbers>(nothing), y_ = x_;
+    Numbers x_ = std::bit_cast<Numbers>(nothing), y_{};
 };
 
 } // namespace vanoka

@@ -169,9 +169,9 @@ TEST(SwipeTwin, WhatIsKnownIsOfOneDecoderAndOneLayout) {
     SwipeRandoms randoms(7);
     std::size_t found = 0;
     for (std::size_t round = 0; round < test::rounds(60); ++round) {
-        const auto list = randoms.words(200);
-        const std::array decoders = {SwipeDecoder(views(list)),
-                                     SwipeDecoder(views(list), SwipeWeights::people)};
+        const std::array lists = {randoms.words(200), randoms.words(200)};
+        const std::array decoders = {SwipeDecoder(views(lists[0])),
+                                     SwipeDecoder(views(lists[1]), SwipeWeights::people)};
         std::array keys = {randoms.layout(), randoms.layout()};
         for (auto& [label, center] : keys[1])
             center.x = -center.x;
