@@ -49,7 +49,7 @@ private:
     Legs legs(std::string_view spelling) const;
 
     const SwipeLayout& layout_;
-    double keyWidth_, length_ = 0;
+    double keyWidth_, length_;
     Points stroke_{};                       ///< at even lengths
     std::array<double, points> slowness_{}; ///< 0 at the usual pace and above, 1 at rest
 };

@@ -25,6 +25,8 @@ std::vector<int> codes(const KeySet& keys) {
     return codes;
 }
 
+static_assert(SwipePoint() == SwipePoint{0, 0});
+
 TEST(SwipeGeometry, PointsAreEqualFieldByField) {
     EXPECT_EQ((SwipePoint{1, 2}), (SwipePoint{1, 2}));
     EXPECT_NE((SwipePoint{1, 2}), (SwipePoint{1, 3}));
