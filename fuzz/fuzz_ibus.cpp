@@ -148,15 +148,19 @@ private:
     const CandidateLine& line() const { return told_.line; }
     std::string path() const { return "/field/" + std::to_string(active_); }
 
+    /// For the engine that comes in this one's place.
+    bool areKeysPutOff() const { return !environment_.keysForReplacement.empty(); }
+
     /// Candidates may come late where there are none.
     bool isLate(fuzz::Input& input) { return input.byte() % 2 == 1 && !suggestions_.inForce().areOn; }
 
     void focusIn(std::size_t which) {
         active_ = which;
         isAsked_ = false;
+        const bool doKeysCome = areKeysPutOff();
         engine_->focusIn(path(), kind_.name);
         fuzz::expect(!isAsked_ || place().isWaiting, "nobody asks without a need");
-        place().isWaiting = isAsked_;
+        place().isWaiting = isAsked_ && !doKeysCome;
     }
 
     /// The answer to the engine's question.
@@ -280,9 +284,10 @@ private:
     void press(const DesktopKey& key, std::uint32_t state) {
         constexpr guint someKeyCode = 30;
         pressModel(key);
-        place().isWaiting = false;
         if (!engine_->processKeyEvent(key.keysym, someKeyCode, state))
             applyPassed(key.keysym, state);
+        if (!areKeysPutOff())
+            place().isWaiting = false;
         if (suggestions_.inForce().areOn)
             told_.doWhatWasPutOff(G_PRIORITY_DEFAULT_IDLE);
     }

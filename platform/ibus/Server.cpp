@@ -103,19 +103,34 @@ IBusEngine* Server::createEngine(const char* name) {
     return newEngine(name, path.c_str(), ibus_bus_get_connection(bus_), environment_);
 }
 
-/// Once, as a daemon that never tells an engine its clients would be asked for ever. When it has answered,
-/// another engine has got the focus already, or none will: whatever it answered, and if it does not in time,
-/// no key waits any longer.
+/// Once, as a daemon that never tells an engine its clients would be asked for ever.
 bool Server::replaceEngine() {
     if (std::exchange(hasReplacedEngine_, true))
         return false;
-    const auto onAnswer = [](GObject* bus, GAsyncResult* answer, gpointer) {
+    const auto onAnswer = [](GObject* bus, GAsyncResult* answer, gpointer server) {
         ibus_bus_set_global_engine_async_finish(IBUS_BUS(bus), answer, nullptr);
-        keepAllEngines();
+        static_cast<Server*>(server)->onReplaced();
     };
+    countBeforeReplacement_ = engineCount_;
     ibus_bus_set_global_engine_async(bus_, Component::engineName, longestReplacement, nullptr, onAnswer,
-                                     nullptr);
+                                     this);
     return true;
+}
+
+/// Whatever the daemon has answered, no other engine comes unless it has made one. To one that it has made it
+/// gives the focus before it answers, or right after that, if another field has the focus by then; and if it
+/// does not in time, no key waits any longer.
+void Server::onReplaced() {
+    if (engineCount_ == countBeforeReplacement_)
+        keepAllEngines();
+    else if (keeping_ == 0)
+        keeping_ = g_timeout_add(longestReplacement, callServer<&Server::onFocusOverdue>, this);
+}
+
+gboolean Server::onFocusOverdue() {
+    keeping_ = 0;
+    keepAllEngines();
+    return G_SOURCE_REMOVE;
 }
 
 /// Without an answer, the first key tells.
@@ -145,6 +160,8 @@ void Server::onDisconnected() {
     environment_.droppedTexts.clear();
     environment_.keysForReplacement.clear();
     hasReplacedEngine_ = false;
+    if (keeping_ != 0)
+        g_source_remove(std::exchange(keeping_, 0));
     if (waiting_ == 0)
         waiting_ = g_timeout_add_seconds(patience, callServer<&Server::onWaitedLongEnough>, this);
 }

@@ -28,6 +28,8 @@ private:
     bool offerEngine();
     IBusEngine* createEngine(const char* name);
     bool replaceEngine();
+    void onReplaced();
+    gboolean onFocusOverdue();
     void askForFocus();
     void onConnected();
     void onDisconnected();
@@ -44,7 +46,8 @@ private:
     IBusBus* bus_ = nullptr;
     IBusFactory* factory_ = nullptr;
     guint waiting_ = 0; // the source of the time-out, 0 when there is none
-    int engineCount_ = 0;
+    guint keeping_ = 0; // the source that lets keys wait no longer, 0 when there is none
+    int engineCount_ = 0, countBeforeReplacement_ = 0;
     bool hasReplacedEngine_ = false; // of this daemon
 };
 

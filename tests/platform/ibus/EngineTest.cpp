@@ -318,6 +318,23 @@ TEST_F(EngineTest, TheFirstKeysOfADaemonComeOnceAndInOrder) {
         << first->field().screen();
 }
 
+/// Which happens while the daemon makes another engine, as a rule: it is not sure, so more than once.
+TEST_F(EngineTest, TheFirstKeysOfADaemonComeWhereTheFocusGoesMeanwhile) {
+    constexpr int rounds = 4;
+    for (int round = 0; round < rounds; ++round) {
+        replaceDaemon();
+        IBusField next("test:next");
+        const auto first = newField("test:first");
+        ibus_input_context_focus_out(first->context());
+        ibus_input_context_focus_in(next.context());
+        const std::string_view keys = "ka ";
+        for (const char key : keys)
+            next.pressAtOnce(Keysym::keyEvent(static_cast<guint>(key), 0, static_cast<guint>(key)));
+        ASSERT_TRUE(next.waitUntilFinished(keys.size()));
+        EXPECT_TRUE(waitUntil([&] { return next.field().screen() == "\u0D9A "; })) << next.field().screen();
+    }
+}
+
 TEST_F(EngineTest, ServesTheDaemonThatComesAfterACrash) {
     const auto process = daemon.engineProcess();
     ASSERT_TRUE(process.has_value());
