@@ -212,8 +212,8 @@ Fault WordDatabase::erase() {
 
 bool WordDatabase::hasChanged() {
     std::int64_t version = 0;
-    return !database_ || identityOf(path_) != opened_ ||
-           readDataVersion(database_.get(), version) != SQLITE_OK || version != seen_;
+    return !database_ || isReplaced() || readDataVersion(database_.get(), version) != SQLITE_OK ||
+           version != seen_;
 }
 
 std::vector<fs::path> WordDatabase::damagedBeside(const fs::path& path) {
@@ -260,7 +260,7 @@ Fault WordDatabase::attempt(const Work& work) {
 Fault WordDatabase::openIfNeeded() {
     if (path_.empty())
         return {FaultKind::other, "there is no home folder"};
-    if (database_ && identityOf(path_) == opened_)
+    if (database_ && !isReplaced())
         return {};
     database_.reset();
     if (const auto error = AtomicFile::makeFolder(path_.parent_path()))
@@ -311,20 +311,32 @@ Fault WordDatabase::faultOf(int result) const {
     case SQLITE_FULL:
         return {FaultKind::other, std::make_error_code(std::errc::no_space_on_device).message()};
     case SQLITE_READONLY:
-        return {FaultKind::other, whyItCannotBeWritten(path_)};
     case SQLITE_CANTOPEN:
     case SQLITE_IOERR:
+        if (isSetAsideByAnother())
+            return {FaultKind::busy, "another program sets it aside"};
         return {FaultKind::other, lastErrorOf(result)};
     default:
         return {FaultKind::other, sqlite3_errstr(result)};
     }
 }
 
+/// Or by the user. The files beside it go first, under the lock.
+bool WordDatabase::isSetAsideByAnother() const {
+    const FolderLock lock(path_.parent_path(), patienceToSetAside);
+    return isReplaced();
+}
+
+bool WordDatabase::isReplaced() const {
+    return identityOf(path_) != opened_;
+}
+
 /// Of the system, which says that there is no such file when reading alone was tried of one that writing
 /// makes.
 std::string WordDatabase::lastErrorOf(int result) const {
     const int error = database_ ? sqlite3_system_errno(database_.get()) : 0;
-    if (error == ENOENT && (result & 0xFF) == SQLITE_CANTOPEN)
+    const int kind = result & 0xFF;
+    if (kind == SQLITE_READONLY || (kind == SQLITE_CANTOPEN && error == ENOENT))
         return whyItCannotBeWritten(path_);
     return error != 0 && error != ENOENT ? std::generic_category().message(error) : sqlite3_errstr(result);
 }
@@ -345,7 +357,7 @@ int WordDatabase::inTransaction(const char* begin, Steps steps) {
 /// Gives the damaged file another name, unless another program has done so.
 std::error_code WordDatabase::moveAside() {
     const FolderLock lock(path_.parent_path(), patienceToSetAside);
-    if (identityOf(path_) != opened_)
+    if (isReplaced())
         return {};
     const fs::path aside = freeNameBeside(path_);
     for (const std::string_view beside : besides)

@@ -86,6 +86,8 @@ private:
     Fault openIfNeeded();
     Fault prepare();
     Fault faultOf(int result) const;
+    bool isSetAsideByAnother() const;
+    bool isReplaced() const;
     std::string lastErrorOf(int result) const;
     template <class Steps>
     int inTransaction(const char* begin, Steps steps);

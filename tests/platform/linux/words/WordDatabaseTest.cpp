@@ -5,7 +5,10 @@
 #include "StoredWords.h"
 
 #include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <utility>
 
 namespace vanoka {
 
@@ -175,6 +178,53 @@ TEST_F(WordDatabaseTest, SetsADamagedFileAside) {
         fs::remove(file.string() + "-wal");
         fs::remove(file.string() + "-shm");
     }
+}
+
+/// What another program does at the moment in which SQLite opens a file, once.
+class AtOpening {
+public:
+    explicit AtOpening(std::function<void(const std::string& path)> act) : act_(std::move(act)) {
+        current = this;
+        disk_.zName = "at-opening";
+        disk_.xOpen = open;
+        sqlite3_vfs_register(&disk_, 1);
+    }
+    AtOpening(const AtOpening&) = delete;
+    AtOpening& operator=(const AtOpening&) = delete;
+    ~AtOpening() {
+        sqlite3_vfs_unregister(&disk_);
+        sqlite3_vfs_register(usual_, 1);
+        current = nullptr;
+    }
+
+private:
+    static int open(sqlite3_vfs* disk, const char* path, sqlite3_file* file, int flags, int* result) {
+        if (const auto act = std::exchange(current->act_, nullptr))
+            act(path);
+        return current->usual_->xOpen(disk, path, file, flags, result);
+    }
+
+    static inline AtOpening* current = nullptr;
+    std::function<void(const std::string& path)> act_;
+    sqlite3_vfs* usual_ = sqlite3_vfs_find(nullptr);
+    sqlite3_vfs disk_ = *usual_;
+};
+
+/// Two programs find the damage at the same time: where the file was, there is none for a moment.
+TEST_F(WordDatabaseTest, WhatAnotherProgramSetsAsideMeanwhileIsBegunAnew) {
+    fs::create_directories(folder);
+    std::ofstream(file) << std::string(20'000, 'x');
+    const fs::path aside = file.string() + ".damaged-1";
+    {
+        const AtOpening another([&](const std::string& opened) {
+            EXPECT_EQ(opened, file);
+            fs::rename(file, aside);
+        });
+        learn(gama);
+        database = WordDatabase(file, test::longEnough); // which closes it in time
+    }
+    EXPECT_EQ(storedIn(file).sinhala.at(gama), 1);
+    EXPECT_EQ(WordDatabase::damagedBeside(file), std::vector{aside});
 }
 
 TEST_F(WordDatabaseTest, NoticesDamageInTheMiddle) {

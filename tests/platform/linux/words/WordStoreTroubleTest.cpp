@@ -109,7 +109,8 @@ TEST_F(WordStoreTroubleTest, OfTwoStoresOneSetsTheDamagedFileAside) {
     std::ofstream(file) << std::string(5000, '\x7F');
     store.learn(committed(amma));
     other.learn(committed(amma));
-    ASSERT_TRUE(store.flush(longEnough) && other.flush(longEnough));
+    EXPECT_TRUE(store.flush(longEnough)) << store.condition().problem;
+    EXPECT_TRUE(other.flush(longEnough)) << other.condition().problem;
     EXPECT_EQ(storedIn(file).sinhala, (decltype(WordTally::sinhala){{amma, 2}}));
     EXPECT_EQ(WordDatabase::damagedBeside(file).size(), 1U);
     EXPECT_TRUE(fs::exists(folder / "good"));
