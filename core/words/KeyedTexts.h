@@ -25,8 +25,6 @@ public:
 
     class Builder;
 
-    KeyedTexts() = default;
-
     std::uint32_t size() const noexcept { return static_cast<std::uint32_t>(starts_.size()); }
     std::string_view key(std::uint32_t number) const noexcept;
     /// The text as it was added, in UTF-8.

@@ -23,8 +23,6 @@ public:
 
     class Builder;
 
-    SinhalaWordIndex() = default;
-
     const KeyedTexts& words() const noexcept { return words_; }
     std::int64_t count(std::uint32_t number) const noexcept { return counts_[number]; }
     std::int64_t typicalCount() const noexcept { return typicalCount_; }

@@ -49,9 +49,12 @@ TEST(LetterSequences, CostWhatThePlainRuleSays) {
         const LetterSequences sequences(trieOf(words), order);
         std::string before = "^";
         LetterSequences::Context context = sequences.begin();
-        for (std::size_t length = randoms.below(8); length > 0; --length) {
-            const std::string letters = bytesOf(randoms.oneIn(8) ? neverSeen : randoms.of(words).word);
-            const char next = letters[randoms.below(letters.size())];
+        const std::string followed = bytesOf(randoms.of(words).word);
+        for (std::size_t place = 0, length = randoms.below(8); place < length; ++place) {
+            const std::string letters = bytesOf(randoms.oneIn(2) ? neverSeen : randoms.of(words).word);
+            const char next = place < followed.size() && !randoms.oneIn(8)
+                                  ? followed[place]
+                                  : letters[randoms.below(letters.size())];
             EXPECT_EQ(sequences.advance(context, WordLetters::fromByte(next)),
                       test::plain::sequenceCost(weighed, order, before, next))
                 << "order " << order;

@@ -21,6 +21,10 @@ using Words = std::vector<std::string>;
 constexpr std::string_view small = "ගෙදර\t900\nගෙදරට\t200\nකොහොමද\t300\nමම\t5000\nමාමා\t300\n"
                                    "ඔබට\t800\nස්තුතියි\t100\nලංකාව\t700\nපොත\t60\nපොට\t40\n";
 
+// The C interface has these numbers.
+static_assert(static_cast<int>(TypedWords::Unlisted::fourLetters) == 4);
+static_assert(static_cast<int>(TypedWords::Unlisted::sixLetters) == 6);
+
 TypedWords read(std::string_view tsv, TypedWords::Unlisted unlisted = TypedWords::Unlisted::none) {
     return TypedWords(SinhalaWordList(tsv), unlisted);
 }
