@@ -79,13 +79,19 @@ class Runner:
                 if refusal is None:
                     yield from self._chosen(together, suites)
                     return
-            # What the compiler refuses there may be refused for being there.
-            refused = {together.number_at(int(line)) for line in
-                       re.findall(rf"^{re.escape(str(self.copy / path))}:(\d+):\d+: error:", refusal, re.MULTILINE)}
-            if not refused - {0}:
+            # What the compiler refuses there may be refused for being there; or it refuses a template that is used there,
+            # which a note tells.
+            refused = next(filter(None, (together.to_leave(self._lines(path, kind, refusal))
+                                         for kind in ("error", "note"))), None)
+            if not refused:
                 print(f"{path}: each is built alone, since together the compiler refuses them.", file=sys.stderr)
                 return
             together.leave(refused)
+
+    def _lines(self, path, kind, refusal):
+        """The lines of a file about which the compiler says something of a kind."""
+        of_file = rf"^{re.escape(str(self.copy / path))}:(\d+):\d+: {kind}:"
+        return [int(line) for line in re.findall(of_file, refusal, re.MULTILINE)]
 
     def _chosen(self, together, suites):
         # Only those that kill are asked, and late, since all of them take minutes.

@@ -163,12 +163,18 @@ class Choices(unittest.TestCase):
         together, forms = self.chosen("int f(int a) {\n  return a + 1; // one more\n}")
         self.assertIn("return a + 2; // one more", forms)
 
-    def test_which_form_a_line_belongs_to(self):
-        together, _ = self.chosen("int f(int a) {\n  return a + 1;\n}")
+    def test_what_the_compiler_refuses_is_left_and_else_what_stands_around_it(self):
+        text = "int f(int a) {\n  a = a + 1;\n  return a + 1;\n}"
+        together, _ = self.chosen(text)
         lines = str(together).split("\n")
-        for number, mutant in together.numbers.items():
-            self.assertEqual(number, together.number_at(lines.index(mutant.form) + 1))
-        self.assertEqual(0, together.number_at(lines.index("  return a + 1;") + 1))
+        at = {mutant.form: (number, lines.index(mutant.form) + 1) for number, mutant in together.numbers.items()}
+        own = lines.index("  return a + 1;") + 1
+        around = {number for form, (number, _) in at.items() if "return" in form}
+        for number, line in at.values():
+            self.assertEqual({number}, together.to_leave([1, own, line]))
+        self.assertEqual(around, together.to_leave([1, own]))
+        self.assertTrue(0 < len(around) < len(at))
+        self.assertEqual(set(), together.to_leave([1]))
 
     def test_what_could_be_worked_out_while_compiling_is_uncertain(self):
         for text, certain in {

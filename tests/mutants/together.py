@@ -102,17 +102,18 @@ class Together:
 
     def write(self):
         lines = self.text.split("\n")
-        pieces, at = [(PRELUDE, 0)], 0
+        pieces, at = [(PRELUDE, 0, ())], 0
         for first, last in units(self.text):
             forms = {number: "\n".join([*lines[first - 1:mutant.number - 1], mutant.form, *lines[mutant.number:last]])
                      for number, mutant in self.numbers.items() if first <= mutant.number <= last}
             if forms:
-                pieces += [("\n".join([*lines[at:first - 1], ""]), 0),
-                           *with_choices("\n".join(lines[first - 1:last]), forms)]
+                unit = with_choices("\n".join(lines[first - 1:last]), forms)
+                pieces += [("\n".join([*lines[at:first - 1], ""]), 0, ()),
+                           *((piece, number, tuple(number for _, number in unit if number)) for piece, number in unit)]
                 at = last
-        pieces.append(("\n".join(lines[at:]), 0))
+        pieces.append(("\n".join(lines[at:]), 0, ()))
         self.pieces = pieces
-        self.numbers = {number: self.numbers[number] for _, number in pieces if number}
+        self.numbers = {number: self.numbers[number] for _, number, _ in pieces if number}
 
     def is_certain(self, mutant):
         """True for one whose outcome is the same when it is built alone: in a statement or a condition of a file in
@@ -122,12 +123,17 @@ class Together:
         return bool(STATEMENT.match(code) or HEAD.match(code)) and not EARLY.search(self.text)
 
     def __str__(self):
-        return "".join(piece for piece, _ in self.pieces)
+        return "".join(piece for piece, *_ in self.pieces)
 
-    def number_at(self, line):
-        """The number of the form that holds a line of the text, or 0."""
-        for piece, number in self.pieces:
+    def to_leave(self, refused):
+        """Of the lines of the text that the compiler refuses, the numbers of the forms in them. Where there is none, those
+        of the unit around the first: it is none that can stand in a choice."""
+        at = [self._at(line) for line in refused]
+        return {number for number, _ in at if number} or set(next((around for _, around in at if around), ()))
+
+    def _at(self, line):
+        for piece, number, around in self.pieces:
             line -= piece.count("\n")
             if line <= 0:
-                return number
-        return 0
+                return number, around
+        return 0, ()
