@@ -54,8 +54,8 @@ private:
     ReadingTree tree_;
     std::optional<UnknownWords> unknown_; ///< if they are guessed
     std::optional<TypedReadings> typed_;
-    std::string letters_;         ///< those that were read last, or the first of them
-    std::vector<Found> found_{1}; ///< by how many of those
+    std::string letters_;      ///< those that were read last, or the first of them
+    std::vector<Found> found_; ///< by how many of those
 };
 
 } // namespace vanoka

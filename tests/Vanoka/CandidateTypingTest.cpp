@@ -173,6 +173,19 @@ TEST(CandidateTyping, NeedsCandidatesForTheKeysThatMove) {
     EXPECT_FALSE(needs("<tab>"));
 }
 
+TEST(CandidateTyping, TeachesNothingBeforeItIsTold) {
+    CandidateTyping typing(standardKeys());
+    typing.setSuggesting(true);
+    for (const bool isTold : {false, true}) {
+        typing.press({.characters = "g"}, standardKeys());
+        const auto request = typing.request();
+        ASSERT_TRUE(request.has_value());
+        typing.take(request->generation, candidatesFor(request->word, homeLists(), nullptr));
+        EXPECT_EQ(typing.press({.characters = " "}, standardKeys()).lesson.has_value(), isTold);
+        typing.setLearning(true);
+    }
+}
+
 TEST(CandidateTyping, TakesARowThatIsClicked) {
     LinedField field;
     field.apply(field.typing.choose(1));
