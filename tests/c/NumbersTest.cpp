@@ -30,6 +30,76 @@ protected:
     test::SettingsHandle settings = test::created<test::SettingsHandle>(vanoka_settings_create);
 };
 
+/// Programs that were compiled before, in whatever language, know these by their numbers.
+TEST(Header, EveryNameKeepsItsNumber) {
+    struct Row {
+        std::int64_t is, was;
+    };
+    constexpr Row rows[] = {
+        {VANOKA_OK, 0},
+        {VANOKA_BAD_ARGUMENT, 1},
+        {VANOKA_ILL_FORMED, 2},
+        {VANOKA_TOO_LARGE, 3},
+        {VANOKA_NO_MEMORY, 4},
+        {VANOKA_WORD, 1},
+        {VANOKA_EMOJI, 2},
+        {VANOKA_TEXT, 3},
+        {VANOKA_TYPED, 4},
+        {VANOKA_LATIN, 5},
+        {VANOKA_HIGHLIGHTED, 6},
+        {VANOKA_INSERT, 10},
+        {VANOKA_MARK, 11},
+        {VANOKA_KEYS, 12},
+        {VANOKA_PREVIEW, 13},
+        {VANOKA_VOWEL, 20},
+        {VANOKA_CONSONANT, 21},
+        {VANOKA_SIGN, 22},
+        {VANOKA_DISPLAY, 23},
+        {VANOKA_BUILT_IN, 30},
+        {VANOKA_ADDED, 31},
+        {VANOKA_TAKEN_BY, 32},
+        {VANOKA_KEY_FREE, 40},
+        {VANOKA_KEY_REPLACES, 41},
+        {VANOKA_KEY_EMPTY, 42},
+        {VANOKA_KEY_NOT_LETTERS, 43},
+        {VANOKA_KEY_TOO_LONG, 44},
+        {VANOKA_KEY_ALREADY_THERE, 45},
+        {VANOKA_LEARN, 50},
+        {VANOKA_UNLEARN, 51},
+        {VANOKA_FORGET, 52},
+        {VANOKA_REFUSED, 53},
+        {VANOKA_GROUP, 60},
+        {VANOKA_EXAMPLE, 61},
+        {VANOKA_NOTE, 62},
+        {VANOKA_CONTROL_NAME, 63},
+        {VANOKA_MESSAGE, 64},
+        {VANOKA_FOOTNOTE, 65},
+        {VANOKA_SPACE, 49},
+        {VANOKA_DELETE, 51},
+        {VANOKA_ESCAPE, 53},
+        {VANOKA_OTHER_KEY, 0xFFFF},
+        {VANOKA_SHIFT, 131072},
+        {VANOKA_CONTROL, 262144},
+        {VANOKA_OPTION, 524288},
+        {VANOKA_COMMAND, 1048576},
+        {VANOKA_BY_DISTANCE, 0},
+        {VANOKA_BY_PEOPLE, 1},
+        {VANOKA_ABI, 1},
+        {VANOKA_LARGEST_TEXT, 16777216},
+        {VANOKA_LARGEST_LIST, 268435456},
+        {VANOKA_MOST_LISTS, 64},
+        {VANOKA_MOST_POINTS, 1000000},
+        {VANOKA_MOST_RESULTS, 1000000},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(row.is, row.was);
+}
+
+TEST_F(Numbers, AreZeroWhereAKindSaysNothingOfThem) {
+    EXPECT_EQ(vanoka_settings_letters(settings.get(), answer.get()), VANOKA_OK);
+    EXPECT_EQ(numberOf(answer.get(), VANOKA_DISPLAY), 0);
+}
+
 TEST_F(Numbers, TellWhichLettersAndKeysWereChanged) {
     EXPECT_EQ(vanoka_settings_set_built_in(settings.get(), "kh", 2, 0), VANOKA_OK);
     EXPECT_EQ(vanoka_settings_letters(settings.get(), answer.get()), VANOKA_OK);
