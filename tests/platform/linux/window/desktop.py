@@ -42,7 +42,9 @@ def run(*command):
 
 
 def press(*keys):
-    """Presses keys by their names, as in "Return" or "ctrl+w"."""
+    """Presses keys by their names, as in "Return" or "ctrl+w", when a window has the keyboard."""
+    look = ["xdotool", "getactivewindow"]
+    until("an active window", lambda: subprocess.run(look, capture_output=True, check=False).returncode == 0)
     run("xdotool", "key", "--clearmodifiers", *keys)
 
 
@@ -56,8 +58,14 @@ def box(node):
     return tuple(side * SCALE for side in (place.x, place.y, place.width, place.height))
 
 
+def is_active(program):
+    return any(window is not None and has(window, pyatspi.STATE_ACTIVE) for window in children(program))
+
+
 def click(node):
-    """Clicks the middle of something."""
+    """Clicks the middle of something. A window tells of its parts before it is on the screen, and where it will be only
+    when it has the keyboard."""
+    until("an active window", lambda: is_active(node.getApplication()))
     x, y, width, height = box(node)
     run("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "click", "1")
 
