@@ -12,7 +12,7 @@ import time
 import unittest
 
 SINGLISH = os.path.abspath(sys.argv.pop(1))
-PATIENCE = 10  # seconds; everything here takes milliseconds
+PATIENCE = 60  # seconds; everything here takes milliseconds, on a machine that does nothing else
 SILENCE = 0.3  # seconds; longer than a paste halts within itself
 
 

@@ -6,6 +6,7 @@ A desktop is started by the shell script beside this file. Everything that waits
 import contextlib
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import time
@@ -15,7 +16,7 @@ import pyatspi
 
 gi.require_version("GLib", "2.0")
 
-PATIENCE = 10.0  # seconds
+PATIENCE = 60.0  # seconds, for a machine that does much else at the same time
 SCALE = int(os.environ.get("QT_SCALE_FACTOR", "1"))  # pixels of the screen to one of a program's
 
 ORANGE, LIGHT, DARK = "964200", "FAFAFB", "222226"  # what the window takes for orange text and for its paper
@@ -62,10 +63,33 @@ def is_active(program):
     return any(window is not None and has(window, pyatspi.STATE_ACTIVE) for window in children(program))
 
 
+def sleeps(process):
+    """How often each thread of a process has fallen asleep so far; None while one is awake, or would be if it could."""
+    told = []
+    try:
+        for thread in pathlib.Path(f"/proc/{process}/task").iterdir():
+            status = (thread / "status").read_text()
+            if "\nState:\tR" in status:
+                return None
+            told.append(re.findall(r"^(?:non)?voluntary_ctxt_switches:\t(\d+)$", status, re.MULTILINE))
+    except (FileNotFoundError, ProcessLookupError):  # it has just ended
+        return None
+    return told
+
+
+def is_at_rest(process):
+    """Whether a process has nothing left to do, not even a frame to draw that it has put off until the next is due."""
+    before = sleeps(process)
+    time.sleep(0.04)
+    return before is not None and before == sleeps(process)
+
+
 def click(node):
-    """Clicks the middle of something. A window tells of its parts before it is on the screen, and where it will be only
-    when it has the keyboard."""
-    until("an active window", lambda: is_active(node.getApplication()))
+    """Clicks the middle of something. A window tells of its parts before it is on the screen, where it will be when it
+    has the keyboard, and where parts are that have moved when it has drawn them."""
+    program = node.getApplication()
+    until("an active window", lambda: is_active(program))
+    until("a program at rest", lambda: is_at_rest(program.get_process_id()))
     x, y, width, height = box(node)
     run("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "click", "1")
 
@@ -137,6 +161,15 @@ def role_of(node):
     return "push button" if name == "button" else name
 
 
+def tell_what_is_shown():
+    for program in pyatspi.Registry.getDesktop(0):
+        program.clear_cache()
+        for node in walk(program):
+            if has(node, pyatspi.STATE_SHOWING):
+                has_keyboard = has(node, pyatspi.STATE_ACTIVE) or has(node, pyatspi.STATE_FOCUSED)
+                print(f"    {role_of(node)} {node.name!r}{' has the keyboard' if has_keyboard else ''}", file=sys.stderr)
+
+
 class Program:
     """A program that this run has started, and that ends with it at the latest."""
 
@@ -146,7 +179,9 @@ class Program:
     def __enter__(self):
         return self
 
-    def __exit__(self, *_):
+    def __exit__(self, problem, *_):
+        if problem:
+            tell_what_is_shown()
         if self.process.poll() is None:
             self.process.kill()
         self.process.wait()

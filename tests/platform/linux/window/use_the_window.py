@@ -18,6 +18,7 @@ from desktop import (
     DARK,
     LIGHT,
     ORANGE,
+    PATIENCE,
     Failure,
     Program,
     click,
@@ -213,7 +214,7 @@ def start_again():
     number = window.window()
     run("xdotool", "windowminimize", number)
     until("no window", lambda: number not in visible())
-    second = subprocess.run(OPEN, timeout=10, check=False)
+    second = subprocess.run(OPEN, timeout=PATIENCE, check=False)
     check(second.returncode == 0, "the second process ends with status 0")
     until("the window", lambda: number in visible())
     until("the keyboard", lambda: run("xdotool", "getactivewindow").strip() == number)
@@ -226,10 +227,10 @@ def visible():
 
 def see_edits_made_elsewhere():
     """coming back to the window shows the keys that were edited meanwhile"""
-    about = subprocess.run([PROGRAM, "--about"], timeout=10, check=False)
+    about = subprocess.run([PROGRAM, "--about"], timeout=PATIENCE, check=False)
     check(about.returncode == 0, "the second process ends with status 0")
     window.find("frame", "About Vanoka")
-    again = subprocess.run([PROGRAM, "--about"], timeout=10, check=False)
+    again = subprocess.run([PROGRAM, "--about"], timeout=PATIENCE, check=False)
     check(again.returncode == 0 and len(window.all("frame", "About Vanoka")) == 1, "there is one about panel")
     run(SINGLISH, "keys", "add", "w", I)
     press("Escape")

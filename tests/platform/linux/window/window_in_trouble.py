@@ -31,6 +31,7 @@ def said(window, text):
 def add(window, key):
     click(window.find("text", "New key"))
     type_text(key)
+    until(f"{key} in the field", lambda: window.find("text", "New key").queryText().getText(0, -1) == key)
     press("Return")
 
 
