@@ -12,7 +12,7 @@ export class Lists {
     readonly strokes: Strokes;
     #keys: Settings | undefined; // the user's own
     #hasReading = false;
-    #forgotten: Promise<unknown> = Promise.resolve(); // a word that is being forgotten is offered no more
+    #lessons: Promise<unknown> = Promise.resolve(); // that were taught before: what is asked is answered with them
 
     /// `taught` tells others with the same store.
     constructor(readonly vanoka: Vanoka, readonly learnt: LearntStore, readonly taught: () => void) {
@@ -42,11 +42,11 @@ export class Lists {
     /// By what a question asks.
     readonly answers: { [What in Question["what"]]: (question: Extract<Question, { what: What }>) => Answers[What] | Promise<Answers[What]> } = {
         find: async ({ word, limit }) => {
-            await this.#forgotten;
+            await this.#lessons;
             return this.candidates.find(word, limit, this.learnt.personal);
         },
         decode: async ({ points, keyWidth, limit }) => {
-            await this.#forgotten;
+            await this.#lessons;
             return this.strokes.decode(points, keyWidth, limit);
         },
         layout: ({ keys }) => {
@@ -56,8 +56,7 @@ export class Lists {
         keys: ({ document }) => this.adoptKeys(document),
         teach: async ({ lesson }) => {
             const taught = this.learnt.teach(lesson);
-            if (lesson.forget !== undefined)
-                this.#forgotten = taught;
+            this.#lessons = Promise.all([this.#lessons, taught]);
             const problem = await taught;
             this.taught();
             return problem;
