@@ -37,8 +37,8 @@ constexpr std::array<std::string_view, 2> besides = {"-wal", "-shm"};
 constexpr const char* settings = "PRAGMA journal_mode = WAL;"
                                  // A kill loses nothing; forcing every word to the disk would wear it out.
                                  "PRAGMA synchronous = NORMAL;"
-                                 "PRAGMA secure_delete = ON;" // what is forgotten is overwritten
-                                 "PRAGMA trusted_schema = OFF;";
+                                 "PRAGMA secure_delete = ON;"; // what is forgotten is overwritten
+constexpr const char* caution = "PRAGMA trusted_schema = OFF;";
 
 /// Makes an empty file without opening it: closing one that SQLite has open would drop SQLite's locks. No
 /// error where there is one.
@@ -279,7 +279,8 @@ Fault WordDatabase::openIfNeeded() {
     return fault;
 }
 
-/// Nothing is written into a file that turns out not to be ours.
+/// Nothing is written into a file that turns out not to be ours, or to be damaged: keeping a write-ahead log
+/// is told in it.
 Fault WordDatabase::prepare() {
     sqlite3* const database = database_.get();
     std::int64_t tables = 0, version = 0;
@@ -289,11 +290,18 @@ Fault WordDatabase::prepare() {
         return fault;
     if (version < 0 || version > WordSchema::version || (version == 0 && tables != 0))
         return later();
+    if (Fault fault = faultOf(sqlite::run(database, caution)))
+        return fault;
+    const bool isOlder = version < WordSchema::version;
+    if (!isOlder)
+        if (Fault fault = faultOf(checkTables(database)))
+            return fault;
     if (Fault fault = faultOf(sqlite::run(database, settings)))
         return fault;
-    if (version < WordSchema::version)
-        if (Fault fault = faultOf(inTransaction("BEGIN IMMEDIATE", [&] { return migrateIfOlder(database); })))
-            return fault;
+    if (!isOlder)
+        return {};
+    if (Fault fault = faultOf(inTransaction("BEGIN IMMEDIATE", [&] { return migrateIfOlder(database); })))
+        return fault;
     return faultOf(checkTables(database));
 }
 

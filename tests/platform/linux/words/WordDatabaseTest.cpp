@@ -180,6 +180,23 @@ TEST_F(WordDatabaseTest, SetsADamagedFileAside) {
     }
 }
 
+/// One that keeps no write-ahead log would be told to keep one, which changes it.
+TEST_F(WordDatabaseTest, WhatIsSetAsideIsAsItWasFound) {
+    learn(gama);
+    database = WordDatabase(file, test::longEnough);
+    sqlite3* plain = nullptr;
+    ASSERT_EQ(sqlite3_open(file.c_str(), &plain), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(plain, "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(plain);
+    std::string bytes = test::bytesOf(file);
+    constexpr std::size_t spareBytesOfAPage = 20; // of which our pages have none
+    bytes[spareBytesOfAPage] = 9;
+    std::ofstream(file) << bytes;
+    learn(amma);
+    EXPECT_EQ(test::bytesOf(database.setAside()), bytes);
+    EXPECT_EQ(storedIn(file).sinhala.at(amma), 1);
+}
+
 /// What another program does at the moment in which SQLite opens a file, once.
 class AtOpening {
 public:
