@@ -63,8 +63,8 @@ def is_active(program):
     return any(window is not None and has(window, pyatspi.STATE_ACTIVE) for window in children(program))
 
 
-def sleeps(process):
-    """How often each thread of a process has fallen asleep so far; None while one is awake, or would be if it could."""
+def turns(process):
+    """How often each thread of a process has given the processor away; None while one has it, or waits for it."""
     told = []
     try:
         for thread in pathlib.Path(f"/proc/{process}/task").iterdir():
@@ -79,9 +79,9 @@ def sleeps(process):
 
 def is_at_rest(process):
     """Whether a process has nothing left to do, not even a frame to draw that it has put off until the next is due."""
-    before = sleeps(process)
+    before = turns(process)
     time.sleep(0.04)
-    return before is not None and before == sleeps(process)
+    return before is not None and before == turns(process)
 
 
 def click(node):
