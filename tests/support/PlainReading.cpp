@@ -94,7 +94,12 @@ double leastLikely(std::string_view typed) {
     static const std::map<std::size_t, double> ofShortWords = {
         {1, 1e-5}, {2, 1e-5}, {3, 3e-6}, {4, 1e-6}, {5, 5e-8}};
     const auto found = ofShortWords.find(typed.size());
-    return found == ofShortWords.end() ? 1e-8 : found->second;
+    if (found != ofShortWords.end())
+        return found->second;
+    double least = 1e-8;
+    for (std::size_t length = 8; length <= std::min<std::size_t>(typed.size(), 15); ++length)
+        least /= 10;
+    return least;
 }
 
 double offered(const Likelihood& likely, double least) {

@@ -69,6 +69,13 @@ std::string Randoms::keys(std::size_t mostKeys) {
     return keys;
 }
 
+std::string Randoms::slipped(std::string letters) {
+    const std::size_t at = below(letters.size());
+    const bool isStruckOut = oneIn(3), isBefore = oneIn(2);
+    const std::string other(1, static_cast<char>('a' + below(26)));
+    return letters.replace(at, isStruckOut || !isBefore ? 1 : 0, isStruckOut ? "" : other);
+}
+
 std::string Randoms::text(std::size_t mostPieces) {
     std::string text;
     for (std::size_t count = below(mostPieces + 1); count > 0; --count)

@@ -27,6 +27,9 @@ public:
 
     /// Letters as a typist presses them: whole keys of the scheme, mostly.
     std::string keys(std::size_t mostKeys);
+    /// These letters after a slip of the finger: one is left out, or another stands in its place, or before
+    /// it.
+    std::string slipped(std::string letters);
     /// Any text: keys, other characters, clusters of several scalars, ill-formed bytes.
     std::string text(std::size_t mostPieces);
     /// Keys added and switched off as the settings allow it.

@@ -21,7 +21,8 @@ TEST(ReadingScore, GoingOnCostsAndSoDoesEachLetterToCome) {
 }
 
 TEST(ReadingScore, FewLettersMustReadBetterThanMany) {
-    const std::vector<double> bounds = {1e-5, 1e-5, 1e-5, 3e-6, 1e-6, 5e-8, 1e-8, 1e-8};
+    const std::vector<double> bounds = {1e-5,  1e-5,  1e-5,  3e-6,  1e-6,  5e-8,  1e-8,  1e-8,  1e-9,
+                                        1e-10, 1e-11, 1e-12, 1e-13, 1e-14, 1e-15, 1e-16, 1e-16, 1e-16};
     for (std::size_t typed = 0; typed < bounds.size(); ++typed) {
         EXPECT_EQ(leastLikely(typed), bounds[typed]);
         EXPECT_EQ(leastLikelyEnglish(typed), 1e-5);

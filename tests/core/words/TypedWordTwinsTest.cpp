@@ -81,7 +81,9 @@ TEST(TypedWordTwins, OfALanguage) {
     const TypedWords words(list);
     const LetterReadings readings;
     for (std::size_t round = 0; round < test::rounds(60); ++round) {
-        const std::string typed = written(randoms, randoms.of(all).word, readings);
+        std::string typed = written(randoms, randoms.of(all).word, readings);
+        for (std::size_t slips = randoms.below(4); slips > 0 && typed.size() > 1; --slips)
+            typed = randoms.slipped(typed);
         for (std::size_t length = 1; length <= typed.size(); length += 3)
             ASSERT_EQ(words.wordsTyped(typed.substr(0, length), 5),
                       test::plain::wordsTyped(list.words(), {}, typed.substr(0, length), 5, readings))

@@ -1,5 +1,6 @@
 #include "words/TypedWords.h"
 
+#include "Randoms.h"
 #include "Rounds.h"
 #include "WordLists.h"
 #include "singlish/SinglishTransliterator.h"
@@ -263,32 +264,63 @@ TEST(TypedWords, WordsThatCannotBeReadAreLeftOut) {
     EXPECT_EQ(words.wordsTyped("abc", 5), Words());
 }
 
+SinhalaWordList shippedList() {
+    std::ifstream file(VANOKA_TESTS_FOLDER "/../data/si.tsv");
+    std::stringstream tsv;
+    tsv << file.rdbuf();
+    return SinhalaWordList(tsv.str());
+}
+
+/// Gives every fortieth word that has keys, with its keys.
+template <class Take>
+void forEachFortieth(const SinhalaWordList& list, Take take) {
+    const auto all = list.words();
+    for (std::size_t i = 0; i < all.size(); i += 40 * VANOKA_FEWER_ROUNDS) {
+        std::string keys;
+        if (forEachTypedLetter(all[i].word, [&keys](const WrittenLetter& each) { keys += each.key; }))
+            take(all[i], keys);
+    }
+}
+
+bool holds(const Words& words, std::string_view word) {
+    return std::ranges::find(words, word) != words.end();
+}
+
 /// Whoever knows the keys is read as well: the keys of a word give one of the first three words. Few words
 /// are missing there, rare ones of which the keys are also how people write three others: dharmaya is ධර්මය to
 /// most, not දර්මය. All can be had as they were typed.
 TEST(TypedWords, TheKeysOfAWordGiveIt) {
-    std::ifstream file(VANOKA_TESTS_FOLDER "/../data/si.tsv");
-    std::stringstream tsv;
-    tsv << file.rdbuf();
-    const SinhalaWordList list(tsv.str());
+    const SinhalaWordList list = shippedList();
     const TypedWords words(list);
-    const auto all = list.words();
     std::size_t typed = 0, outranked = 0;
-    for (std::size_t i = 0; i < all.size(); i += 40 * VANOKA_FEWER_ROUNDS) {
-        std::string keys;
-        if (!forEachTypedLetter(all[i].word, [&keys](const WrittenLetter& each) { keys += each.key; }))
-            continue;
+    forEachFortieth(list, [&](const WordCount& meant, const std::string& keys) {
         ++typed;
         const Words first = words.wordsTyped(keys, 3);
-        if (std::ranges::find(first, all[i].word) != first.end())
-            continue;
+        if (holds(first, meant.word))
+            return;
         ++outranked;
-        EXPECT_EQ(SinglishTransliterator::standard().transliterate(keys), all[i].word) << keys;
+        EXPECT_EQ(SinglishTransliterator::standard().transliterate(keys), meant.word) << keys;
         EXPECT_EQ(first.size(), 3U) << keys;
-        EXPECT_LT(all[i].count, 300) << keys << ", of " << list.typicalCount() << " for a typical word";
-    }
+        EXPECT_LT(meant.count, 300) << keys << ", of " << list.typicalCount() << " for a typical word";
+    });
     EXPECT_GT(typed, test::rounds(1000));
     EXPECT_LT(outranked, typed / 50 + 3) << "a few words say little of all";
+}
+
+/// Where a finger slipped twice in ten letters or more, the others still say which word was meant.
+TEST(TypedWords, LongWordsAreReadInSpiteOfTwoSlips) {
+    test::Randoms randoms(12);
+    const SinhalaWordList list = shippedList();
+    const TypedWords words(list);
+    std::size_t typed = 0, read = 0;
+    forEachFortieth(list, [&](const WordCount& meant, const std::string& keys) {
+        if (keys.size() < 10)
+            return;
+        ++typed;
+        read += holds(words.wordsTyped(randoms.slipped(randoms.slipped(keys)), 3), meant.word);
+    });
+    EXPECT_GT(typed, test::rounds(300));
+    EXPECT_GT(read, typed / 2) << "of " << typed;
 }
 
 } // namespace
