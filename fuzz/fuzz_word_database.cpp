@@ -1,4 +1,5 @@
 #include "Fuzz.h"
+#include "Sqlite.h"
 #include "TemporaryFolder.h"
 #include "WordDatabase.h"
 
@@ -9,8 +10,9 @@
 using namespace vanoka;
 namespace fs = std::filesystem;
 
-/// A store of words into which somebody has written other bytes, or that is cut off: it is read, set aside or
-/// left alone, and the next word is learnt all the same where it may be.
+/// A store of words into which somebody has written other bytes, or that is cut off, or whose tables are not
+/// ours, with a log of a program that was killed or without: it is read, set aside or left alone, and the
+/// next word is learnt all the same where it may be.
 namespace {
 
 using FaultKind = WordDatabase::Fault::Kind;
@@ -31,9 +33,20 @@ std::string bytesOf(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// The file as this program writes it, with a few words in it.
-const std::string& wholeFile() {
-    static const std::string bytes = [] {
+/// What lies on the disk: a database, and the log beside it.
+struct Store {
+    std::string bytes, log;
+};
+
+Store storeAt(const fs::path& path) {
+    return {bytesOf(path), bytesOf(path.string() + "-wal")};
+}
+
+/// As this program writes it, with a few words in it; and as a kill leaves it that came before the end.
+struct WholeStore {
+    Store ended, killed;
+
+    WholeStore() {
         const fs::path path = folder() / "whole.sqlite";
         {
             WordDatabase database(path, {});
@@ -41,17 +54,65 @@ const std::string& wholeFile() {
                 fuzz::expect(!database.apply({WordChange::Kind::learn, wordOf(each)}), "a word is stored");
             fuzz::expect(!database.apply({WordChange::Kind::forget, LearntWords::formOf("kade")}),
                          "a word is forgotten");
+            killed = storeAt(path);
         }
-        return bytesOf(path);
-    }();
-    return bytes;
+        ended = storeAt(path);
+    }
+};
+
+const WholeStore& whole() {
+    static const WholeStore made;
+    return made;
+}
+
+constexpr const char* endlessView =
+    "DROP TABLE clock; CREATE VIEW clock AS"
+    " WITH RECURSIVE n (tick) AS (SELECT 1 UNION ALL SELECT tick FROM n) SELECT tick FROM n";
+
+/// What others may have done to the tables: what swallows words, gives them without an end, or is not ours.
+constexpr const char* statements[] = {
+    "CREATE TRIGGER swallow BEFORE INSERT ON sinhala BEGIN SELECT RAISE(IGNORE); END",
+    "CREATE TRIGGER undo AFTER UPDATE ON clock BEGIN DELETE FROM sinhala; END",
+    endlessView,
+    "DROP TABLE sinhala; CREATE TABLE sinhala (word TEXT, count, used UNIQUE ON CONFLICT IGNORE)",
+    "CREATE TABLE more (a, b)",
+    "CREATE INDEX counts ON sinhala (count)",
+    "DROP TABLE forgotten",
+    "INSERT INTO clock VALUES (7), ('x'), (zeroblob(3))",
+    "DELETE FROM clock",
+    "UPDATE sinhala SET count = 'many', used = -1",
+    "INSERT OR REPLACE INTO sinhala VALUES (x'00FF', -9223372036854775808, 1e300)",
+    "UPDATE english SET kept = 9223372036854775807",
+    "PRAGMA user_version = 2",
+    "PRAGMA user_version = -1",
+    "PRAGMA user_version = 0",
+    "PRAGMA journal_mode = DELETE",
+};
+
+/// The store after statements that the input chooses. Others' programs may refuse some of them.
+Store changed(fuzz::Input& input) {
+    const fs::path path = folder() / "changed.sqlite";
+    std::ofstream(path, std::ios::binary) << whole().ended.bytes;
+    Store store;
+    {
+        sqlite::Database database;
+        fuzz::expect(sqlite::open(path, database) == SQLITE_OK, "a whole file is opened");
+        for (int count = 1 + input.byte() % 3; count > 0; --count)
+            sqlite::run(database.get(), statements[input.byte() % std::size(statements)]);
+        store = storeAt(path);
+    }
+    return input.byte() % 2 ? store : storeAt(path);
+}
+
+Store chosen(std::uint8_t how, fuzz::Input& input) {
+    if ((how & 0x80U) != 0)
+        return changed(input);
+    return (how & 0x40U) != 0 ? whole().killed : whole().ended;
 }
 
 /// Overwrites runs of bytes, each at a place that the input gives: in the first page, where the format is
 /// told, more often than elsewhere.
-std::string damaged(fuzz::Input& input) {
-    std::string bytes = wholeFile();
-    const std::uint8_t how = input.byte();
+std::string damaged(std::string bytes, std::uint8_t how, fuzz::Input& input) {
     if (how % 8 == 7)
         bytes.resize(bytes.size() * input.byte() / 256);
     for (int run = 1 + how % 4; run > 0 && !bytes.empty(); --run) {
@@ -69,16 +130,22 @@ void write(const fs::path& path, const std::string& bytes) {
     fuzz::expect(fs::file_size(path) == bytes.size(), "the damaged file is there");
 }
 
-void expectOutcome(const fs::path& path, const std::string& bytes) {
+void expectAsFound(const fs::path& path, const Store& found) {
+    const Store now = storeAt(path);
+    fuzz::expect(now.bytes == found.bytes, "what is set aside or left alone is as it was found");
+    fuzz::expect(found.log.empty() || now.log == found.log, "and so is its log");
+}
+
+void expectOutcome(const fs::path& path, const Store& found) {
     WordDatabase database(path, {});
     WordTally tally;
     const auto read = database.read(tally);
     fuzz::expect(read.kind != FaultKind::damaged, "a damaged file is set aside");
-    fuzz::expect(database.setAside().empty() || bytesOf(database.setAside()) == bytes,
-                 "what is set aside is whole");
+    if (!database.setAside().empty())
+        expectAsFound(database.setAside(), found);
     fuzz::expect(!read || !read.reason.empty(), "a fault has a reason");
     if (read.kind == FaultKind::later) {
-        fuzz::expect(bytesOf(path) == bytes, "what is not ours is left as it is");
+        expectAsFound(path, found);
         return;
     }
     for (const auto& [each, count] : tally.sinhala)
@@ -96,9 +163,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::Input input(data, size);
     const fs::path inner = folder() / "store", path = inner / "words.sqlite";
     fs::create_directory(inner);
-    const std::string bytes = damaged(input);
-    write(path, bytes);
-    expectOutcome(path, bytes);
+    const std::uint8_t how = input.byte();
+    Store store = chosen(how, input);
+    const bool isLogDamaged = !store.log.empty() && (how & 0x20U) != 0;
+    std::string& other = isLogDamaged ? store.log : store.bytes;
+    other = damaged(other, how, input);
+    write(path, store.bytes);
+    if (!store.log.empty())
+        write(path.string() + "-wal", store.log);
+    expectOutcome(path, store);
     fs::remove_all(inner);
     return 0;
 }

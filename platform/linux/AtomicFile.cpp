@@ -28,23 +28,6 @@ bool leadsOn(const fs::path& path) {
     return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode) && isTrustedOwner(status.st_uid);
 }
 
-/// The file behind a symbolic link, there or not yet: a settings file may be linked from elsewhere, and shall
-/// stay so. Links that lead nowhere because they lead in a circle are files like others, and so are links of
-/// other users.
-fs::path resolved(const fs::path& path) {
-    fs::path target = path;
-    for (int links = 0; links < mostLinks; ++links) {
-        if (!leadsOn(target))
-            return target;
-        std::error_code error;
-        const fs::path next = fs::read_symlink(target, error);
-        if (error)
-            return target;
-        target = target.parent_path() / next; // an absolute one stands for itself
-    }
-    return path;
-}
-
 /// Makes names that were given or taken beside the file last. That not every file system can is no error.
 std::error_code forceFolderOf(const fs::path& file) {
     const Descriptor folder(::open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -106,6 +89,20 @@ Contents read(const fs::path& path, std::size_t most) {
     }
     bytes.resize(size);
     return {.bytes = std::move(bytes), .error = {}};
+}
+
+fs::path resolved(const fs::path& path) {
+    fs::path target = path;
+    for (int links = 0; links < mostLinks; ++links) {
+        if (!leadsOn(target))
+            return target;
+        std::error_code error;
+        const fs::path next = fs::read_symlink(target, error);
+        if (error)
+            return target;
+        target = target.parent_path() / next; // an absolute one stands for itself
+    }
+    return path;
 }
 
 Outcome write(const fs::path& path, std::string_view bytes) {

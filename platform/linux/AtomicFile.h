@@ -26,6 +26,10 @@ struct Outcome {
 /// forced to the disk in it.
 std::error_code makeFolder(const std::filesystem::path& folder);
 
+/// The file behind a symbolic link, there or not yet, or `path` itself: a file may be linked from elsewhere,
+/// and shall stay so. Links that lead in a circle are files like others, and so are links of other users.
+std::filesystem::path resolved(const std::filesystem::path& path);
+
 /// What the regular file at `path` holds. That there is none is no error; anything else at `path`, and a file
 /// of more than `most` bytes, is one.
 Contents read(const std::filesystem::path& path, std::size_t most);

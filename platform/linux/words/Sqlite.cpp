@@ -11,6 +11,10 @@ int open(const std::filesystem::path& path, Database& database) {
     return result;
 }
 
+void copyLogAtTheEnd(sqlite3* database, bool copies) {
+    sqlite3_db_config(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, copies ? 0 : 1, nullptr);
+}
+
 int run(sqlite3* database, const char* statements) {
     return sqlite3_exec(database, statements, nullptr, nullptr, nullptr);
 }

@@ -20,6 +20,10 @@ using Database = std::unique_ptr<sqlite3, CloseDatabase>;
 /// opened; only memory that cannot be had leaves none.
 int open(const std::filesystem::path& path, Database& database);
 
+/// Whether the last who closes a database copies its write-ahead log into it, and removes the log. It does,
+/// if nothing is said.
+void copyLogAtTheEnd(sqlite3* database, bool copies);
+
 /// Runs statements that need no values.
 int run(sqlite3* database, const char* statements);
 

@@ -32,13 +32,12 @@ constexpr std::chrono::seconds patienceToSetAside{1};
 constexpr std::string_view damagedMark = ".damaged-";
 // What SQLite keeps beside a database, in the order in which it goes with it: a journal that stayed alone
 // would be taken for the next database's.
-constexpr std::array<std::string_view, 2> besides = {"-wal", "-shm"};
+constexpr std::array<std::string_view, 3> besides = {"-journal", "-wal", "-shm"};
 
 constexpr const char* settings = "PRAGMA journal_mode = WAL;"
                                  // A kill loses nothing; forcing every word to the disk would wear it out.
                                  "PRAGMA synchronous = NORMAL;"
                                  "PRAGMA secure_delete = ON;"; // what is forgotten is overwritten
-constexpr const char* caution = "PRAGMA trusted_schema = OFF;";
 
 /// Makes an empty file without opening it: closing one that SQLite has open would drop SQLite's locks. No
 /// error where there is one.
@@ -57,12 +56,27 @@ void keepFromOthers(const fs::path& path, mode_t mode) {
         ::chmod(path.c_str(), mode & S_IRWXU);
 }
 
-/// What another user has put there, the file or a link to it, is read by that user or leads to something else
-/// of ours.
+/// The path of what is kept beside a database.
+fs::path besideOf(const fs::path& path, std::string_view beside) {
+    return path.string().append(beside);
+}
+
 bool isOfAnother(const fs::path& path) {
-    struct stat link = {}, file = {};
-    return (::lstat(path.c_str(), &link) == 0 && !isTrustedOwner(link.st_uid)) ||
-           (::stat(path.c_str(), &file) == 0 && !isTrustedOwner(file.st_uid));
+    struct stat status = {};
+    return ::lstat(path.c_str(), &status) == 0 && !isTrustedOwner(status.st_uid);
+}
+
+/// What another user has put there, the file, a link to another or a journal, is read by that user, or brings
+/// what that user likes into the words.
+bool isAnyOfAnother(const fs::path& path) {
+    return isOfAnother(path) || std::ranges::any_of(besides, [&](std::string_view beside) {
+               return isOfAnother(besideOf(path, beside));
+           });
+}
+
+bool holdsBytes(const fs::path& path) {
+    struct stat status = {};
+    return ::lstat(path.c_str(), &status) == 0 && status.st_size > 0;
 }
 
 fs::path freeNameBeside(const fs::path& path) {
@@ -78,7 +92,7 @@ std::error_code removeAll(const fs::path& path) {
     std::error_code error;
     for (const std::string_view beside : besides)
         if (!error)
-            fs::remove(path.string().append(beside), error);
+            fs::remove(besideOf(path, beside), error);
     if (!error)
         fs::remove(path, error);
     return error;
@@ -100,7 +114,7 @@ int checkStructure(sqlite3* database) {
     return check.text(0) == "ok" ? SQLITE_OK : SQLITE_CORRUPT;
 }
 
-/// Reads every row. A file whose tables are not what its version says is as good as a torn one.
+/// Reads every row.
 int checkRows(sqlite3* database) {
     for (const char* const table :
          {"SELECT tick FROM clock", "SELECT word, count, used FROM sinhala",
@@ -110,9 +124,13 @@ int checkRows(sqlite3* database) {
     return SQLITE_OK;
 }
 
-/// A disk that fails to read looks like damage to the check of the structure, and no good file is to be set
-/// aside for it: rows tell the one from the other, and a second look tells what has passed.
+/// A file whose tables are not what its version says is as good as a torn one, and one with views or triggers
+/// is worse: they could keep words from being stored, or read without an end. A disk that fails to read looks
+/// like damage to the check of the structure, and no good file is to be set aside for it: rows tell the one
+/// from the other, and a second look tells what has passed.
 int checkTables(sqlite3* database) {
+    if (const int tables = WordSchema::check(database); tables != SQLITE_OK)
+        return tables;
     const int structure = checkStructure(database);
     if (structure != SQLITE_OK && structure != SQLITE_CORRUPT)
         return structure;
@@ -218,9 +236,10 @@ bool WordDatabase::hasChanged() {
 
 std::vector<fs::path> WordDatabase::damagedBeside(const fs::path& path) {
     std::vector<fs::path> found;
-    const std::string start = path.filename().string().append(damagedMark);
+    const fs::path file = AtomicFile::resolved(path);
+    const std::string start = file.filename().string().append(damagedMark);
     std::error_code ignored;
-    for (fs::directory_iterator entry(path.parent_path(), ignored), end; entry != end;
+    for (fs::directory_iterator entry(file.parent_path(), ignored), end; entry != end;
          entry.increment(ignored))
         if (const std::string name = entry->path().filename().string();
             name.starts_with(start) && !isBeside(name))
@@ -252,37 +271,43 @@ Fault WordDatabase::attempt(const Work& work) {
             database_.reset();
         if (fault.kind != FaultKind::damaged)
             return fault;
-        if (const auto error = moveAside())
-            return {FaultKind::other, "it is damaged, and cannot be set aside: " + error.message()};
+        if (fault = moveAside(); fault)
+            return fault;
     }
 }
 
+/// SQLite keeps its journals beside the file behind a link, and so there is what goes with the file.
 Fault WordDatabase::openIfNeeded() {
     if (path_.empty())
         return {FaultKind::other, "there is no home folder"};
     if (database_ && !isReplaced())
         return {};
     database_.reset();
-    if (const auto error = AtomicFile::makeFolder(path_.parent_path()))
+    file_ = AtomicFile::resolved(path_);
+    if (const auto error = AtomicFile::makeFolder(file_.parent_path()))
         return {FaultKind::other, error.message()};
-    if (const auto error = makeFile(path_))
+    if (const auto error = makeFile(file_))
         return {FaultKind::other, error.message()};
-    if (isOfAnother(path_))
+    if (isAnyOfAnother(file_))
         return {FaultKind::other, "it belongs to another user"};
     opened_ = identityOf(path_); // one that is replaced from here on is opened anew the next time
-    keepFromOthers(path_, opened_.mode);
-    Fault fault = faultOf(sqlite::open(path_, database_));
+    if (opened_ == Identity())
+        return {errno == ENOENT ? FaultKind::busy : FaultKind::other, lastError().message()};
+    keepFromOthers(file_, opened_.mode);
+    const bool isLog = holdsBytes(besideOf(file_, "-wal"));
+    Fault fault = faultOf(sqlite::open(file_, database_));
     if (!fault)
-        fault = prepare();
+        fault = prepare(isLog);
     if (fault)
         database_.reset();
     return fault;
 }
 
 /// Nothing is written into a file that turns out not to be ours, or to be damaged: keeping a write-ahead log
-/// is told in it.
-Fault WordDatabase::prepare() {
+/// is told in it, and what a killed program has left in its log would be copied into it when it is closed.
+Fault WordDatabase::prepare(bool isLog) {
     sqlite3* const database = database_.get();
+    sqlite::copyLogAtTheEnd(database, !isLog);
     std::int64_t tables = 0, version = 0;
     if (Fault fault = faultOf(sqlite::readNumber(database, "SELECT count(*) FROM sqlite_schema", tables)))
         return fault;
@@ -290,12 +315,11 @@ Fault WordDatabase::prepare() {
         return fault;
     if (version < 0 || version > WordSchema::version || (version == 0 && tables != 0))
         return later();
-    if (Fault fault = faultOf(sqlite::run(database, caution)))
-        return fault;
     const bool isOlder = version < WordSchema::version;
     if (!isOlder)
         if (Fault fault = faultOf(checkTables(database)))
             return fault;
+    sqlite::copyLogAtTheEnd(database, true);
     if (Fault fault = faultOf(sqlite::run(database, settings)))
         return fault;
     if (!isOlder)
@@ -331,7 +355,7 @@ Fault WordDatabase::faultOf(int result) const {
 
 /// Or by the user. The files beside it go first, under the lock.
 bool WordDatabase::isSetAsideByAnother() const {
-    const FolderLock lock(path_.parent_path(), patienceToSetAside);
+    const FolderLock lock(file_.parent_path(), patienceToSetAside);
     return isReplaced();
 }
 
@@ -345,7 +369,7 @@ std::string WordDatabase::lastErrorOf(int result) const {
     const int error = database_ ? sqlite3_system_errno(database_.get()) : 0;
     const int kind = result & 0xFF;
     if (kind == SQLITE_READONLY || (kind == SQLITE_CANTOPEN && error == ENOENT))
-        return whyItCannotBeWritten(path_);
+        return whyItCannotBeWritten(file_);
     return error != 0 && error != ENOENT ? std::generic_category().message(error) : sqlite3_errstr(result);
 }
 
@@ -363,15 +387,17 @@ int WordDatabase::inTransaction(const char* begin, Steps steps) {
 }
 
 /// Gives the damaged file another name, unless another program has done so.
-std::error_code WordDatabase::moveAside() {
-    const FolderLock lock(path_.parent_path(), patienceToSetAside);
+Fault WordDatabase::moveAside() {
+    const FolderLock lock(file_.parent_path(), patienceToSetAside);
+    if (lock.outcome() == FolderLock::Outcome::busy)
+        return {FaultKind::busy, "it is damaged, and another program keeps its folder locked"};
     if (isReplaced())
         return {};
-    const fs::path aside = freeNameBeside(path_);
+    const fs::path aside = freeNameBeside(file_);
     for (const std::string_view beside : besides)
-        ::rename((path_.string().append(beside)).c_str(), (aside.string().append(beside)).c_str());
-    if (::rename(path_.c_str(), aside.c_str()) != 0)
-        return lastError();
+        ::rename(besideOf(file_, beside).c_str(), besideOf(aside, beside).c_str());
+    if (::rename(file_.c_str(), aside.c_str()) != 0)
+        return {FaultKind::other, "it is damaged, and cannot be set aside: " + lastError().message()};
     setAside_ = aside;
     return {};
 }

@@ -21,7 +21,8 @@ namespace vanoka {
 /// file. Each object belongs to one thread at a time.
 ///
 /// A damaged file is set aside under another name, and a new one begun. One of a later version is left alone.
-/// A file that was removed or replaced by another counts as it now is. One of another user is left alone.
+/// A file that was removed or replaced by another counts as it now is. One of another user, or with a journal
+/// of another user, is left alone. Where a symbolic link stands it stays, and what it leads to is meant.
 class WordDatabase {
 public:
     struct Fault {
@@ -84,16 +85,16 @@ private:
     Fault perform(const Work& work);
     Fault attempt(const Work& work);
     Fault openIfNeeded();
-    Fault prepare();
+    Fault prepare(bool isLog);
     Fault faultOf(int result) const;
     bool isSetAsideByAnother() const;
     bool isReplaced() const;
     std::string lastErrorOf(int result) const;
     template <class Steps>
     int inTransaction(const char* begin, Steps steps);
-    std::error_code moveAside();
+    Fault moveAside();
 
-    std::filesystem::path path_;
+    std::filesystem::path path_, file_; ///< and the one behind a link, as it was when it was opened
     std::chrono::milliseconds patience_;
     sqlite::Database database_;
     Identity opened_;

@@ -166,6 +166,12 @@ int forEachRow(sqlite3* database, std::string_view query, Take take) {
     return result == SQLITE_DONE ? SQLITE_OK : result;
 }
 
+/// The statements that have made all that there is.
+int readStatements(sqlite3* database, std::string& statements) {
+    return forEachRow(database, "SELECT coalesce(sql, name) FROM sqlite_schema ORDER BY name",
+                      [&](const auto& row) { statements += row.text(0) + ';'; });
+}
+
 } // namespace
 
 int migrate(sqlite3* database, int from) {
@@ -174,6 +180,16 @@ int migrate(sqlite3* database, int from) {
         if (result == SQLITE_OK)
             result = sqlite::run(database, migration);
     return result;
+}
+
+/// What is made in memory is what there has to be.
+int check(sqlite3* database) {
+    sqlite::Database plain;
+    std::string expected, found;
+    return inOrder([&] { return sqlite::open(":memory:", plain); }, [&] { return migrate(plain.get(), 0); },
+                   [&] { return readStatements(plain.get(), expected); },
+                   [&] { return readStatements(database, found); },
+                   [&] { return found == expected ? SQLITE_OK : SQLITE_CORRUPT; });
 }
 
 int apply(sqlite3* database, const WordChange& change) {

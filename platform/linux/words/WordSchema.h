@@ -14,6 +14,9 @@ inline constexpr int version = 1;
 /// Makes tables of an older version, or of none, into those of this one.
 int migrate(sqlite3* database, int from);
 
+/// SQLITE_CORRUPT when there are other tables than those of this version, or anything else.
+int check(sqlite3* database);
+
 /// As `apply` does to a tally, and no more than `LearntWords::most` words stay.
 int apply(sqlite3* database, const WordChange& change);
 

@@ -1,5 +1,6 @@
 #include "WordDatabase.h"
 
+#include "FolderLock.h"
 #include "Randoms.h"
 #include "Rounds.h"
 #include "StoredWords.h"
@@ -197,6 +198,61 @@ TEST_F(WordDatabaseTest, WhatIsSetAsideIsAsItWasFound) {
     EXPECT_EQ(storedIn(file).sinhala.at(amma), 1);
 }
 
+/// What a killed program has left in its log is not copied into a file that is set aside or left alone.
+TEST_F(WordDatabaseTest, TheLogOfAKilledProgramIsAsItWasFound) {
+    for (const char* made : {"CREATE TABLE more (a)", "PRAGMA user_version = 2"}) {
+        fs::remove_all(folder);
+        learn(gama);
+        test::runIn(file, made);
+        const std::string bytes = test::bytesOf(file), log = test::bytesOf(file.string() + "-wal");
+        ASSERT_NE(log, "");
+        database = WordDatabase(file, test::longEnough);
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+        std::ofstream(file) << bytes;
+        std::ofstream(file.string() + "-wal") << log;
+        const bool isLater = database.apply(learning(amma)).kind == FaultKind::later;
+        const fs::path found = isLater ? file : database.setAside();
+        EXPECT_EQ(test::bytesOf(found), bytes) << made;
+        EXPECT_EQ(test::bytesOf(found.string() + "-wal"), log) << made;
+        EXPECT_TRUE(isLater || storedIn(file).sinhala == (decltype(WordTally::sinhala){{amma, 1}})) << made;
+    }
+}
+
+/// A store that is linked from elsewhere stays so, and what is done to it is done where it lies.
+TEST_F(WordDatabaseTest, ALinkStaysOne) {
+    const fs::path elsewhere = temporary.path() / "elsewhere" / "kept.sqlite";
+    fs::create_directories(folder);
+    fs::create_symlink(elsewhere, file);
+    learn(gama);
+    EXPECT_EQ(storedIn(elsewhere).sinhala.at(gama), 1);
+    database = WordDatabase(file, test::longEnough);
+    std::ofstream(elsewhere) << "damaged";
+    learn(amma);
+    EXPECT_TRUE(fs::is_symlink(file));
+    EXPECT_EQ(database.setAside(), elsewhere.string() + ".damaged-1");
+    EXPECT_EQ(WordDatabase::damagedBeside(file), std::vector{database.setAside()});
+    EXPECT_EQ(storedIn(elsewhere).sinhala, (decltype(WordTally::sinhala){{amma, 1}}));
+    EXPECT_FALSE(database.erase());
+    EXPECT_EQ(WordDatabase::damagedBeside(file), std::vector<fs::path>());
+    EXPECT_EQ(storedIn(elsewhere), WordTally());
+}
+
+TEST_F(WordDatabaseTest, NothingIsSetAsideWhileAnotherProgramDoesSo) {
+    fs::create_directories(folder);
+    std::ofstream(file) << "damaged";
+    database = WordDatabase(file, test::noPatience);
+    {
+        const FolderLock another(folder, test::noPatience);
+        const auto fault = database.apply(learning(gama));
+        EXPECT_EQ(fault.kind, FaultKind::busy);
+        EXPECT_EQ(fault.reason, "it is damaged, and another program keeps its folder locked");
+        EXPECT_EQ(test::bytesOf(file), "damaged");
+    }
+    learn(gama);
+    EXPECT_EQ(storedIn(file).sinhala.at(gama), 1);
+}
+
 /// What another program does at the moment in which SQLite opens a file, once.
 class AtOpening {
 public:
@@ -260,13 +316,23 @@ TEST_F(WordDatabaseTest, NoticesDamageInTheMiddle) {
     EXPECT_EQ(test::bytesOf(database.setAside()), bytes);
 }
 
+/// Triggers and views among them: words would vanish, and reading would not end.
 TEST_F(WordDatabaseTest, TablesThatAreNotItsVersionsAreDamage) {
-    learn(gama);
-    database = WordDatabase(file, test::longEnough);
-    test::runIn(file, "DROP TABLE english");
-    learn(amma);
-    EXPECT_EQ(storedIn(file).sinhala, (decltype(WordTally::sinhala){{amma, 1}}));
-    EXPECT_EQ(WordDatabase::damagedBeside(file).size(), 1U);
+    const char* const endlessView =
+        "DROP TABLE clock; CREATE VIEW clock AS"
+        " WITH RECURSIVE n (tick) AS (SELECT 1 UNION ALL SELECT tick FROM n) SELECT tick FROM n";
+    for (const char* made :
+         {"DROP TABLE english", "CREATE TABLE more (a)", "CREATE INDEX counts ON sinhala (count)",
+          "DROP TABLE forgotten; CREATE TABLE forgotten (word TEXT PRIMARY KEY, more) WITHOUT ROWID",
+          "CREATE TRIGGER swallow BEFORE INSERT ON sinhala BEGIN SELECT RAISE(IGNORE); END", endlessView}) {
+        learn(gama);
+        database = WordDatabase(file, test::longEnough);
+        test::runIn(file, made);
+        learn(amma);
+        EXPECT_EQ(storedIn(file).sinhala, (decltype(WordTally::sinhala){{amma, 1}})) << made;
+        EXPECT_EQ(WordDatabase::damagedBeside(file).size(), 1U) << made;
+        ASSERT_FALSE(database.erase()) << made;
+    }
 }
 
 TEST_F(WordDatabaseTest, LeavesALaterVersionAndAnotherProgramsFileAlone) {

@@ -152,6 +152,28 @@ TEST_F(WordStoreTroubleTest, WhatAnotherUserHasPutThereIsLeftAlone) {
     }
 }
 
+/// Into it the next words would be written, and what it holds would be taken for ours.
+TEST_F(WordStoreTroubleTest, AJournalOfAnotherUserIsNeverOurs) {
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root can give files away";
+    for (const char* beside : {"-wal", "-shm", "-journal"}) {
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+        const std::string planted = file.string() + beside;
+        std::ofstream(planted) << "planted";
+        fs::permissions(planted, fs::perms(0666));
+        ASSERT_EQ(::lchown(planted.c_str(), nobody, nobody), 0);
+        SqliteWordStore store(file);
+        store.learn(committed(gama));
+        EXPECT_FALSE(store.flush(longEnough)) << beside;
+        EXPECT_TRUE(has(store, gama)) << "in this process";
+        EXPECT_EQ(store.condition().problem, "it belongs to another user") << beside;
+        EXPECT_EQ(test::bytesOf(planted), "planted");
+        EXPECT_EQ(test::modeOf(planted), 0666U) << beside;
+        EXPECT_EQ(fs::file_size(file), 0U) << beside;
+    }
+}
+
 TEST_F(WordStoreTroubleTest, NobodyWaitsForAPipeOrADevice) {
     for (const bool isPipe : {false, true}) {
         fs::remove_all(folder);
