@@ -27,6 +27,8 @@ STROKES = [ROOT / "docs/swipe/words.tsv", ROOT / "tools/swipe/layouts/qwerty-pho
            ROOT / "docs/swipe/strokes.tsv"]
 
 KA, GAMA = "\u0d9a", "\u0d9c\u0db8"
+# D-Bus's daemon, where it is root's, tells the kernel whom it refuses.
+LOCAL = re.compile(r" socket\((AF_UNIX,|AF_NETLINK, SOCK_RAW(\|SOCK_CLOEXEC)?, NETLINK_AUDIT\))")
 A_CONNECTION = "import socket; socket.socket(socket.AF_INET, socket.SOCK_DGRAM).close()"
 A_LOOSE_PAGE = "import mmap; mmap.mmap(-1, 4096, prot=mmap.PROT_WRITE | mmap.PROT_EXEC).close()"
 
@@ -70,9 +72,7 @@ def follow_until(said, command, environment):
 
 
 def networked(calls):
-    # D-Bus's daemon, where it is root's, tells the kernel whom it refuses.
-    local = ("socket(AF_UNIX", "socket(AF_NETLINK, SOCK_RAW, NETLINK_AUDIT)")
-    return [call for call in calls if " socket(" in call and not any(each in call for each in local)]
+    return [call for call in calls if " socket(" in call and not LOCAL.search(call)]
 
 
 def loose(calls):
