@@ -36,7 +36,7 @@ void type(std::size_t keys, VanokaInputController& controller, TextInputClient& 
 /// Who leaves the computer running for months types as on the first day.
 TEST(MillionKeys, HoldNoMoreMemoryThanTheFirst) {
 #ifdef VANOKA_INSTRUMENTED
-    GTEST_SKIP() << "a sanitizer counts memory in its own way";
+    GTEST_SKIP() << "does not apply: a sanitizer counts memory in its own way";
 #endif
     NoDefaults defaults;
     SinglishSettings settings(defaults);
