@@ -133,13 +133,17 @@ class Desktop:
         said = self.end()
         wrongs = list(self.stored.wrongs(before, most=2))
         if how == "kill" and self.process.returncode == -signal.SIGKILL:
-            typed = self.typed_by_next("amma ")
-            return "; ".join([*wrongs, *([] if typed == AMMA else [f"typing with the next one gave {typed!r}"])])
+            return "; ".join([*wrongs, *self.wrongs_of_next()])
         if self.process.returncode != 0:
             wrongs.append(f"it ended with {self.process.returncode}")
-        if typed != [AMMA] * 2 and (typed != ["amma "] * 2 or not NOT_LOADED.search(said)):
+        is_not_loaded = typed == ["amma "] * 2 and NOT_LOADED.search(said)
+        if typed != [AMMA] * 2 and not is_not_loaded:
             wrongs.append(f"typing gave {typed!r}: {said}")
-        return "; ".join(wrongs)
+        return "; ".join([*wrongs, *(self.wrongs_of_next() if is_not_loaded else ())])
+
+    def wrongs_of_next(self):
+        if (typed := self.typed_by_next("amma ")) != AMMA:
+            yield f"typing with the next one gave {typed!r}"
 
     def typed_by_next(self, keys):
         self.start({})

@@ -99,13 +99,15 @@ class Sweep:
             assert done.status == 0, done
 
     def plain(self, scenario):
-        """A run in which nothing goes wrong, and what is stored before and after it."""
+        """A run in which nothing goes wrong, and what is stored before it, after it and after another one."""
         with self.home(scenario) as place:
             self.prepare(scenario, place)
             before = scenario.state(place)
             done = place.run(scenario.command, scenario.given, at=0)
             assert done.status == 0 and scenario.comes in done.output.decode(), done
-            return done, before, scenario.state(place)
+            once = scenario.state(place)
+            place.run(scenario.command, scenario.given)
+            return done, before, once, scenario.state(place)
 
     def turns(self, calls):
         for number, call in itertools.islice(enumerate(calls, 1), 0, None, self.options.every):
@@ -158,16 +160,17 @@ class Sweep:
             yield "it does not say why"
 
     def problems_afterwards(self, scenario, place, done, values):
+        before, once, twice = values
         try:
             left = scenario.state(place)
-            if left not in values:
+            if left not in (before, once):
                 yield f"neither the old value nor the new one is there: {left}"
-            if done.status == 0 and left != values[1]:
+            if done.status == 0 and left != once:
                 yield "the new value is not there"
             again = place.run(scenario.command, scenario.given)
-            if left == values[0] and again.status != 0:
+            if left == before and again.status != 0:
                 yield f"the next run: {again.errors.strip()}"
-            if scenario.state(place) != values[1] and not (left == values[1] and "add" in scenario.command):
+            if scenario.state(place) != (once if left == before else twice):
                 yield "the next run did not do it"
         except AssertionError as problem:
             yield str(problem)

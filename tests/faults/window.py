@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Makes each call of the settings window's start fail, one after the other: window.py LIBRARY VANOKA-SETTINGS.
+"""Makes each call of the settings window's start fail, and kills it there, one after the other:
+window.py LIBRARY VANOKA-SETTINGS.
 
 On no screen. After each failure the window is drawn, or the program has stopped and said why; the keys that are stored
 stay, and the next one is drawn.
@@ -33,8 +34,10 @@ class Desktop:
 
     def problem(self, number, how):
         """What is wrong with a start in which a call goes wrong."""
-        is_drawn, *end = self.start(self.faults.environment(number, how))
-        wrongs = list(self.wrongs(is_drawn, *end))
+        is_drawn, status, said = self.start(self.faults.environment(number, how))
+        wrongs = list(self.wrongs_of_what_is_stored())
+        if how != "kill" or status != -signal.SIGKILL:
+            wrongs.extend(self.wrongs(is_drawn, status, said))
         if not is_drawn and not self.start({})[0]:
             wrongs.append("the next one is not drawn")
         return "; ".join(wrongs)
@@ -59,6 +62,8 @@ class Desktop:
             yield f"it has drawn nothing and ended with {status}: {said}"
         if is_drawn and status != -signal.SIGTERM:
             yield f"it was drawn and ended with {status}: {said}"
+
+    def wrongs_of_what_is_stored(self):
         left = [path.name for path in self.stored.parent.iterdir()]
         if left != [self.stored.name] or self.stored.read_text(encoding="utf-8") != KEYS:
             yield f"stored: {left}"
@@ -67,7 +72,7 @@ class Desktop:
 def main():
     with tempfile.TemporaryDirectory(prefix="vanoka-window-") as folder:
         desktop = Desktop(folder, *map(os.path.abspath, sys.argv[1:]))
-        sys.exit(sweep(desktop.faults, desktop.problem, kills=False))
+        sys.exit(sweep(desktop.faults, desktop.problem))
 
 
 main()
