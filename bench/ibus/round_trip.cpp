@@ -10,6 +10,7 @@
 #include <atomic>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <string_view>
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -57,6 +58,8 @@ public:
             const pid_t process = ::fork();
             if (process == 0)
                 count();
+            if (process < 0)
+                std::abort(); // to end that process would end every other
             processes_.push_back(process);
         }
     }

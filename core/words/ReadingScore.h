@@ -46,10 +46,8 @@ constexpr double leastSinhala(std::size_t typed) noexcept {
     return least;
 }
 
-/// The same bound as above for what is read as English, which can be written in many more ways.
-constexpr double leastLikelyEnglish(std::size_t typed) noexcept {
-    return std::max(leastLikely(typed), 1e-5);
-}
+/// The bound for what is read as English, of whatever length: it can be written in many more ways.
+inline constexpr double leastLikelyEnglish = 1e-5;
 
 /// How many of the English words that are typed mean the same word in Sinhala letters, and no Sinhala word
 /// that sounds as they are spelled.

@@ -94,7 +94,7 @@ void WordReading::addEnglish(std::vector<ReadWord>& words, std::size_t limit) co
     const TypedReadings typed(letters_, LetterReadings::ofEnglish());
     ReadingTree tree(list_->words, personal_ ? &(*personal_)->words : nullptr);
     tree.read(typed, 0);
-    ReadingSearch search(tree, typed, limit, ReadingScore::leastLikelyEnglish(typed.length()));
+    ReadingSearch search(tree, typed, limit, ReadingScore::leastLikelyEnglish);
     if (!words.empty())
         search.expectAbove(words.front().score * ReadingScore::leastListed / ReadingScore::englishShare);
     if (words.size() == limit)

@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
 # Builds every fuzz target into $OUT, with its seeds, its dictionary and the libraries that it needs, as OSS-Fuzz asks
 # for it: $CC, $CXX, their flags and $LIB_FUZZING_ENGINE come from there. Runs in the project's own folder.
+# Where libraries lie is told in the old way, which holds for those that they need themselves, too.
 set -euo pipefail
 work=${WORK:-$(mktemp -d)}/vanoka
 
 cmake -S . -B "$work" -G Ninja -DCMAKE_BUILD_TYPE=None -DVANOKA_FUZZERS=ON -DVANOKA_TESTS=OFF \
-    -DVANOKA_SETTINGS_WINDOW=OFF -DVANOKA_FUZZING_ENGINE="$LIB_FUZZING_ENGINE" -DCMAKE_BUILD_RPATH='$ORIGIN/lib'
+    -DVANOKA_SETTINGS_WINDOW=OFF -DVANOKA_FUZZING_ENGINE="$LIB_FUZZING_ENGINE" -DCMAKE_BUILD_RPATH='$ORIGIN/lib' \
+    -DCMAKE_EXE_LINKER_FLAGS=-Wl,--disable-new-dtags
 mkdir -p "$OUT/lib"
 for target in $(fuzz/targets); do
     # One whose libraries are not there is not among what can be built.

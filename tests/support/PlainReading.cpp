@@ -203,8 +203,7 @@ std::vector<std::string> wordsTyped(const std::vector<WordCount>& words, const s
         return offered(likelihood(letters, typed, readings), leastLikely(typed));
     };
     const auto asEnglish = [&](const auto& letters) {
-        return offered(likelihood(letters, typed, LetterReadings::ofEnglish()),
-                       std::max(leastLikely(typed), 1e-5));
+        return offered(likelihood(letters, typed, LetterReadings::ofEnglish()), 1e-5);
     };
     std::vector<Ranked> ranked = rankedBy(all, asSinhala);
     if (mayBeEnglish || ranked.empty() ||

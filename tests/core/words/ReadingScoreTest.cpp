@@ -25,7 +25,6 @@ TEST(ReadingScore, FewLettersMustReadBetterThanMany) {
                                         1e-10, 1e-11, 1e-12, 1e-13, 1e-14, 1e-15, 1e-16, 1e-16, 1e-16};
     for (std::size_t typed = 0; typed < bounds.size(); ++typed) {
         EXPECT_EQ(leastLikely(typed), bounds[typed]);
-        EXPECT_EQ(leastLikelyEnglish(typed), 1e-5);
         EXPECT_EQ(leastSinhala(typed), std::pow(0.25, static_cast<double>(typed)));
     }
 }
