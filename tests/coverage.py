@@ -10,7 +10,7 @@ Not counted are
 - the way past all cases of a switch that has no default, which the warnings keep complete,
 - the comparisons of fields in an operator that the compiler writes, since nobody can have got one wrong,
 - conditions that are never asked: their line, or the one before them, is told instead, where the answer is not one
-  that a template knows beforehand,
+  that a template knows beforehand, and where they are not in a function within a line,
 - lines that say "// out of reach: REASON", with what an if does that says so.
 """
 
