@@ -24,7 +24,7 @@ export interface Answers {
     memory: { readonly module: number };
 }
 
-/// Why something was not done: a line of a file that is wrong, or storage that refuses.
+/// Why something was not done: a line of a file that is wrong; or not stored, where there is no line.
 export interface Problem {
     readonly line?: number;
     readonly reason: string;
