@@ -1,6 +1,6 @@
 import type { Candidates, Settings, Vanoka } from "../core/index.ts";
 import type { LearntStore } from "./LearntStore.ts";
-import type { Answers, Question, Start } from "./protocol.ts";
+import type { Answers, Problem, Question, Start } from "./protocol.ts";
 import { Strokes } from "./Strokes.ts";
 
 /// How many letters tell how likely the next one of an unlisted word is: six would take megabytes more.
@@ -12,7 +12,6 @@ export class Lists {
     readonly strokes: Strokes;
     #keys: Settings | undefined; // the user's own
     #hasReading = false;
-    #lessons: Promise<unknown> = Promise.resolve(); // that were taught before: what is asked is answered with them
 
     /// `taught` tells others with the same store.
     constructor(readonly vanoka: Vanoka, readonly learnt: LearntStore, readonly taught: () => void) {
@@ -39,14 +38,14 @@ export class Lists {
         this.#hasReading = true;
     }
 
-    /// By what a question asks.
+    /// By what a question asks. What was taught, imported or erased before it is in its answer.
     readonly answers: { [What in Question["what"]]: (question: Extract<Question, { what: What }>) => Answers[What] | Promise<Answers[What]> } = {
         find: async ({ word, limit }) => {
-            await this.#lessons;
+            await this.learnt.settled;
             return this.candidates.find(word, limit, this.learnt.personal);
         },
         decode: async ({ points, keyWidth, limit }) => {
-            await this.#lessons;
+            await this.learnt.settled;
             return this.strokes.decode(points, keyWidth, limit);
         },
         layout: ({ keys }) => {
@@ -54,26 +53,21 @@ export class Lists {
             return true;
         },
         keys: ({ document }) => this.adoptKeys(document),
-        teach: async ({ lesson }) => {
-            const taught = this.learnt.teach(lesson);
-            this.#lessons = Promise.all([this.#lessons, taught]);
-            const problem = await taught;
-            this.taught();
-            return problem;
+        teach: ({ lesson }) => this.#told(this.learnt.teach(lesson)),
+        export: async () => {
+            await this.learnt.settled;
+            return this.learnt.document;
         },
-        export: () => this.learnt.document,
-        import: async ({ document }) => {
-            const problem = await this.learnt.import(document);
-            this.taught();
-            return problem;
-        },
-        erase: async () => {
-            const problem = await this.learnt.erase();
-            this.taught();
-            return problem;
-        },
+        import: ({ document }) => this.#told(this.learnt.import(document)),
+        erase: () => this.#told(this.learnt.erase()),
         memory: () => ({ module: this.vanoka.module.memory }),
     };
+
+    async #told(change: Promise<Problem | undefined>): Promise<Problem | undefined> {
+        const problem = await change;
+        this.taught();
+        return problem;
+    }
 
     /// The keys by which candidates are found from now on.
     adoptKeys(document: string): true {

@@ -1,6 +1,9 @@
-import { expect, test } from "vitest";
-import type { LearntStore } from "../../src/words/LearntStore.ts";
+import "fake-indexeddb/auto";
+import { expect, test, vi } from "vitest";
+import type { Learnt } from "../../src/core/index.ts";
+import { LearntStore } from "../../src/words/LearntStore.ts";
 import { answerOf, Lists } from "../../src/words/Lists.ts";
+import type { Question } from "../../src/words/protocol.ts";
 import { loaded } from "./support.ts";
 
 const gedara = "\u0D9C\u0DD9\u0DAF\u0DBB";
@@ -26,22 +29,41 @@ test("candidates are found by the user's own keys, whenever they come", async ()
     expect(await found()).toContain(gedara);
 });
 
-test("what is asked after a lesson is answered with it, however long the browser takes to store it", async () => {
-    const vanoka = await loaded(), learnt = vanoka.learnt(), lesson = { learn: { keys: "gedara", text: gedara } };
-    let store: () => void = () => undefined;
-    const slow = {
-        get personal() { return learnt.personal; },
-        teach: () => new Promise<void>((resolve) => {
-            store = (): void => {
-                learnt.learn(lesson.learn);
-                resolve();
-            };
-        }),
-    };
-    const lists = new Lists(vanoka, slow as unknown as LearntStore, () => undefined);
-    const taught = answerOf(lists, { what: "teach", lesson });
-    const found = answerOf(lists, { what: "find", word: { keys: "geda", preview: "\u0D9C\u0DD9\u0DAF" }, limit: 6 });
-    setTimeout(store); // when an answer that does not wait has been given
-    expect(await found).toContainEqual(expect.objectContaining({ text: gedara, isLearnt: true }));
-    await taught;
+const found = expect.objectContaining({ text: gedara, isLearnt: true }) as unknown;
+const learning: Question = { what: "teach", lesson: { learn: { keys: "", text: gedara } } };
+const finding: Question = { what: "find", word: { keys: "geda", preview: "\u0D9C\u0DD9\u0DAF" }, limit: 6 };
+let stores = 0;
+
+async function listsThatKnow(document: string): Promise<Lists> {
+    const vanoka = await loaded(), lists = new Lists(vanoka, await LearntStore.open(vanoka, `lists-${++stores}`), () => undefined);
+    await answerOf(lists, { what: "import", document });
+    return lists;
+}
+
+test.each([
+    ["a lesson", "", learning, true],
+    ["an import", "", { what: "import", document: `${gedara}\t1\n` }, true],
+    ["erasing", `${gedara}\t1\n`, { what: "erase" }, false],
+] as const)("what is asked right after %s is answered with it", async (_, document, change, isKnown) => {
+    const lists = await listsThatKnow(document);
+    const [, rows, exported] = await Promise.all([change, finding, { what: "export" } as const].map((each) => answerOf(lists, each)));
+    expect(rows).toEqual(isKnown ? expect.arrayContaining([found]) : expect.not.arrayContaining([found]));
+    expect((exported as string).includes(gedara)).toBe(isKnown);
+});
+
+test("a stroke right after a lesson is compared with it", async () => {
+    const lists = await listsThatKnow(""), decode = vi.spyOn(lists.strokes, "decode").mockImplementation(() => [lists.learnt.document]);
+    const [, decoded] = await Promise.all([learning, { what: "decode", points: new Float64Array(), keyWidth: 1, limit: 5 } as const].map((each) => answerOf(lists, each)));
+    expect(decode).toHaveBeenCalledOnce();
+    expect(String(decoded)).toContain(gedara);
+});
+
+test("a lesson that fails fails nothing that is asked after it", async () => {
+    const lists = await listsThatKnow(`${gedara}\t1\n`);
+    const teach = vi.spyOn(Object.getPrototypeOf(lists.vanoka.learnt()) as Learnt, "learn").mockImplementationOnce(() => { throw new Error("no memory"); });
+    await expect(answerOf(lists, learning)).rejects.toThrow("no memory");
+    teach.mockRestore();
+    expect(await answerOf(lists, finding)).toContainEqual(found);
+    expect(await answerOf(lists, { what: "export" })).toContain(gedara);
+    expect(await answerOf(lists, learning)).toBeUndefined();
 });
