@@ -5,7 +5,7 @@ import type { Problem } from "../../src/words/protocol.ts";
 import { failing, type How } from "./faults.ts";
 import { loaded } from "./support.ts";
 
-const amma = "\u0D85\u0DB8\u0DCA\u0DB8", gedara = "\u0D9C\u0DD9\u0DAF\u0DBB", mama = "\u0DB8\u0DB8", mata = "\u0DB8\u0DA7";
+const amma = "\u0D85\u0DB8\u0DCA\u0DB8", gedara = "\u0D9C\u0DD9\u0DAF\u0DBB", mama = "\u0DB8\u0DB8", mata = "\u0DB8\u0DA7", rata = "\u0DBB\u0DA7";
 const vanoka = await loaded();
 const learning = (text: string): Lesson => ({ learn: { keys: "", text } });
 
@@ -54,15 +54,20 @@ async function holdsWhen(call: number, how: How, { perform, after, isLesson }: A
     const name = newName(), store = await filled(name);
     let problem: Problem | undefined;
     const hasFailed = await failing(call, how, async () => { problem = await perform(store); });
-    const known = problem && !isLesson ? before : after, context = `${how} at ${call}`;
-    expect(wordsOf(store), `${context}: known`).toEqual(known);
-    expect(await storedIn(name), `${context}: stored, if that was told`).toEqual(problem ? before : after);
-    await store.refresh();
-    expect(wordsOf(store), `${context}: known once`).toEqual(known);
+    const known = problem && !isLesson ? before : after, stored = problem ? before : after, context = `${how} at ${call}`;
     expect(problem !== undefined, `${context}: told`).toBe(hasFailed);
-    expect(await store.teach(learning(mata)), `${context}: the next lesson`).toBeUndefined();
-    expect(wordsOf(store), `${context}: known with the next lesson`).toEqual([...known, `${mata}\t1`].sort());
+    expect(wordsOf(store), `${context}: known`).toEqual(known);
+    const other = await opened(name);
+    expect(wordsOf(other), `${context}: stored, if that was told`).toEqual(stored);
+    await other.teach(learning(mata));
+    await store.refresh();
+    expect(wordsOf(store), `${context}: known once, with another tab's lesson`).toEqual([...known, `${mata}\t1`].sort());
+    expect(await store.teach(learning(rata)), `${context}: the next lesson is stored`).toBeUndefined();
+    expect(wordsOf(store), `${context}: known with the next lesson`).toEqual([...known, `${mata}\t1`, `${rata}\t1`].sort());
     expect(await storedIn(name), `${context}: stored with the next lesson`).toEqual(wordsOf(store));
+    await other.teach({ forget: rata });
+    await store.refresh();
+    expect(wordsOf(store), `${context}: the same in both tabs`).toEqual(wordsOf(other));
     return hasFailed;
 }
 
@@ -104,6 +109,38 @@ test("what could not be stored stays when another tab forgets a word, and goes w
     expect(wordsOf(store)).toEqual([]);
     await store.teach(learning(mata));
     expect(await storedIn(name)).toEqual([`${mata}\t1`]);
+});
+
+test("a word that is taken back before it could be stored takes back no other time", async () => {
+    const name = newName(), store = await filled(name);
+    const taken = { unlearn: { keys: "", text: amma } };
+    await failing(4, "aborts", () => Promise.all([store.teach(learning(amma)), store.teach(taken)]));
+    expect(wordsOf(store)).toEqual(before);
+    expect(await storedIn(name)).toEqual(before);
+});
+
+test("what cannot be read of another tab's is read with the next lesson", async () => {
+    const name = newName(), store = await filled(name), other = await opened(name);
+    await other.teach(learning(mata));
+    expect(await failing(1, "throws", () => store.refresh())).toBe(true);
+    expect(wordsOf(store)).toEqual(before);
+    await store.teach(learning(rata));
+    expect(wordsOf(store)).toEqual([...before, `${mata}\t1`, `${rata}\t1`].sort());
+});
+
+test("a list that is none is refused with its line, and changes nothing", async () => {
+    const name = newName(), store = await filled(name);
+    expect(await store.import(`${gedara}\t1\nno list\n`)).toMatchObject({ line: 2 });
+    expect([wordsOf(store), await storedIn(name)]).toEqual([before, before]);
+});
+
+test("more forgotten words than a list may hold are told, and take nothing away", async () => {
+    const store = await filled(newName()), letters = [..."abcdefghijklmnopqrstuvwxyz"];
+    const words = letters.flatMap((a) => letters.flatMap((b) => letters.flatMap((c) => ["a", "b"].map((d) => a + b + c + d)))).slice(0, 20_000);
+    expect(await store.import(words.map((word) => `${word}\tforgotten\n`).join(""))).toBeUndefined();
+    await store.teach({ forget: "vanoka" });
+    expect(await store.teach({ forget: mama })).toMatchObject({ reason: expect.stringContaining("20000") as string });
+    expect(wordsOf(store)).toEqual(expect.arrayContaining([`${amma}\t2`, `${mama}\tforgotten`, `${words[0]}\tforgotten`]));
 });
 
 test("tabs that teach at the same time know the same", async () => {
