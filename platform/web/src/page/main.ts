@@ -3,9 +3,10 @@ import { listen } from "../field/listen.ts";
 import { deleteKey, returnKey } from "../field/keys.ts";
 import { Writer } from "../field/Writer.ts";
 import { instances } from "../field/instances.ts";
-import { Vanoka, FunctionKey, type Key } from "../core/index.ts";
+import { Vanoka, FunctionKey, type Key, type Lesson } from "../core/index.ts";
 import { FieldTypist } from "../keyboard/FieldTypist.ts";
 import { TouchKeyboard } from "../keyboard/TouchKeyboard.ts";
+import type { Problem } from "../words/protocol.ts";
 import { WordService } from "../words/WordService.ts";
 import moduleUrl from "#module?url";
 import wordsUrl from "#data/si.tsv?url";
@@ -81,12 +82,12 @@ async function start(): Promise<void> {
 
 function assemble(field: EditableField, { module, vanoka }: Loaded): void {
     const instance = instances(module, vanoka);
-    const words = new WordService();
+    const words = new WordService(), teach = teacher(words);
     const keys = new KeysStore(instance);
     const bar = new CandidateBar(byId("candidates"));
     const writer: Writer = new Writer(field, {
         make: () => instance().suggesting(keys.settings),
-        taught: (lesson) => void words.ask({ what: "teach", lesson }).catch(() => undefined),
+        taught: teach,
         wanted: ({ number, keys: typed, preview }) => {
             words.ask({ what: "find", word: { keys: typed, preview }, limit: usualLimit })
                 .then((rows) => writer.take(number, rows), () => writer.take(number, []));
@@ -98,13 +99,9 @@ function assemble(field: EditableField, { module, vanoka }: Loaded): void {
         decode: (points) => words.ask({ what: "decode", points: new Float64Array(points.flatMap(({ x, y }) => [x, y])),
             keyWidth: keyboard.touches.measures.keyWidth, limit: strokeLimit }),
         offer: (readings) => bar.show(readings.map((text) => ({ text, kind: "word", isLearnt: false })), 0, (at) => typist.choose(at)),
-        learn: (word) => teach({ learn: word }),
-        unlearn: (word) => teach({ unlearn: word }),
+        learn: (word) => preferences.privateMode || teach({ learn: word }),
+        unlearn: (word) => preferences.privateMode || teach({ unlearn: word }),
     });
-    const teach = (lesson: { learn?: { keys: string; text: string }; unlearn?: { keys: string; text: string } }): void => {
-        if (!preferences.privateMode)
-            void words.ask({ what: "teach", lesson }).catch(() => undefined);
-    };
     const keyboard = new TouchKeyboard(byId("keyboard"), () => keys.settings, {
         type: (character) => focused(() => typist.type(character)),
         typeKeys: (typed) => focused(() => typist.typeKeys(typed)),
@@ -170,6 +167,18 @@ function assemble(field: EditableField, { module, vanoka }: Loaded): void {
     showHint(field);
     if (!matchMedia("(pointer: coarse)").matches)
         field.element.focus();
+}
+
+/// Passes lessons on, and says once that one could not be stored: with every word it would be in the way.
+function teacher(words: WordService): (lesson: Lesson) => void {
+    let isTold = false;
+    const tell = (problem: Problem | undefined): void => {
+        if (!problem || isTold)
+            return;
+        isTold = true;
+        showStatus(texts.learntNotStored);
+    };
+    return (lesson) => void words.ask({ what: "teach", lesson }).then(tell, () => undefined);
 }
 
 const absolute = (url: string): string => new URL(url, document.baseURI).href;

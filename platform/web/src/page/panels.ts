@@ -1,5 +1,6 @@
 import type { Group, Letter, Settings } from "../core/index.ts";
 import { button, byId, make } from "../ui/dom.ts";
+import type { Problem } from "../words/protocol.ts";
 import type { Page } from "./main.ts";
 import { largestDocument } from "./KeysStore.ts";
 import { prefer, preferences } from "./preferences.ts";
@@ -64,16 +65,20 @@ function picked(use: (text: string) => void): () => void {
     };
 }
 
+/// A list that is wrong in a line, or storage that refuses.
+const saidOf = ({ line, reason }: Problem): string =>
+    (line === undefined ? filled(texts.storedStays, reason) : filled(texts.wordsRefused, line, reason));
+
 function ownWords({ words }: Page): HTMLElement {
     const failed = (problem: unknown): void => showStatus(String(problem));
     const take = (document: string): void => void words.ask({ what: "import", document }).then((problem) =>
-        showStatus(problem ? filled(texts.wordsRefused, problem.line ?? "?", problem.reason) : texts.wordsImported), failed);
+        showStatus(problem ? saidOf(problem) : texts.wordsImported), failed);
     return make("fieldset", {}, make("legend", {}, texts.words),
         button(texts.exportWords, () => void words.ask({ what: "export" }).then((text) => saveAs("vanoka-words.tsv", text), failed)),
         button(texts.importWords, picked(take)),
         button(texts.eraseWords, () => {
             if (confirm(texts.confirmErase))
-                void words.ask({ what: "erase" }).then((problem) => showStatus(problem?.reason ?? texts.erased), failed);
+                void words.ask({ what: "erase" }).then((problem) => showStatus(problem ? saidOf(problem) : texts.erased), failed);
         }, { className: "destructive" }));
 }
 

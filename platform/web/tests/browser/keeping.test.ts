@@ -159,6 +159,43 @@ test("storage that refuses, no workers, no module: the text stays and something 
     }
 });
 
+/// Words are learnt in the worker, which no script of the page's comes into.
+async function openedWithWorker(script: string): Promise<Page> {
+    const within = await context({ ...desktop, serviceWorkers: "block" });
+    await within.route(/worker-[^/]*\.js$/, async (route) => {
+        const plain = await (await route.fetch()).text();
+        await route.fulfill({ contentType: "text/javascript", body: `${script};${plain}` });
+    });
+    return opened(within, "strokes");
+}
+
+test.each([
+    ["there is no database", `Object.defineProperty(globalThis, "indexedDB", { value: { open() { throw new Error("no room"); } } })`],
+    ["the database is full", `IDBObjectStore.prototype.add = () => { throw new DOMException("no room", "QuotaExceededError"); }`],
+])("where %s, words are learnt until the page is closed, and that is said once", async (_, trouble) => {
+    const page = await openedWithWorker(trouble), status = page.locator("#status");
+    const saysNothing = (): Promise<void> => status.evaluate((element) => element.replaceChildren());
+    await page.locator("#text").click();
+    await page.keyboard.type("amma ");
+    await expect.poll(() => status.textContent()).toContain("only until you close the page");
+    await saysNothing();
+    await page.keyboard.type("mama ");
+    await page.getByRole("button", { name: "Settings" }).click();
+    const download = page.waitForEvent("download");
+    await page.getByRole("button", { name: "Export words" }).click();
+    expect(readFileSync(await (await download).path(), "utf-8")).toMatch(new RegExp(`(${amma}\t1\n${mama}|${mama}\t1\n${amma})\t1\n`));
+    expect(await status.textContent()).toBe("");
+    const chooser = page.waitForEvent("filechooser");
+    await page.getByRole("button", { name: "Import words" }).click();
+    await (await chooser).setFiles({ name: "file", mimeType: "text/plain", buffer: Buffer.from(`${gedara}\t5\n`) });
+    await expect.poll(() => status.textContent()).toMatch(/has stored stays as it is: .*no room/);
+    await saysNothing();
+    page.on("dialog", (dialog) => void dialog.accept());
+    await page.getByRole("button", { name: "Erase all" }).click();
+    await expect.poll(() => status.textContent()).toMatch(/has stored stays as it is: .*no room/);
+    await page.context().close();
+});
+
 test("words and keys are exported and imported, and other files refused with a reason", async () => {
     const page = await opened(await context(desktop), "strokes");
     await page.locator("#text").click();
