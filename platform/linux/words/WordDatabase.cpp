@@ -305,6 +305,8 @@ Fault WordDatabase::openIfNeeded() {
 
 /// Nothing is written into a file that turns out not to be ours, or to be damaged: keeping a write-ahead log
 /// is told in it, and what a killed program has left in its log would be copied into it when it is closed.
+/// Only a transaction that was not finished, of a file that keeps no such log, is undone by whoever reads
+/// first.
 Fault WordDatabase::prepare(bool isLog) {
     sqlite3* const database = database_.get();
     sqlite::copyLogAtTheEnd(database, !isLog);
