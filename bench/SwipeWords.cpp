@@ -17,7 +17,7 @@ std::string_view of(const std::array<std::string_view, size>& parts, std::mt1993
 
 std::string word(std::mt19937& random) {
     // As often here as they are in running text, roughly.
-    static constexpr auto consonants = std::to_array<std::string_view>(
+    static constexpr auto roots = std::to_array<std::string_view>(
         {"\u0DB1", "\u0DB1", "\u0DB1", "\u0DBA", "\u0DBA", "\u0DBA", "\u0DC0", "\u0DC0", "\u0DC0", "\u0D9A",
          "\u0D9A", "\u0D9A", "\u0DBB", "\u0DBB", "\u0DBB", "\u0DAD", "\u0DAD", "\u0DB8", "\u0DB8", "\u0DC3",
          "\u0DC3", "\u0DBD", "\u0DBD", "\u0DB4", "\u0DB4", "\u0DAF", "\u0DAF", "\u0DC4", "\u0DC4", "\u0D9C",
@@ -34,7 +34,7 @@ std::string word(std::mt19937& random) {
                                          "\u0DBA\u0DD2", "\u0DB8\u0DCA"});
     std::string word(of(beginnings, random));
     for (std::size_t syllables = 2 + random() % 4; syllables > 0; --syllables)
-        word.append(of(consonants, random)).append(of(signs, random));
+        word.append(of(roots, random)).append(of(signs, random));
     return word.append(of(endings, random));
 }
 
