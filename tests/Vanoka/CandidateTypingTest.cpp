@@ -150,6 +150,17 @@ TEST(CandidateTyping, DropsWhatIsOfAnOlderKey) {
     EXPECT_FALSE(typing.line().isShown()) << "the line of an older key is never given out";
 }
 
+TEST(CandidateTyping, AsksForTheWordInWhichSuggestionsAreTurnedOn) {
+    CandidateTyping typing(standardKeys());
+    typing.press({.characters = "g"}, standardKeys());
+    EXPECT_EQ(typing.request(), std::nullopt);
+    typing.setSuggesting(true);
+    const auto request = typing.request();
+    ASSERT_TRUE(request.has_value()) << "the very first word, too";
+    EXPECT_EQ(request->word, (TypedWord{"g", "ග්"}));
+    EXPECT_TRUE(typing.take(request->generation, {}));
+}
+
 TEST(CandidateTyping, DropsWhatNobodyHasAskedFor) {
     const std::vector<Candidate> rows = {{"\u0D9A", Candidate::Kind::typed}, {"k", Candidate::Kind::latin}};
     for (const std::string_view keys : {"", "k<escape>", "k<space>", "kk<delete><delete>"}) {
