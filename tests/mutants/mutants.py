@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Changes single lines of the core, of Vanoka/ and of c/, one at a time, and tells which changes no test notices:
-mutants.py [--sample N] [--seed S] [--jobs N] [--resume] [--known] [--in FOLDER] [--list] [PATH…].
+mutants.py [--sample N] [--seed S] [--jobs N] [--resume] [--known] [--listed] [--in FOLDER] [--list] [PATH…].
 
 Each mutant is built in a copy of the tree, in build/mutants, and meets the test suites that come past its line, the
 most likely first. It is
@@ -10,6 +10,8 @@ most likely first. It is
     listed    when equivalent.txt says why nobody could notice it,
     alive     otherwise; then the status is 1, as it is when --known knows nothing of one.
 With --sample, N of the mutants are taken, as many of one file as of another. Without a PATH, all files are meant.
+With --listed, only those are meant that equivalent.txt lists, and they are tried like all others: where one is killed,
+endless or refused, its reason is false, and the status is 1. Whoever lists one asks so whether it may be.
 What became of each is kept: a run that was interrupted goes on with --resume, and --known tells it without a run. It
 holds until the mutant's file or the tests that decided change; what else they are built from is not looked at.
 """
@@ -38,6 +40,7 @@ EQUIVALENT = Path(__file__).parent / "equivalent.txt"
 
 PROGRAMS = ["core_tests", "words_tests", "application_tests", "c_tests", "c_every_call", "c_memory_tests",
             "linux_tests", "threads_tests"]
+MOST_AFTER = 2
 OUTCOMES = ("killed", "endless", "refused", "listed", "alive")
 
 
@@ -47,13 +50,13 @@ class Mutant:
     number: int
     line: str
     form: str
-    after: str = ""  # the line after it
+    after: tuple = ()  # the lines after it that are not empty
 
     @property
     def keys(self):
-        """By what the list knows it: the line alone, or with the one after it."""
-        key = self.path, self.line.strip(), self.form.strip()
-        return (*key, ""), (*key, self.after.strip())
+        """By what the list knows it: the line alone, or with some of those after it."""
+        return [(self.path, self.line.strip(), self.form.strip(), self.after[:count])
+                for count in range(len(self.after) + 1)]
 
     def __str__(self):
         return f"{self.path}:{self.number}\n  - {self.line.strip()}\n  + {self.form.strip() or '(nothing)'}"
@@ -75,8 +78,10 @@ def files(paths):
 def mutants_of(path):
     text = (TOP / path).read_text(encoding="utf-8")
     lines = text.split("\n")
-    return [Mutant(path, number, line, form, lines[number] if number < len(lines) else "")
-            for number, line, form in mutations.of_text(text)]
+
+    def after(number):
+        return tuple(itertools.islice(filter(None, map(str.strip, lines[number:])), MOST_AFTER))
+    return [Mutant(path, number, line, form, after(number)) for number, line, form in mutations.of_text(text)]
 
 
 def sample(by_file, count, seed):
@@ -96,24 +101,28 @@ def sample(by_file, count, seed):
 
 class Equivalents:
     """The changes that nobody could notice: paragraphs of a path, the line, each that it became and the reason. They
-    are found by their text, so that lines may move. Where the same line stands elsewhere too and the change is noticed
-    there, the line after it is named as well."""
+    are found by their text, so that lines may move. Where the same line stands elsewhere too, those after it are named
+    as well; or it begins with -- where all of them are meant."""
 
     def __init__(self, text):
         self.reasons = {}
+        self.of_several = set()  # those that are meant wherever the line stands
         for paragraph in re.split(r"\n\s*\n", text.strip()):
             lines = [line for line in paragraph.splitlines() if not line.startswith("#")]
             if not lines:
                 continue
             path, *rest = lines
-            known = [line[2:].strip() for line in itertools.takewhile(lambda line: line.startswith("- "), rest)]
+            known = list(itertools.takewhile(lambda line: line.startswith(("- ", "-- ")), rest))
             becomes = list(itertools.takewhile(lambda line: line.startswith("+ "), rest[len(known):]))
             reason = " ".join(rest[len(known) + len(becomes):])
-            if not (len(known) in (1, 2) and becomes and reason):
+            if not (1 <= len(known) <= 1 + MOST_AFTER and becomes and reason):
                 sys.exit(f"A path, - a line, + what it became and the reason are expected:\n{paragraph}")
-            was, after = [*known, ""][:2]
+            was, *after = [line.split(" ", 1)[1].strip() for line in known]
             for became in becomes:
-                self.reasons[path, was, became[2:].strip(), after] = reason
+                key = path, was, became[2:].strip(), tuple(after)
+                self.reasons[key] = reason
+                if known[0].startswith("-- "):
+                    self.of_several.add(key)
 
     def hold(self, mutant):
         return any(key in self.reasons for key in mutant.keys)
@@ -122,6 +131,14 @@ class Equivalents:
         """Those that match no mutant any more, of the files that were looked at."""
         keys = {key for mutants in by_file.values() for each in mutants for key in each.keys}
         return [key for key in self.reasons if key[0] in by_file and key not in keys]
+
+    def ambiguous(self, by_file):
+        """Those that match several lines where one is meant, or one where several are."""
+        numbers = defaultdict(set)
+        for each in itertools.chain.from_iterable(by_file.values()):
+            for key in each.keys:
+                numbers[key].add(each.number)
+        return [key for key in self.reasons if key in numbers and (len(numbers[key]) > 1) != (key in self.of_several)]
 
     def of_no_file(self):
         return [key for key in self.reasons if not (TOP / key[0]).is_file()]
@@ -177,17 +194,21 @@ class Folders:
 
 
 class Report:
-    """Tells which mutants are alive, and in the end how many of each folder became what."""
+    """Tells which mutants are alive, or, of those that are listed, which are not, and in the end how many of each
+    folder became what."""
 
-    def __init__(self):
+    def __init__(self, are_listed):
+        self.unwanted = ("killed", "endless", "refused") if are_listed else ("alive",)
+        self.lives = "listed" if are_listed else "alive"
         self.told = 0
         self.folders = defaultdict(Counter)
 
     def tell(self, mutant, outcome):
         self.told += 1
+        outcome = self.lives if outcome == "alive" else outcome
         self.folders[str(Path(mutant.path).parent)][outcome] += 1
-        if outcome == "alive":
-            print(f"alive: {mutant}", flush=True)
+        if outcome in self.unwanted:
+            print(f"{outcome}: {mutant}", flush=True)
 
     def sum(self):
         all_folders = Counter()
@@ -211,6 +232,7 @@ def arguments():
     parser.add_argument("--jobs", type=int, default=1, metavar="N", help="how many are tried at the same time")
     parser.add_argument("--resume", action="store_true", help="try none again whose outcome is known and holds")
     parser.add_argument("--known", action="store_true", help="try none; tell what is known of them")
+    parser.add_argument("--listed", action="store_true", help="try those that are listed as ones that nobody notices")
     parser.add_argument("--in", dest="within", default=TOP / "build/mutants", metavar="FOLDER",
                         help="where they are built, and what became of them is kept")
     parser.add_argument("--list", action="store_true", help="print the mutants and try none")
@@ -244,22 +266,24 @@ def main():
     options = arguments()
     by_file = {path: mutants_of(path) for path in files(options.paths or FLOORS)}
     count = sum(map(len, by_file.values()))
-    chosen = sample(by_file, count if options.sample is None else options.sample, options.seed)
+    equivalents = Equivalents(EQUIVALENT.read_text(encoding="utf-8"))
+    meant = {path: list(filter(equivalents.hold, mutants)) if options.listed else mutants
+             for path, mutants in by_file.items()}
+    chosen = sample(meant, count if options.sample is None else options.sample, options.seed)
     if options.list:
         print(*chosen, sep="\n")
         return 0
-    equivalents = Equivalents(EQUIVALENT.read_text(encoding="utf-8"))
     stale = equivalents.stale(by_file) + equivalents.of_no_file()
     for path, was, became, after in stale:
-        print(f"stale: {path} has no longer\n  - {was}\n  + {became}{after and f' (before {after})'}")
+        print(f"stale: {path} has no longer\n  - {was}\n  + {became}{after and f' (before {after[0]})' or ''}")
 
-    folder, report = Path(options.within).resolve(), Report()
+    folder, report = Path(options.within).resolve(), Report(options.listed)
     folders = None if options.known else Folders(folder, options.jobs)
     # What is tried is the copy, whatever is written meanwhile.
     outcomes = Outcomes(folder / "outcomes", TOP if options.known else folder / "tree")
 
     def known(mutant):
-        if equivalents.hold(mutant):
+        if equivalents.hold(mutant) and not options.listed:
             return "listed"
         outcome = outcomes.known(mutant)
         return outcome if options.resume or options.known else None
@@ -271,7 +295,7 @@ def main():
         try_each(chosen, folders, known, outcomes, report)
     print(f"Of {count} mutants:")
     sums = report.sum()
-    return 1 if sums["alive"] or sums["not run"] or stale else 0
+    return 1 if any(sums[outcome] for outcome in (*report.unwanted, "not run")) or stale else 0
 
 
 if __name__ == "__main__":

@@ -1,12 +1,15 @@
 #!/usr/bin/env python3
 """Tests of scripts/mutants' own parts, and of the whole of it with a program of two lines: self_test.py."""
 
+import contextlib
+import io
 import shutil
 import signal
 import subprocess
 import sys
 import tempfile
 import unittest
+import unittest.mock
 from collections import Counter
 from dataclasses import replace
 from pathlib import Path
@@ -103,14 +106,31 @@ class Listing(unittest.TestCase):
         self.assertFalse(listed.hold(replace(mutant, form="  return 0;")))
         self.assertEqual([], listed.stale(self.BY_FILE))
 
-    def test_one_is_found_by_the_line_after_it_too(self):
-        here = mutants.Mutant("c/Library.cpp", 7, "f();", ";", after="  g();")
-        elsewhere = replace(here, number=9, after="  h();")
-        listed = mutants.Equivalents("c/Library.cpp\n- f();\n- g();\n+ ;\nNobody reads it there.\n")
-        self.assertTrue(listed.hold(here))
-        self.assertFalse(listed.hold(elsewhere))
-        self.assertEqual([], listed.stale({"c/Library.cpp": [here]}))
+    def test_one_is_found_by_the_lines_after_it_too(self):
+        here = mutants.Mutant("c/Library.cpp", 7, "f();", ";", after=("g();", "}"))
+        elsewhere = replace(here, number=9, after=("g();", "h();"))
+        for after, is_both in {"- g();\n": True, "- g();\n- }\n": False}.items():
+            listed = mutants.Equivalents(f"c/Library.cpp\n- f();\n{after}+ ;\nNobody reads it there.\n")
+            self.assertTrue(listed.hold(here))
+            self.assertEqual(is_both, listed.hold(elsewhere))
+            self.assertEqual([], listed.stale({"c/Library.cpp": [here]}))
         self.assertEqual(1, len(listed.stale({"c/Library.cpp": [elsewhere]})))
+
+    def test_the_lines_after_it_are_those_that_are_not_empty(self):
+        top = Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, top)
+        (top / "sum.cpp").write_text("f();\n\n}\n\n// namespace\ng();\n")
+        with unittest.mock.patch.object(mutants, "TOP", top):
+            self.assertEqual(("}", "// namespace"), mutants.mutants_of("sum.cpp")[0].after)
+
+    def test_where_a_line_stands_several_times_it_is_said_which_is_meant(self):
+        here = mutants.Mutant("c/Library.cpp", 7, "f();", ";", after=("g();",))
+        twice = {"c/Library.cpp": [here, replace(here, number=9, after=("h();",))]}
+        once = {"c/Library.cpp": [here]}
+        for known, ambiguous in {"- f();": [1, 0], "- f();\n- g();": [0, 0], "-- f();": [0, 1]}.items():
+            listed = mutants.Equivalents(f"c/Library.cpp\n{known}\n+ ;\nNobody reads it.\n")
+            self.assertTrue(listed.hold(here))
+            self.assertEqual(ambiguous, [len(listed.ambiguous(twice)), len(listed.ambiguous(once))], known)
 
     def test_several_of_a_line_for_one_reason(self):
         listed = mutants.Equivalents("c/Library.cpp\n- return 1;\n+ return 2;\n+ return 0;\nAll the same.\n")
@@ -120,8 +140,8 @@ class Listing(unittest.TestCase):
     def test_one_that_matches_nothing_is_stale(self):
         listed = mutants.Equivalents("c/Library.cpp\n- return 3;\n+ return 2;\nReason.\n\n"
                                      "c/Gone.cpp\n- return 3;\n+ return 2;\nReason.\n")
-        self.assertEqual([("c/Library.cpp", "return 3;", "return 2;", "")], listed.stale(self.BY_FILE))
-        self.assertEqual([("c/Gone.cpp", "return 3;", "return 2;", "")], listed.of_no_file())
+        self.assertEqual([("c/Library.cpp", "return 3;", "return 2;", ())], listed.stale(self.BY_FILE))
+        self.assertEqual([("c/Gone.cpp", "return 3;", "return 2;", ())], listed.of_no_file())
 
     def test_a_reason_is_asked_for(self):
         with self.assertRaises(SystemExit):
@@ -129,8 +149,10 @@ class Listing(unittest.TestCase):
 
     def test_what_is_listed_fits(self):
         listed = mutants.Equivalents(mutants.EQUIVALENT.read_text(encoding="utf-8"))
+        by_file = {path: mutants.mutants_of(path) for path, *_ in listed.reasons}
         self.assertEqual([], listed.of_no_file())
-        self.assertEqual([], listed.stale({path: mutants.mutants_of(path) for path, *_ in listed.reasons}))
+        self.assertEqual([], listed.stale(by_file))
+        self.assertEqual([], listed.ambiguous(by_file))
 
 
 class Choices(unittest.TestCase):
@@ -284,6 +306,59 @@ class Keeping(unittest.TestCase):
         self.assertEqual("alive", self.outcomes().known(self.MUTANT))
         self.write("tests/OtherTest.cpp", "TEST(Other, Two) {}")
         self.assertIsNone(self.outcomes().known(self.MUTANT))
+
+
+class Telling(unittest.TestCase):
+    """What is known of three mutants, one of which is listed."""
+
+    def setUp(self):
+        self.top = Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.top)
+        for path, text in {"core/sum.cpp": "return 1;\n", "tests/SumTest.cpp": "TEST(Sum, OfTwo) {}",
+                           "equivalent.txt": "core/sum.cpp\n- return 1;\n+ return 2;\nNobody reads it.\n"}.items():
+            (self.top / path).parent.mkdir(exist_ok=True)
+            (self.top / path).write_text(text)
+
+    def told(self, *options, **outcomes):
+        (self.top / "outcomes").unlink(missing_ok=True)
+        kept = Outcomes(self.top / "outcomes", self.top)
+        for result, outcome in outcomes.items():
+            form = {"one": "return 2;", "none": "return 0;", "empty": "return {};"}[result]
+            kept.add(mutants.Mutant("core/sum.cpp", 1, "return 1;", form), outcome, "Sum")
+        printed = io.StringIO()
+        with unittest.mock.patch.multiple(mutants, TOP=self.top, EQUIVALENT=self.top / "equivalent.txt"), \
+                unittest.mock.patch.object(sys, "argv", ["mutants", "--known", "--in", str(self.top), *options, "core"]), \
+                contextlib.redirect_stdout(printed):
+            return mutants.main(), printed.getvalue()
+
+    def test_one_that_is_listed_is_not_tried(self):
+        status, printed = self.told(one="killed", none="killed", empty="refused")
+        self.assertEqual(0, status)
+        self.assertIn("3 mutants: 1 killed, 0 endless, 1 refused, 1 listed, 0 alive\n", printed)
+
+    def test_one_alive(self):
+        status, printed = self.told(none="alive", empty="refused")
+        self.assertEqual(1, status)
+        self.assertIn("alive: core/sum.cpp:1\n  - return 1;\n  + return 0;\n", printed)
+
+    def test_those_of_which_nothing_is_known(self):
+        for options in ([], ["--listed"]):
+            status, printed = self.told(*options)
+            self.assertEqual(1, status)
+            self.assertIn("not run", printed)
+
+    def test_one_that_is_listed_and_noticed(self):
+        for outcome in ("killed", "endless", "refused"):
+            status, printed = self.told("--listed", one=outcome, none="alive")
+            self.assertEqual(1, status)
+            self.assertIn(f"{outcome}: core/sum.cpp:1\n  - return 1;\n  + return 2;\n", printed)
+            self.assertNotIn("return 0;", printed)
+
+    def test_those_that_are_listed_and_that_nobody_notices(self):
+        status, printed = self.told("--listed", one="alive", none="alive")
+        self.assertEqual(0, status)
+        self.assertIn("1 mutants: 0 killed, 0 endless, 0 refused, 1 listed, 0 alive\n", printed)
+        self.assertNotIn("alive:", printed)
 
 
 class Waiting(unittest.TestCase):
