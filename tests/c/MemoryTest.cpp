@@ -1,7 +1,9 @@
 #include "Handles.h"
 
+#include <array>
 #include <cstdlib>
 #include <limits>
+#include <malloc.h>
 #include <new>
 
 /// Memory that runs out at any allocation of any call: the call says so and has changed nothing.
@@ -198,6 +200,23 @@ TEST_F(ShortMemory, Lists) {
                                         &keeps);
         },
         [&] { ASSERT_EQ(keeps, 0); });
+}
+
+/// What is kept at hand for the next time is there after the first.
+TEST(GivenMemory, IsTakenBack) {
+    std::array<void*, 10> blocks{};
+    const auto giveAndTake = [&blocks] {
+        for (void*& block : blocks)
+            block = vanoka_alloc(1000);
+        for (void* block : blocks)
+            vanoka_free(block);
+    };
+    giveAndTake();
+    const std::size_t before = ::mallinfo2().uordblks;
+    if (before == 0)
+        GTEST_SKIP() << "a sanitizer counts memory in its own way";
+    giveAndTake();
+    EXPECT_EQ(::mallinfo2().uordblks, before);
 }
 
 } // namespace

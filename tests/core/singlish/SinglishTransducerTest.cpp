@@ -2,6 +2,7 @@
 
 #include "PlainTransducer.h"
 #include "Randoms.h"
+#include "Repeated.h"
 #include "Rounds.h"
 
 #include <gtest/gtest.h>
@@ -97,6 +98,19 @@ TEST(SinglishTransducer, HasRoomForTheLongestTexts) {
     }
     expected.resize(expected.size() - std::string_view("\u200D").size());
     EXPECT_EQ(transliterate(keys), expected);
+}
+
+/// A text is cut where no letter stands, and somewhere in a run of letters that is longer than a stretch.
+TEST(SinglishTransducer, CutsRunsOfLettersOfAnyLength) {
+    for (const std::size_t stretch : {1024U, 2048U})
+        for (std::size_t letters = stretch - 4; letters <= stretch + 4; ++letters) {
+            const std::string keys = test::repeated("k", letters), written = test::repeated("ක්", letters);
+            for (const std::string around : {"", "1", "12"}) {
+                EXPECT_EQ(transliterate(around + keys), around + written) << letters << " at the end";
+                EXPECT_EQ(transliterate(keys + around), written + around) << letters << " at the start";
+                EXPECT_EQ(transliterate(keys + "." + keys), written + "." + written) << letters << " twice";
+            }
+        }
 }
 
 TEST(SinglishTransducer, LeavesKeysThatAreNotOfLettersToTheReader) {
