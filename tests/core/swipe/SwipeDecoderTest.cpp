@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
+#include <malloc.h>
 #include <memory>
 
 namespace vanoka {
@@ -377,6 +378,36 @@ TEST(SwipeDecoder, AStrokeAtAnEvenPaceHasNoSlowPlaces) {
             stroke.push_back(
                 {from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps});
     EXPECT_EQ(decoder.wordsFor(stroke, keys, 10, 1, {}), Words{"\u0DB8\u0DB8"});
+}
+
+std::size_t memoryInUse() {
+    const auto use = ::mallinfo2();
+    return use.uordblks + use.hblkhd;
+}
+
+TEST(SwipeDecoder, RemembersTheWordsOverOneLayoutInSixteenBytesForEach) {
+    std::vector<std::string> list;
+    for (const char first : std::string_view("abcdefghijklmnopqrstuvwxyz"))
+        for (const char second : std::string_view("abcdefghijklmnopqrstuvwxyz"))
+            for (const char third : std::string_view("aeiou"))
+                list.push_back({first, second, third});
+    const SwipeDecoder decoder = decoderOf(std::vector<SwipeDecoder::Word>(list.begin(), list.end()));
+    const std::size_t bytes = 16 * decoder.count();
+    const SwipeKeys keys = test::qwerty();
+    const Path stroke = test::strokeOver(keys, "ama");
+    SwipeKeys mirrored = keys;
+    for (auto& [label, center] : mirrored)
+        center.x = -center.x;
+    SwipeMemory memory;
+    const std::size_t before = memoryInUse();
+    if (before == 0)
+        GTEST_SKIP() << "a sanitizer counts memory in its own way";
+    for (const SwipeKeys& each : {keys, keys, mirrored}) {
+        decoder.wordsFor(stroke, SwipeLayout(each), 10, 5, {}, &memory);
+        const std::size_t taken = memoryInUse() - before;
+        EXPECT_GE(taken, bytes);
+        EXPECT_LT(taken, 2 * bytes) << "of one layout";
+    }
 }
 
 } // namespace
