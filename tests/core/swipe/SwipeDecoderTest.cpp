@@ -405,7 +405,7 @@ TEST(SwipeDecoder, RemembersTheWordsOverOneLayoutInSixteenBytesForEach) {
     SwipeMemory memory;
     const std::size_t before = memoryInUse();
     if (before <= withoutDecoder)
-        GTEST_SKIP() << "a sanitizer counts memory in its own way";
+        GTEST_SKIP() << "does not apply: a sanitizer counts memory in its own way";
     for (const SwipeKeys& each : {keys, keys, mirrored}) {
         decoder.wordsFor(stroke, SwipeLayout(each), 10, 5, {}, &memory);
         const std::size_t taken = memoryInUse() - before;
