@@ -9,13 +9,12 @@ for Python.
 
 import os
 import re
-import signal
 import subprocess
 import sys
 import tempfile
 from pathlib import Path
 
-from starts import AMMA, KA, Faults, Stored, sweep, wait_for
+from starts import AMMA, DID_NOT_END, KA, Faults, Stored, end, sweep, wait_for
 
 NAME = "org.freedesktop.IBus.Vanoka"
 # The last is GLib's: it ends a program that it cannot tell of changed files.
@@ -77,8 +76,7 @@ class Daemon:
         return "".join(committed)
 
     def end(self, engine):
-        engine.send_signal(signal.SIGTERM)
-        errors = engine.communicate()[1].decode(errors="replace")
+        errors = end(engine)
         wait_for(lambda: not self.bus.name_has_owner(NAME))
         return errors
 
@@ -94,6 +92,8 @@ class Daemon:
         wrongs = list(self.stored.wrongs(before, most=1))
         if not has_stopped and typed != AMMA:
             wrongs.append(f"typing gave {typed!r}; {errors.strip()}")
+        if DID_NOT_END in errors:
+            wrongs.append(errors.strip())
         if has_stopped:
             wrongs.extend(self.wrongs_of_stop(engine.returncode, errors))
         return "; ".join(wrongs)

@@ -16,7 +16,7 @@ import sysconfig
 import tempfile
 from pathlib import Path
 
-from starts import AMMA, KA, PATIENCE, Faults, Stored, sweep, wait_for
+from starts import AMMA, DID_NOT_END, KA, PATIENCE, Faults, Stored, end, sweep, wait_for
 
 NAME, CONTROLLER = "org.fcitx.Fcitx5", "org.fcitx.Fcitx.Controller1"
 NOT_LOADED = re.compile(r"(?:Could not load|Failed to load|Failed to create)[^\n]*vanoka")
@@ -90,8 +90,7 @@ class Desktop:
 
     def end(self):
         """What it has said."""
-        self.process.send_signal(signal.SIGTERM)
-        said = self.process.communicate()[1].decode(errors="replace")
+        said = end(self.process)
         wait_for(lambda: not self.is_there())
         return said
 
@@ -132,9 +131,11 @@ class Desktop:
             typed.append(self.typed("amma "))
         said = self.end()
         wrongs = list(self.stored.wrongs(before, most=2))
-        if how == "kill" and self.process.returncode == -signal.SIGKILL:
+        if DID_NOT_END in said:
+            wrongs.append(said.strip())
+        elif how == "kill" and self.process.returncode == -signal.SIGKILL:
             return "; ".join([*wrongs, *self.wrongs_of_next()])
-        if self.process.returncode != 0:
+        elif self.process.returncode != 0:
             wrongs.append(f"it ended with {self.process.returncode}")
         is_not_loaded = typed == ["amma "] * 2 and NOT_LOADED.search(said)
         if typed != [AMMA] * 2 and not is_not_loaded:

@@ -4,6 +4,7 @@ import errno
 import os
 import shutil
 import sqlite3
+import subprocess
 import time
 from contextlib import closing
 from pathlib import Path
@@ -16,6 +17,7 @@ CALLS = ("open", "fopen", "opendir", "readdir", "stat", "access", "mkdir", "mkno
 KA, AMMA = "\u0d9a", "\u0d85\u0db8\u0dca\u0db8 "
 TEXTS = {"vanoka.customization.v1": '{"addedKeys":[{"key":"zq","letter":"%s"}],"disabledKeys":[]}' % KA,
          "vanoka.suggestions.v1": "suggestions=on\nprivate=off\nrows=6\n"}
+DID_NOT_END = "It did not end when it was asked to."
 LISTS = Path(__file__).parents[1] / "scenarios/suggestions/lists"
 
 
@@ -27,6 +29,16 @@ def wait_for(is_so, patience=PATIENCE):
             return True
         time.sleep(0.002)
     return False
+
+
+def end(process):
+    """What it says until it has ended, as it is asked to; one that does not is killed."""
+    process.terminate()
+    try:
+        return process.communicate(timeout=PATIENCE)[1].decode(errors="replace")
+    except subprocess.TimeoutExpired:
+        process.kill()
+        return process.communicate()[1].decode(errors="replace") + DID_NOT_END
 
 
 class Stored:

@@ -294,10 +294,10 @@ Fault WordDatabase::openIfNeeded() {
     if (opened_ == Identity())
         return {errno == ENOENT ? FaultKind::busy : FaultKind::other, lastError().message()};
     keepFromOthers(file_, opened_.mode);
-    const bool isLog = holdsBytes(besideOf(file_, "-wal"));
+    const bool hasLog = holdsBytes(besideOf(file_, "-wal"));
     Fault fault = faultOf(sqlite::open(file_, database_));
     if (!fault)
-        fault = prepare(isLog);
+        fault = prepare(hasLog);
     if (fault)
         database_.reset();
     return fault;
@@ -307,9 +307,9 @@ Fault WordDatabase::openIfNeeded() {
 /// is told in it, and what a killed program has left in its log would be copied into it when it is closed.
 /// Only a transaction that was not finished, of a file that keeps no such log, is undone by whoever reads
 /// first.
-Fault WordDatabase::prepare(bool isLog) {
+Fault WordDatabase::prepare(bool hasLog) {
     sqlite3* const database = database_.get();
-    sqlite::copyLogAtTheEnd(database, !isLog);
+    sqlite::copyLogAtTheEnd(database, !hasLog);
     std::int64_t tables = 0, version = 0;
     if (Fault fault = faultOf(sqlite::readNumber(database, "SELECT count(*) FROM sqlite_schema", tables)))
         return fault;

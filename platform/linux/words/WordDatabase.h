@@ -85,7 +85,7 @@ private:
     Fault perform(const Work& work);
     Fault attempt(const Work& work);
     Fault openIfNeeded();
-    Fault prepare(bool isLog);
+    Fault prepare(bool hasLog);
     Fault faultOf(int result) const;
     bool isSetAsideByAnother() const;
     bool isReplaced() const;
