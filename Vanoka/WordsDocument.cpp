@@ -52,28 +52,30 @@ public:
 
 private:
     std::string takeForgotten(const std::string& word) {
-        return take(word, tally.forgotten, [&] { tally.forgotten.insert(word); });
+        return take(word, 0, [&] { tally.forgotten.insert(word); });
     }
 
     std::string takeEnglish(const std::string& word, std::string_view kept, std::string_view typed) {
         const auto first = count(kept, 0), second = count(typed, 0);
         if (!first || !second)
             return noCount(0);
-        return take(word, tally.english, [&] { tally.english.emplace(word, EnglishUse{*first, *second}); });
+        return take(word, tally.english.size(),
+                    [&] { tally.english.emplace(word, EnglishUse{*first, *second}); });
     }
 
     std::string takeSinhala(const std::string& word, std::string_view field) {
         const auto number = count(field, 1);
         if (!number)
             return noCount(1);
-        return take(word, tally.sinhala, [&] { tally.sinhala.emplace(word, *number); });
+        return take(word, tally.sinhala.size(), [&] { tally.sinhala.emplace(word, *number); });
     }
 
-    template <class Rows, class Add>
-    std::string take(const std::string& word, const Rows& rows, Add add) const {
+    /// Beside so many words of its kind. Of those that are forgotten there may be any number, as in a store.
+    template <class Add>
+    std::string take(const std::string& word, std::size_t others, Add add) const {
         if (tally.sinhala.contains(word) || tally.english.contains(word) || tally.forgotten.contains(word))
             return "the word stands there already";
-        if (rows.size() >= static_cast<std::size_t>(LearntWords::most))
+        if (others >= static_cast<std::size_t>(LearntWords::most))
             return "these are more than " + std::to_string(LearntWords::most) + " words, which is the most";
         add();
         return {};

@@ -32,7 +32,8 @@ struct Problem {
 };
 
 /// All of the document, or the first line of it that is wrong: one of another form, a word that is never
-/// learnt, one that stands there twice or is forgotten and counted, more words than are kept of a kind.
+/// learnt, one that stands there twice or is forgotten and counted, more Sinhala or English words than are
+/// kept.
 std::variant<WordTally, Problem> read(std::string_view document);
 
 } // namespace vanoka::WordsDocument

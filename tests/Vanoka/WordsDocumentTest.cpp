@@ -92,19 +92,31 @@ TEST(WordsDocument, TakesAnEditedFile) {
     EXPECT_EQ(std::get<WordTally>(WordsDocument::read("")), WordTally());
 }
 
-TEST(WordsDocument, HasNoMoreWordsThanAreKept) {
+/// A row for one word more than are kept of a kind.
+std::string tooMany(const std::string& fields) {
     std::string document;
     for (std::int64_t number = 0; number <= LearntWords::most; ++number) {
         std::string word;
         for (std::int64_t rest = number + 26; rest > 0; rest /= 26)
             word += static_cast<char>('a' + rest % 26);
-        document += word + "\tforgotten\n";
+        document += word + fields + '\n';
     }
+    return document;
+}
+
+TEST(WordsDocument, HasNoMoreWordsThanAreKept) {
+    const std::string document = tooMany("\tenglish\t1\t0");
     const auto read = WordsDocument::read(document);
     ASSERT_TRUE(std::holds_alternative<WordsDocument::Problem>(read));
     EXPECT_EQ(std::get<WordsDocument::Problem>(read).line, static_cast<std::size_t>(LearntWords::most) + 1);
     EXPECT_TRUE(std::holds_alternative<WordTally>(
         WordsDocument::read(document.substr(0, document.rfind('\n', document.size() - 2) + 1))));
+}
+
+TEST(WordsDocument, HasAllThatIsForgotten) {
+    const auto read = WordsDocument::read(tooMany("\tforgotten"));
+    ASSERT_TRUE(std::holds_alternative<WordTally>(read));
+    EXPECT_EQ(std::get<WordTally>(read).forgotten.size(), static_cast<std::size_t>(LearntWords::most) + 1);
 }
 
 } // namespace

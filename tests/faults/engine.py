@@ -14,7 +14,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-from starts import AMMA, DID_NOT_END, KA, Faults, Stored, end, sweep, wait_for
+from starts import AMMA, HUNG, KA, Faults, Stored, end, sweep, wait_for
 
 NAME = "org.freedesktop.IBus.Vanoka"
 # The last is GLib's: it ends a program that it cannot tell of changed files.
@@ -92,7 +92,7 @@ class Daemon:
         wrongs = list(self.stored.wrongs(before, most=1))
         if not has_stopped and typed != AMMA:
             wrongs.append(f"typing gave {typed!r}; {errors.strip()}")
-        if DID_NOT_END in errors:
+        if HUNG in errors:
             wrongs.append(errors.strip())
         if has_stopped:
             wrongs.extend(self.wrongs_of_stop(engine.returncode, errors))

@@ -16,7 +16,7 @@ import sysconfig
 import tempfile
 from pathlib import Path
 
-from starts import AMMA, DID_NOT_END, KA, PATIENCE, Faults, Stored, end, sweep, wait_for
+from starts import AMMA, HUNG, KA, PATIENCE, Faults, Stored, end, sweep, wait_for
 
 NAME, CONTROLLER = "org.fcitx.Fcitx5", "org.fcitx.Fcitx.Controller1"
 NOT_LOADED = re.compile(r"(?:Could not load|Failed to load|Failed to create)[^\n]*vanoka")
@@ -89,8 +89,8 @@ class Desktop:
         return self.process.poll() is None
 
     def end(self):
-        """What it has said."""
-        said = end(self.process)
+        """What it has said. It writes a signal into a pipe of its own, and does not hear one whose write goes wrong."""
+        said = end(self.process, times=2)
         wait_for(lambda: not self.is_there())
         return said
 
@@ -131,7 +131,7 @@ class Desktop:
             typed.append(self.typed("amma "))
         said = self.end()
         wrongs = list(self.stored.wrongs(before, most=2))
-        if DID_NOT_END in said:
+        if HUNG in said:
             wrongs.append(said.strip())
         elif how == "kill" and self.process.returncode == -signal.SIGKILL:
             return "; ".join([*wrongs, *self.wrongs_of_next()])

@@ -17,7 +17,7 @@ CALLS = ("open", "fopen", "opendir", "readdir", "stat", "access", "mkdir", "mkno
 KA, AMMA = "\u0d9a", "\u0d85\u0db8\u0dca\u0db8 "
 TEXTS = {"vanoka.customization.v1": '{"addedKeys":[{"key":"zq","letter":"%s"}],"disabledKeys":[]}' % KA,
          "vanoka.suggestions.v1": "suggestions=on\nprivate=off\nrows=6\n"}
-DID_NOT_END = "It did not end when it was asked to."
+HUNG = "It hung, and was killed."
 LISTS = Path(__file__).parents[1] / "scenarios/suggestions/lists"
 
 
@@ -31,14 +31,16 @@ def wait_for(is_so, patience=PATIENCE):
     return False
 
 
-def end(process):
-    """What it says until it has ended, as it is asked to; one that does not is killed."""
-    process.terminate()
-    try:
-        return process.communicate(timeout=PATIENCE)[1].decode(errors="replace")
-    except subprocess.TimeoutExpired:
-        process.kill()
-        return process.communicate()[1].decode(errors="replace") + DID_NOT_END
+def end(process, times=1):
+    """What it says until it has ended, as it is asked to so many times; one that does not is killed."""
+    for _ in range(times):
+        process.terminate()
+        try:
+            return process.communicate(timeout=PATIENCE)[1].decode(errors="replace")
+        except subprocess.TimeoutExpired:
+            pass
+    process.kill()
+    return process.communicate()[1].decode(errors="replace") + HUNG
 
 
 class Stored:

@@ -11,9 +11,10 @@ import signal
 import subprocess
 import sys
 import tempfile
+import threading
 from pathlib import Path
 
-from starts import PATIENCE, Faults, sweep
+from starts import HUNG, PATIENCE, Faults, sweep
 
 KEYS = '{"addedKeys":[{"key":"zq","letter":"\u0d9a"}],"disabledKeys":["a"]}'
 STOPPED = (1, 2, -signal.SIGABRT)  # the last one is the toolkit's own way
@@ -36,7 +37,7 @@ class Desktop:
         """What is wrong with a start in which a call goes wrong."""
         is_drawn, status, said = self.start(self.faults.environment(number, how))
         wrongs = list(self.wrongs_of_what_is_stored())
-        if how != "kill" or status != -signal.SIGKILL:
+        if how != "kill" or status != -signal.SIGKILL or HUNG in said:
             wrongs.extend(self.wrongs(is_drawn, status, said))
         if not is_drawn and not self.start({})[0]:
             wrongs.append("the next one is not drawn")
@@ -48,13 +49,20 @@ class Desktop:
         with subprocess.Popen([self.program], env=environment, stderr=subprocess.PIPE, text=True,
                               errors="replace") as process:
             said, is_drawn = [], False
+
+            def end_what_hangs():
+                said.append(HUNG)
+                process.kill()
+
+            limit = threading.Timer(PATIENCE, end_what_hangs)
+            limit.start()
             for line in process.stderr:
-                is_drawn = is_drawn or "rame rendered" in line
                 said.append(line)
-                if is_drawn:
-                    process.send_signal(signal.SIGTERM)
+                if is_drawn := "rame rendered" in line:
+                    process.terminate()
                     break
-            process.wait(PATIENCE)
+            process.wait()
+            limit.cancel()
         return is_drawn, process.returncode, "".join(said)
 
     def wrongs(self, is_drawn, status, said):

@@ -14,6 +14,7 @@ import { followState, readState, switchOn } from "./state.ts";
 const others = new BroadcastChannel("vanoka-learnt");
 const absolute = (url: string): string => new URL(url, import.meta.url).href;
 let reading: Promise<Lists> | undefined;
+let isStored = true; // what was taught last
 
 async function read(): Promise<Lists> {
     const vanoka = await Vanoka.load(fetch(absolute(moduleUrl)));
@@ -30,7 +31,10 @@ async function read(): Promise<Lists> {
 /// Read when they are first asked for, and anew after they failed.
 async function answer(question: Extract<ToBackground, { what: "ask" }>["question"]): Promise<FromBackground> {
     try {
-        return { answer: await answerOf(await (reading ??= read()), question) };
+        const answer = await answerOf(await (reading ??= read()), question);
+        if (question.what === "teach")
+            isStored = answer === undefined;
+        return { answer };
     } catch (problem) {
         reading = undefined;
         return { failed: String(problem) };
@@ -51,11 +55,13 @@ async function show(tabId: number, state: TabState): Promise<void> {
 
 const letterOf = (isOn: boolean): string => (isOn ? "\u0D85" : "A");
 
-chrome.runtime.onMessage.addListener((message: ToBackground, sender, reply: (answer: FromBackground) => void) => {
+chrome.runtime.onMessage.addListener((message: ToBackground, sender, reply: (answer: FromBackground | boolean) => void) => {
     if (message.what === "ask") {
         void answer(message.question).then(reply);
         return true;
     }
+    if (message.what === "isStored")
+        reply(isStored);
     if (message.what === "show" && sender.tab?.id !== undefined)
         void show(sender.tab.id, message.state).catch(() => undefined);
     return false;

@@ -203,6 +203,29 @@ test("the popup switches it, suggestions, and the site", async () => {
     await page.close();
 });
 
+test("the popup says that what is learnt cannot be stored", async () => {
+    const learn = async (): Promise<void> => (await write(await extension.visit("http://site.test/"), "area")).page().close();
+    const messages = async (): Promise<number> => {
+        const popup = await extension.visit(`${extension.address}extension/popup.html`);
+        await popup.getByLabel("Write Sinhala").waitFor();
+        const count = await popup.getByText("cannot be stored").count();
+        await popup.close();
+        return count;
+    };
+    await learn();
+    expect(await messages()).toBe(0);
+    await extension.background.evaluate(() => {
+        const { add } = IDBObjectStore.prototype;
+        IDBObjectStore.prototype.add = () => { throw new DOMException("full", "QuotaExceededError"); };
+        Object.assign(self, { restore: () => { IDBObjectStore.prototype.add = add; } });
+    });
+    await learn();
+    await expect.poll(messages).toBe(1);
+    await extension.background.evaluate("restore()");
+    await learn();
+    await expect.poll(messages).toBe(0);
+});
+
 test("a key of one's own is in force in all pages at once", async () => {
     const page = await extension.visit("http://site.test/"), field = page.locator("#area");
     await reads(field);
