@@ -6,6 +6,7 @@
 //     VANOKA_FAULT        how: the number of an error; "kill", before the call; "short", half of the bytes;
 //                         "torn", half of the bytes and then a kill
 //     VANOKA_FAULT_CALLS  the names of the calls that count, with commas between; all without it
+//     VANOKA_FAULT_FROM   what the first call that counts is about, or a part of that; any without it
 //     VANOKA_FAULT_MEMORY counts and fails what asks for memory instead
 //
 // A line of the log: number, name, result, what it was about; bytes in hexadecimal.
@@ -42,6 +43,7 @@ struct Plan {
     bool kills = false, halves = false, isOfMemory = false;
     int log = -1;
     std::string counted; // names with commas before and after; empty for all
+    std::string from;
 };
 
 const char* setting(const char* name) {
@@ -70,7 +72,8 @@ const Plan& plan() {
                     .log = openLog(setting("VANOKA_FAULT_LOG")),
                     .counted = *setting("VANOKA_FAULT_CALLS") == '\0'
                                    ? std::string()
-                                   : ',' + std::string(setting("VANOKA_FAULT_CALLS")) + ','};
+                                   : ',' + std::string(setting("VANOKA_FAULT_CALLS")) + ',',
+                    .from = setting("VANOKA_FAULT_FROM")};
     }();
     return asked;
 }
@@ -92,13 +95,15 @@ struct Turn {
     bool isWrong;
 };
 
-bool counts(const char* name) {
+bool counts(const char* name, std::string_view about) {
     const std::string& counted = plan().counted;
-    return counted.empty() || counted.find(',' + std::string(name) + ',') != std::string::npos;
+    if (!counted.empty() && counted.find(',' + std::string(name) + ',') == std::string::npos)
+        return false;
+    return calls > 0 || about.find(plan().from) != std::string_view::npos;
 }
 
-Turn nextTurn(const char* name) {
-    if (!isReady || plan().isOfMemory || !counts(name))
+Turn nextTurn(const char* name, std::string_view about) {
+    if (!isReady || plan().isOfMemory || !counts(name, about))
         return {0, false};
     const long number = ++calls;
     const bool isWrong = number == plan().at;
@@ -127,7 +132,7 @@ Function* real(const char* name) {
 /// Does what `call` does, unless it is to fail.
 template <class Result, class Call>
 Result attempt(const char* name, Result failure, const std::string& about, Call call) {
-    const Turn turn = nextTurn(name);
+    const Turn turn = nextTurn(name, about);
     Result result = failure;
     if (turn.isWrong && !plan().halves)
         errno = static_cast<int>(plan().error);
@@ -175,7 +180,7 @@ ssize_t transfer(const char* name, int file, const std::string& about, const voi
                  Call call) {
     if (wakesAThread(file))
         return call(size);
-    const Turn turn = nextTurn(name);
+    const Turn turn = nextTurn(name, about);
     const bool isHalved = turn.isWrong && plan().halves;
     ssize_t result = -1;
     if (turn.isWrong && !plan().halves)
@@ -301,7 +306,7 @@ FILE* fopen64(const char* path, const char* mode) {
                           [=] { return real<decltype(fopen)>("fopen64")(path, mode); });
 }
 int mkostemp(char* path, int flags) {
-    const Turn turn = nextTurn("mkostemp");
+    const Turn turn = nextTurn("mkostemp", path);
     int result = -1;
     if (turn.isWrong && !plan().halves)
         errno = static_cast<int>(plan().error);

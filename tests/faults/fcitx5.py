@@ -43,7 +43,7 @@ class Desktop:
     """A session bus and a home folder, for one fcitx5 after the other."""
 
     def __init__(self, folder, library, addons, data):
-        self.folder, self.faults, self.process = Path(folder), Faults(library, folder), None
+        self.folder, self.faults, self.process = Path(folder), Faults(library, folder, "vanoka.so"), None
         own = Path("/usr/lib", sysconfig.get_config_var("MULTIARCH") or "", "fcitx5")
         address = f"unix:path={folder}/bus"
         self.environment = {
@@ -157,7 +157,7 @@ def main():
     with tempfile.TemporaryDirectory(prefix="vanoka-fcitx5-") as folder:
         desktop = Desktop(folder, *map(os.path.abspath, sys.argv[1:]))
         try:
-            status = sweep(desktop.faults, desktop.problem, begins=lambda call: "vanoka.so" in " ".join(call.about))
+            status = sweep(desktop.faults, desktop.problem)
             sys.exit(status if desktop.typed_by_next("zqa ") == f"{KA} " else "The keys are not in force afterwards")
         finally:
             desktop.close()

@@ -78,16 +78,17 @@ class Stored:
 
 
 class Faults:
-    """The library that makes calls fail, and the log that it writes into a folder."""
+    """The library that makes calls fail, from the first one about something, and the log that it writes into a
+    folder."""
 
-    def __init__(self, library, folder):
-        self.library, self.log = os.path.abspath(library), Path(folder) / "calls.log"
+    def __init__(self, library, folder, first=""):
+        self.library, self.log, self.first = os.path.abspath(library), Path(folder) / "calls.log", first
 
     def environment(self, number, how):
         """What makes this call go wrong, of those that count; none for the number 0."""
         self.log.unlink(missing_ok=True)
         return {"LD_PRELOAD": self.library, "VANOKA_FAULT_LOG": str(self.log), "VANOKA_FAULT_CALLS": ",".join(CALLS),
-                "VANOKA_FAULT_AT": str(number), "VANOKA_FAULT": str(how)}
+                "VANOKA_FAULT_FROM": self.first, "VANOKA_FAULT_AT": str(number), "VANOKA_FAULT": str(how)}
 
     def calls(self):
         return calls_in(self.log)
@@ -97,18 +98,17 @@ class Faults:
         return len(self.calls()) >= number - (how == "kill")
 
 
-def sweep(faults, problem, begins=lambda call: True, kills=True):
+def sweep(faults, problem, kills=True):
     """The status to exit with. `problem` starts the program so that a call goes wrong in a way, and tells what is wrong
-    then. The first call that does is one that `begins`. Two starts may differ by calls and by their order: where
-    another went wrong than was meant, what comes of it is looked at all the same, and it does not count as tried."""
+    then. Two starts may differ by calls and by their order: where another went wrong than was meant, what comes of it
+    is looked at all the same, and it does not count as tried."""
     wrong = problem(0, 0)
     calls = faults.calls()
     if wrong or not calls:
         print(f"Without a fault: {wrong}")
         return 1
-    first = next(number for number, call in enumerate(calls, 1) if begins(call))
     runs = others = failures = 0
-    for number, call in enumerate(calls[first - 1:], first):
+    for number, call in enumerate(calls, 1):
         for how in (*wrongs(call.name), *(("kill",) if kills else ())):
             wrong = problem(number, how)
             came = faults.calls()[:number]
@@ -119,7 +119,7 @@ def sweep(faults, problem, begins=lambda call: True, kills=True):
                     wrong = f"the call has not failed; {wrong}"
             else:
                 others += 1
-            if wrong and any(map(begins, came or [call])):
+            if wrong:
                 failures += 1
                 print(f"{errno.errorcode.get(how, how)} at call {number}, {failed}: {wrong}", flush=True)
     print(f"{runs} starts, {failures} failures; {others} more in which another call went wrong, or none")
