@@ -1,14 +1,16 @@
 #!/usr/bin/python3
-"""Makes each call of the engine's start fail, one after the other: engine.py LIBRARY VANOKA DESCRIPTION.
+"""Makes each call of the engine's start fail, and kills it there, one after the other:
+engine.py LIBRARY VANOKA DESCRIPTION.
 
 In a real daemon, with keys of the user's own, suggestions on, lists, and words learnt. After each failure somebody
-types: either the word comes, or the engine has stopped in its own words, and the next one types it. What is stored is
-as it was. It is not killed: of so many kills one ends the daemon of IBus 1.5.27, by an assertion of its own. Needs IBus
-for Python.
+types: either the word comes, or the engine has stopped in its own words, and the next one types it; after a kill the
+next one does. What is stored is as it was. Now and then a kill ends the daemon of IBus 1.5.27 as well, by an assertion
+of its own: then there is a new one. Needs IBus for Python.
 """
 
 import os
 import re
+import signal
 import subprocess
 import sys
 import tempfile
@@ -34,10 +36,15 @@ class Daemon:
             IBUS_COMPONENT_PATH=f"{folder}:/usr/share/ibus/component", GSETTINGS_BACKEND="memory", NO_AT_BRIDGE="1")
         for name in ("DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "IBUS_ADDRESS"):
             os.environ.pop(name, None)
+        self.starts, self.fields_left = 0, []
+        self.start()
+
+    def start(self):
+        self.starts += 1
         self.process = subprocess.Popen(
             ["ibus-daemon", "--panel", "disable", "--emoji-extension", "disable", "--config", "disable", "--cache",
              "none"], stderr=subprocess.DEVNULL)
-        self.bus, self.fields_left = IBus.Bus(), []
+        self.bus = IBus.Bus()
         if not wait_and_settle(self.bus.is_connected):
             sys.exit("There is no daemon")
 
@@ -95,12 +102,18 @@ class Daemon:
         if HUNG in errors:
             wrongs.append(errors.strip())
         if has_stopped:
-            wrongs.extend(self.wrongs_of_stop(engine.returncode, errors))
+            is_killed = how == "kill" and engine.returncode == -signal.SIGKILL
+            wrongs.extend(() if is_killed else self.wrongs_of_stop(engine.returncode, errors))
+            wrongs.extend(self.wrongs_of_next())
         return "; ".join(wrongs)
 
     def wrongs_of_stop(self, status, errors):
         if status >= 0 or not STOPPED.search(errors):
             yield f"it ended with {status}: {errors.strip()}"
+
+    def wrongs_of_next(self):
+        if self.process.poll() is not None:
+            self.start()
         if (typed := self.typed_by_next("amma ")) != AMMA:
             yield f"typing with the next one gave {typed!r}"
 
@@ -117,7 +130,9 @@ def main():
         try:
             if daemon.typed_by_next("zqa ") != f"{KA} ":
                 sys.exit("The keys are not in force")
-            sys.exit(sweep(daemon.faults, daemon.problem, kills=False))
+            status = sweep(daemon.faults, daemon.problem)
+            print(f"the daemon ended {daemon.starts - 1} times")
+            sys.exit(status)
         finally:
             daemon.process.terminate()
             daemon.process.wait()

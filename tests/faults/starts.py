@@ -98,7 +98,7 @@ class Faults:
         return len(self.calls()) >= number - (how == "kill")
 
 
-def sweep(faults, problem, kills=True):
+def sweep(faults, problem):
     """The status to exit with. `problem` starts the program so that a call goes wrong in a way, and tells what is wrong
     then. Two starts may differ by calls and by their order: where another went wrong than was meant, what comes of it
     is looked at all the same, and it does not count as tried."""
@@ -109,7 +109,7 @@ def sweep(faults, problem, kills=True):
         return 1
     runs = others = failures = 0
     for number, call in enumerate(calls, 1):
-        for how in (*wrongs(call.name), *(("kill",) if kills else ())):
+        for how in (*wrongs(call.name), "kill"):
             wrong = problem(number, how)
             came = faults.calls()[:number]
             failed = came[number - 1] if isinstance(how, int) and len(came) == number else call
