@@ -94,7 +94,8 @@ class Home:
 def calls_in(log):
     if not log.exists():
         return []
-    fields = [line.split("\t") for line in log.read_text(encoding="utf-8", errors="replace").splitlines()]
+    lines = log.read_text(encoding="utf-8", errors="replace").split("\n")[:-1]  # one may be written just now
+    fields = [line.split("\t") for line in lines]
     fields.sort(key=lambda each: int(each[0]))  # those of two threads may be written in another order
     return [Call(name, int(result), about) for _, name, result, *about in fields]
 
