@@ -79,8 +79,13 @@ std::string withoutSelectors(std::string_view emoji) {
     return result;
 }
 
+/// Whether a list can hold it as one of its pieces.
+bool isPiece(std::string_view text) {
+    return !text.empty() && text.find_first_of(" \t\n\r") == std::string_view::npos;
+}
+
 bool isSingleWord(std::string_view text) {
-    return !text.empty() && text.find_first_of(" \t\n#") == std::string_view::npos;
+    return isPiece(text) && text.find('#') == std::string_view::npos;
 }
 
 /// The lines of the list in the order in which their words are met.
@@ -167,7 +172,7 @@ std::string emojiList(const std::vector<std::string>& emoji, const std::vector<E
     for (const EmojiAnnotations& annotations : languages) {
         for (const std::string& each : emoji) {
             const auto found = annotations.find(withoutSelectors(each));
-            if (found == annotations.end())
+            if (!isPiece(each) || found == annotations.end())
                 continue;
             lines.add(found->second.name, each, true);
             for (const std::string& keyword : found->second.keywords)

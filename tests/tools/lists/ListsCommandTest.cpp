@@ -218,6 +218,18 @@ TEST_F(ListsCommandTest, MakesEmojiListsFromAnnotations) {
     EXPECT_EQ(run({"emoji", "--annotations", missing, "--emoji-test", test}), ExitStatus::failed);
 }
 
+TEST_F(ListsCommandTest, NamesNoEmojiThatAreNone) {
+    file("si.xml", "<ldml/>");
+    file("en.xml", "<ldml><annotations><annotation type=\"tts\">nothing</annotation>"
+                   "<annotation cp=\" \" type=\"tts\">space</annotation>"
+                   "<annotation cp=\"#\u20E3\" type=\"tts\">hash</annotation></annotations></ldml>");
+    const std::string test = file("emoji-test.txt", "; fully-qualified\n20 ; fully-qualified\n"
+                                                    "23 FE0F 20E3 ; fully-qualified\n");
+    EXPECT_EQ(run({"emoji", "--annotations", folder.path().string(), "--emoji-test", test}), ExitStatus::done)
+        << errors;
+    EXPECT_EQ(output, "hash\t#\uFE0F\u20E3\n");
+}
+
 TEST_F(ListsCommandTest, TellsWhatItDoesNotUnderstandOrCannotRead) {
     for (const std::vector<std::string_view>& arguments :
          std::vector<std::vector<std::string_view>>{{"count", "--minimum"},
