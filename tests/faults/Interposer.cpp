@@ -7,13 +7,16 @@
 //                         "torn", half of the bytes and then a kill
 //     VANOKA_FAULT_CALLS  the names of the calls that count, with commas between; all without it
 //     VANOKA_FAULT_FROM   what the first call that counts is about, or a part of that; any without it
+//     VANOKA_FAULT_THREAD what the first call is of the one thread whose calls count: its name, a tab, and
+//                         what it is about
 //     VANOKA_FAULT_MEMORY counts and fails what asks for memory instead
 //
-// A line of the log: number, name, result, what it was about; bytes in hexadecimal.
+// A line of the log: number, thread, name, result, what it was about; bytes in hexadecimal.
 //
 // Not seen: what the C library asks by itself, such as the reads and writes of its streams and getrandom, and
-// whatever a program asks without that library. Of fcntl only locks count, of mmap only files; and no
-// reads and writes by which a program's threads and its own timers wake it, which cannot fail.
+// whatever a program asks without that library. Of fcntl only locks count, of mmap only files; and no reads
+// and writes by which a program's threads and its own timers wake it, which cannot fail, nor those of
+// sockets, which are as many as messages happen to come one by one.
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
@@ -43,7 +46,7 @@ struct Plan {
     bool kills = false, halves = false, isOfMemory = false;
     int log = -1;
     std::string counted; // names with commas before and after; empty for all
-    std::string from;
+    std::string from, thread;
 };
 
 const char* setting(const char* name) {
@@ -73,12 +76,13 @@ const Plan& plan() {
                     .counted = *setting("VANOKA_FAULT_CALLS") == '\0'
                                    ? std::string()
                                    : ',' + std::string(setting("VANOKA_FAULT_CALLS")) + ',',
-                    .from = setting("VANOKA_FAULT_FROM")};
+                    .from = setting("VANOKA_FAULT_FROM"),
+                    .thread = setting("VANOKA_FAULT_THREAD")};
     }();
     return asked;
 }
 
-std::atomic<long> calls = 0;
+std::atomic<long> calls = 0, callsOfChosen = 0;
 std::atomic<bool> isReady = false; // the plan is read when the program's own libraries are there
 __attribute__((constructor)) void getReady() {
     plan();
@@ -102,11 +106,22 @@ bool counts(const char* name, std::string_view about) {
     return calls > 0 || about.find(plan().from) != std::string_view::npos;
 }
 
+/// Whether this thread's calls, of which this is the next, are those among which one goes wrong.
+bool isChosen(const char* name, std::string_view about) {
+    enum class Thread : char { unknown, chosen, other };
+    static thread_local Thread own = Thread::unknown;
+    if (own == Thread::unknown)
+        own = plan().thread.empty() || plan().thread == std::string(name) + '\t' + std::string(about)
+                  ? Thread::chosen
+                  : Thread::other;
+    return own == Thread::chosen;
+}
+
 Turn nextTurn(const char* name, std::string_view about) {
     if (!isReady || plan().isOfMemory || !counts(name, about))
         return {0, false};
     const long number = ++calls;
-    const bool isWrong = number == plan().at;
+    const bool isWrong = isChosen(name, about) && ++callsOfChosen == plan().at;
     if (isWrong && plan().kills && !plan().halves)
         die();
     return {number, isWrong};
@@ -118,8 +133,8 @@ void note(long number, const char* name, long result, std::string about) {
         return;
     const int error = errno;
     std::replace(about.begin(), about.end(), '\n', ' ');
-    const std::string line =
-        std::to_string(number) + '\t' + name + '\t' + std::to_string(result) + '\t' + about + '\n';
+    const std::string line = std::to_string(number) + '\t' + std::to_string(syscall(SYS_gettid)) + '\t' +
+                             name + '\t' + std::to_string(result) + '\t' + about + '\n';
     syscall(SYS_write, plan().log, line.data(), line.size());
     errno = error;
 }
@@ -169,16 +184,18 @@ std::string pathOf(int file) {
     return path;
 }
 
-bool wakesAThread(int file) {
+bool isNoFile(int file) {
     const std::string path = pathOf(file);
-    return path == "anon_inode:[eventfd]" || path == "anon_inode:[timerfd]";
+    const bool isWithin = path.starts_with("pipe:") && file > STDERR_FILENO;
+    return path == "anon_inode:[eventfd]" || path == "anon_inode:[timerfd]" || path.starts_with("socket:") ||
+           isWithin;
 }
 
 /// Reading and writing, which may also stop half way.
 template <class Call>
 ssize_t transfer(const char* name, int file, const std::string& about, const void* written, std::size_t size,
                  Call call) {
-    if (wakesAThread(file))
+    if (isNoFile(file))
         return call(size);
     const Turn turn = nextTurn(name, about);
     const bool isHalved = turn.isWrong && plan().halves;

@@ -87,13 +87,13 @@ class Daemon:
         wait_for(lambda: not self.bus.name_has_owner(NAME))
         return errors
 
-    def problem(self, number, how):
+    def problem(self, fault):
         """What is wrong with a start in which a call goes wrong."""
         before = self.stored.words()
-        engine = self.start_engine(self.faults.environment(number, how))
+        engine = self.start_engine(self.faults.environment(fault))
         typed = self.typed(engine, "amma ")
         briefly = 2  # the lists and words are read meanwhile, and nothing tells that there are no more calls
-        wait_for(lambda: engine.poll() is not None or self.faults.reached(max(number, 1), how), briefly)
+        wait_for(lambda: engine.poll() is not None or fault.is_reached(self.faults.calls()), briefly)
         has_stopped = engine.poll() is not None
         errors = self.end(engine)
         wrongs = list(self.stored.wrongs(before, most=1))
@@ -102,7 +102,7 @@ class Daemon:
         if HUNG in errors:
             wrongs.append(errors.strip())
         if has_stopped:
-            is_killed = how == "kill" and engine.returncode == -signal.SIGKILL
+            is_killed = fault.how == "kill" and engine.returncode == -signal.SIGKILL
             wrongs.extend(() if is_killed else self.wrongs_of_stop(engine.returncode, errors))
             wrongs.extend(self.wrongs_of_next())
         return "; ".join(wrongs)

@@ -89,8 +89,8 @@ class Desktop:
         return self.process.poll() is None
 
     def end(self):
-        """What it has said. It writes a signal into a pipe of its own, and does not hear one whose write goes wrong."""
-        said = end(self.process, times=2)
+        """What it has said."""
+        said = end(self.process)
         wait_for(lambda: not self.is_there())
         return said
 
@@ -120,20 +120,20 @@ class Desktop:
         self.connection.signal_unsubscribe(watch)
         return "".join(came)
 
-    def problem(self, number, how):
+    def problem(self, fault):
         """What is wrong with a start in which a call goes wrong."""
-        before, is_there = self.stored.words(), self.start(self.faults.environment(number, how))
+        before, is_there = self.stored.words(), self.start(self.faults.environment(fault))
         typed = [self.typed("amma ")] if is_there else []
         briefly = 2  # where lists cannot be read nobody opens the store, and nothing tells that there are no more calls
         wait_for(lambda: any("words.sqlite" in " ".join(call.about) for call in self.faults.calls()), briefly)
-        wait_for(lambda: self.process.poll() is not None or self.faults.reached(max(number, 1), how), briefly)
+        wait_for(lambda: self.process.poll() is not None or fault.is_reached(self.faults.calls()), briefly)
         if self.process.poll() is None:
             typed.append(self.typed("amma "))
         said = self.end()
         wrongs = list(self.stored.wrongs(before, most=2))
         if HUNG in said:
             wrongs.append(said.strip())
-        elif how == "kill" and self.process.returncode == -signal.SIGKILL:
+        elif fault.how == "kill" and self.process.returncode == -signal.SIGKILL:
             return "; ".join([*wrongs, *self.wrongs_of_next()])
         elif self.process.returncode != 0:
             wrongs.append(f"it ended with {self.process.returncode}")

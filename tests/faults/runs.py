@@ -39,6 +39,7 @@ TRANSFERS = ("read", "pread", *WRITES)
 @dataclass
 class Call:
     """A line of the log that the interposed library writes."""
+    thread: int
     name: str
     result: int
     about: list
@@ -97,7 +98,7 @@ def calls_in(log):
     lines = log.read_text(encoding="utf-8", errors="replace").split("\n")[:-1]  # one may be written just now
     fields = [line.split("\t") for line in lines]
     fields.sort(key=lambda each: int(each[0]))  # those of two threads may be written in another order
-    return [Call(name, int(result), about) for _, name, result, *about in fields]
+    return [Call(int(thread), name, int(result), about) for _, thread, name, result, *about in fields]
 
 
 def wrongs(name):

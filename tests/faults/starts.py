@@ -7,9 +7,10 @@ import sqlite3
 import subprocess
 import time
 from contextlib import closing
+from dataclasses import dataclass
 from pathlib import Path
 
-from runs import calls_in, wrongs
+from runs import TRANSFERS, calls_in, wrongs
 
 PATIENCE = 20  # seconds, for what takes milliseconds
 CALLS = ("open", "fopen", "opendir", "readdir", "stat", "access", "mkdir", "mknod", "readlink", "mmap", "read", "pread",
@@ -31,16 +32,14 @@ def wait_for(is_so, patience=PATIENCE):
     return False
 
 
-def end(process, times=1):
-    """What it says until it has ended, as it is asked to so many times; one that does not is killed."""
-    for _ in range(times):
-        process.terminate()
-        try:
-            return process.communicate(timeout=PATIENCE)[1].decode(errors="replace")
-        except subprocess.TimeoutExpired:
-            pass
-    process.kill()
-    return process.communicate()[1].decode(errors="replace") + HUNG
+def end(process):
+    """What it says until it has ended, as it is asked to; one that does not is killed."""
+    process.terminate()
+    try:
+        return process.communicate(timeout=PATIENCE)[1].decode(errors="replace")
+    except subprocess.TimeoutExpired:
+        process.kill()
+        return process.communicate()[1].decode(errors="replace") + HUNG
 
 
 class Stored:
@@ -77,6 +76,38 @@ class Stored:
             yield f"the words were {before} and are {words}"
 
 
+@dataclass
+class Fault:
+    """What goes wrong with a call of a thread; number 0 is for none."""
+    thread: str = ""  # what its first call is, with what that is about
+    number: int = 0
+    how: object = 0
+
+    def is_reached(self, calls):
+        """Whether the thread has come to the call: a kill comes before it is noted."""
+        return len(calls_of(self.thread, calls)) >= self.number - (self.how == "kill")
+
+
+def first_of(calls):
+    call = calls[0]
+    return "\t".join([call.name, *call.about[:-1 if call.name in TRANSFERS else None]])  # without the bytes
+
+
+def threads_of(calls):
+    """The calls of each thread, by what its first one is."""
+    of_thread = {}
+    for call in calls:
+        of_thread.setdefault(call.thread, []).append(call)
+    threads = {}
+    for each in of_thread.values():
+        threads.setdefault(first_of(each), []).extend(each)
+    return threads
+
+
+def calls_of(thread, calls):
+    return threads_of(calls).get(thread, [])
+
+
 class Faults:
     """The library that makes calls fail, from the first one about something, and the log that it writes into a
     folder."""
@@ -84,43 +115,48 @@ class Faults:
     def __init__(self, library, folder, first=""):
         self.library, self.log, self.first = os.path.abspath(library), Path(folder) / "calls.log", first
 
-    def environment(self, number, how):
-        """What makes this call go wrong, of those that count; none for the number 0."""
+    def environment(self, fault):
+        """What makes this call go wrong, of those that count."""
         self.log.unlink(missing_ok=True)
         return {"LD_PRELOAD": self.library, "VANOKA_FAULT_LOG": str(self.log), "VANOKA_FAULT_CALLS": ",".join(CALLS),
-                "VANOKA_FAULT_FROM": self.first, "VANOKA_FAULT_AT": str(number), "VANOKA_FAULT": str(how)}
+                "VANOKA_FAULT_FROM": self.first, "VANOKA_FAULT_THREAD": fault.thread,
+                "VANOKA_FAULT_AT": str(fault.number), "VANOKA_FAULT": str(fault.how)}
 
     def calls(self):
         return calls_in(self.log)
 
-    def reached(self, number, how):
-        """Whether the program has come to this call: a kill comes before it is noted."""
-        return len(self.calls()) >= number - (how == "kill")
+
+def all_of(threads):
+    """Each fault that may be, and the call that it is meant for."""
+    for thread, calls in threads.items():
+        for number, call in enumerate(calls, 1):
+            for how in (*wrongs(call.name), "kill"):
+                yield Fault(thread, number, how), call
 
 
 def sweep(faults, problem):
-    """The status to exit with. `problem` starts the program so that a call goes wrong in a way, and tells what is wrong
-    then. Two starts may differ by calls and by their order: where another went wrong than was meant, what comes of it
-    is looked at all the same, and it does not count as tried."""
-    wrong = problem(0, 0)
-    calls = faults.calls()
-    if wrong or not calls:
+    """The status to exit with. `problem` starts the program with a fault, and tells what is wrong then. Threads are
+    told apart, as their calls come in any order. Where another call went wrong than was meant nevertheless, or none,
+    what comes of it is looked at all the same, and it does not count as tried."""
+    wrong = problem(Fault())
+    threads = threads_of(faults.calls())
+    if wrong or not threads:
         print(f"Without a fault: {wrong}")
         return 1
     runs = others = failures = 0
-    for number, call in enumerate(calls, 1):
-        for how in (*wrongs(call.name), "kill"):
-            wrong = problem(number, how)
-            came = faults.calls()[:number]
-            failed = came[number - 1] if isinstance(how, int) and len(came) == number else call
-            if faults.reached(number, how) and failed.name == call.name:
-                runs += 1
-                if isinstance(how, int) and failed.result != -1:
-                    wrong = f"the call has not failed; {wrong}"
-            else:
-                others += 1
-            if wrong:
-                failures += 1
-                print(f"{errno.errorcode.get(how, how)} at call {number}, {failed}: {wrong}", flush=True)
+    for fault, call in all_of(threads):
+        wrong = problem(fault)
+        came = calls_of(fault.thread, faults.calls())
+        failed = came[fault.number - 1] if len(came) >= fault.number else call
+        if fault.is_reached(faults.calls()) and failed.name == call.name:
+            runs += 1
+            if isinstance(fault.how, int) and failed.result != -1:
+                wrong = f"the call has not failed; {wrong}"
+        else:
+            others += 1
+        if wrong:
+            failures += 1
+            print(f"{errno.errorcode.get(fault.how, fault.how)} at call {fault.number} of {fault.thread!r}, {failed}: "
+                  f"{wrong}", flush=True)
     print(f"{runs} starts, {failures} failures; {others} more in which another call went wrong, or none")
     return 1 if failures or not runs else 0

@@ -33,11 +33,11 @@ class Desktop:
             "XDG_CONFIG_HOME": f"{folder}/configuration", "XDG_CACHE_HOME": f"{folder}/cache",
             "DBUS_SESSION_BUS_ADDRESS": "disabled:", "QT_QPA_PLATFORM": "offscreen", "QT_LOGGING_RULES": TELL_FRAMES}
 
-    def problem(self, number, how):
+    def problem(self, fault):
         """What is wrong with a start in which a call goes wrong."""
-        is_drawn, status, said = self.start(self.faults.environment(number, how))
+        is_drawn, status, said = self.start(self.faults.environment(fault))
         wrongs = list(self.wrongs_of_what_is_stored())
-        if how != "kill" or status != -signal.SIGKILL or HUNG in said:
+        if fault.how != "kill" or status != -signal.SIGKILL or HUNG in said:
             wrongs.extend(self.wrongs(is_drawn, status, said))
         if not is_drawn and not self.start({})[0]:
             wrongs.append("the next one is not drawn")
