@@ -301,7 +301,7 @@ private:
     std::array<Place, 2> places_;
     std::size_t active_ = 0;
     bool isPassword_ = false; ///< the field that has the focus
-    fuzz::PlainSequences sequences_;
+    fuzz::PlainSequences sequences_{fuzz::PlainSequences::Misfit::ends};
 };
 
 /// Lists are read on a thread of their own, and shown when they are there.

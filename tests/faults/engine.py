@@ -93,7 +93,7 @@ class Daemon:
         engine = self.start_engine(self.faults.environment(fault))
         typed = self.typed(engine, "amma ")
         briefly = 2  # the lists and words are read meanwhile, and nothing tells that there are no more calls
-        wait_for(lambda: engine.poll() is not None or fault.is_reached(self.faults.calls()), briefly)
+        wait_for(lambda: fault.is_over(self.faults.calls(), engine), briefly)
         has_stopped = engine.poll() is not None
         errors = self.end(engine)
         wrongs = list(self.stored.wrongs(before, most=1))

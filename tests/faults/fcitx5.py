@@ -126,7 +126,7 @@ class Desktop:
         typed = [self.typed("amma ")] if is_there else []
         briefly = 2  # where lists cannot be read nobody opens the store, and nothing tells that there are no more calls
         wait_for(lambda: any("words.sqlite" in " ".join(call.about) for call in self.faults.calls()), briefly)
-        wait_for(lambda: self.process.poll() is not None or fault.is_reached(self.faults.calls()), briefly)
+        wait_for(lambda: fault.is_over(self.faults.calls(), self.process), briefly)
         if self.process.poll() is None:
             typed.append(self.typed("amma "))
         said = self.end()

@@ -83,6 +83,10 @@ class Fault:
     number: int = 0
     how: object = 0
 
+    def is_over(self, calls, process):
+        """Whether the process has come to the call, or has ended, which a kill takes a moment for."""
+        return process.poll() is not None or self.how != "kill" and self.is_reached(calls)
+
     def is_reached(self, calls):
         """Whether the thread has come to the call: a kill comes before it is noted."""
         return len(calls_of(self.thread, calls)) >= self.number - (self.how == "kill")
