@@ -57,10 +57,18 @@ class Desktop:
         profile.write_text(PROFILE, encoding="utf-8")
         self.bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--nosyslog", f"--address={address}"],
                                     env=self.environment, stderr=subprocess.DEVNULL)
-        wait_for(lambda: (self.folder / "bus").exists())
+        if not wait_for(lambda: self.connect(address)):
+            sys.exit("There is no session bus")
+
+    def connect(self, address):
+        """Whether the bus is there; it makes its socket before it listens."""
         kind = Gio.DBusConnectionFlags
-        self.connection = Gio.DBusConnection.new_for_address_sync(
-            address, kind.AUTHENTICATION_CLIENT | kind.MESSAGE_BUS_CONNECTION, None, None)
+        try:
+            self.connection = Gio.DBusConnection.new_for_address_sync(
+                address, kind.AUTHENTICATION_CLIENT | kind.MESSAGE_BUS_CONNECTION, None, None)
+        except GLib.Error:
+            return False
+        return True
 
     def close(self):
         for process in (self.process, self.bus):
