@@ -269,7 +269,7 @@ int look(const char* name, int folder, const char* path, Buffer* status, int fla
 template <class Ask>
 void* memory(Ask ask) {
     if (isReady && plan().isOfMemory && ++calls == plan().at) {
-        constexpr std::string_view line = "0\tmalloc\t-1\t\n";
+        constexpr std::string_view line = "0\t0\tmalloc\t-1\t\n";
         syscall(SYS_write, plan().log, line.data(), line.size());
         errno = ENOMEM;
         return nullptr;
