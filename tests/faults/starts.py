@@ -32,14 +32,21 @@ def wait_for(is_so, patience=PATIENCE):
     return False
 
 
+def what_it_waits_for(process):
+    """Of each thread, the name and where in the kernel it sleeps."""
+    threads = Path(f"/proc/{process.pid}/task").iterdir()
+    return "".join(f" {(thread / 'comm').read_text().strip()}: {(thread / 'wchan').read_text()}." for thread in threads)
+
+
 def end(process):
     """What it says until it has ended, as it is asked to; one that does not is killed."""
     process.terminate()
     try:
         return process.communicate(timeout=PATIENCE)[1].decode(errors="replace")
     except subprocess.TimeoutExpired:
+        waits = what_it_waits_for(process)
         process.kill()
-        return process.communicate()[1].decode(errors="replace") + HUNG
+        return process.communicate()[1].decode(errors="replace") + HUNG + waits
 
 
 class Stored:

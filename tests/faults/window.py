@@ -14,7 +14,7 @@ import tempfile
 import threading
 from pathlib import Path
 
-from starts import HUNG, PATIENCE, Faults, sweep
+from starts import HUNG, PATIENCE, Faults, sweep, what_it_waits_for
 
 KEYS = '{"addedKeys":[{"key":"zq","letter":"\u0d9a"}],"disabledKeys":["a"]}'
 STOPPED = (1, 2, -signal.SIGABRT)  # the last one is the toolkit's own way
@@ -51,7 +51,7 @@ class Desktop:
             said, is_drawn = [], False
 
             def end_what_hangs():
-                said.append(HUNG)
+                said.append(HUNG + what_it_waits_for(process))
                 process.kill()
 
             limit = threading.Timer(PATIENCE, end_what_hangs)
