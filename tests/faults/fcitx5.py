@@ -165,6 +165,8 @@ def main():
     with tempfile.TemporaryDirectory(prefix="vanoka-fcitx5-") as folder:
         desktop = Desktop(folder, *map(os.path.abspath, sys.argv[1:]))
         try:
+            if desktop.typed_by_next("zqa ") != f"{KA} ":  # with the first word, the store of words is made
+                sys.exit("The keys are not in force")
             status = sweep(desktop.faults, desktop.problem)
             sys.exit(status if desktop.typed_by_next("zqa ") == f"{KA} " else "The keys are not in force afterwards")
         finally:
