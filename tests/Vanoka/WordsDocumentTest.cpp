@@ -1,4 +1,5 @@
 #include "WordsDocument.h"
+#include "text/Utf8.h"
 
 #include "words/SinhalaWordList.h"
 
@@ -92,29 +93,32 @@ TEST(WordsDocument, TakesAnEditedFile) {
     EXPECT_EQ(std::get<WordTally>(WordsDocument::read("")), WordTally());
 }
 
-/// A row for one word more than are kept of a kind.
-std::string tooMany(const std::string& fields) {
+/// A row for one word more than are kept of a kind, each of some of the letters from the first on.
+std::string tooMany(char32_t first, const std::string& fields) {
+    constexpr std::int64_t letters = 20;
     std::string document;
     for (std::int64_t number = 0; number <= LearntWords::most; ++number) {
         std::string word;
-        for (std::int64_t rest = number + 26; rest > 0; rest /= 26)
-            word += static_cast<char>('a' + rest % 26);
+        for (std::int64_t rest = number + letters; rest > 0; rest /= letters)
+            word += text::utf8(first + static_cast<char32_t>(rest % letters));
         document += word + fields + '\n';
     }
     return document;
 }
 
 TEST(WordsDocument, HasNoMoreWordsThanAreKept) {
-    const std::string document = tooMany("\tenglish\t1\t0");
-    const auto read = WordsDocument::read(document);
-    ASSERT_TRUE(std::holds_alternative<WordsDocument::Problem>(read));
-    EXPECT_EQ(std::get<WordsDocument::Problem>(read).line, static_cast<std::size_t>(LearntWords::most) + 1);
-    EXPECT_TRUE(std::holds_alternative<WordTally>(
-        WordsDocument::read(document.substr(0, document.rfind('\n', document.size() - 2) + 1))));
+    for (const std::string& document : {tooMany(U'a', "\tenglish\t1\t0"), tooMany(U'\u0D9A', "\t1")}) {
+        const auto read = WordsDocument::read(document);
+        ASSERT_TRUE(std::holds_alternative<WordsDocument::Problem>(read));
+        EXPECT_EQ(std::get<WordsDocument::Problem>(read).line,
+                  static_cast<std::size_t>(LearntWords::most) + 1);
+        EXPECT_TRUE(std::holds_alternative<WordTally>(
+            WordsDocument::read(document.substr(0, document.rfind('\n', document.size() - 2) + 1))));
+    }
 }
 
 TEST(WordsDocument, HasAllThatIsForgotten) {
-    const auto read = WordsDocument::read(tooMany("\tforgotten"));
+    const auto read = WordsDocument::read(tooMany(U'a', "\tforgotten"));
     ASSERT_TRUE(std::holds_alternative<WordTally>(read));
     EXPECT_EQ(std::get<WordTally>(read).forgotten.size(), static_cast<std::size_t>(LearntWords::most) + 1);
 }
