@@ -1,6 +1,6 @@
 #include "WordsDocument.h"
-#include "text/Utf8.h"
 
+#include "text/Utf8.h"
 #include "words/SinhalaWordList.h"
 
 #include <gtest/gtest.h>
