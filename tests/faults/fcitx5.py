@@ -58,6 +58,7 @@ class Desktop:
         self.bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--nosyslog", f"--address={address}"],
                                     env=self.environment, stderr=subprocess.DEVNULL)
         if not wait_for(lambda: self.connect(address)):
+            self.close()
             sys.exit("There is no session bus")
 
     def connect(self, address):
