@@ -2,6 +2,7 @@
 #include "Fcitx5StandIn.h"
 #include "FieldModel.h"
 #include "PlainSequences.h"
+#include "SequencedField.h"
 #include "settings/SinglishSettings.h"
 
 #include <array>
@@ -56,19 +57,15 @@ const std::array<Kind, 6>& kinds() {
     return all;
 }
 
-/// A key as the framework is told of it, and what it means.
-struct Key {
+/// A key, and how the framework is told of it.
+struct Key : DesktopKey {
     Key(std::uint32_t keysym, std::uint32_t state)
-        : keysym(keysym),
-          state(state),
-          told(static_cast<fcitx::KeySym>(keysym), fcitx::KeyStates(state & ~Keysym::release)),
-          event(Keysym::keyEvent(keysym, state, fcitx::Key::keySymToUnicode(told.sym()))) {}
+        : DesktopKey{keysym, (state & Keysym::release) != 0,
+                     Keysym::keyEvent(keysym, state,
+                                      fcitx::Key::keySymToUnicode(static_cast<fcitx::KeySym>(keysym)))},
+          told(static_cast<fcitx::KeySym>(keysym), fcitx::KeyStates(state & ~Keysym::release)) {}
 
-    bool isRelease() const { return (state & Keysym::release) != 0; }
-
-    std::uint32_t keysym, state;
     fcitx::Key told;
-    KeyEvent event;
 };
 
 Key nextKey(fuzz::Input& input) {
@@ -105,7 +102,7 @@ public:
     }
 
     void press(const Key& key) {
-        fcitx::KeyEvent event(this, key.told, key.isRelease());
+        fcitx::KeyEvent event(this, key.told, key.isRelease);
         if (keyEvent(event) || key.event.type != KeyEvent::keyDown)
             return;
         fuzz::expect(marked().empty(), "a key that is the field's finds no marked text");
@@ -284,16 +281,7 @@ private:
     void pressModel(const Key& key) {
         if (isPassword_)
             return model().pass(key.event);
-        const bool isDown = key.event.type == KeyEvent::keyDown;
-        if (isDown && (key.event.modifierFlags & KeyEvent::shortcutModifiers))
-            sequences_.end();
-        else if (const auto made = isDown ? sequences_.press(key.keysym) : std::nullopt) {
-            model().end(field().line());
-            return model().insert(*made);
-        }
-        if (!key.isRelease() && Keysym::isShortcutModifier(key.keysym) && kind_.endsBeforeShortcuts())
-            model().end(field().line());
-        model().press(key.event, field().line());
+        fuzz::press(model(), sequences_, key, field().line(), kind_.endsBeforeShortcuts());
     }
 
     fcitx::Instance& instance_;

@@ -5,6 +5,7 @@
 #include "InputContext.h"
 #include "MemoryWordStore.h"
 #include "PlainSequences.h"
+#include "SequencedField.h"
 #include "SuggestedLists.h"
 #include "TemporaryFolder.h"
 
@@ -293,19 +294,9 @@ private:
     }
 
     void pressModel(const DesktopKey& key) {
-        fuzz::FieldModel& model = place().model;
-        const bool isDown = key.event.type == KeyEvent::keyDown;
         if (isPassword_)
-            return model.pass(key.event);
-        if (isDown && (key.event.modifierFlags & KeyEvent::shortcutModifiers))
-            sequences_.end();
-        else if (const auto made = isDown ? sequences_.press(key.keysym) : std::nullopt) {
-            model.end(line());
-            return model.insert(*made);
-        }
-        if (!key.isRelease && Keysym::isShortcutModifier(key.keysym) && endsBeforeShortcuts())
-            model.end(line());
-        model.press(key.event, line());
+            return place().model.pass(key.event);
+        fuzz::press(place().model, sequences_, key, line(), endsBeforeShortcuts());
     }
 
     bool endsBeforeShortcuts() const {

@@ -151,17 +151,18 @@ def sweep(faults, problem):
     what comes of it is looked at all the same, and it does not count as tried."""
     plain = []
     for _ in range(3):
-        if (wrong := problem(Fault())) or not faults.calls():
+        wrong = problem(Fault())
+        plain.append(faults.calls())
+        if wrong or not plain[-1]:
             print(f"Without a fault: {wrong}")
             return 1
-        plain.append(faults.calls())
     threads = threads_of(min(plain, key=len))  # more calls are more rounds of what a thread does
     runs = others = failures = 0
     for fault, call in all_of(threads):
-        wrong = problem(fault)
-        came = calls_of(fault.thread, faults.calls())
+        wrong, made = problem(fault), faults.calls()
+        came = calls_of(fault.thread, made)
         failed = came[fault.number - 1] if len(came) >= fault.number else call
-        if fault.is_reached(faults.calls()) and failed.name == call.name:
+        if fault.is_reached(made) and failed.name == call.name:
             runs += 1
             if isinstance(fault.how, int) and failed.result != -1:
                 wrong = f"the call has not failed; {wrong}"
