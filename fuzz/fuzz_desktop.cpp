@@ -22,7 +22,7 @@ public:
     }
 
     bool press(const DesktopKey& key, bool shortcutsEndIt, const SequenceStep& step) {
-        const bool isConsumed = context.handle(key, shortcutsEndIt, [&](const KeyEvent&) { return step; });
+        const bool isConsumed = context.handle(key, shortcutsEndIt, [&] { return step; });
         if (!isConsumed && key.event.type == KeyEvent::keyDown)
             field.apply(key.event);
         return isConsumed;

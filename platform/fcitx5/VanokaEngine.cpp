@@ -96,7 +96,7 @@ void VanokaEngine::keyEvent(const fcitx::InputMethodEntry&, fcitx::KeyEvent& eve
     const DesktopKey key = {keysym, event.isRelease(), keyEventOf(event, keysym)};
     // A shortcut may be one to another window.
     if (field.desktop.handle(key, field.client.losesTextToOtherWindows(),
-                             [&](const KeyEvent&) { return followSequence(context, keysym); }))
+                             [&] { return followSequence(context, key); }))
         event.filterAndAccept();
     updateCandidatesLater(context);
 }
@@ -200,11 +200,15 @@ void VanokaEngine::showSuggestions() {
 }
 
 /// A dead key, the Compose key and the keys after them, of which the framework makes one character.
-SequenceStep VanokaEngine::followSequence(fcitx::InputContext& context, std::uint32_t keysym) {
-    if (!Keysym::startsSequence(keysym) && !instance_.isComposing(&context))
+SequenceStep VanokaEngine::followSequence(fcitx::InputContext& context, const DesktopKey& key) {
+    if (key.event.modifierFlags & KeyEvent::shortcutModifiers) {
+        instance_.resetCompose(&context); // a shortcut is none
         return {};
-    const auto made = instance_.processComposeString(&context, static_cast<fcitx::KeySym>(keysym));
-    const bool givesUp = keysym == FcitxKey_BackSpace || keysym == FcitxKey_Escape;
+    }
+    if (!Keysym::startsSequence(key.keysym) && !instance_.isComposing(&context))
+        return {};
+    const auto made = instance_.processComposeString(&context, static_cast<fcitx::KeySym>(key.keysym));
+    const bool givesUp = key.keysym == FcitxKey_BackSpace || key.keysym == FcitxKey_Escape;
     if (made ? made->empty() : !instance_.isComposing(&context) && !givesUp)
         return {}; // it knows no sequence with this key
     return {true, made.value_or("")};

@@ -44,7 +44,7 @@ private:
     void updateCandidates(fcitx::InputContext& context);
     void updateCandidatesLater(fcitx::InputContext& context);
     void showSuggestions();
-    SequenceStep followSequence(fcitx::InputContext& context, std::uint32_t keysym);
+    SequenceStep followSequence(fcitx::InputContext& context, const DesktopKey& key);
     void initialize(fcitx::SimpleAction& action, VanokaInputController::MenuItem item);
     void initialize(fcitx::SimpleAction& action, const SuggestionSwitch& which);
 

@@ -94,16 +94,15 @@ bool InputContext::takes(guint keysym, guint state) {
         environment_.suggestionsChanged();
     const DesktopKey key = {keysym, (state & IBUS_RELEASE_MASK) != 0,
                             Keysym::keyEvent(keysym, state, ibus_keyval_to_unicode(keysym))};
-    return desktop_.handle(key, policy_.commitsBeforeShortcut,
-                           [&](const KeyEvent& event) { return followSequence(keysym, event); });
+    return desktop_.handle(key, policy_.commitsBeforeShortcut, [&] { return followSequence(key); });
 }
 
-SequenceStep InputContext::followSequence(guint keysym, const KeyEvent& event) {
-    if (event.modifierFlags & KeyEvent::shortcutModifiers) {
+SequenceStep InputContext::followSequence(const DesktopKey& key) {
+    if (key.event.modifierFlags & KeyEvent::shortcutModifiers) {
         sequence_.end(); // a shortcut is none
         return {};
     }
-    ComposeSequence::Result result = sequence_.press(keysym);
+    ComposeSequence::Result result = sequence_.press(key.keysym);
     return {result.outcome != ComposeSequence::Outcome::notPart, std::move(result.text)};
 }
 

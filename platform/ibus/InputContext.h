@@ -82,7 +82,7 @@ private:
     bool takesNoInput() const noexcept;
     bool answers(guint keysym, guint keyCode, guint state);
     bool takes(guint keysym, guint state);
-    SequenceStep followSequence(guint keysym, const KeyEvent& event);
+    SequenceStep followSequence(const DesktopKey& key);
     void commit();
     std::string forget();
     void becomesActive();

@@ -31,17 +31,16 @@ public:
     /// All must outlive it.
     DesktopContext(TextInputClient& client, SinglishSettings& settings, FileWatch& storedSettings);
 
-    /// A key; true when it is consumed. Keys that another program has
-    /// stored are in force from it on.
+    /// A key; true when it is consumed. Keys that another program has stored are in force from it on.
     ///
-    /// `followSequence` is called with the event if it is a key-down event, and returns a `SequenceStep`; a
-    /// key that is part of a sequence ends the composition, as one does that types nothing. `shortcutsEndIt`:
-    /// the first key of a shortcut puts the composition in.
+    /// `followSequence` is called for a key-down event, and returns a `SequenceStep`; a key that is part of a
+    /// sequence ends the composition, as one does that types nothing. `shortcutsEndIt`: the first key of a
+    /// shortcut puts the composition in.
     template <class FollowSequence>
     bool handle(const DesktopKey& key, bool shortcutsEndIt, FollowSequence followSequence) {
         prepare(key, shortcutsEndIt);
         if (key.event.type == KeyEvent::keyDown) {
-            const SequenceStep step = followSequence(key.event);
+            const SequenceStep step = followSequence();
             if (step.isPart) {
                 insertInstead(step.text);
                 return true;

@@ -170,6 +170,18 @@ TYPED_TEST_P(FrameworkTest, AKeyThatFitsNoSequenceIsItself) {
     EXPECT_EQ(field.field().screen(), "q\u0D9A.\u0D9A.\u0D9A.") << "the focus ends it, too";
 }
 
+TYPED_TEST_P(FrameworkTest, AShortcutIsNoPartOfASequence) {
+    constexpr std::uint32_t compose = 0xFF20;
+    RemoteField& field = *this->remote;
+    field.press(compose, 0);
+    field.press('o', Keysym::control);
+    field.type("oka.");
+    EXPECT_EQ(field.field().screen(), "\u0D94\u0D9A.") << "it ended it, and is the program's";
+    field.press(compose, Keysym::control);
+    field.type("oka.");
+    EXPECT_EQ(field.field().screen(), "\u0D94\u0D9A.\u0D94\u0D9A.") << "nor does it begin one";
+}
+
 TYPED_TEST_P(FrameworkTest, ComposesNothingInItsOwnWindows) {
     const auto own = this->another(TypeParam::ownProgram);
     own->type("amma.");
@@ -216,8 +228,9 @@ TYPED_TEST_P(FrameworkTest, HasAMenuOfSwitchesAndOfItemsThatStartTheSettingsProg
 REGISTER_TYPED_TEST_SUITE_P(FrameworkTest, PlaysEveryScenario, KeepsTenThousandKeysInOrderAtFullSpeed,
                             KeepsTwoFieldsApart, LosesNothingWhenAnotherEngineIsChosen,
                             ModifierKeysAndReleasesLeaveTheWordAlone, SequencesOfKeysMakeOneText,
-                            AKeyThatFitsNoSequenceIsItself, ComposesNothingInItsOwnWindows,
-                            AnEditIsInForceAtTheVeryNextKey, DamagedSettingsNeverStopTyping,
+                            AKeyThatFitsNoSequenceIsItself, AShortcutIsNoPartOfASequence,
+                            ComposesNothingInItsOwnWindows, AnEditIsInForceAtTheVeryNextKey,
+                            DamagedSettingsNeverStopTyping,
                             HasAMenuOfSwitchesAndOfItemsThatStartTheSettingsProgram);
 
 } // namespace vanoka::test
