@@ -32,6 +32,7 @@ bool VanokaInputController::updateCandidates() {
 }
 
 bool VanokaInputController::chooseCandidate(std::size_t row, TextInputClient* client) {
+    typing_.setLearning(isLearning()); // the field may have become a private one since the last key
     return client && apply(typing_.choose(row), *client);
 }
 
@@ -64,10 +65,17 @@ bool VanokaInputController::isOwn(const TextInputClient& client) const {
     return text::equal(*identifier, *ownBundleIdentifier_);
 }
 
+bool VanokaInputController::isSuggesting() const {
+    return suggestions_ && suggestions_->areOn && privacy_ != FieldPrivacy::notSuggested;
+}
+
+bool VanokaInputController::isLearning() const {
+    return isSuggesting() && !suggestions_->isPrivate && privacy_ == FieldPrivacy::open;
+}
+
 void VanokaInputController::adoptSuggestions() {
-    const bool areOn = suggestions_ && suggestions_->areOn && privacy_ != FieldPrivacy::notSuggested;
-    typing_.setSuggesting(areOn);
-    typing_.setLearning(areOn && !suggestions_->isPrivate && privacy_ == FieldPrivacy::open);
+    typing_.setSuggesting(isSuggesting());
+    typing_.setLearning(isLearning());
 }
 
 void VanokaInputController::findCandidates() {

@@ -96,6 +96,8 @@ public:
 
 private:
     bool isOwn(const TextInputClient& client) const;
+    bool isSuggesting() const;
+    bool isLearning() const;
     void adoptSuggestions();
     void findCandidates();
     const LetterReadings& readings();

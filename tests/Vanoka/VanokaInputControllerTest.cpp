@@ -503,6 +503,20 @@ TEST_F(SuggestingControllerTest, LearnsInOpenFieldsAlone) {
     EXPECT_EQ(store.countOf("ගෙදර"), 2);
 }
 
+TEST_F(SuggestingControllerTest, AClickTeachesNothingWhereTheFieldProvesPrivateInAWord) {
+    for (const bool isChosen : {false, true}) {
+        type("gedr");
+        controller.updateCandidates();
+        suggestions.isPrivate = isChosen;
+        controller.setFieldPrivacy(isChosen ? FieldPrivacy::open : FieldPrivacy::notLearnt);
+        EXPECT_TRUE(controller.chooseCandidate(1, &field));
+        suggestions.isPrivate = false;
+        controller.setFieldPrivacy(FieldPrivacy::open);
+    }
+    EXPECT_EQ(field.screen(), "ගෙදරගෙදර");
+    EXPECT_EQ(store.countOf("ගෙදර"), 0);
+}
+
 TEST_F(SuggestingControllerTest, LearnsNothingWhereTheyAreOff) {
     suggestions.areOn = false;
     type("gedhara<space>gedr<down>");
