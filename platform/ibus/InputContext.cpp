@@ -145,7 +145,10 @@ void InputContext::hasFocus(std::string_view field) {
         putDroppedTextIn();
 }
 
+/// Which waits for a field that shows what is put in.
 void InputContext::putDroppedTextIn() {
+    if (takesNoInput())
+        return;
     if (const std::string dropped = droppedTexts_.take(field_); !dropped.empty())
         client_.insertText(dropped, VanokaInputController::noReplacement);
 }
@@ -209,9 +212,13 @@ void InputContext::activateProperty(std::string_view name) {
     }
 }
 
+/// What others have chosen by then counts, but the rows are those that were clicked.
 void InputContext::clickCandidate(guint row) {
+    const bool haveChanged = environment_.suggestions.adoptStoredBeforeKey();
     desktop_.chooseCandidate(row);
     updateCandidates();
+    if (haveChanged)
+        environment_.suggestionsChanged();
 }
 
 void InputContext::moveHighlight(std::ptrdiff_t rows) {

@@ -292,6 +292,25 @@ TEST_F(EngineTest, KeepsAWordThatTheDaemonTakesFromQtUntilQtHasTheFocusAgain) {
     EXPECT_EQ(qt->field().text(), "\u0D9A1") << "and what Qt puts in is Qt's";
 }
 
+TEST_F(EngineTest, KeepsAWordThatWasDroppedOutOfAPassword) {
+    if (!ibus::installedVersions().qtCommitsUnannounced)
+        GTEST_SKIP() << "does not apply: the Qt that is installed tells the daemon that it puts the word in.";
+    const auto other = newField("test:other");
+    other->focusOut();
+    const auto qt = newField("QIBusInputContext");
+    qt->type("ka");
+    other->focusIn();
+    qt->focusOut();
+    other->type("1");
+    qt->setPurpose(IBUS_INPUT_PURPOSE_PASSWORD); // all fields of the program are one to the daemon
+    other->leaveFor(*qt);
+    qt->type("am1");
+    EXPECT_EQ(qt->field().screen(), "am1");
+    qt->setPurpose(IBUS_INPUT_PURPOSE_FREE_FORM);
+    qt->type("2");
+    EXPECT_EQ(qt->field().screen(), "am1\u0D9A2") << "and it is lost no more than before";
+}
+
 /// The first engine that a daemon makes is told its client as every other is.
 TEST_F(EngineTest, KeepsTheFirstWordOfADaemonThatTheDaemonDrops) {
     replaceDaemon();
