@@ -46,6 +46,19 @@ void DesktopSuggestions::choose(const SuggestionChoices& choices) {
     enforce(choices);
 }
 
+void DesktopSuggestions::change(const SuggestionChoices& before, const SuggestionChoices& after) {
+    const auto edit = defaults_.lock(SuggestionChoices::storedName);
+    SuggestionChoices choices = stored();
+    const auto adopt = [&](auto which) {
+        if (before.*which != after.*which)
+            choices.*which = after.*which;
+    };
+    adopt(&SuggestionChoices::areOn);
+    adopt(&SuggestionChoices::isPrivate);
+    adopt(&SuggestionChoices::rows);
+    choose(choices);
+}
+
 void DesktopSuggestions::toggle(const SuggestionSwitch& which) {
     const auto edit = defaults_.lock(SuggestionChoices::storedName);
     SuggestionChoices choices = stored();
@@ -76,7 +89,7 @@ bool DesktopSuggestions::adoptLists() {
     return true;
 }
 
-SuggestionChoices DesktopSuggestions::stored() {
+SuggestionChoices DesktopSuggestions::stored() const {
     return suggestionChoicesIn(defaults_.data(SuggestionChoices::storedName).value_or(""));
 }
 

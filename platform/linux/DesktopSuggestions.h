@@ -35,8 +35,12 @@ public:
 
     /// The user's choices as they were last heard of.
     const SuggestionChoices& choices() const noexcept { return choices_; }
+    /// And as they are kept now.
+    SuggestionChoices stored() const;
     /// They are in force at once, and kept.
     void choose(const SuggestionChoices& choices);
+    /// Those in which `after` is another than `before`; the others stay as they are kept.
+    void change(const SuggestionChoices& before, const SuggestionChoices& after);
     /// Turns a switch over from what it was last heard to be, as a click on it means.
     void toggle(const SuggestionSwitch& which);
 
@@ -52,7 +56,6 @@ public:
 private:
     using Lists = std::shared_ptr<const SuggestionLists>;
 
-    SuggestionChoices stored();
     void enforce(const SuggestionChoices& choices);
     void read(std::function<Lists()> lists);
 

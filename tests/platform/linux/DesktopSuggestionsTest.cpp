@@ -136,6 +136,24 @@ TEST_F(DesktopSuggestionsTest, AClickTurnsOverWhatWasSeenAndLeavesTheRest) {
     EXPECT_EQ(one->choices(), (SuggestionChoices{.areOn = true, .rows = 3})) << "it was seen to be off";
 }
 
+TEST_F(DesktopSuggestionsTest, AChangeLeavesTheRestAsOthersHaveChosenIt) {
+    const auto one = engine(), other = engine();
+    const SuggestionChoices all = {.areOn = true, .isPrivate = true, .rows = 9};
+    for (const SuggestionChoices& change :
+         {SuggestionChoices{.areOn = true}, {.isPrivate = true}, {.rows = 9}, {}}) {
+        other->choose({});
+        one->change({}, change);
+        EXPECT_EQ(engine()->choices(), change);
+        other->choose(all);
+        one->change({}, change);
+        EXPECT_EQ(one->choices(), all);
+        one->change(all, all);
+        EXPECT_EQ(engine()->choices(), all);
+    }
+    one->change(all, {});
+    EXPECT_EQ(engine()->choices(), SuggestionChoices());
+}
+
 } // namespace
 
 } // namespace vanoka
