@@ -34,16 +34,8 @@ public:
         }
     }
 
-    /// What becomes of a key that does not go on with the sequence, but could begin one.
-    enum class Misfit : std::uint8_t {
-        begins, ///< as IBus reads them
-        ends    ///< it only ends the one that is underway, as xkbcommon reads them
-    };
-
-    explicit PlainSequences(Misfit misfit = Misfit::begins) : misfit_(misfit) {}
-
     /// What a key makes that is part of a sequence: a text, or nothing yet or at all. No value for one that
-    /// is part of none. Keys that only change others are not to be passed.
+    /// is part of none. One that does not go on with the sequence may begin another. Keys that only change others are not to be passed.
     std::optional<std::string> press(std::uint32_t keysym) {
         const bool wasUnderway = !pressed_.empty();
         if (!wasUnderway && !begins(keysym))
@@ -55,7 +47,7 @@ public:
         if (std::ranges::any_of(rows(), [&](const Row& row) { return beginsWith(row.keysyms, pressed_); }))
             return "";
         pressed_.clear();
-        if (wasUnderway && begins(keysym) && misfit_ == Misfit::begins)
+        if (wasUnderway && begins(keysym))
             return press(keysym);
         const bool givesUp = wasUnderway && (keysym == backSpace || keysym == escape);
         return givesUp ? std::optional<std::string>("") : std::nullopt;
@@ -78,7 +70,6 @@ private:
         return keysym == compose ? "Multi_key" : std::string(1, static_cast<char>(keysym));
     }
 
-    Misfit misfit_;
     std::vector<std::uint32_t> pressed_;
 };
 

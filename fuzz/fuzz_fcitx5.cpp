@@ -35,24 +35,24 @@ struct Kind {
     fcitx::CapabilityFlags flags;
     AtClick atClick;
 
-    bool showsMarkedText() const { return flags.test(fcitx::CapabilityFlag::Preedit); }
     bool putsTextInItself() const { return flags.test(fcitx::CapabilityFlag::ClientUnfocusCommit); }
     /// What the add-on does for this browser alone.
     bool endsBeforeShortcuts() const { return std::string_view(program) == "firefox" && !putsTextInItself(); }
 };
 
-const std::array<Kind, 6>& kinds() {
+const std::array<Kind, 7>& kinds() {
     using enum fcitx::CapabilityFlag;
     using Flags = fcitx::CapabilityFlags;
     static const Flags older = {Preedit, KeyEventOrderFix, ReportKeyRepeat};
     static const Flags newer = older | ClientUnfocusCommit;
-    static const std::array<Kind, 6> all = {{
+    static const std::array<Kind, 7> all = {{
         {"gtk3", "dbus", older, AtClick::putsIn},
         {"gtk3", "dbus", newer, AtClick::putsIn},
         {"gtk4", "dbus", Flags{Preedit, ReportKeyRepeat}, AtClick::drops},
         {"firefox", "dbus", older, AtClick::putsIn},
         {"firefox", "dbus", newer, AtClick::putsIn},
         {"xterm", "xim", Flags(), AtClick::nothing},
+        {"plain", "dbus", Flags(), AtClick::putsIn},
     }};
     return all;
 }
@@ -88,7 +88,7 @@ public:
 
     /// What is underlined, in the field or beside it.
     std::string marked() {
-        return kind_.showsMarkedText() ? marked_.toString() : inputPanel().preedit().toString();
+        return marked_.toString() + inputPanel().preedit().toString();
     }
     CandidateLine line() {
         CandidateLine line;
@@ -107,6 +107,10 @@ public:
             return;
         fuzz::expect(marked().empty(), "a key that is the field's finds no marked text");
         fuzz::Field::apply(key.event, text);
+    }
+    /// As clients do that learn late what they can, and the framework where a person switches it.
+    void toggle(fcitx::CapabilityFlag what) {
+        setCapabilityFlags(capabilityFlags() ^ fcitx::CapabilityFlags(what));
     }
     /// Another place gets the caret, and the client puts in what it shall by itself.
     void loseCaret() {
@@ -166,6 +170,8 @@ public:
             return pressFast(input.text(8));
         case 7:
             return setPassword(input.byte() % 2 == 1);
+        case 8:
+            return field().toggle(fcitx::CapabilityFlag::Preedit);
         default:
             return press(nextKey(input));
         }
@@ -210,8 +216,7 @@ private:
         if (std::exchange(isPassword_, isOne) == isOne)
             return;
         endComposition();
-        const fcitx::CapabilityFlags secret = fcitx::CapabilityFlag::Password;
-        field().setCapabilityFlags(isOne ? kind_.flags | secret : kind_.flags);
+        field().toggle(fcitx::CapabilityFlag::Password);
     }
 
     /// Of the field that has the focus.
@@ -289,7 +294,7 @@ private:
     std::array<Place, 2> places_;
     std::size_t active_ = 0;
     bool isPassword_ = false; ///< the field that has the focus
-    fuzz::PlainSequences sequences_{fuzz::PlainSequences::Misfit::ends};
+    fuzz::PlainSequences sequences_;
 };
 
 /// Lists are read on a thread of their own, and shown when they are there.

@@ -4,6 +4,10 @@
 
 namespace vanoka::fcitx5 {
 
+bool FieldClient::holdsMarkedText() const {
+    return !context_.inputPanel().clientPreedit().empty();
+}
+
 bool FieldClient::showsMarkedText() const {
     // Asked for each time: some toolkits tell it only after they have the focus.
     return context_.capabilityFlags().test(fcitx::CapabilityFlag::Preedit);
@@ -44,6 +48,24 @@ void FieldClient::clear() {
     show({});
 }
 
+void FieldClient::leaveMarkedText() {
+    context_.inputPanel().setClientPreedit({}); // which is not told
+}
+
+void FieldClient::hideMarkedText() {
+    const fcitx::InputPanel& panel = context_.inputPanel();
+    const fcitx::Text shown = holdsMarkedText() ? panel.clientPreedit() : panel.preedit();
+    if (shown.empty())
+        return;
+    clear();
+    hidden_ = shown;
+}
+
+void FieldClient::showHiddenMarkedText() {
+    if (!hidden_.empty())
+        show(fcitx::Text(hidden_));
+}
+
 std::optional<std::string> FieldClient::bundleIdentifier() const {
     const std::string program = context_.program();
     return program.empty() ? std::nullopt : std::optional(program);
@@ -81,10 +103,12 @@ void FieldClient::showForTheLastTime() {
 }
 
 void FieldClient::show(const fcitx::Text& text) {
-    // Candidates stay until those of the next key take their place; the framework's word on which input
-    // method this is would stay as long as there is marked text.
+    hidden_ = {};
+    // Candidates, and the text beside them, stay until those of the next key take their place; the
+    // framework's word on which input method this is would stay as long as there is marked text.
     fcitx::InputPanel& panel = context_.inputPanel();
-    panel.setAuxUp({});
+    if (!showsCandidates())
+        panel.setAuxUp({});
     const bool isInField = showsMarkedText();
     panel.setClientPreedit(isInField ? text : fcitx::Text());
     panel.setPreedit(isInField ? fcitx::Text() : text);

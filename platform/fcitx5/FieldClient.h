@@ -17,8 +17,8 @@ public:
     /// The input context must outlive the client.
     explicit FieldClient(fcitx::InputContext& context) : context_(context) {}
 
-    /// Whether the field shows marked text itself.
-    bool showsMarkedText() const;
+    /// Whether it is the field that shows the marked text, and not the panel beside it.
+    bool holdsMarkedText() const;
     /// Whether the field resets the input method and drops the marked text, which nobody else puts in.
     bool resetsFirst() const;
     /// Whether the field puts the marked text in itself when it loses focus; else the framework does.
@@ -32,6 +32,11 @@ public:
     bool showsCandidates() const;
     /// Takes the marked text away.
     void clear();
+    /// It is the field's from now on, which puts it in.
+    void leaveMarkedText();
+    /// Takes the marked text away, until it is shown again where the field then has it shown.
+    void hideMarkedText();
+    void showHiddenMarkedText();
 
     /// The program; absent where the framework does not know it.
     std::optional<std::string> bundleIdentifier() const override;
@@ -40,10 +45,12 @@ public:
                        TextRange replacementRange) override;
 
 private:
+    bool showsMarkedText() const;
     void showForTheLastTime();
     void show(const fcitx::Text& text);
 
     fcitx::InputContext& context_;
+    fcitx::Text hidden_; ///< the marked text; empty while it is shown, and when there is none
 };
 
 } // namespace vanoka::fcitx5

@@ -84,6 +84,22 @@ VanokaEngine::VanokaEngine(fcitx::Instance& instance)
     initialize(showAbout_, menu[1]);
     instance_.userInterfaceManager().registerAction("vanoka-settings", &showSettings_);
     instance_.userInterfaceManager().registerAction("vanoka-about", &showAbout_);
+    show(suggestions_.choices(), options_);
+    // Once the field shows none, it is told none either, and what stood there would stay.
+    watches_ = {
+        watchMarkedText(fcitx::EventType::InputContextCapabilityAboutToChange, &FieldClient::hideMarkedText),
+        watchMarkedText(fcitx::EventType::InputContextCapabilityChanged, &FieldClient::showHiddenMarkedText)};
+}
+
+/// Calls `then` at each `change` that decides where marked text is shown.
+VanokaEngine::Watch VanokaEngine::watchMarkedText(fcitx::EventType change, void (FieldClient::*then)()) {
+    return instance_.watchEvent(
+        change, fcitx::EventWatcherPhase::PreInputMethod, [this, then](fcitx::Event& event) {
+            auto& capabilities = static_cast<fcitx::CapabilityEvent&>(event);
+            constexpr auto which = fcitx::CapabilityFlag::Preedit;
+            if (capabilities.oldFlags().test(which) != capabilities.newFlags().test(which))
+                (fieldOf(*capabilities.inputContext()).client.*then)();
+        });
 }
 
 void VanokaEngine::keyEvent(const fcitx::InputMethodEntry&, fcitx::KeyEvent& event) {
@@ -117,19 +133,21 @@ void VanokaEngine::deactivate(const fcitx::InputMethodEntry&, fcitx::InputContex
     const bool isSwitch = event.type() == fcitx::EventType::InputContextSwitchInputMethod;
     // On any other occasion the framework or the client puts in what the client shows. Done twice, it would
     // be there twice, or in the field that has focus next.
-    if (isSwitch || !field.client.showsMarkedText())
+    if (isSwitch || !field.client.holdsMarkedText())
         field.desktop.commit();
     field.desktop.forget();
     // What is taken away from a client that puts it in itself is lost: Qt does so long after another program
     // has the focus.
     if (isSwitch || !field.client.putsTextInItself())
         field.client.clear();
+    else
+        field.client.leaveMarkedText();
     updateCandidates(*event.inputContext());
 }
 
 void VanokaEngine::reset(const fcitx::InputMethodEntry&, fcitx::InputContextEvent& event) {
     Field& field = fieldOf(*event.inputContext());
-    if (field.client.resetsFirst()) {
+    if (field.client.resetsFirst() || !field.client.holdsMarkedText()) {
         field.client.clear();
         field.desktop.commit();
     }
@@ -138,15 +156,23 @@ void VanokaEngine::reset(const fcitx::InputMethodEntry&, fcitx::InputContextEven
     updateCandidates(*event.inputContext());
 }
 
+/// A click into the marked text. The framework would put it in, and reset the field that may put it in, too.
+void VanokaEngine::invokeActionImpl(const fcitx::InputMethodEntry&, fcitx::InvokeActionEvent& event) {
+    fieldOf(*event.inputContext()).desktop.commit();
+    updateCandidates(*event.inputContext());
+    event.filter();
+}
+
 const fcitx::Configuration* VanokaEngine::getConfig() const {
-    show(suggestions_.choices(), options_);
+    show(suggestions_.stored(), options_);
     return &options_;
 }
 
 void VanokaEngine::setConfig(const fcitx::RawConfig& config) {
-    show(suggestions_.choices(), options_);
+    const SuggestionChoices shown = choicesOf(options_);
     options_.load(config, true);
-    suggestions_.choose(choicesOf(options_));
+    suggestions_.change(shown, choicesOf(options_));
+    show(suggestions_.choices(), options_);
     showSuggestions();
 }
 
@@ -159,18 +185,25 @@ void VanokaEngine::updateCandidates(fcitx::InputContext& context) {
     Field& field = fieldOf(context);
     if (!field.desktop.updateCandidates())
         return;
-    const auto redraw = [this, &context] { updateCandidates(context); };
-    field.client.showCandidates(field.desktop.candidates(), field.desktop.candidateHint(),
-                                {.choose =
-                                     [&field, redraw](std::size_t row) {
-                                         field.desktop.chooseCandidate(row);
-                                         redraw();
-                                     },
-                                 .moveHighlight =
-                                     [&field, redraw](std::ptrdiff_t rows) {
-                                         field.desktop.moveHighlight(rows);
-                                         redraw();
-                                     }});
+    field.client.showCandidates(
+        field.desktop.candidates(), field.desktop.candidateHint(),
+        {.choose = [this, &context](std::size_t row) { chooseCandidate(context, row); },
+         .moveHighlight =
+             [this, &context](std::ptrdiff_t rows) {
+                 fieldOf(context).desktop.moveHighlight(rows);
+                 updateCandidates(context);
+             }});
+}
+
+/// What others have chosen by then counts, but the rows are those that were clicked.
+void VanokaEngine::chooseCandidate(fcitx::InputContext& context, std::size_t row) {
+    const bool haveChanged = suggestions_.adoptStoredBeforeKey();
+    DesktopContext& desktop = fieldOf(context).desktop;
+    desktop.setFieldPrivacy(privacyOf(context.capabilityFlags()));
+    desktop.chooseCandidate(row);
+    updateCandidates(context);
+    if (haveChanged)
+        showSuggestions();
 }
 
 /// When the key has its answer.
@@ -205,9 +238,15 @@ SequenceStep VanokaEngine::followSequence(fcitx::InputContext& context, const De
         instance_.resetCompose(&context); // a shortcut is none
         return {};
     }
-    if (!Keysym::startsSequence(key.keysym) && !instance_.isComposing(&context))
+    const bool isUnderway = instance_.isComposing(&context), mayBegin = Keysym::startsSequence(key.keysym);
+    if (!mayBegin && !isUnderway)
         return {};
-    const auto made = instance_.processComposeString(&context, static_cast<fcitx::KeySym>(key.keysym));
+    const auto press = [&] {
+        return instance_.processComposeString(&context, static_cast<fcitx::KeySym>(key.keysym));
+    };
+    auto made = press();
+    if (!made && !instance_.isComposing(&context) && mayBegin && isUnderway)
+        made = press(); // what it ended may be followed by what it begins
     const bool givesUp = key.keysym == FcitxKey_BackSpace || key.keysym == FcitxKey_Escape;
     if (made ? made->empty() : !instance_.isComposing(&context) && !givesUp)
         return {}; // it knows no sequence with this key

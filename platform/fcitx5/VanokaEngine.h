@@ -28,7 +28,7 @@ struct Field final : fcitx::InputContextProperty {
 };
 
 /// The add-on: hands the framework's calls on to the controller of the input context they are about.
-class VanokaEngine final : public fcitx::InputMethodEngineV2 {
+class VanokaEngine final : public fcitx::InputMethodEngineV3 {
 public:
     explicit VanokaEngine(fcitx::Instance& instance);
 
@@ -36,12 +36,17 @@ public:
     void activate(const fcitx::InputMethodEntry& entry, fcitx::InputContextEvent& event) override;
     void deactivate(const fcitx::InputMethodEntry& entry, fcitx::InputContextEvent& event) override;
     void reset(const fcitx::InputMethodEntry& entry, fcitx::InputContextEvent& event) override;
+    void invokeActionImpl(const fcitx::InputMethodEntry& entry, fcitx::InvokeActionEvent& event) override;
     const fcitx::Configuration* getConfig() const override;
     void setConfig(const fcitx::RawConfig& config) override;
 
 private:
+    using Watch = std::unique_ptr<fcitx::HandlerTableEntry<fcitx::EventHandler>>;
+
+    Watch watchMarkedText(fcitx::EventType change, void (FieldClient::*then)());
     Field& fieldOf(fcitx::InputContext& context);
     void updateCandidates(fcitx::InputContext& context);
+    void chooseCandidate(fcitx::InputContext& context, std::size_t row);
     void updateCandidatesLater(fcitx::InputContext& context);
     void showSuggestions();
     SequenceStep followSequence(fcitx::InputContext& context, const DesktopKey& key);
@@ -57,6 +62,7 @@ private:
     fcitx::FactoryFor<Field> fields_;
     std::array<fcitx::SimpleAction, suggestionSwitches.size()> switches_;
     fcitx::SimpleAction showSettings_, showAbout_;
+    std::array<Watch, 2> watches_;
 };
 
 class VanokaEngineFactory final : public fcitx::AddonFactory {

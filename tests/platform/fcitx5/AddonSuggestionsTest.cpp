@@ -86,6 +86,29 @@ TEST_F(AddonSuggestionsTest, HaveAPageOfConfiguration) {
     EXPECT_TRUE(kept().isPrivate);
 }
 
+TEST_F(AddonSuggestionsTest, ThePageLeavesWhatOthersHaveChosenMeanwhile) {
+    const SuggestionChoices others = {.areOn = false, .isPrivate = true, .rows = 9};
+    defaults.setData(SuggestionChoices::storedName, textOf(others));
+    EXPECT_EQ(AddonPage::choice("Rows"), "9") << "it shows what is stored";
+    EXPECT_EQ(AddonPage::choice("Private"), "True");
+    defaults.setData(SuggestionChoices::storedName, textOf({.isPrivate = true, .rows = 4}));
+    AddonPage::choose("Suggestions", "True");
+    EXPECT_EQ(kept(), (SuggestionChoices{.areOn = true, .isPrivate = true, .rows = 4}));
+}
+
+TEST_F(AddonSuggestionsTest, AClickTeachesNothingWhereTheFieldProvesPrivateInAWord) {
+    const auto field = fieldWith(0);
+    field->type("gedr");
+    EXPECT_TRUE(shows({atFirst, 0, ""}));
+    static_cast<Fcitx5Field&>(*field).tell(Fcitx5Field::showsMarkedText | Fcitx5Field::isSensitive);
+    field->chooseCandidate(2);
+    field->focusOut();
+    remote->focusIn();
+    remote->type("mala<space>");
+    ASSERT_TRUE(waitUntil([] { return learnt("\u0DB8\u0DBD"); }));
+    EXPECT_FALSE(learnt(gedarata));
+}
+
 } // namespace
 
 } // namespace vanoka::test

@@ -37,7 +37,7 @@ Fcitx5Field::Fcitx5Field(const std::string& program, std::uint64_t capabilities)
         [](GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* name, GVariant* arguments,
            gpointer field) { static_cast<Fcitx5Field*>(field)->onSignal(name, arguments); },
         this, nullptr);
-    call("SetCapability", g_variant_new("(t)", capabilities));
+    tell(capabilities);
     focusIn();
 }
 
@@ -117,6 +117,19 @@ void Fcitx5Field::focusIn() {
 
 void Fcitx5Field::focusOut() {
     call("FocusOut");
+}
+
+void Fcitx5Field::reset() {
+    call("Reset");
+}
+
+void Fcitx5Field::clickMarkedText() {
+    constexpr guint32 withTheLeftButton = 0;
+    call("InvokeAction", g_variant_new("(ui)", withTheLeftButton, 0));
+}
+
+void Fcitx5Field::tell(std::uint64_t capabilities) {
+    call("SetCapability", g_variant_new("(t)", capabilities));
 }
 
 bool Fcitx5Field::process(std::uint32_t keysym, std::uint32_t state, bool isRelease) {

@@ -14,6 +14,7 @@ public:
     // What the field can do, in the framework's bits.
     static constexpr std::uint64_t showsMarkedText = 0x12;
     static constexpr std::uint64_t isPassword = 1U << 3;
+    static constexpr std::uint64_t commitsItself = 1U << 5; ///< as Qt's module has it
     static constexpr std::uint64_t isTerminal = 1ULL << 32;
     static constexpr std::uint64_t isSensitive = 1ULL << 36;
 
@@ -43,6 +44,12 @@ public:
 
     void focusIn() override;
     void focusOut() override;
+    /// As a module does that knows of a click.
+    void reset();
+    /// As a module does that tells of a click into the marked text.
+    void clickMarkedText();
+    /// What the field can do from now on.
+    void tell(std::uint64_t capabilities);
 
 private:
     bool process(std::uint32_t keysym, std::uint32_t state, bool isRelease);
