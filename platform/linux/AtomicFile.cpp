@@ -28,14 +28,6 @@ bool leadsOn(const fs::path& path) {
     return ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode) && isTrustedOwner(status.st_uid);
 }
 
-/// Makes names that were given or taken beside the file last. That not every file system can is no error.
-std::error_code forceFolderOf(const fs::path& file) {
-    const Descriptor folder(::open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (folder.isOpen() && (::fsync(folder.number()) == 0 || errno == EINVAL || errno == ENOTSUP))
-        return {};
-    return lastErrorUnlessAbsent();
-}
-
 /// "name.kept", or the first of "name.kept-2" and so on that nothing has.
 fs::path freeNameBeside(const fs::path& path) {
     const std::string kept = path.string() + ".kept";
@@ -48,6 +40,13 @@ fs::path freeNameBeside(const fs::path& path) {
 
 } // namespace
 
+std::error_code forceNamesBeside(const fs::path& file) {
+    const Descriptor folder(::open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.isOpen() && (::fsync(folder.number()) == 0 || errno == EINVAL || errno == ENOTSUP))
+        return {};
+    return lastErrorUnlessAbsent();
+}
+
 std::error_code makeFolder(const fs::path& folder) {
     if (folder.empty() || ::access(folder.c_str(), F_OK) == 0)
         return {};
@@ -55,7 +54,7 @@ std::error_code makeFolder(const fs::path& folder) {
         return error;
     if (::mkdir(folder.c_str(), S_IRWXU) != 0 && errno != EEXIST)
         return lastError();
-    const std::error_code unforced = forceFolderOf(folder);
+    const std::error_code unforced = forceNamesBeside(folder);
     if (unforced)
         ::rmdir(folder.c_str()); // which fails, and rightly, when others have put something into it
     return unforced;
@@ -113,14 +112,14 @@ Outcome write(const fs::path& path, std::string_view bytes) {
     UnfinishedFile file(target);
     if (const auto error = file.finish(bytes))
         return {.error = error, .unforced = {}};
-    return {.error = {}, .unforced = forceFolderOf(target)};
+    return {.error = {}, .unforced = forceNamesBeside(target)};
 }
 
 Outcome remove(const fs::path& path) {
     const fs::path target = resolved(path);
     UnfinishedFile::removeAbandoned(target);
     const auto error = ::unlink(target.c_str()) == 0 ? std::error_code() : lastErrorUnlessAbsent();
-    return {.error = error, .unforced = error ? std::error_code() : forceFolderOf(target)};
+    return {.error = error, .unforced = error ? std::error_code() : forceNamesBeside(target)};
 }
 
 NewPlace setAside(const fs::path& path) {

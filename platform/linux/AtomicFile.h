@@ -30,6 +30,9 @@ std::error_code makeFolder(const std::filesystem::path& folder);
 /// and shall stay so. Links that lead in a circle are files like others, and so are links of other users.
 std::filesystem::path resolved(const std::filesystem::path& path);
 
+/// Makes names that were given or taken beside the file last. That a file system cannot is no error.
+std::error_code forceNamesBeside(const std::filesystem::path& file);
+
 /// What the regular file at `path` holds. That there is none is no error; anything else at `path`, and a file
 /// of more than `most` bytes, is one.
 Contents read(const std::filesystem::path& path, std::size_t most);

@@ -5,9 +5,8 @@
 The runs' calls are recorded. For each beginning of that record a folder is made of what a disk may hold then: what was
 forced to it, and of the rest nothing, all data, all names, or what the lot draws, torn at any byte. There, every
 acknowledged edit of the keys and the words is stored, and the next one works. --every looks at one beginning of N, and
-at all that end with an edit. Besides, each call that opens a file or forces it to the disk fails once in an edit of the
-keys, and then the power goes, with the names that were not forced: the edit is there unless it was told as one that
-may not last.
+at all that end with an edit. Besides, each call that opens a file or forces it to the disk fails once in the first edits of
+both, and then the power goes, with what was not forced: the edit is there unless it was told as one that may not last.
 """
 
 import argparse
@@ -244,12 +243,12 @@ class PowerLoss:
             yield str(problem)
 
     def run_unforced(self):
-        """The first edit, which makes folders, and the second, with one call after the other that fails."""
+        """The first edits of each kind, which make folders and files, with one call after the other that fails."""
         edits, _ = self.recorded()
         before = self.stored_at_first()
-        for number, (calls, after) in enumerate(edits[:2]):
+        for number, (calls, after) in enumerate(edits[:4]):
             for at, call in enumerate(calls, 1):
-                if call.name in ("open", "fsync"):
+                if call.name in ("open", "fsync", "fdatasync"):
                     self.unforced(number, at, (before, after))
             before = after
 
@@ -262,7 +261,7 @@ class PowerLoss:
             done = self.follow(disk, place.run(command, at=at, how=errno.EIO))
         call = done.calls[at - 1]
         assert call.result == -1, call
-        self.look(disk, [Loss(keeps_data=True, keeps_names=False)],
+        self.look(disk, [Loss(False, False), Loss(False, True), Loss(True, False)],
                   f"{' '.join(command)}: {call.name} failed, status {done.status}", values[done.status == 0:])
 
     def follow(self, disk, done):

@@ -37,7 +37,10 @@ std::vector<std::string> shownRow(std::string_view line) {
 
 WordsCommand::WordsCommand(const std::filesystem::path& path, std::istream& input, std::ostream& output,
                            std::ostream& errors)
-    : database_(path, WordDatabase::longestWait), input_(input), output_(output), errors_(errors) {}
+    : database_(path, WordDatabase::longestWait, WordDatabase::Outlasts::powerFailures),
+      input_(input),
+      output_(output),
+      errors_(errors) {}
 
 int WordsCommand::run(std::span<const std::string> arguments) {
     const std::string_view verb = arguments.empty() ? "list" : std::string_view(arguments.front());
@@ -136,6 +139,8 @@ int WordsCommand::read(WordTally& words) {
 int WordsCommand::stored(const Fault& fault, const std::string& outcome) {
     if (fault)
         return tell(WordMessages::unstored(database_.path(), fault.reason), ExitStatus::failed);
+    if (const auto unforced = database_.forceNames())
+        return tell(WordMessages::unforced(database_.path(), unforced.message()), ExitStatus::failed);
     if (!database_.setAside().empty() && std::filesystem::exists(database_.setAside()))
         tell(WordMessages::setAside(database_.setAside()), ExitStatus::done);
     output_ << outcome << '\n';

@@ -35,9 +35,13 @@ constexpr std::string_view damagedMark = ".damaged-";
 constexpr std::array<std::string_view, 3> besides = {"-journal", "-wal", "-shm"};
 
 constexpr const char* settings = "PRAGMA journal_mode = WAL;"
-                                 // A kill loses nothing; forcing every word to the disk would wear it out.
-                                 "PRAGMA synchronous = NORMAL;"
                                  "PRAGMA secure_delete = ON;"; // what is forgotten is overwritten
+
+/// A kill loses nothing in any case; forcing every word to the disk that somebody types would wear it out.
+const char* forcing(WordDatabase::Outlasts outlasts) {
+    return outlasts == WordDatabase::Outlasts::kills ? "PRAGMA synchronous = NORMAL"
+                                                     : "PRAGMA synchronous = FULL";
+}
 
 /// Makes an empty file without opening it: closing one that SQLite has open would drop SQLite's locks. No
 /// error where there is one.
@@ -49,16 +53,24 @@ std::error_code makeFile(const fs::path& path) {
     return fs::exists(path, ignored) ? std::error_code() : error;
 }
 
-/// The files beside get the mode of the database. What its owner may not do either stays so.
-void keepFromOthers(const fs::path& path, mode_t mode) {
+/// What its owner may not do either stays so.
+void keepFromOthers(const fs::path& path) {
     constexpr mode_t others = S_IRWXG | S_IRWXO;
-    if (S_ISREG(mode) && (mode & others) != 0)
-        ::chmod(path.c_str(), mode & S_IRWXU);
+    struct stat status = {};
+    if (::lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) && (status.st_mode & others) != 0)
+        ::chmod(path.c_str(), status.st_mode & S_IRWXU);
 }
 
 /// The path of what is kept beside a database.
 fs::path besideOf(const fs::path& path, std::string_view beside) {
     return path.string().append(beside);
+}
+
+/// New files beside it get the mode of the database; those that a killed program has left keep theirs.
+void keepAllFromOthers(const fs::path& path) {
+    keepFromOthers(path);
+    for (const std::string_view beside : besides)
+        keepFromOthers(besideOf(path, beside));
 }
 
 bool isOfAnother(const fs::path& path) {
@@ -174,8 +186,8 @@ std::string whyItCannotBeWritten(const fs::path& file) {
 
 } // namespace
 
-WordDatabase::WordDatabase(fs::path path, std::chrono::milliseconds patience)
-    : path_(std::move(path)), patience_(patience) {}
+WordDatabase::WordDatabase(fs::path path, std::chrono::milliseconds patience, Outlasts outlasts)
+    : path_(std::move(path)), patience_(patience), outlasts_(outlasts) {}
 
 fs::path WordDatabase::standardPath() {
     const fs::path folder = Folders::ofData();
@@ -213,6 +225,10 @@ Fault WordDatabase::read(WordTally& tally) {
             return result == SQLITE_OK ? readDataVersion(database, seen_) : result;
         });
     });
+}
+
+std::error_code WordDatabase::forceNames() const {
+    return AtomicFile::forceNamesBeside(file_);
 }
 
 Fault WordDatabase::erase() {
@@ -293,7 +309,7 @@ Fault WordDatabase::openIfNeeded() {
     opened_ = identityOf(path_); // one that is replaced from here on is opened anew the next time
     if (opened_ == Identity())
         return {errno == ENOENT ? FaultKind::busy : FaultKind::other, lastError().message()};
-    keepFromOthers(file_, opened_.mode);
+    keepAllFromOthers(file_);
     const bool hasLog = holdsBytes(besideOf(file_, "-wal"));
     Fault fault = faultOf(sqlite::open(file_, database_));
     if (!fault)
@@ -322,8 +338,9 @@ Fault WordDatabase::prepare(bool hasLog) {
         if (Fault fault = faultOf(checkTables(database)))
             return fault;
     sqlite::copyLogAtTheEnd(database, true);
-    if (Fault fault = faultOf(sqlite::run(database, settings)))
-        return fault;
+    for (const char* each : {settings, forcing(outlasts_)})
+        if (Fault fault = faultOf(sqlite::run(database, each)))
+            return fault;
     if (!isOlder)
         return {};
     if (Fault fault = faultOf(inTransaction("BEGIN IMMEDIATE", [&] { return migrateIfOlder(database); })))
@@ -408,7 +425,7 @@ WordDatabase::Identity WordDatabase::identityOf(const fs::path& path) {
     struct stat status = {};
     if (::stat(path.c_str(), &status) != 0)
         return {};
-    return {status.st_dev, status.st_ino, status.st_mode};
+    return {status.st_dev, status.st_ino};
 }
 
 } // namespace vanoka

@@ -17,8 +17,8 @@ namespace vanoka {
 /// beside it into which everything is written first.
 ///
 /// What a call has written stays when the program is killed at any instant, and is whole whatever happens; a
-/// power failure may take back the last seconds. Several programs and several of these objects may use one
-/// file. Each object belongs to one thread at a time.
+/// power failure may take back the last seconds, unless it is asked to outlast that, too. Several programs
+/// and several of these objects may use one file. Each object belongs to one thread at a time.
 ///
 /// A damaged file is set aside under another name, and a new one begun. One of a later version is left alone.
 /// A file that was removed or replaced by another counts as it now is. One of another user, or with a journal
@@ -40,11 +40,18 @@ public:
         explicit operator bool() const noexcept { return kind != Kind::none; }
     };
 
+    /// What all that is written shall outlast.
+    enum class Outlasts : std::uint8_t {
+        kills,
+        powerFailures ///< each write is forced to the disk, for which somebody waits
+    };
+
     /// How long somebody who waits for the outcome waits for other programs.
     static constexpr std::chrono::milliseconds longestWait{5000};
 
     /// Opens nothing yet. An empty path stores nothing. A call waits for other programs for `patience`.
-    WordDatabase(std::filesystem::path path, std::chrono::milliseconds patience);
+    WordDatabase(std::filesystem::path path, std::chrono::milliseconds patience,
+                 Outlasts outlasts = Outlasts::kills);
 
     /// "words.sqlite" in the user's data folder; empty when there is no home folder.
     static std::filesystem::path standardPath();
@@ -56,6 +63,10 @@ public:
     Fault remember(const LearntWord& word);
     Fault merge(const WordTally& other);
     Fault read(WordTally& tally);
+
+    /// Forces the names of the database's files to the disk, without which a power failure may take all that
+    /// was written; an error when that fails.
+    std::error_code forceNames() const;
 
     /// Takes every word out, and out of the file's bytes, too; removes what was set aside.
     Fault erase();
@@ -73,10 +84,7 @@ public:
 private:
     struct Identity {
         std::uint64_t device = 0, file = 0;
-        std::uint32_t mode = 0;
-        friend bool operator==(const Identity& left, const Identity& right) {
-            return left.device == right.device && left.file == right.file;
-        }
+        friend bool operator==(const Identity&, const Identity&) = default;
     };
     using Work = std::function<int(sqlite3*)>;
 
@@ -96,6 +104,7 @@ private:
 
     std::filesystem::path path_, file_; ///< and the one behind a link, as it was when it was opened
     std::chrono::milliseconds patience_;
+    Outlasts outlasts_;
     sqlite::Database database_;
     Identity opened_;
     std::int64_t seen_ = -1; ///< SQLite's number for what others have written, when it was read

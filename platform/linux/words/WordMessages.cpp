@@ -21,6 +21,10 @@ std::string unstored(const std::filesystem::path& path, std::string_view reason)
     return "Your words could not be stored" + placed("in", path, reason);
 }
 
+std::string unforced(const std::filesystem::path& path, std::string_view reason) {
+    return "A loss of power may undo your last change, which is stored" + placed("in", path, reason);
+}
+
 std::string setAside(const std::filesystem::path& path) {
     return "Damaged words are kept as " + path.string() + ".";
 }

@@ -10,6 +10,7 @@ namespace vanoka::WordMessages {
 
 std::string unread(const std::filesystem::path& path, std::string_view reason);
 std::string unstored(const std::filesystem::path& path, std::string_view reason);
+std::string unforced(const std::filesystem::path& path, std::string_view reason);
 std::string setAside(const std::filesystem::path& path);
 
 /// What is wrong with the file at `path`, and which damaged ones lie beside it, a sentence each. Makes no

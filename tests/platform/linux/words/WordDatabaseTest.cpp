@@ -55,6 +55,14 @@ TEST_F(WordDatabaseTest, IsTakenFromOthersWhoMayReadIt) {
     EXPECT_EQ(test::modeOf(file), 0400U) << "one that may not be written stays so";
 }
 
+TEST_F(WordDatabaseTest, TakesAJournalFromOthersThatAKilledProgramHasLeft) {
+    learn(gama);
+    const std::string journal = file.string() + "-wal";
+    ::chmod(journal.c_str(), 0644);
+    ASSERT_FALSE(WordDatabase(file, test::longEnough).open()) << "beside the one that keeps the journal";
+    EXPECT_EQ(test::modeOf(journal), 0600U);
+}
+
 /// A plain tally and a store that are told the same hold the same.
 TEST_F(WordDatabaseTest, HoldsWhatAPlainTallyHolds) {
     test::Randoms randoms(1);
