@@ -189,9 +189,10 @@ TypingStep CandidateTyping::forgetHighlighted() {
     const std::size_t row = line_.highlighted;
     if (!line_.rows[row].isLearnt)
         return {{true, {}}, {}};
-    TypingStep step = highlight(0);
-    step.lesson = Lesson{Lesson::Kind::forget, {{}, line_.rows[row].text}};
+    Lesson lesson = {Lesson::Kind::forget, {{}, std::move(line_.rows[row].text)}};
     line_.rows.erase(line_.rows.begin() + static_cast<std::ptrdiff_t>(row));
+    TypingStep step = highlight(0);
+    step.lesson = std::move(lesson);
     if (line_.rows.size() < 2)
         line_ = {};
     return step;
@@ -218,7 +219,10 @@ bool CandidateTyping::take(std::uint64_t generation, std::vector<Candidate> cand
 
 TypingStep CandidateTyping::highlight(std::size_t row) {
     line_.highlighted = row;
-    return {{true, {Effect::mark, line_.rows[row].text}}, {}};
+    TypingStep step = {{true, {Effect::mark, line_.rows[row].text}}, {}};
+    if (!isSuggesting_ && !isMoved()) // it was there for the row that is left
+        line_ = {};
+    return step;
 }
 
 /// What Delete takes back as the very next key.

@@ -352,6 +352,10 @@ TEST(CandidateTyping, GoesOnWhereSuggestionsAreSwitched) {
     field.answer();
     field.type("<down>");
     EXPECT_TRUE(field.screen().ends_with("[ගෙදර]")) << "in the middle of a word";
+    field.typing.setSuggesting(false);
+    EXPECT_TRUE(field.typing.line().isShown()) << "for the row that is marked";
+    field.type("<escape>");
+    EXPECT_FALSE(field.typing.line().isShown()) << "and the line takes no more keys";
 }
 
 TEST(CandidateTyping, WithoutSuggestionsIsTyping) {
