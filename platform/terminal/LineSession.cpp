@@ -47,7 +47,7 @@ LineSession::Outcome LineSession::handle(const KeyEvent& event) {
     return controller_.handle(&event, &line_) ? Outcome::goesOn : handleUnconsumed(event);
 }
 
-/// Pasting is a shortcut: it ends a composition, and what is pasted stays as it is. Lines in it are lines.
+/// Pasting is a shortcut: it ends a composition, and what is pasted is no keys. Lines in it are lines.
 LineSession::Outcome LineSession::handle(const Paste& paste) {
     controller_.commitComposition(&line_);
     std::string_view rest = paste.text;

@@ -50,7 +50,8 @@ Usage:
 
 A LETTER is a Sinhala letter, or a key that types it at present.
 While you type, Space and punctuation put the Sinhala text in, Escape keeps the Latin letters, Backspace
-takes one visible part back, Return finishes the line and Ctrl-D ends. Pasted text stays as it is.
+takes one visible part back, Return finishes the line and Ctrl-D ends. Pasted text stays as it is, but for
+control characters other than tabs and ends of lines, which are left out.
 With --suggest, Down and Tab highlight the next suggestion, Up and Shift-Tab the one before; what is highlighted
 is what goes in. Escape and Backspace go back to what you have typed.
 

@@ -236,6 +236,15 @@ class LineOnATerminal(unittest.TestCase):
         tmux.type(" k")
         tmux.shows("අම්ම amma, kya", "second line ක්")
 
+    def test_what_is_pasted_acts_neither_on_the_line_nor_on_the_terminal(self):
+        tmux = self.start_typing()
+        pasted = os.path.join(tmux.folder.name, "pasted")
+        with open(pasted, "wb") as file:
+            file.write(b"am\x1b[2Jma\x07\x08\x7f\x04\xc2\x9b2J \xff.")
+        tmux.tmux("load-buffer", pasted)
+        tmux.tmux("paste-buffer", "-p", "-r")
+        tmux.shows("am[2Jma2J \ufffd.")
+
     def test_an_edit_of_the_keys_counts_at_the_next_key(self):
         tmux = self.start_typing()
         tmux.type("q")
