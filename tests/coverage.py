@@ -1,6 +1,8 @@
 #!/usr/bin/env python3
-"""Says which lines and branches of a folder a run of the coverage preset did not come past: coverage.py FOLDER PROFILE
-PROGRAM…; the status is 1 where there are any.
+"""Says which functions, lines and branches of a folder a run of the coverage preset did not come past: coverage.py
+FOLDER PROFILE PROGRAM…; the status is 1 where there are any.
+
+Functions count beside lines, since one that stands within a line, such as a lambda, is not called where the line runs.
 
 Counted are the branches that somebody wrote: each condition of an if, a loop, a ?:, an && or an ||, and each case, is
 to be met both ways. What the compiler adds of its own (for exceptions, for static values, for the library's code) is
@@ -9,8 +11,8 @@ Not counted are
 - constexpr functions of which the compiler made no code, since they run while it compiles and nowhere else,
 - the way past all cases of a switch that has no default, which the warnings keep complete,
 - the comparisons of fields in an operator that the compiler writes, since nobody can have got one wrong,
-- conditions that are never asked: their line, or the one before them, is told instead, where the answer is not one
-  that a template knows beforehand, and where they are not in a function within a line,
+- conditions that are never asked: their line, the one before them, or their function is told instead, where the answer
+  is not one that a template knows beforehand,
 - lines that say "// out of reach: REASON", with what an if does that says so.
 """
 
@@ -66,6 +68,15 @@ def compiled_away(functions, with_code):
         if not any(have_code):
             lines[file].append((first, last))
     return lines
+
+
+def calls_of(functions):
+    """How often each function was called, as whatever it was compiled: {(file, line, column): count}."""
+    counts = defaultdict(int)
+    for function in functions:
+        line, column, *_ = function["regions"][0]
+        counts[resolved(function["filenames"][0]), line, column] += function["count"]
+    return counts
 
 
 def lines_of(lcov):
@@ -147,16 +158,21 @@ def main():
     branches = {(file, *place): both for (file, *place), both in branches_of(counted["files"]).items()
                 if any(both) and file.startswith(folder) and sources.counts(file, place[0]) and
                 sources.is_written(file, *place)}
-    if not lines or not branches:
+    calls = {(file, *place): count for (file, *place), count in calls_of(counted["functions"]).items()
+             if file.startswith(folder) and sources.counts(file, place[0])}
+    if not lines or not branches or not calls:
         sys.exit(f"Nothing of {folder} was counted.")
     missed = [(place[0], place[1], f"never run: {sources.line(*place).strip()}")
               for place, count in lines.items() if count == 0]
+    missed += [(file, line, f"never called: {sources.line(file, line)[column - 1:].strip()}")
+               for (file, line, column), count in calls.items() if count == 0 and lines.get((file, line))]
     missed += [(place[0], place[1], f"never {way}: {sources.condition(*place)}")
                for place, both in branches.items() for way, count in zip(("true", "false"), both)
                if count == 0]
     for file, line, what in sorted(missed):
         print(f"{Path(file).relative_to(Path.cwd())}:{line}: {what}")
     ways = [count for both in branches.values() for count in both]
+    print(share("functions", sum(map(bool, calls.values())), len(calls)))
     print(share("lines", sum(map(bool, lines.values())), len(lines)))
     print(share("branches", sum(map(bool, ways)), len(ways)))
     sys.exit(1 if missed else 0)
