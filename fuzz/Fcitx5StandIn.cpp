@@ -78,6 +78,10 @@ void Fcitx5StandIn::setEnvironment() const {
     set("XDG_RUNTIME_DIR", "");
     set("FCITX_DATA_DIRS", "framework");
     set("XCOMPOSEFILE", "Compose");
+    // A machine that only fuzzes has no keyboards: their files lie beside the program there.
+    if (const fs::path keyboards = fs::read_symlink("/proc/self/exe").parent_path() / "xkb";
+        fs::exists(keyboards))
+        ::setenv("XKB_CONFIG_ROOT", keyboards.c_str(), 1);
     ::setenv("LC_ALL", "C.UTF-8", 1);
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS"})
         ::unsetenv(name);

@@ -16,7 +16,8 @@ for target in $(fuzz/targets); do
     cp "$work/bin/$target" "$OUT/"
     cp "$(fuzz/dictionary "$target")" "$OUT/$target.dict"
     zip -q -j -r "$OUT/${target}_seed_corpus.zip" "fuzz/corpus/$target"
-    # The machines that fuzz have the C library alone.
+    # The machines that fuzz have the C library alone, and no keyboards, which a framework asks for.
+    [ "$target" != fuzz_fcitx5 ] || cp -r -L /usr/share/X11/xkb "$OUT/"
     ldd "$OUT/$target" | sed -nE '/\/(libc|libm|libdl|librt|libpthread|libresolv)\.so/d
         s/.*=> (\/[^ ]*) .*/\1/p' | xargs -r cp -n -L -t "$OUT/lib"
 done
