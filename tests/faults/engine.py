@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """Makes each call of the engine's start fail, and kills it there, one after the other:
-engine.py LIBRARY VANOKA DESCRIPTION.
+engine.py LIBRARY VANOKA DESCRIPTION [--every N].
 
 In a real daemon, with keys of the user's own, suggestions on, lists, and words learnt. After each failure somebody
 types: either the word comes, or the engine has stopped in its own words, and the next one types it; after a kill the
@@ -16,7 +16,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-from starts import AMMA, HUNG, KA, Faults, Stored, end, sweep, wait_for
+from starts import AMMA, HUNG, KA, Faults, Stored, arguments, end, sweep, wait_for
 
 NAME = "org.freedesktop.IBus.Vanoka"
 # The last is GLib's: it ends a program that it cannot tell of changed files.
@@ -91,12 +91,14 @@ class Daemon:
         """What is wrong with a start in which a call goes wrong."""
         before = self.stored.words()
         engine = self.start_engine(self.faults.environment(fault))
+        if not fault.number:
+            wait_for(self.faults.has_opened_words)
         typed = self.typed(engine, "amma ")
         briefly = 2  # the lists and words are read meanwhile, and nothing tells that there are no more calls
         wait_for(lambda: fault.is_over(self.faults.calls(), engine), briefly)
         has_stopped = engine.poll() is not None
         errors = self.end(engine)
-        wrongs = list(self.stored.wrongs(before, most=1))
+        wrongs = list(self.stored.wrongs(before, 1, fault))
         if not has_stopped and typed != AMMA:
             wrongs.append(f"typing gave {typed!r}; {errors.strip()}")
         if HUNG in errors:
@@ -125,12 +127,13 @@ class Daemon:
 
 
 def main():
+    given = arguments()
     with tempfile.TemporaryDirectory(prefix="vanoka-engine-") as folder:
-        daemon = Daemon(folder, *map(os.path.abspath, sys.argv[1:]))
+        daemon = Daemon(folder, *given.paths)
         try:
             if daemon.typed_by_next("zqa ") != f"{KA} ":
                 sys.exit("The keys are not in force")
-            status = sweep(daemon.faults, daemon.problem)
+            status = sweep(daemon.faults, daemon.problem, given.every)
             print(f"the daemon ended {daemon.starts - 1} times")
             sys.exit(status)
         finally:

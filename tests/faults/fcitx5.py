@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """Makes each call of Fcitx5's start fail from where it loads our add-on, and kills it there, one after the other:
-fcitx5.py LIBRARY ADDON-FOLDER DATA-FOLDER.
+fcitx5.py LIBRARY ADDON-FOLDER DATA-FOLDER [--every N].
 
 With keys of the user's own, suggestions on, lists, and words learnt. After each failure somebody types: either the word
 comes, or Fcitx5 tells why it has not loaded the add-on, goes on and passes the keys; after a kill the next one types
@@ -16,7 +16,7 @@ import sysconfig
 import tempfile
 from pathlib import Path
 
-from starts import AMMA, HUNG, KA, PATIENCE, Faults, Stored, end, sweep, wait_for
+from starts import AMMA, HUNG, KA, PATIENCE, Faults, Stored, arguments, end, sweep, wait_for
 
 NAME, CONTROLLER = "org.fcitx.Fcitx5", "org.fcitx.Fcitx.Controller1"
 NOT_LOADED = re.compile(r"(?:Could not load|Failed to load|Failed to create)[^\n]*vanoka")
@@ -132,14 +132,16 @@ class Desktop:
     def problem(self, fault):
         """What is wrong with a start in which a call goes wrong."""
         before, is_there = self.stored.words(), self.start(self.faults.environment(fault))
+        if not fault.number:
+            wait_for(self.faults.has_opened_words)
         typed = [self.typed("amma ")] if is_there else []
         briefly = 2  # where lists cannot be read nobody opens the store, and nothing tells that there are no more calls
-        wait_for(lambda: any("words.sqlite" in " ".join(call.about) for call in self.faults.calls()), briefly)
+        wait_for(self.faults.has_opened_words, briefly)
         wait_for(lambda: fault.is_over(self.faults.calls(), self.process), briefly)
         if self.process.poll() is None:
             typed.append(self.typed("amma "))
         said = self.end()
-        wrongs = list(self.stored.wrongs(before, most=2))
+        wrongs = list(self.stored.wrongs(before, 2, fault))
         if HUNG in said:
             wrongs.append(said.strip())
         elif fault.how == "kill" and self.process.returncode == -signal.SIGKILL:
@@ -163,12 +165,13 @@ class Desktop:
 
 
 def main():
+    given = arguments()
     with tempfile.TemporaryDirectory(prefix="vanoka-fcitx5-") as folder:
-        desktop = Desktop(folder, *map(os.path.abspath, sys.argv[1:]))
+        desktop = Desktop(folder, *given.paths)
         try:
             if desktop.typed_by_next("zqa ") != f"{KA} ":  # with the first word, the store of words is made
                 sys.exit("The keys are not in force")
-            status = sweep(desktop.faults, desktop.problem)
+            status = sweep(desktop.faults, desktop.problem, given.every)
             sys.exit(status if desktop.typed_by_next("zqa ") == f"{KA} " else "The keys are not in force afterwards")
         finally:
             desktop.close()

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Makes each call of the settings window's start fail, and kills it there, one after the other:
-window.py LIBRARY VANOKA-SETTINGS.
+window.py LIBRARY VANOKA-SETTINGS [--every N].
 
 On no screen. After each failure the window is drawn, or the program has stopped and said why; the keys that are stored
 stay, and the next one is drawn.
@@ -14,7 +14,7 @@ import tempfile
 import threading
 from pathlib import Path
 
-from starts import HUNG, PATIENCE, Faults, sweep, what_it_waits_for
+from starts import HUNG, PATIENCE, Faults, arguments, sweep, what_it_waits_for
 
 KEYS = '{"addedKeys":[{"key":"zq","letter":"\u0d9a"}],"disabledKeys":["a"]}'
 STOPPED = (1, 2, -signal.SIGABRT)  # the last one is the toolkit's own way
@@ -78,9 +78,10 @@ class Desktop:
 
 
 def main():
+    given = arguments()
     with tempfile.TemporaryDirectory(prefix="vanoka-window-") as folder:
-        desktop = Desktop(folder, *map(os.path.abspath, sys.argv[1:]))
-        sys.exit(sweep(desktop.faults, desktop.problem))
+        desktop = Desktop(folder, *given.paths)
+        sys.exit(sweep(desktop.faults, desktop.problem, given.every))
 
 
 main()
