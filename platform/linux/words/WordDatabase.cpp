@@ -150,6 +150,12 @@ int checkTables(sqlite3* database) {
     return rows == SQLITE_OK && structure == SQLITE_CORRUPT ? checkStructure(database) : rows;
 }
 
+/// A file that has no tables yet, or no longer says so. A second look tells a disk that failed to read.
+int checkWithoutTables(sqlite3* database) {
+    const int structure = checkStructure(database);
+    return structure == SQLITE_CORRUPT ? checkStructure(database) : structure;
+}
+
 /// A number that others change by writing.
 int readDataVersion(sqlite3* database, std::int64_t& version) {
     return sqlite::readNumber(database, "PRAGMA data_version", version);
@@ -334,9 +340,8 @@ Fault WordDatabase::prepare(bool hasLog) {
     if (version < 0 || version > WordSchema::version || (version == 0 && tables != 0))
         return later();
     const bool isOlder = version < WordSchema::version;
-    if (!isOlder)
-        if (Fault fault = faultOf(checkTables(database)))
-            return fault;
+    if (Fault fault = faultOf(isOlder ? checkWithoutTables(database) : checkTables(database)))
+        return fault;
     sqlite::copyLogAtTheEnd(database, true);
     for (const char* each : {settings, forcing(outlasts_)})
         if (Fault fault = faultOf(sqlite::run(database, each)))

@@ -227,6 +227,19 @@ TEST_F(WordDatabaseTest, TheLogOfAKilledProgramIsAsItWasFound) {
     }
 }
 
+/// One that has lost the places of its tables, and its version with them, looks as a new one does.
+TEST_F(WordDatabaseTest, NothingIsWrittenIntoADamagedFileThatLooksEmpty) {
+    constexpr std::size_t version = 60, tables = 103; // in the first page, as SQLite's format has them
+    learn(gama);
+    database = WordDatabase(file, test::longEnough);
+    std::string bytes = test::bytesOf(file);
+    bytes.replace(version, 4, 4, '\0').replace(tables, 2, 2, '\0');
+    std::ofstream(file) << bytes;
+    learn(amma);
+    EXPECT_EQ(test::bytesOf(database.setAside()), bytes);
+    EXPECT_EQ(storedIn(file).sinhala, (decltype(WordTally::sinhala){{amma, 1}}));
+}
+
 /// A store that is linked from elsewhere stays so, and what is done to it is done where it lies.
 TEST_F(WordDatabaseTest, ALinkStaysOne) {
     const fs::path elsewhere = temporary.path() / "elsewhere" / "kept.sqlite";
