@@ -2,6 +2,7 @@ import { storage } from "./preferences.ts";
 
 const prefix = "vanoka.draft.", ownName = "vanoka.draft";
 const largeText = 50_000, pause = 500;
+const longestReload = 1000; // until the browser has let go of the page before, in milliseconds
 
 interface Draft {
     readonly text: string;
@@ -17,6 +18,26 @@ function draftAt(key: string): Draft | undefined {
     }
 }
 
+/// A draft that no other tab writes until it is let go.
+interface Held {
+    readonly key: string;
+    readonly letGo: () => void;
+}
+
+/// Nothing where another tab holds it, for `patience` milliseconds. Where the browser has no locks, tabs cannot know.
+function hold(key: string, patience = 0): Promise<Held | undefined> {
+    if (!navigator.locks)
+        return Promise.resolve({ key, letGo: () => undefined });
+    const options = patience > 0 ? { signal: AbortSignal.timeout(patience) } : { ifAvailable: true };
+    return new Promise((resolve) => {
+        navigator.locks.request(key, options, (lock) => new Promise<void>((letGo) => {
+            resolve(lock ? { key, letGo } : undefined);
+            if (!lock)
+                letGo();
+        })).catch(() => resolve(undefined));
+    });
+}
+
 /// The text of each tab, kept through reloads and crashes. A tab knows its own draft; a new one takes up the latest
 /// that no open tab holds, so that two tabs never write over each other's.
 export class Drafts {
@@ -29,15 +50,15 @@ export class Drafts {
         addEventListener("pagehide", () => this.write());
     }
 
+    /// A draft that there is no room for stays for the next tab: `hasText` tells whether something has been typed since.
     /// `refused` is called when the text cannot be stored.
-    static async open(refused: () => void): Promise<Drafts> {
-        const key = ownDraft() ?? (await abandonedDraft()) ?? prefix + crypto.randomUUID();
+    static async open(hasText: () => boolean, refused: () => void): Promise<Drafts> {
+        const key = (await heldDraft(hasText)) ?? newDraft();
         try {
             sessionStorage.setItem(ownName, key);
         } catch {
             // then a reload takes it up as one that nobody holds
         }
-        void navigator.locks?.request(key, () => new Promise(() => undefined));
         return new Drafts(key, draftAt(key)?.text ?? "", refused);
     }
 
@@ -74,10 +95,36 @@ function ownDraft(): string | undefined {
     }
 }
 
-async function abandonedDraft(): Promise<string | undefined> {
-    const held = new Set(((await navigator.locks?.query())?.held ?? []).map((lock) => lock.name));
-    return draftNames().filter((key) => !held.has(key) && draftAt(key))
-        .sort((one, other) => draftAt(other)!.changed - draftAt(one)!.changed)[0];
+async function heldDraft(hasText: () => boolean): Promise<string | undefined> {
+    const held = (await heldOwn()) ?? (await heldAbandoned());
+    if (!held || !hasText() || !draftAt(held.key))
+        return held?.key;
+    held.letGo();
+    return undefined;
+}
+
+/// The page that is reloaded holds it a moment longer; a twin does for good, as does a tab that has taken it up.
+async function heldOwn(): Promise<Held | undefined> {
+    const key = ownDraft();
+    return key === undefined ? undefined : hold(key, longestReload);
+}
+
+async function heldAbandoned(): Promise<Held | undefined> {
+    const changed = new Map(draftNames().map((key) => [key, draftAt(key)?.changed]));
+    const latestFirst = [...changed].filter(([, at]) => at !== undefined).sort(([, one], [, other]) => other! - one!);
+    for (const [key] of latestFirst) {
+        const held = await hold(key);
+        if (held)
+            return held;
+    }
+    return undefined;
+}
+
+/// Nobody else knows it yet.
+function newDraft(): string {
+    const key = prefix + crypto.randomUUID();
+    void hold(key);
+    return key;
 }
 
 function draftNames(): string[] {

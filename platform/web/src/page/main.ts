@@ -60,8 +60,10 @@ async function start(): Promise<void> {
     const loading = load(); // takes the longest, so that nothing comes before it
     speakChosen();
     const field = new EditableField(byId("text"));
-    const drafts = await Drafts.open(() => showStatus(texts.noStorage));
-    if (drafts.text !== "" && field.text === "")
+    const drafts = await Drafts.open(() => field.text !== "", () => showStatus(texts.noStorage));
+    if (field.text !== "")
+        drafts.keep(field.text);
+    else if (drafts.text !== "")
         field.text = drafts.text;
     field.element.addEventListener("input", () => drafts.keep(field.text));
     // What is marked makes no event of input.

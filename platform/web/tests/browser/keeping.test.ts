@@ -2,7 +2,7 @@ import { readFileSync } from "node:fs";
 import { createServer } from "node:http";
 import type { AddressInfo } from "node:net";
 import { createRequire } from "node:module";
-import type { Page } from "playwright-core";
+import type { BrowserContext, Page } from "playwright-core";
 import { afterAll, afterEach, expect, inject, test } from "vitest";
 // @ts-expect-error: plain JavaScript, as it runs without tools
 import { serve } from "../../scripts/serve.mjs";
@@ -67,6 +67,87 @@ test("two tabs keep a text each, and share keys and words", async () => {
         await second.getByRole("button", { name: "Export words" }).click();
         return readFileSync(await (await download).path(), "utf-8");
     }).toMatch(new RegExp(`(${amma}\t1\n${mama}|${mama}\t1\n${amma})\t1\n`));
+    await within.close();
+});
+
+/// Drafts that tabs have left behind, the latest one last.
+async function withDrafts(...texts: readonly string[]): Promise<BrowserContext> {
+    const within = await context(desktop), page = await opened(within);
+    await page.evaluate((drafts) => drafts.forEach((text, at) =>
+        localStorage.setItem(`vanoka.draft.${at}`, JSON.stringify({ text, changed: 1000 + at }))), texts);
+    await page.close();
+    return within;
+}
+
+const draftsIn = (page: Page): Promise<string[]> => page.evaluate(() => Object.keys(localStorage)
+    .filter((key) => key.startsWith("vanoka.draft.")).map((key) => (JSON.parse(localStorage.getItem(key)!) as { text: string }).text).sort());
+
+test.each([
+    ["the only draft there is", [amma], ["", amma]],
+    ["the latest of two drafts", [amma, mama], [amma, mama]],
+])("of two tabs that are opened at once one shows %s, and neither writes over the other", async (_, drafts, shown) => {
+    const within = await withDrafts(...drafts);
+    const waiting: (() => void)[] = [];
+    await within.exposeFunction("meet", () => new Promise<void>((resolve) => {
+        if (waiting.push(resolve) === 2)
+            waiting.forEach((go) => go());
+    }));
+    await within.addInitScript(() => { // what the one sees, the other sees before either acts
+        const { request, query } = navigator.locks, met = (globalThis as unknown as { meet(): Promise<void> }).meet;
+        let meeting: Promise<void> | undefined;
+        navigator.locks.query = async () => { const seen = await query.call(navigator.locks); await (meeting ??= met()); return seen; };
+        navigator.locks.request = (async (...given: Parameters<typeof request>) => { await (meeting ??= met()); return request.apply(navigator.locks, given); }) as typeof request;
+    });
+    const pages = await Promise.all([opened(within), opened(within)]);
+    const before = await Promise.all(pages.map(textOf));
+    expect([...before].sort()).toEqual(shown);
+    for (const page of pages) {
+        await page.locator("#text").click();
+        await page.keyboard.press("Control+End");
+        await page.keyboard.type(pages.indexOf(page) === 0 ? "gedhara " : "mama ");
+    }
+    const after = [`${before[0]}${gedara} `, `${before[1]}${mama} `];
+    await expect.poll(() => draftsIn(pages[0]!)).toEqual([...after].sort());
+    await within.close();
+});
+
+test("what was typed before a draft could be shown stays, and the draft is for the next tab", async () => {
+    const within = await withDrafts(amma), page = await within.newPage();
+    await page.addInitScript(() => {
+        const { request, query } = navigator.locks, typed = new Promise((resolve) => Object.assign(globalThis, { typed: resolve }));
+        navigator.locks.query = async () => { await typed; return query.call(navigator.locks); };
+        navigator.locks.request = (async (...given: Parameters<typeof request>) => { await typed; return request.apply(navigator.locks, given); }) as typeof request;
+    });
+    await page.goto(inject("address"));
+    await page.locator("#text").click();
+    await page.keyboard.type("as typed");
+    await page.evaluate("typed()");
+    await ready(page);
+    await expectText(page, "as typed");
+    await expect.poll(() => draftsIn(page)).toEqual(["as typed", amma]);
+    const next = await opened(within);
+    await expectText(next, amma);
+    await page.reload();
+    await page.evaluate("typed()");
+    await ready(page);
+    await expectText(page, "as typed");
+    await within.close();
+});
+
+test("a tab that comes back to a draft which another has taken up since begins one of its own", async () => {
+    const within = await context(desktop), first = await opened(within);
+    await first.locator("#text").click();
+    await first.keyboard.type("amma ");
+    await first.goto("about:blank");
+    const second = await opened(within);
+    await expectText(second, `${amma} `);
+    await first.goBack();
+    await ready(first);
+    await expectText(first, "");
+    await first.locator("#text").click();
+    await first.keyboard.type("mama ");
+    await expectText(first, `${mama} `);
+    await expect.poll(() => draftsIn(first)).toEqual([`${amma} `, `${mama} `]);
     await within.close();
 });
 
