@@ -1,7 +1,8 @@
 /// The extension's one place for the lists and what was learnt, and for what the button shows.
 import { Vanoka } from "../src/core/index.ts";
+import { LastingLists } from "../src/words/LastingLists.ts";
 import { LearntStore } from "../src/words/LearntStore.ts";
-import { answerOf, Lists } from "../src/words/Lists.ts";
+import { Lists } from "../src/words/Lists.ts";
 import moduleUrl from "#module?url";
 import wordsUrl from "#data/si.tsv?url";
 import englishUrl from "#data/en.tsv?url";
@@ -13,30 +14,43 @@ import { followState, readState, switchOn } from "./state.ts";
 /// The settings page learns into the same store.
 const others = new BroadcastChannel("vanoka-learnt");
 const absolute = (url: string): string => new URL(url, import.meta.url).href;
-let reading: Promise<Lists> | undefined;
+let isFollowing = false; // what keys are chosen
 let isStored = true; // what was taught last
 
-async function read(): Promise<Lists> {
-    const vanoka = await Vanoka.load(fetch(absolute(moduleUrl)));
+/// Made when they are first asked for, and anew after they failed.
+const lasting = new LastingLists({
+    load: () => Vanoka.load(fetch(absolute(moduleUrl))),
+    open,
+    read,
+    unread: () => undefined, // candidates are missing, and that is seen
+});
+
+async function open(vanoka: Vanoka): Promise<Lists> {
     const lists = new Lists(vanoka, await LearntStore.open(vanoka, "vanoka-learnt"), () => others.postMessage("taught"));
     others.onmessage = () => void lists.learnt.refresh();
+    await read(lists);
+    if (!isFollowing)
+        followState(({ keys }) => void lasting.answer({ what: "keys", document: keys }).catch(() => undefined));
+    isFollowing = true;
+    return lists;
+}
+
+async function read(lists: Lists): Promise<void> {
     await lists.readWords({
         words: absolute(wordsUrl), english: absolute(englishUrl), emoji: absolute(emojiUrl), never: absolute(neverUrl),
     });
     lists.readReading();
-    followState(({ keys }) => lists.adoptKeys(keys));
-    return lists;
 }
 
-/// Read when they are first asked for, and anew after they failed.
 async function answer(question: Extract<ToBackground, { what: "ask" }>["question"]): Promise<FromBackground> {
     try {
-        const answer = await answerOf(await (reading ??= read()), question);
+        const answer = await lasting.answer(question);
         if (question.what === "teach")
             isStored = answer === undefined;
         return { answer };
     } catch (problem) {
-        reading = undefined;
+        if (question.what === "teach")
+            isStored = false;
         return { failed: String(problem) };
     }
 }

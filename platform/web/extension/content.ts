@@ -43,7 +43,7 @@ async function assemble(): Promise<void> {
     const instance = instances(module, await Vanoka.load(module));
     writer = new Writer(target, {
         make: () => instance().suggesting((settings = instance().settings(state?.keys))),
-        taught: (lesson) => void ask({ what: "teach", lesson }).catch(() => undefined),
+        taught: (lesson) => void ask({ what: "teach", lesson }).catch(() => undefined), // the popup tells of it
         wanted: ({ number, keys, preview: marked }) => {
             ask({ what: "find", word: { keys, preview: marked }, limit })
                 .then((rows) => writer!.take(number, rows), () => writer!.take(number, []));

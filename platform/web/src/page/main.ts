@@ -152,7 +152,10 @@ function assemble(field: EditableField, { module, vanoka }: Loaded): void {
         adopt();
         document.documentElement.dataset["words"] = words.ready.strokes ? "strokes" : "words";
     };
-    words.onproblem = () => showStatus(texts.noWords);
+    words.onproblem = () => {
+        adopt();
+        showStatus(texts.noWords);
+    };
     addEventListener("vanoka-preferences", () => {
         adopt();
         showKeyboardState();
@@ -171,16 +174,17 @@ function assemble(field: EditableField, { module, vanoka }: Loaded): void {
         field.element.focus();
 }
 
-/// Passes lessons on, and says once that one could not be stored: with every word it would be in the way.
+/// Passes lessons on, and says once that one could not be stored: with every word it would be in the way. Without words
+/// to suggest nothing is learnt, and that there are none has been said.
 function teacher(words: WordService): (lesson: Lesson) => void {
     let isTold = false;
-    const tell = (problem: Problem | undefined): void => {
-        if (!problem || isTold)
-            return;
+    const tell = (): void => {
+        if (!isTold)
+            showStatus(texts.learntNotStored);
         isTold = true;
-        showStatus(texts.learntNotStored);
     };
-    return (lesson) => void words.ask({ what: "teach", lesson }).then(tell, () => undefined);
+    const hear = (problem: Problem | undefined): void => void (problem && tell());
+    return (lesson) => void words.ask({ what: "teach", lesson }).then(hear, () => void (words.isThere && tell()));
 }
 
 const absolute = (url: string): string => new URL(url, document.baseURI).href;

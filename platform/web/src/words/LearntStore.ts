@@ -3,6 +3,7 @@ import type { Problem } from "./protocol.ts";
 
 const version = 1, snapshots = "snapshot", changes = "changes";
 const mostChanges = 500;
+const nothingSeen = -1; // less than the number of any document, also of one that nobody has written
 
 interface Entry {
     readonly at: number;
@@ -13,6 +14,8 @@ const done = <Result>(request: IDBRequest<Result>): Promise<Result> => new Promi
     request.onsuccess = () => resolve(request.result);
     request.onerror = () => reject(request.error ?? new Error("storage failed"));
 });
+
+const isTrap = (problem: unknown): boolean => problem instanceof WebAssembly.RuntimeError;
 
 /// A request that fails aborts its transaction, which then says why.
 const finished = (transaction: IDBTransaction): Promise<void> => new Promise((resolve, reject) => {
@@ -34,16 +37,23 @@ function abandon(transaction: IDBTransaction, problem: unknown): never {
 /// that several tabs learn into it and a crash loses none; all of them apply the same changes in the same order, by
 /// the core's own rules. What the browser refuses to store holds until the page is closed, or something can be stored.
 /// What is asked is done in turn, so that nothing sees another's half.
+///
+/// Where the module traps before something is stored, that is rejected, to be asked again after `moveTo`. What is stored
+/// when it traps is in force from there on.
 export class LearntStore {
+    #vanoka: Vanoka;
     #learnt: Learnt;
     #personal: Personal | undefined;
+    #upTo = 0; // the number of the document that was adopted last, in whichever instance of the module
     #seen = 0; // the number of the last change that is stored and applied
-    #unstored: Lesson[] = []; // applied, and refused by the database
+    #base = ""; // the document where there is no database
+    #unstored: Lesson[] = []; // applied since, and not stored
     #database: IDBDatabase | undefined;
     #refusal: Problem | undefined; // why there is no database
     #turn: Promise<unknown> = Promise.resolve();
 
-    private constructor(readonly vanoka: Vanoka) {
+    private constructor(vanoka: Vanoka) {
+        this.#vanoka = vanoka;
         this.#learnt = vanoka.learnt();
     }
 
@@ -81,9 +91,18 @@ export class LearntStore {
 
     /// Adopts what other tabs have taught. What cannot be read now is read with the next lesson.
     refresh(): Promise<void> {
-        return this.#inTurn(async () => {
-            if (this.#database)
-                await this.#read(this.#database.transaction([snapshots, changes]));
+        return this.#inTurn(() => this.#readAll()).catch(() => undefined);
+    }
+
+    /// Goes on in another instance of the module, with what is stored and what could not be. The same holds for what
+    /// cannot be read now.
+    moveTo(vanoka: Vanoka): Promise<void> {
+        return this.#inTurn(() => {
+            this.#vanoka = vanoka;
+            this.#learnt = vanoka.learnt();
+            this.#personal = undefined;
+            this.#seen = nothingSeen;
+            return this.#readAll();
         }).catch(() => undefined);
     }
 
@@ -91,10 +110,10 @@ export class LearntStore {
     teach(lesson: Lesson): Promise<Problem | undefined> {
         return this.#inTurn(async () => {
             const problem = await this.#keep(lesson);
-            if (problem)
+            if (problem) {
                 this.#apply(lesson);
-            if (problem && this.#database)
                 this.#unstored.push(lesson);
+            }
             return problem;
         });
     }
@@ -102,7 +121,7 @@ export class LearntStore {
     /// All of the document, or nothing.
     import(document: string): Promise<Problem | undefined> {
         return this.#inTurn(async () => {
-            const trial = this.vanoka.learnt(), refused = trial.import(document);
+            const trial = this.#vanoka.learnt(), refused = trial.import(document);
             trial.release();
             return refused ?? this.#rewrite(() => added(this.#copy(), document));
         });
@@ -110,7 +129,7 @@ export class LearntStore {
 
     /// All of it, or nothing.
     erase(): Promise<Problem | undefined> {
-        return this.#inTurn(() => this.#rewrite(() => this.vanoka.learnt()));
+        return this.#inTurn(() => this.#rewrite(() => this.#vanoka.learnt()));
     }
 
     #inTurn<Result>(act: () => Promise<Result>): Promise<Result> {
@@ -133,19 +152,22 @@ export class LearntStore {
                 this.#seen = at;
             };
         });
-        if (!problem && this.#seen % mostChanges === 0)
-            await this.#rewrite(() => this.#copy()); // it only saves room: where it fails, the changes are still there
+        if (!problem && this.#seen % mostChanges === 0) // it only saves room: where it fails, the changes are still there
+            await this.#rewrite(() => this.#copy()).catch(() => undefined);
         return problem;
     }
 
     #copy(): Learnt {
-        return added(this.vanoka.learnt(), this.document);
+        return added(this.#vanoka.learnt(), this.document);
     }
 
     /// Puts what `make` makes of all that is stored into one document. Without a database it is in force nevertheless.
     async #rewrite(make: () => Learnt): Promise<Problem | undefined> {
         if (!this.#database) {
-            this.#replace(make());
+            const next = make();
+            this.#base = next.document;
+            this.#unstored = [];
+            this.#replace(next);
             return this.#refusal;
         }
         return this.#store(async (transaction) => {
@@ -156,15 +178,16 @@ export class LearntStore {
             transaction.objectStore(snapshots).put(document, "document");
             transaction.objectStore(snapshots).put(at, "upTo");
             return () => {
+                this.#unstored = []; // before anything that may trap: it is stored
                 this.#replace(next);
-                this.#seen = at;
-                this.#unstored = [];
+                this.#upTo = this.#seen = at;
             };
         });
     }
 
     /// Writes onto what all tabs have stored until now, while none of them writes. What follows from it is adopted once
-    /// it is stored: the numbers of a transaction that fails are given again.
+    /// it is stored: the numbers of a transaction that fails are given again. Where the module traps in that, it is
+    /// stored nevertheless, and a rejection would have it stored twice.
     async #store(write: (transaction: IDBTransaction) => Promise<() => void>): Promise<Problem | undefined> {
         let adopt: () => void;
         try {
@@ -173,10 +196,24 @@ export class LearntStore {
             adopt = await write(transaction).catch((problem: unknown) => abandon(transaction, problem));
             await finished(transaction);
         } catch (problem) {
+            if (isTrap(problem))
+                throw problem;
             return { reason: String(problem) };
         }
-        adopt();
+        try {
+            adopt();
+        } catch (problem) {
+            if (!isTrap(problem))
+                throw problem;
+        }
         return undefined;
+    }
+
+    async #readAll(): Promise<void> {
+        if (this.#database)
+            await this.#read(this.#database.transaction([snapshots, changes]));
+        else if (this.#seen === nothingSeen)
+            this.#takeUp(this.#base, this.#upTo, []);
     }
 
     async #read(transaction: IDBTransaction): Promise<void> {
@@ -186,22 +223,28 @@ export class LearntStore {
             done<Entry[]>(transaction.objectStore(changes).getAll()),
         ]);
         if ((upTo ?? 0) > this.#seen)
-            this.#takeUp(document ?? "", upTo ?? 0);
+            this.#takeUp(document ?? "", upTo ?? 0, entries);
+        else
+            this.#follow(entries);
+    }
+
+    /// The document that another tab has written, or all of it in another instance of the module; and the changes since.
+    #takeUp(document: string, upTo: number, entries: readonly Entry[]): void {
+        this.#replace(this.#vanoka.learnt());
+        if (upTo > this.#upTo && document === this.document)
+            this.#unstored = []; // it is empty: that tab has erased all, and these are older
+        this.#learnt.import(document);
+        this.#upTo = this.#seen = upTo;
+        this.#follow(entries);
+        for (const lesson of this.#unstored)
+            this.#apply(lesson);
+    }
+
+    #follow(entries: readonly Entry[]): void {
         for (const { at, lesson } of entries.filter((entry) => entry.at > this.#seen)) {
             this.#apply(lesson);
             this.#seen = at;
         }
-    }
-
-    /// The document that another tab has written.
-    #takeUp(document: string, upTo: number): void {
-        this.#replace(this.vanoka.learnt());
-        if (document === this.document)
-            this.#unstored = []; // it is empty: that tab has erased all, and these are older
-        this.#learnt.import(document);
-        this.#seen = upTo;
-        for (const lesson of this.#unstored)
-            this.#apply(lesson);
     }
 
     #replace(learnt: Learnt): void {

@@ -11,12 +11,29 @@ export class Lists {
     candidates: Candidates;
     readonly strokes: Strokes;
     #keys: Settings | undefined; // the user's own
+    #keysDocument: string | undefined;
     #hasReading = false;
 
     /// `taught` tells others with the same store.
     constructor(readonly vanoka: Vanoka, readonly learnt: LearntStore, readonly taught: () => void) {
         this.candidates = vanoka.candidates({});
         this.strokes = new Strokes(vanoka, learnt);
+    }
+
+    get isBroken(): boolean {
+        return this.vanoka.module.isBroken;
+    }
+
+    /// Those that take over in another instance of the module: with what was learnt and told, and without words until
+    /// these are read.
+    async inAnother(vanoka: Vanoka): Promise<Lists> {
+        await this.learnt.moveTo(vanoka);
+        const lists = new Lists(vanoka, this.learnt, this.taught);
+        if (this.#keysDocument !== undefined)
+            lists.adoptKeys(this.#keysDocument);
+        if (this.strokes.places)
+            lists.strokes.adopt(this.strokes.places);
+        return lists;
     }
 
     /// What candidates come from. What is returned makes them ready for strokes.
@@ -71,6 +88,7 @@ export class Lists {
 
     /// The keys by which candidates are found from now on.
     adoptKeys(document: string): true {
+        this.#keysDocument = document;
         this.#keys ??= this.vanoka.settings();
         this.#keys.load(document);
         if (this.#hasReading)

@@ -5,6 +5,7 @@ import type { LearntStore } from "./LearntStore.ts";
 export class Strokes {
     #decoder: Decoder | undefined;
     #layout: Layout | undefined;
+    places: readonly KeyPlace[] | undefined; ///< of the keys, in the layout
     #never: ReadonlySet<string> = new Set();
     #own: { readonly of: Personal; readonly counts: Counts } | undefined;
 
@@ -16,6 +17,7 @@ export class Strokes {
     }
 
     adopt(keys: readonly KeyPlace[]): void {
+        this.places = keys;
         this.#layout?.release();
         this.#layout = this.vanoka.layout(keys);
     }

@@ -12,6 +12,11 @@ export class WordService {
     onchange: () => void = () => undefined;
     onproblem: (reason: string) => void = () => undefined;
 
+    /// Whether anybody answers. That nobody does is told once, as a problem.
+    get isThere(): boolean {
+        return this.#worker !== undefined;
+    }
+
     start(make: () => Worker, message: Omit<Start, "what">): void {
         try {
             this.#worker = make();
@@ -38,6 +43,7 @@ export class WordService {
             this.ready[message.ready] = true;
             this.onchange();
         } else if ("problem" in message) {
+            this.ready = { words: false, strokes: false };
             this.onproblem(message.problem);
         } else {
             const waiting = this.#waiting.get(message.number);

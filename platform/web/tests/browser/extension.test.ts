@@ -203,7 +203,18 @@ test("the popup switches it, suggestions, and the site", async () => {
     await page.close();
 });
 
-test("the popup says that what is learnt cannot be stored", async () => {
+test.each([
+    ["the database is full", () => {
+        const { add } = IDBObjectStore.prototype;
+        IDBObjectStore.prototype.add = () => { throw new DOMException("full", "QuotaExceededError"); };
+        Object.assign(self, { restore: () => { IDBObjectStore.prototype.add = add; } });
+    }],
+    ["the module always traps", () => { // as if each call with a text did
+        const { encodeInto } = TextEncoder.prototype;
+        TextEncoder.prototype.encodeInto = () => { throw new WebAssembly.RuntimeError("unreachable"); };
+        Object.assign(self, { restore: () => { TextEncoder.prototype.encodeInto = encodeInto; } });
+    }],
+])("where %s, the popup says that what is learnt cannot be stored", async (_, trouble) => {
     const learn = async (): Promise<void> => (await write(await extension.visit("http://site.test/"), "area")).page().close();
     const messages = async (): Promise<number> => {
         const popup = await extension.visit(`${extension.address}extension/popup.html`);
@@ -214,11 +225,7 @@ test("the popup says that what is learnt cannot be stored", async () => {
     };
     await learn();
     expect(await messages()).toBe(0);
-    await extension.background.evaluate(() => {
-        const { add } = IDBObjectStore.prototype;
-        IDBObjectStore.prototype.add = () => { throw new DOMException("full", "QuotaExceededError"); };
-        Object.assign(self, { restore: () => { IDBObjectStore.prototype.add = add; } });
-    });
+    await extension.background.evaluate(trouble);
     await learn();
     await expect.poll(messages).toBe(1);
     await extension.background.evaluate("restore()");

@@ -277,6 +277,45 @@ test.each([
     await page.context().close();
 });
 
+/// The module traps in the first lesson that is applied; and in all after it, where `always` is said.
+const trapping = (always = false): string => `{
+    const plain = WebAssembly.instantiate.bind(WebAssembly);
+    let calls = 0;
+    WebAssembly.instantiate = async (...given) => {
+        const { exports } = await plain(...given);
+        return { exports: { ...exports, vanoka_learnt_learn: (...numbers) => {
+            if (++calls === 1 || ${always})
+                throw new WebAssembly.RuntimeError("unreachable");
+            return exports.vanoka_learnt_learn(...numbers);
+        } } };
+    };
+}`;
+
+test("a lesson in which the module traps is in force and stored once, and so are those after it", async () => {
+    const page = await openedWithWorker(trapping()), status = page.locator("#status");
+    await page.locator("#text").click();
+    await page.keyboard.type("amma mama ");
+    for (const _ of ["in force", "stored, and read by a module that traps in it as well"]) {
+        await page.getByRole("button", { name: "Settings" }).click();
+        const download = page.waitForEvent("download");
+        await page.getByRole("button", { name: "Export words" }).click();
+        expect(readFileSync(await (await download).path(), "utf-8")).toMatch(new RegExp(`(${amma}\t1\n${mama}|${mama}\t1\n${amma})\t1\n`));
+        expect(await status.textContent()).toBe("");
+        await page.reload();
+        await ready(page, "strokes");
+    }
+    await page.context().close();
+});
+
+test("where the module traps in all that is learnt, that is said", async () => {
+    const page = await openedWithWorker(trapping(true));
+    await page.locator("#text").click();
+    await page.keyboard.type("amma mama ");
+    await expect.poll(() => page.locator("#status").textContent()).toContain("only until you close the page");
+    await expectText(page, `${amma} ${mama} `);
+    await page.context().close();
+});
+
 test("words and keys are exported and imported, and other files refused with a reason", async () => {
     const page = await opened(await context(desktop), "strokes");
     await page.locator("#text").click();
