@@ -69,8 +69,11 @@ async function show(tabId: number, state: TabState): Promise<void> {
 
 const letterOf = (isOn: boolean): string => (isOn ? "\u0D85" : "A");
 
+/// What scripts in pages need, and no more: a page may have taken over the process in which such a script runs.
+const askedInPages: ReadonlySet<string> = new Set(["find", "teach"]);
+
 chrome.runtime.onMessage.addListener((message: ToBackground, sender, reply: (answer: FromBackground | boolean) => void) => {
-    if (message.what === "ask") {
+    if (message.what === "ask" && askedInPages.has(message.question.what)) {
         void answer(message.question).then(reply);
         return true;
     }

@@ -233,6 +233,15 @@ test.each([
     await expect.poll(messages).toBe(0);
 });
 
+test("what was learnt is given to no script, and taken from none", async () => {
+    const page = await extension.visit(`${extension.address}extension/popup.html`);
+    const answers = await page.evaluate(() => Promise.all([{ what: "find", word: { keys: "", preview: "" }, limit: 1 },
+        { what: "export" }, { what: "import", document: "" }, { what: "erase" }]
+        .map((question) => chrome.runtime.sendMessage({ what: "ask", question }).catch(() => undefined))));
+    expect(answers.map((answer) => answer !== undefined && answer !== null)).toEqual([true, false, false, false]);
+    await page.close();
+});
+
 test("a key of one's own is in force in all pages at once", async () => {
     const page = await extension.visit("http://site.test/"), field = page.locator("#area");
     await reads(field);
