@@ -142,6 +142,7 @@ void VanokaEngine::deactivate(const fcitx::InputMethodEntry&, fcitx::InputContex
         field.client.clear();
     else
         field.client.leaveMarkedText();
+    instance_.resetCompose(event.inputContext()); // a sequence ends with the focus, and with the input method
     updateCandidates(*event.inputContext());
 }
 

@@ -174,6 +174,11 @@ TYPED_TEST_P(FrameworkTest, AKeyThatFitsNoSequenceIsItself) {
     field.leaveAndReturn();
     field.type("ka.");
     EXPECT_EQ(field.field().screen(), "\u0D9A.") << "the focus ends it, too";
+    field.press(deadAcute, 0);
+    ASSERT_TRUE(TypeParam::choose(field, TypeParam::plainEngine));
+    ASSERT_TRUE(TypeParam::choose(field, TypeParam::engine));
+    field.type("e.");
+    EXPECT_EQ(field.field().screen(), "\u0D9A.\u0D91.") << "and so does another engine";
 }
 
 TYPED_TEST_P(FrameworkTest, AShortcutIsNoPartOfASequence) {
