@@ -29,10 +29,9 @@ std::string cleaned(std::string_view text) {
 
 } // namespace
 
-LineSession::LineSession(Terminal& terminal, SinglishSettings& settings, Suggestions* suggestions,
-                         std::function<void(const std::string&)> finished)
+LineSession::LineSession(Terminal& terminal, SinglishSettings& settings, Suggestions* suggestions, Take take)
     : TerminalSession(terminal),
-      finished_(std::move(finished)),
+      take_(std::move(take)),
       controller_("vanoka", settings),
       view_(terminal.size()) {
     controller_.setSuggestions(suggestions);
@@ -50,23 +49,24 @@ LineSession::Outcome LineSession::handle(const KeyEvent& event) {
 /// Pasting is a shortcut: it ends a composition, and what is pasted is no keys. Lines in it are lines.
 LineSession::Outcome LineSession::handle(const Paste& paste) {
     controller_.commitComposition(&line_);
+    Outcome outcome = Outcome::goesOn;
     std::string_view rest = paste.text;
     for (std::size_t end = rest.find_first_of("\r\n"); end != std::string_view::npos;
          end = rest.find_first_of("\r\n")) {
         line_.insertText(cleaned(rest.substr(0, end)), {});
-        finishLine();
+        outcome = finishLine();
         const bool isPair = rest.substr(end).starts_with("\r\n");
         rest.remove_prefix(end + (isPair ? 2 : 1));
     }
     line_.insertText(cleaned(rest), {});
-    return Outcome::goesOn;
+    return outcome;
 }
 
 LineSession::Outcome LineSession::handleUnconsumed(const KeyEvent& event) {
     const std::string characters = event.characters.value_or("");
     if (isReturn(characters))
-        finishLine();
-    else if (characters == controlC)
+        return finishLine();
+    if (characters == controlC)
         handleSignal(SIGINT);
     else if (characters == controlBackslash)
         handleSignal(SIGQUIT);
@@ -107,14 +107,15 @@ void LineSession::recall(std::ptrdiff_t step) {
     line_.setText(draft != drafts_.end() ? draft->second : history_[recalled_]);
 }
 
-void LineSession::finishLine() {
+LineSession::Outcome LineSession::finishLine() {
     terminal().write(view_.finish(line_.text()));
-    finished_(line_.text());
+    const bool isTaken = take_(line_.text());
     if (!line_.isEmpty())
         history_.push_back(line_.text());
     drafts_.clear();
     recalled_ = history_.size();
     line_.setText({});
+    return isTaken ? Outcome::goesOn : Outcome::ends;
 }
 
 void LineSession::finish() {

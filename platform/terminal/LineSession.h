@@ -15,10 +15,12 @@ namespace vanoka {
 /// Typing on a terminal, line after line, through the same controller as everywhere.
 class LineSession final : public TerminalSession {
 public:
-    /// Calls `finished` with every line that is finished. Candidates are shown below the line where
-    /// `suggestions`, which may be null and else must outlive the session, are on.
-    LineSession(Terminal& terminal, SinglishSettings& settings, Suggestions* suggestions,
-                std::function<void(const std::string&)> finished);
+    /// Takes a line that is finished; false when no more can be taken, with which the session ends.
+    using Take = std::function<bool(const std::string&)>;
+
+    /// Candidates are shown below the line where `suggestions`, which may be null and else must outlive the
+    /// session, are on.
+    LineSession(Terminal& terminal, SinglishSettings& settings, Suggestions* suggestions, Take take);
 
 private:
     void prepare() override;
@@ -32,9 +34,9 @@ private:
 
     Outcome handleUnconsumed(const KeyEvent& event);
     void recall(std::ptrdiff_t step);
-    void finishLine();
+    Outcome finishLine();
 
-    std::function<void(const std::string&)> finished_;
+    Take take_;
     VanokaInputController controller_;
     TypedLine line_;
     LineView view_;

@@ -127,6 +127,7 @@ int runLine(Suggestions* suggestions) {
     LineSession session(terminal, SinglishSettings::shared(), suggestions, [&](const std::string& line) {
         if (!isShownThere && std::cout && !(std::cout << line << '\n' << std::flush))
             writeError = errno;
+        return bool(std::cout); // nobody shall go on to type what is kept nowhere
     });
     if (const int readError = session.run())
         return fail("Cannot read", std::strerror(readError));
