@@ -35,7 +35,8 @@ public:
     }
 
     /// What a key makes that is part of a sequence: a text, or nothing yet or at all. No value for one that
-    /// is part of none. One that does not go on with the sequence may begin another. Keys that only change others are not to be passed.
+    /// is part of none. One that does not go on with the sequence may begin another. Keys that only change
+    /// others are not to be passed.
     std::optional<std::string> press(std::uint32_t keysym) {
         const bool wasUnderway = !pressed_.empty();
         if (!wasUnderway && !begins(keysym))

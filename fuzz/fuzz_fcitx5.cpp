@@ -87,9 +87,7 @@ public:
     const char* frontend() const override { return kind_.frontend; }
 
     /// What is underlined, in the field or beside it.
-    std::string marked() {
-        return marked_.toString() + inputPanel().preedit().toString();
-    }
+    std::string marked() { return marked_.toString() + inputPanel().preedit().toString(); }
     CandidateLine line() {
         CandidateLine line;
         const auto candidates = inputPanel().candidateList();
