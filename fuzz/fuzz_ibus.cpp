@@ -139,12 +139,16 @@ public:
 
     void end() {
         tellFocus();
+        if (place().isWaiting) // for a field that is no password
+            showWaiting();
         engine_->finish();
         place().model.end(line());
         fuzz::expect(place().text == place().model.text(), "the end of the process puts the text in");
     }
 
 private:
+    static constexpr guint someKeyCode = 30;
+
     Place& place() { return places_[active_]; }
     const CandidateLine& line() const { return told_.line; }
     std::string path() const { return "/field/" + std::to_string(active_); }
@@ -168,6 +172,12 @@ private:
     void tellFocus() {
         if (!std::exchange(isAsked_, false))
             return;
+        engine_->hasFocus(path());
+        place().isWaiting = place().isWaiting && isPassword_;
+    }
+
+    void showWaiting() {
+        setPurpose(0);
         engine_->hasFocus(path());
         place().isWaiting = false;
     }
@@ -283,7 +293,8 @@ private:
     }
 
     void press(const DesktopKey& key, std::uint32_t state) {
-        constexpr guint someKeyCode = 30;
+        if (isPassword_ && place().isWaiting)
+            return expectPassed(key, state);
         pressModel(key);
         if (!engine_->processKeyEvent(key.keysym, someKeyCode, state))
             applyPassed(key.keysym, state);
@@ -291,6 +302,13 @@ private:
             place().isWaiting = false;
         if (suggestions_.inForce().areOn)
             told_.doWhatWasPutOff(G_PRIORITY_DEFAULT_IDLE);
+    }
+
+    /// A key that the password need not get for what waits to stay out of it.
+    void expectPassed(const DesktopKey& key, std::uint32_t state) {
+        const std::string before = place().text;
+        fuzz::expect(!engine_->processKeyEvent(key.keysym, someKeyCode, state), "a password's keys pass");
+        fuzz::expect(place().text == before, "a word that waits never goes into a password");
     }
 
     void pressModel(const DesktopKey& key) {
