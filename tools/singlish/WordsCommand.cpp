@@ -139,10 +139,10 @@ int WordsCommand::read(WordTally& words) {
 int WordsCommand::stored(const Fault& fault, const std::string& outcome) {
     if (fault)
         return tell(WordMessages::unstored(database_.path(), fault.reason), ExitStatus::failed);
-    if (const auto unforced = database_.forceNames())
-        return tell(WordMessages::unforced(database_.path(), unforced.message()), ExitStatus::failed);
     if (!database_.setAside().empty() && std::filesystem::exists(database_.setAside()))
         tell(WordMessages::setAside(database_.setAside()), ExitStatus::done);
+    if (const auto unforced = database_.forceNames())
+        return tell(WordMessages::unforced(database_.path(), unforced.message()), ExitStatus::failed);
     output_ << outcome << '\n';
     return ExitStatus::done;
 }
